@@ -1,0 +1,30 @@
+#pragma once
+
+#include <chrono>
+#include <compare>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vesko {
+
+// A moment in UTC with microseconds. Its text is the ISO 8601 internet form to whole seconds,
+// "2026-11-21T10:52:00Z", which drops the fraction; years 0000 to 9999.
+struct Date {
+    std::chrono::sys_time<std::chrono::microseconds> time;
+
+    // Nothing for every other form: a fraction, an offset, a lower-case letter, a day that no
+    // calendar has.
+    static std::optional<Date> parse(std::string_view text);
+    std::string text() const;
+
+    // Seconds from the other moment to this one.
+    double since(const Date& other) const
+    {
+        return std::chrono::duration<double>(time - other.time).count();
+    }
+
+    friend constexpr auto operator<=>(const Date&, const Date&) = default;
+};
+
+} // namespace vesko

@@ -1,0 +1,79 @@
+#include "VeskoCore/base/Uuid.h"
+
+#include <cstring>
+#include <random>
+
+namespace vesko {
+
+namespace {
+
+constexpr std::size_t textLength = 36;
+
+constexpr bool isDash(std::size_t position)
+{
+    return position == 8 || position == 13 || position == 18 || position == 23;
+}
+
+std::optional<std::uint8_t> nibble(char digit)
+{
+    if (digit >= '0' && digit <= '9')
+        return static_cast<std::uint8_t>(digit - '0');
+    if (digit >= 'A' && digit <= 'F')
+        return static_cast<std::uint8_t>(digit - 'A' + 10);
+    if (digit >= 'a' && digit <= 'f')
+        return static_cast<std::uint8_t>(digit - 'a' + 10);
+    return std::nullopt;
+}
+
+} // namespace
+
+Uuid Uuid::random()
+{
+    std::random_device device;
+    Uuid id;
+    for (std::size_t at = 0; at < id.m_bytes.size(); at += sizeof(std::uint32_t)) {
+        const std::uint32_t word = device();
+        std::memcpy(id.m_bytes.data() + at, &word, sizeof word);
+    }
+    id.m_bytes[6] = static_cast<std::uint8_t>((id.m_bytes[6] & 0x0F) | 0x40);
+    id.m_bytes[8] = static_cast<std::uint8_t>((id.m_bytes[8] & 0x3F) | 0x80);
+    return id;
+}
+
+std::optional<Uuid> Uuid::parse(std::string_view text)
+{
+    if (text.size() != textLength)
+        return std::nullopt;
+    Uuid id;
+    std::size_t half = 0;
+    for (std::size_t at = 0; at < textLength; ++at) {
+        if (isDash(at)) {
+            if (text[at] != '-')
+                return std::nullopt;
+            continue;
+        }
+        const auto value = nibble(text[at]);
+        if (!value)
+            return std::nullopt;
+        auto& byte = id.m_bytes[half / 2];
+        byte = static_cast<std::uint8_t>(byte << 4 | *value);
+        ++half;
+    }
+    return id;
+}
+
+std::string Uuid::text() const
+{
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    text.reserve(textLength);
+    for (const auto byte : m_bytes) {
+        if (isDash(text.size()))
+            text += '-';
+        text += digits[byte >> 4];
+        text += digits[byte & 0x0F];
+    }
+    return text;
+}
+
+} // namespace vesko

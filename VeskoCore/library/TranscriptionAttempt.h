@@ -1,0 +1,34 @@
+#pragma once
+
+#include "VeskoCore/base/Date.h"
+#include "VeskoCore/base/Uuid.h"
+
+#include <optional>
+#include <string>
+
+namespace vesko {
+
+enum class AttemptStatus { running, ready, failed, interrupted };
+
+// The status in words, a key for the catalogues.
+const char* label(AttemptStatus);
+
+// One try at turning a recording into text.
+struct TranscriptionAttempt {
+    Uuid id;
+    std::string provider; // display label of the back end
+    std::string model;
+    std::optional<std::string> cleanupModel; // set when cleanup or translation was asked for
+    Date startedAt;
+    std::optional<Date> completedAt; // set when the attempt stops, however it stops
+    AttemptStatus status = AttemptStatus::running;
+    std::optional<std::string> rawText; // as the back end returned it
+    std::optional<std::string> text; // after dictionary, cleanup and translation
+    std::optional<double> cost; // United States dollars, where the service reports it
+    std::optional<std::string> requestID;
+    std::optional<std::string> errorMessage; // the failure, or the warning of a success
+
+    bool operator==(const TranscriptionAttempt&) const = default;
+};
+
+} // namespace vesko

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <stdexcept>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+namespace vesko {
+
+// One HTTP exchange as it is to be sent.
+struct HttpRequest {
+    std::string url;
+    std::string method; // "GET" or "POST"
+    std::vector<std::pair<std::string, std::string>> headers;
+    std::optional<std::string> body;
+    double timeout = 75; // seconds without any progress
+};
+
+// The raw answer of one exchange.
+struct HTTPResult {
+    std::string data; // the body, whole
+    int status = 0;
+    std::optional<std::string> requestID; // the header "X-Generation-Id"
+
+    bool operator==(const HTTPResult&) const = default;
+};
+
+// The exchange could not be made. It holds no text of the system or the server.
+class URLError : public std::exception {
+public:
+    enum Kind {
+        notConnectedToInternet,
+        networkConnectionLost,
+        cannotFindHost,
+        cannotConnectToHost,
+        timedOut,
+        cancelled,
+        other, // TLS, a cut body, a reply too large to hold
+    };
+    explicit URLError(Kind kind)
+        : m_kind(kind)
+    {
+    }
+    Kind kind() const { return m_kind; }
+    const char* what() const noexcept override { return "URLError"; }
+
+private:
+    Kind m_kind;
+};
+
+// Performs one exchange, blocking; throws URLError. A stop request ends it within moments.
+using HttpTransport = std::function<HTTPResult(const HttpRequest&, std::stop_token)>;
+
+} // namespace vesko
