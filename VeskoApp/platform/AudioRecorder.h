@@ -1,0 +1,46 @@
+#pragma once
+
+#include "VeskoApp/async/Eventual.h"
+#include "VeskoApp/async/Task.h"
+
+#include <filesystem>
+#include <functional>
+#include <variant>
+
+namespace vesko {
+
+enum class RecorderFailure { stoppedUnexpectedly, encoding };
+
+// Records the default microphone into a file: AAC, 96 kbit/s, mono, 44.1 kHz, in an m4a container
+// with the permissions 0600 from its first byte. A process that dies in the middle leaves a file
+// that plays up to about its last second. One recording at a time; main thread only, and no call
+// makes it wait.
+class AudioRecorder {
+public:
+    virtual ~AudioRecorder() = default;
+
+    // Whether the user lets this program use a microphone; may ask the user, once.
+    virtual Task<bool> requestAccess() = 0;
+
+    // Begins to record into a file that doesn't exist yet; done when sound is being taken. Throws
+    // std::runtime_error when it can't begin, and then leaves nothing running.
+    virtual Task<> start(std::filesystem::path file) = 0;
+
+    // Seconds recorded so far; 0 when idle.
+    virtual double currentTime() const = 0;
+    // The latest average power in decibels, 0 for full scale, -160 for silence or when idle.
+    virtual double averagePower() const = 0;
+
+    // Ends the recording; 0 when idle. What was spoken until now is in the file once the value
+    // that finished() gives has come. Seconds.
+    virtual double stop() = 0;
+    // Comes when the last recording that was stopped is an ordinary, whole file, or could not be
+    // made one. At once when none is under way.
+    virtual Eventual<std::monostate> finished() = 0;
+
+    // Called when a recording ends by itself; the file is then as whole as it will be. Not called
+    // after stop().
+    std::function<void(RecorderFailure)> onFailure;
+};
+
+} // namespace vesko

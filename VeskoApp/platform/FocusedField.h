@@ -1,0 +1,54 @@
+#pragma once
+
+#include "VeskoApp/async/Eventual.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace vesko {
+
+// In UTF-16 code units.
+struct TextRange {
+    std::int64_t location = 0;
+    std::int64_t length = 0;
+
+    bool operator==(const TextRange&) const = default;
+};
+
+// Another program's user interface element, alive or not. Immutable; any thread.
+class FieldElement {
+public:
+    virtual ~FieldElement() = default;
+    // Whether both stand for one and the same element.
+    virtual bool equals(const FieldElement& other) const = 0;
+};
+
+// What another program says about its focused element. Everything that could not be read is
+// absent.
+struct FieldReading {
+    bool trusted = false; // this program may use accessibility
+    std::optional<std::int32_t> frontmost; // the process that owns the active window
+    std::shared_ptr<const FieldElement> element; // null: no element has the focus
+    std::optional<std::string> role; // "AXTextField" and its kin
+    std::optional<std::string> subrole; // "AXSecureTextField" for a password
+    std::optional<TextRange> selection; // the cursor is a range of length 0
+    // The whole text; of a text longer than 32,768 UTF-16 units the first 32,769, which is enough
+    // to see that it is too long to watch.
+    std::optional<std::string> value;
+};
+
+// Reads the focused field of other programs. Main thread only; nothing here waits, and the
+// answers come on the main thread.
+class FocusedField {
+public:
+    virtual ~FocusedField() = default;
+
+    // The focused element of a process, or of the frontmost one if none is named, as it is at this
+    // moment: what has the focus is settled before this returns, and only the reading takes its
+    // time.
+    virtual Eventual<FieldReading> read(std::optional<std::int32_t> process) = 0;
+};
+
+} // namespace vesko

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "VeskoApp/async/EventClock.h"
+#include "VeskoApp/platform/AudioPlayer.h"
+#include "VeskoApp/platform/AudioRecorder.h"
+#include "VeskoApp/platform/Clipboard.h"
+#include "VeskoApp/platform/FocusedField.h"
+#include "VeskoApp/platform/KeyInput.h"
+#include "VeskoApp/platform/LoginItem.h"
+#include "VeskoApp/platform/OnDeviceRecognizer.h"
+#include "VeskoApp/platform/PasteKeystroke.h"
+#include "VeskoApp/platform/SecretStore.h"
+#include "VeskoApp/platform/SettingsStore.h"
+#include "VeskoApp/platform/StatusItem.h"
+
+#include <filesystem>
+
+namespace vesko {
+
+// Everything the program reaches of the machine, handed in at its start. What it refers to must
+// outlive the program's objects.
+struct Platform {
+    EventClock& clock;
+    AudioRecorder& recorder;
+    AudioPlayer& player;
+    OnDeviceRecognizer& recognizer;
+    FocusedField& focusedField;
+    PasteKeystroke& pasteKeystroke;
+    Clipboard& clipboard;
+    GlobalShortcut& shortcut;
+    KeyMonitor& keys;
+    SecretStore& secrets;
+    SettingsStore& settings;
+    LoginItem& loginItem;
+    StatusItem& statusItem;
+    std::filesystem::path userDataFolder; // where programs keep their data; absolute
+};
+
+} // namespace vesko

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <exception>
+#include <optional>
+#include <string>
+
+namespace vesko {
+
+// The secret store could not be used.
+class KeychainFailure : public std::exception {
+public:
+    // A key for the catalogues.
+    const char* errorDescription() const;
+    const char* what() const noexcept override { return errorDescription(); }
+};
+
+// Secrets of the service "app.vesko.openrouter" by account name. Calls block, since the store may
+// ask the user to unlock it: never on the main thread. Any other thread, one call at a time. All
+// throw KeychainFailure.
+class SecretStore {
+public:
+    virtual ~SecretStore() = default;
+
+    // Nothing if there is no such item. A value that is no UTF-8 is a failure.
+    virtual std::optional<std::string> load(const std::string& account) = 0;
+    // Replaces an item that is there.
+    virtual void save(const std::string& value, const std::string& account) = 0;
+    // An item that isn't there is no failure.
+    virtual void remove(const std::string& account) = 0;
+};
+
+} // namespace vesko

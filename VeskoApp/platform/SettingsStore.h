@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace vesko {
+
+// A value of a setting. Kinds are kept apart: a stored boolean is no text.
+using SettingValue
+    = std::variant<bool, std::string, double, std::vector<double>, std::vector<std::byte>>;
+
+// The user's settings on this machine. Main thread only. A value is on disk when set returns, or
+// soon after; a damaged file is set aside, never overwritten.
+class SettingsStore {
+public:
+    virtual ~SettingsStore() = default;
+
+    // Nothing if nothing is stored, or a value of no kind that is known.
+    virtual std::optional<SettingValue> value(const std::string& key) const = 0;
+    virtual void set(const std::string& key, const SettingValue& value) = 0;
+    // Whether anything has ever been stored.
+    virtual bool empty() const = 0;
+
+    template <class T>
+    std::optional<T> get(const std::string& key) const
+    {
+        const auto stored = value(key);
+        if (!stored || !std::holds_alternative<T>(*stored))
+            return std::nullopt;
+        return std::get<T>(*stored);
+    }
+};
+
+} // namespace vesko
