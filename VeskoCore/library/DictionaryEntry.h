@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoCore/base/Date.h"
+#include "VeskoCore/base/JsonFields.h"
 #include "VeskoCore/base/Uuid.h"
 
 #include <string>
@@ -19,6 +20,20 @@ struct DictionaryEntry {
     Date createdAt;
 
     bool operator==(const DictionaryEntry&) const = default;
+};
+
+template <>
+inline constexpr auto jsonNames<DictionaryEntry::Source>
+    = std::to_array<std::string_view>({ "manual", "learned", "suggestion" });
+
+template <>
+inline constexpr std::tuple jsonFields<DictionaryEntry>{
+    JsonField{ "createdAt", &DictionaryEntry::createdAt },
+    JsonField{ "enabled", &DictionaryEntry::enabled },
+    JsonField{ "id", &DictionaryEntry::id },
+    JsonField{ "original", &DictionaryEntry::original },
+    JsonField{ "replacement", &DictionaryEntry::replacement },
+    JsonField{ "source", &DictionaryEntry::source },
 };
 
 } // namespace vesko

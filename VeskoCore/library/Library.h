@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskoCore/base/JsonFields.h"
 #include "VeskoCore/base/SharedArray.h"
 #include "VeskoCore/library/DictionaryEntry.h"
 #include "VeskoCore/library/Note.h"
@@ -16,6 +17,14 @@ struct Library {
     SharedArray<DictionaryEntry> dictionary; // in insertion order, at most 1,000
 
     bool operator==(const Library&) const = default;
+};
+
+template <>
+inline constexpr std::tuple jsonFields<Library>{
+    JsonField{ "dictionary", &Library::dictionary, JsonKey::mayBeMissing },
+    JsonField{ "notes", &Library::notes },
+    JsonField{ "projects", &Library::projects },
+    JsonField{ "schemaVersion", &Library::schemaVersion },
 };
 
 } // namespace vesko

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskoCore/base/AtomicFile.h"
 #include "VeskoCore/base/Clock.h"
 #include "VeskoCore/base/FileLock.h"
 #include "VeskoCore/base/FileSystem.h"
@@ -53,10 +54,31 @@ public:
     void failAttempt(const Uuid& recordingID, const Uuid& attemptID, const std::string& message);
 
 private:
+    // Where a recording stands in the document.
+    struct Location {
+        std::size_t note;
+        std::size_t recording;
+    };
+
+    void open();
+    // Throws notFound.
+    Location location(const Uuid& recordingID) const;
+    // Saves a changed copy of the document and, only when that went well, makes it the document.
+    void save(Library changed);
+    // Saves the document with a note that `change` has worked on.
+    template <class Change>
+    void changeNote(std::size_t index, Change change)
+    {
+        Library changed = m_library;
+        changed.notes.edit(index, change);
+        save(std::move(changed));
+    }
+
     std::filesystem::path m_root;
     const Clock& m_clock;
     FileSystem& m_files;
     FileLock m_lock;
+    AtomicFile m_document;
     Library m_library;
 };
 

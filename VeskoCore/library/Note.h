@@ -21,4 +21,21 @@ struct Note {
     bool operator==(const Note&) const = default;
 };
 
+template <>
+inline constexpr auto jsonNames<NoteKind>
+    = std::to_array<std::string_view>({ "dictation", "voice", "text" });
+
+template <>
+inline constexpr std::tuple jsonFields<Note>{
+    JsonField{ "body", &Note::body },
+    JsonField{ "createdAt", &Note::createdAt },
+    JsonField{ "deletedAt", &Note::deletedAt },
+    JsonField{ "id", &Note::id },
+    JsonField{ "kind", &Note::kind },
+    JsonField{ "projectID", &Note::projectID },
+    JsonField{ "recordings", &Note::recordings },
+    JsonField{ "title", &Note::title },
+    JsonField{ "updatedAt", &Note::updatedAt },
+};
+
 } // namespace vesko

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoCore/base/Date.h"
+#include "VeskoCore/base/JsonFields.h"
 #include "VeskoCore/base/Uuid.h"
 
 #include <string>
@@ -14,6 +15,13 @@ struct Project {
     Date createdAt;
 
     bool operator==(const Project&) const = default;
+};
+
+template <>
+inline constexpr std::tuple jsonFields<Project>{
+    JsonField{ "createdAt", &Project::createdAt },
+    JsonField{ "id", &Project::id },
+    JsonField{ "name", &Project::name },
 };
 
 } // namespace vesko

@@ -37,4 +37,22 @@ struct Recording {
     bool operator==(const Recording&) const = default;
 };
 
+template <>
+inline constexpr auto jsonNames<RecordingStatus> = std::to_array<std::string_view>(
+    { "recording", "recorded", "transcribing", "ready", "failed", "interrupted" });
+
+template <>
+inline constexpr std::tuple jsonFields<Recording>{
+    JsonField{ "appendedToNote", &Recording::appendedToNote },
+    JsonField{ "appliedBodyRevision", &Recording::appliedBodyRevision },
+    JsonField{ "attempts", &Recording::attempts },
+    JsonField{ "createdAt", &Recording::createdAt },
+    JsonField{ "duration", &Recording::duration },
+    JsonField{ "errorMessage", &Recording::errorMessage },
+    JsonField{ "fileName", &Recording::fileName },
+    JsonField{ "id", &Recording::id },
+    JsonField{ "noteID", &Recording::noteID },
+    JsonField{ "status", &Recording::status },
+};
+
 } // namespace vesko

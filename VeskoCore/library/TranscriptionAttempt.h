@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoCore/base/Date.h"
+#include "VeskoCore/base/JsonFields.h"
 #include "VeskoCore/base/Uuid.h"
 
 #include <optional>
@@ -29,6 +30,26 @@ struct TranscriptionAttempt {
     std::optional<std::string> errorMessage; // the failure, or the warning of a success
 
     bool operator==(const TranscriptionAttempt&) const = default;
+};
+
+template <>
+inline constexpr auto jsonNames<AttemptStatus>
+    = std::to_array<std::string_view>({ "running", "ready", "failed", "interrupted" });
+
+template <>
+inline constexpr std::tuple jsonFields<TranscriptionAttempt>{
+    JsonField{ "cleanupModel", &TranscriptionAttempt::cleanupModel },
+    JsonField{ "completedAt", &TranscriptionAttempt::completedAt },
+    JsonField{ "cost", &TranscriptionAttempt::cost },
+    JsonField{ "errorMessage", &TranscriptionAttempt::errorMessage },
+    JsonField{ "id", &TranscriptionAttempt::id },
+    JsonField{ "model", &TranscriptionAttempt::model },
+    JsonField{ "provider", &TranscriptionAttempt::provider },
+    JsonField{ "rawText", &TranscriptionAttempt::rawText },
+    JsonField{ "requestID", &TranscriptionAttempt::requestID },
+    JsonField{ "startedAt", &TranscriptionAttempt::startedAt },
+    JsonField{ "status", &TranscriptionAttempt::status },
+    JsonField{ "text", &TranscriptionAttempt::text },
 };
 
 } // namespace vesko

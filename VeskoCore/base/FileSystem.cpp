@@ -1,0 +1,169 @@
+#include "VeskoCore/base/FileSystem.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace vesko {
+
+namespace {
+
+constexpr std::size_t spareForParser = 64;
+
+[[noreturn]] void fail(int number)
+{
+    throw std::system_error(number, std::generic_category());
+}
+
+// The call's result, once no signal interrupts it.
+template <class Call>
+auto checked(Call call)
+{
+    for (;;) {
+        const auto result = call();
+        if (result >= 0)
+            return result;
+        if (errno != EINTR)
+            fail(errno);
+    }
+}
+
+FileStatus statusFrom(const struct stat& raw)
+{
+    FileStatus status;
+    status.kind = S_ISREG(raw.st_mode) ? FileStatus::regular
+        : S_ISDIR(raw.st_mode)         ? FileStatus::folder
+        : S_ISLNK(raw.st_mode)         ? FileStatus::symbolicLink
+                                       : FileStatus::other;
+    status.permissions = raw.st_mode & 07777;
+    status.size = static_cast<std::uint64_t>(raw.st_size);
+    return status;
+}
+
+class PosixFileSystem : public FileSystem {
+public:
+    int open(const std::filesystem::path& path, int flags, mode_t permissions) override
+    {
+        return checked([&] { return ::open(path.c_str(), flags | O_CLOEXEC, permissions); });
+    }
+    std::size_t read(int file, std::span<char> into) override
+    {
+        return static_cast<std::size_t>(
+            checked([&] { return ::read(file, into.data(), into.size()); }));
+    }
+    std::size_t write(int file, std::string_view bytes) override
+    {
+        return static_cast<std::size_t>(
+            checked([&] { return ::write(file, bytes.data(), bytes.size()); }));
+    }
+    void setPermissions(int file, mode_t permissions) override
+    {
+        checked([&] { return ::fchmod(file, permissions); });
+    }
+    void sync(int file) override
+    {
+        checked([&] { return ::fsync(file); });
+    }
+    void close(int file) override
+    {
+        // Not repeated after a signal: Linux has let go of the descriptor by then.
+        if (::close(file) != 0 && errno != EINTR)
+            fail(errno);
+    }
+
+    std::optional<FileStatus> status(const std::filesystem::path& path) override
+    {
+        struct stat raw{};
+        if (::lstat(path.c_str(), &raw) == 0)
+            return statusFrom(raw);
+        if (errno == ENOENT)
+            return std::nullopt;
+        fail(errno);
+    }
+    FileStatus status(int file) override
+    {
+        struct stat raw{};
+        checked([&] { return ::fstat(file, &raw); });
+        return statusFrom(raw);
+    }
+    void rename(const std::filesystem::path& from, const std::filesystem::path& to) override
+    {
+        checked([&] { return ::rename(from.c_str(), to.c_str()); });
+    }
+    void link(const std::filesystem::path& from, const std::filesystem::path& to) override
+    {
+        checked([&] { return ::linkat(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), 0); });
+    }
+    void unlink(const std::filesystem::path& path) override
+    {
+        checked([&] { return ::unlink(path.c_str()); });
+    }
+    void makeFolder(const std::filesystem::path& path, mode_t permissions) override
+    {
+        checked([&] { return ::mkdir(path.c_str(), permissions); });
+    }
+};
+
+} // namespace
+
+FileSystem& FileSystem::posix()
+{
+    static PosixFileSystem files;
+    return files;
+}
+
+OpenFile::~OpenFile()
+{
+    if (m_file < 0)
+        return;
+    try {
+        m_files.close(m_file);
+    } catch (const std::system_error&) {
+        // Whoever closes this way has read only, or has a failure of its own to report.
+    }
+}
+
+void makeFolders(FileSystem& files, const std::filesystem::path& folder)
+{
+    if (std::filesystem::is_directory(folder))
+        return;
+    if (folder.has_parent_path() && folder.parent_path() != folder)
+        makeFolders(files, folder.parent_path());
+    try {
+        files.makeFolder(folder, 0700);
+    } catch (const std::system_error&) {
+        // Another process may have been faster.
+        if (!std::filesystem::is_directory(folder))
+            throw;
+    }
+}
+
+std::optional<std::string> readFile(
+    FileSystem& files, const std::filesystem::path& path, std::uint64_t limit)
+{
+    if (!files.status(path))
+        return std::nullopt;
+    // Without blocking, or a pipe that stands in the file's place would hold us for ever.
+    const OpenFile file(files, path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+    const auto status = files.status(file);
+    if (status.kind != FileStatus::regular)
+        fail(EINVAL);
+    if (status.size > limit)
+        fail(EFBIG);
+    std::string text;
+    text.reserve(status.size + spareForParser);
+    text.resize(status.size);
+    std::size_t filled = 0;
+    while (filled < text.size()) {
+        const auto came = files.read(file, std::span(text).subspan(filled));
+        if (came == 0)
+            break;
+        filled += came;
+    }
+    text.resize(filled);
+    return text;
+}
+
+} // namespace vesko

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+#include <utility>
+
+namespace vesko {
+
+struct FileStatus {
+    enum Kind { regular, folder, symbolicLink, other };
+
+    Kind kind = regular;
+    mode_t permissions = 0;
+    std::uint64_t size = 0; // bytes
+};
+
+// The system calls that reading and saving a document takes, so that tests can let each of them
+// fail. Every call throws std::system_error with the system's number when it fails, and carries on
+// after a signal. Files are named by their descriptors; paths are absolute.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    // The machine's own.
+    static FileSystem& posix();
+
+    // Flags as open(2) takes them; the descriptor is never passed on to another program.
+    virtual int open(const std::filesystem::path& path, int flags, mode_t permissions) = 0;
+    // How many bytes came, 0 at the end of the file.
+    virtual std::size_t read(int file, std::span<char> into) = 0;
+    // How many bytes went, which may be fewer than given.
+    virtual std::size_t write(int file, std::string_view bytes) = 0;
+    virtual void setPermissions(int file, mode_t permissions) = 0;
+    // Returns when the file's content, or the folder's entries, are on the disk.
+    virtual void sync(int file) = 0;
+    // The descriptor is gone even when this fails.
+    virtual void close(int file) = 0;
+
+    // What stands at the path itself (a symbolic link is not followed), or nothing.
+    virtual std::optional<FileStatus> status(const std::filesystem::path& path) = 0;
+    virtual FileStatus status(int file) = 0;
+    // Replaces `to` in one step.
+    virtual void rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+    // A second name for the file itself; a symbolic link is not followed.
+    virtual void link(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+    virtual void unlink(const std::filesystem::path& path) = 0;
+    virtual void makeFolder(const std::filesystem::path& path, mode_t permissions) = 0;
+};
+
+// An open file that is closed at the end of the scope.
+class OpenFile {
+public:
+    OpenFile(
+        FileSystem& files, const std::filesystem::path& path, int flags, mode_t permissions = 0)
+        : m_files(files)
+        , m_file(files.open(path, flags, permissions))
+    {
+    }
+    ~OpenFile();
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    operator int() const { return m_file; }
+    // For a writer, who has to know whether closing went well.
+    void close() { m_files.close(std::exchange(m_file, -1)); }
+
+private:
+    FileSystem& m_files;
+    int m_file;
+};
+
+// Makes the folder and those above it, for the owner alone, where they don't exist. Throws
+// std::system_error, also when something else stands in the way.
+void makeFolders(FileSystem& files, const std::filesystem::path& folder);
+
+// The file's bytes, or nothing if there is no such file. Throws std::system_error, also for what
+// is no regular file (a symbolic link among them) or is longer than the limit in bytes. The text
+// has 64 bytes of spare capacity, so that a parser which reads ahead need not copy it.
+std::optional<std::string> readFile(
+    FileSystem& files, const std::filesystem::path& path, std::uint64_t limit);
+
+} // namespace vesko

@@ -1,0 +1,150 @@
+#pragma once
+
+#include "VeskoCore/base/Date.h"
+#include "VeskoCore/base/JsonError.h"
+#include "VeskoCore/base/JsonFields.h"
+#include "VeskoCore/base/SharedArray.h"
+#include "VeskoCore/base/Uuid.h"
+
+#include <algorithm>
+#include <bitset>
+#include <concepts>
+#include <optional>
+#include <simdjson.h>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vesko {
+
+// A parsed JSON text. Only what the standard allows is JSON: no byte order mark, no comma too many,
+// nothing behind the value, UTF-8 throughout, at most 1,024 levels; numbers have to fit.
+class JsonDocument {
+public:
+    // Throws JsonError. A text with 64 bytes of spare capacity is not copied.
+    explicit JsonDocument(const std::string& text);
+    JsonDocument(const JsonDocument&) = delete;
+    JsonDocument& operator=(const JsonDocument&) = delete;
+
+    // For looking around before it is clear what the document is.
+    simdjson::dom::element root() const { return m_root; }
+
+    // The record that the text holds. Throws JsonError for a missing or doubled key, a wrong type,
+    // a null, a malformed UUID or date, an unknown raw text; keys that no table has are ignored.
+    template <class T>
+    T as() const
+    {
+        T value{};
+        read(m_root, value);
+        return value;
+    }
+
+private:
+    using Element = simdjson::dom::element;
+
+    template <class T>
+    static T get(Element from)
+    {
+        T value{};
+        if (from.get(value) != simdjson::SUCCESS)
+            throw JsonError();
+        return value;
+    }
+
+    static void read(Element from, bool& to) { to = get<bool>(from); }
+    static void read(Element from, double& to) { to = get<double>(from); }
+    static void read(Element from, std::string& to) { to = get<std::string_view>(from); }
+    static void read(Element from, Uuid& to) { to = parsed<Uuid>(from); }
+    static void read(Element from, Date& to) { to = parsed<Date>(from); }
+
+    template <std::integral T>
+    static void read(Element from, T& to)
+    {
+        const auto value = get<std::int64_t>(from);
+        if (!std::in_range<T>(value))
+            throw JsonError();
+        to = static_cast<T>(value);
+    }
+    template <JsonEnumeration T>
+    static void read(Element from, T& to)
+    {
+        const auto name = get<std::string_view>(from);
+        const auto& names = jsonNames<T>;
+        const auto found = std::ranges::find(names, name);
+        if (found == names.end())
+            throw JsonError();
+        to = static_cast<T>(found - names.begin());
+    }
+    template <class T>
+    static void read(Element from, std::optional<T>& to)
+    {
+        read(from, to.emplace());
+    }
+    template <class T>
+    static void read(Element from, std::vector<T>& to)
+    {
+        // Nothing is reserved: a hostile text could claim far more than it goes on to fill.
+        for (const Element element : get<simdjson::dom::array>(from))
+            read(element, to.emplace_back());
+    }
+    template <class T>
+    static void read(Element from, SharedArray<T>& to)
+    {
+        std::vector<T> elements;
+        read(from, elements);
+        to = SharedArray<T>(std::move(elements));
+    }
+    template <JsonRecord T>
+    static void read(Element from, T& to)
+    {
+        constexpr auto& fields = jsonFields<T>;
+        constexpr auto count = std::tuple_size_v<std::remove_cvref_t<decltype(fields)>>;
+        std::bitset<count> seen;
+        const auto readMember = [&](std::size_t index, const auto& field, auto key, Element value) {
+            if (key != field.key)
+                return false;
+            if (seen[index])
+                throw JsonError();
+            seen.set(index);
+            read(value, to.*field.member);
+            return true;
+        };
+        for (const auto member : get<simdjson::dom::object>(from))
+            std::apply(
+                [&](const auto&... field) {
+                    std::size_t index = 0;
+                    (readMember(index++, field, member.key, member.value) || ...);
+                },
+                fields);
+        std::apply(
+            [&](const auto&... field) {
+                std::size_t index = 0;
+                ((!seen[index++] && mustBeThere(field) ? throw JsonError() : void()), ...);
+            },
+            fields);
+    }
+
+    template <class T>
+    static T parsed(Element from)
+    {
+        const auto value = T::parse(get<std::string_view>(from));
+        if (!value)
+            throw JsonError();
+        return *value;
+    }
+    template <class Record, class T>
+    static bool mustBeThere(const JsonField<Record, T>& field)
+    {
+        return field.presence == JsonKey::required;
+    }
+    template <class Record, class T>
+    static bool mustBeThere(const JsonField<Record, std::optional<T>>&)
+    {
+        return false;
+    }
+
+    simdjson::dom::parser m_parser;
+    simdjson::dom::element m_root;
+};
+
+} // namespace vesko
