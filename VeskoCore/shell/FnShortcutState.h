@@ -27,7 +27,12 @@ public:
 private:
     enum class Origin : std::uint8_t { newCapture, existingCapture, ignored };
 
+    std::optional<FnShortcutAction> pressed(
+        bool otherModifiers, double at, bool recording, bool canStart);
+    std::optional<FnShortcutAction> released(bool otherModifiers, double at);
+    // Another key or modifier joined the press, if there is one.
     std::optional<FnShortcutAction> joined();
+    void forget();
 
     bool m_pressed = false;
     Origin m_origin = Origin::ignored; // what this press means
