@@ -1,0 +1,202 @@
+"""Reading other programs over the accessibility bus, and the windows of the X server.
+
+Every question goes straight to the program that is asked; nothing is cached.
+"""
+
+import subprocess
+
+import gi
+
+gi.require_version("Gio", "2.0")
+from gi.repository import Gio, GLib  # noqa: E402
+
+from .waiting import until  # noqa: E402
+
+STATES = {"active": 1, "checked": 4, "editable": 7, "enabled": 8, "focusable": 11, "focused": 12,
+          "showing": 25, "visible": 30}
+TIMEOUT = 3000  # milliseconds for one answer
+
+_bus = None
+
+
+def _connection():
+    global _bus
+    if _bus is None:
+        session = Gio.bus_get_sync(Gio.BusType.SESSION)
+        address = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress",
+                                    None, None, 0, TIMEOUT).unpack()[0]
+        _bus = Gio.DBusConnection.new_for_address_sync(
+            address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
+    return _bus
+
+
+class Gone(Exception):
+    """The program or the element is no longer there."""
+
+
+class Node:
+    def __init__(self, owner, path):
+        self.owner, self.path = owner, path
+
+    def __eq__(self, other):
+        return isinstance(other, Node) and (self.owner, self.path) == (other.owner, other.path)
+
+    def __hash__(self):
+        return hash((self.owner, self.path))
+
+    def __repr__(self):
+        try:
+            return f"<{self.role} {self.name!r} {sorted(self.states)}>"
+        except Gone:
+            return "<gone>"
+
+    def _ask(self, interface, method, signature=None, *arguments):
+        try:
+            return _connection().call_sync(
+                self.owner, self.path, interface, method,
+                GLib.Variant(signature, arguments) if signature else None, None, 0,
+                TIMEOUT).unpack()
+        except GLib.Error as error:
+            raise Gone(error.message) from None
+
+    def _property(self, interface, name):
+        return self._ask("org.freedesktop.DBus.Properties", "Get", "(ss)",
+                         "org.a11y.atspi." + interface, name)[0]
+
+    @property
+    def name(self):
+        return self._property("Accessible", "Name")
+
+    @property
+    def description(self):
+        return self._property("Accessible", "Description")
+
+    @property
+    def role(self):
+        return self._ask("org.a11y.atspi.Accessible", "GetRoleName")[0]
+
+    @property
+    def states(self):
+        low, high = self._ask("org.a11y.atspi.Accessible", "GetState")[0]
+        bits = low | high << 32
+        return {name for name, bit in STATES.items() if bits & 1 << bit}
+
+    @property
+    def children(self):
+        return [Node(owner, path)
+                for owner, path in self._ask("org.a11y.atspi.Accessible", "GetChildren")[0]]
+
+    @property
+    def pid(self):
+        return _connection().call_sync(
+            "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+            "GetConnectionUnixProcessID", GLib.Variant("(s)", (self.owner,)), None, 0,
+            TIMEOUT).unpack()[0]
+
+    @property
+    def text(self):
+        return self._ask("org.a11y.atspi.Text", "GetText", "(ii)", 0, -1)[0]
+
+    @property
+    def caret(self):
+        return self._property("Text", "CaretOffset")
+
+    @property
+    def bounds(self):
+        """x, y, width and height on the screen."""
+        return self._ask("org.a11y.atspi.Component", "GetExtents", "(u)", 0)[0]
+
+    @property
+    def centre(self):
+        x, y, width, height = self.bounds
+        return x + width / 2, y + height / 2
+
+    def activate(self):
+        """Does the first action: for a button, its press."""
+        return self._ask("org.a11y.atspi.Action", "DoAction", "(i)", 0)[0]
+
+    def walk(self):
+        yield self
+        try:
+            children = self.children
+        except Gone:
+            return
+        for child in children:
+            yield from child.walk()
+
+    def find(self, role=None, name=None):
+        """The first element at or below this one that is of the role and has the name."""
+        for node in self.walk():
+            try:
+                if (role is None or node.role == role) and (name is None or node.name == name):
+                    return node
+            except Gone:
+                continue
+        return None
+
+
+def applications():
+    root = Node("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
+    try:
+        return root.children
+    except Gone:
+        return []
+
+
+def application(pid):
+    """The accessible application of that process, or None."""
+    for node in applications():
+        try:
+            if node.pid == pid:
+                return node
+        except GLib.Error:
+            continue
+    return None
+
+
+def focused(app):
+    """The element of the application that would get what is typed, or None."""
+    for node in app.walk():
+        try:
+            states = node.states
+            if {"focused", "focusable"} <= states and (
+                    "editable" in states or node.role in ("terminal", "password text")):
+                return node
+        except Gone:
+            continue
+    return None
+
+
+def active_pid():
+    """The process of the active window, or 0."""
+    window = subprocess.run(["xprop", "-root", "_NET_ACTIVE_WINDOW"], stdout=subprocess.PIPE,
+                            text=True, check=True).stdout.split()[-1]
+    if not window.startswith("0x") or int(window, 16) == 0:
+        return 0
+    answer = subprocess.run(["xprop", "-id", window, "_NET_WM_PID"], stdout=subprocess.PIPE,
+                            stderr=subprocess.DEVNULL, text=True).stdout.split()
+    return int(answer[-1]) if answer and answer[-1].isdigit() else 0
+
+
+def windows(pid):
+    """The X window ids of the process, oldest first."""
+    listed = subprocess.run(["xprop", "-root", "_NET_CLIENT_LIST"], stdout=subprocess.PIPE,
+                            text=True, check=True).stdout
+    found = []
+    for window in listed.partition("#")[2].replace(",", " ").split():
+        answer = subprocess.run(["xprop", "-id", window, "_NET_WM_PID"], stdout=subprocess.PIPE,
+                                stderr=subprocess.DEVNULL, text=True).stdout.split()
+        if answer and answer[-1] == str(pid):
+            found.append(window)
+    return found
+
+
+def raise_window(pid):
+    window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
+    subprocess.run(["xdotool", "windowactivate", window], check=True, stderr=subprocess.DEVNULL)
+    until("the raised window is active", lambda: active_pid() == pid)
+
+
+def screenshot(path):
+    subprocess.run(["import", "-window", "root", path], check=True)

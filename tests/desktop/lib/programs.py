@@ -1,0 +1,115 @@
+"""The programs of others that Vesko dictates into."""
+
+import os
+import subprocess
+import tempfile
+
+from . import eyes, hands
+from .waiting import until
+
+CHROMIUM = ["chromium", "--force-renderer-accessibility", "--no-sandbox", "--disable-gpu",
+            "--disable-quic", "--no-first-run", "--disable-background-networking",
+            "--disable-component-update", "--disable-sync", "--disable-dev-shm-usage",
+            "--password-store=basic", "--noerrdialogs"]
+PAGE = """<!doctype html><meta charset="utf-8"><title>Fields</title>
+<style>body { font: 18px sans-serif } textarea, input { display: block; width: 90%; margin: 12px }
+textarea { height: 160px }</style>
+<textarea aria-label="area"></textarea>
+<input aria-label="line"><input aria-label="other line">
+<input type="password" aria-label="secret">
+"""
+
+
+class Program:
+    """A running program and the field in it that has the focus."""
+
+    def __init__(self, command, **options):
+        log = open(os.path.join(os.environ["SESSION_DIR"], "log", os.path.basename(command[0])),
+                   "ab")
+        with log:
+            self.process = subprocess.Popen(command, stderr=log, stdout=options.pop("stdout", log),
+                                            **options)
+        self.app = until(f"{command[0]} is accessible",
+                         lambda: eyes.application(self.process.pid))
+        until(f"{command[0]} is the active window",
+              lambda: eyes.active_pid() == self.process.pid)
+        self.field = None
+
+    def focus(self, role, name=None):
+        """Clicks into the field as a user does and makes it `field`."""
+        field = until(f"a field of role {role} and name {name}",
+                      lambda: self.app.find(role, name))
+        until("the field is laid out", lambda: field.bounds[2] > 0)
+        if "focused" not in field.states:
+            hands.click(*field.centre)
+        until(f"{field} has the focus", lambda: eyes.focused(self.app) == field)
+        self.field = field
+        return field
+
+    @property
+    def text(self):
+        return self.field.text
+
+    def raise_window(self):
+        eyes.raise_window(self.process.pid)
+
+    def kill(self):
+        self.process.kill()
+        self.process.wait()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.kill()
+
+
+def _file(text, suffix):
+    handle, path = tempfile.mkstemp(suffix=suffix)
+    with os.fdopen(handle, "w") as file:
+        file.write(text)
+    return path
+
+
+class Mousepad(Program):
+    def __init__(self, text=""):
+        super().__init__(["mousepad", "--disable-server", _file(text, ".txt")])
+        self.focus("text")
+
+
+class FeatherPad(Program):
+    def __init__(self, text=""):
+        super().__init__(["featherpad", "--standalone", _file(text, ".txt")])
+        self.focus("text")
+
+
+class Chromium(Program):
+    def __init__(self, field="area"):
+        super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
+                                     "--app=file://" + _file(PAGE, ".html")])
+        self.focus("password text" if field == "secret" else "entry", field)
+
+
+class Terminal(Program):
+    """`cat` in a terminal: what arrives is echoed, and nothing runs it."""
+
+    def __init__(self):
+        super().__init__(["xfce4-terminal", "--disable-server", "--execute", "cat"])
+        self.focus("terminal")
+
+    @property
+    def text(self):
+        # What stands in one line for the user may be broken into lines of the terminal's width.
+        return "".join(line.rstrip("\n") for line in self.field.text.splitlines()).strip()
+
+
+class PasswordPrompt(Program):
+    def __init__(self):
+        super().__init__(["zenity", "--password"], stdout=subprocess.PIPE)
+        self.focus("password text")
+
+    def answer(self):
+        """What the prompt received, once Return is pressed in it."""
+        self.raise_window()
+        hands.tap("return")
+        return self.process.communicate(timeout=10)[0].decode().rstrip("\n")
