@@ -37,6 +37,8 @@ public:
     // Whether it could work now.
     virtual bool available() const = 0;
 
+    // Reports come from the event loop, never before this returns; a report may destroy the
+    // recognition that it comes from.
     virtual std::unique_ptr<Recognition> recognize(const std::filesystem::path& audio,
         const std::string& language, std::function<void(const Report&)> report)
         = 0;

@@ -6,8 +6,8 @@ namespace vesko {
 
 const char* KeychainFailure::errorDescription() const
 {
-    return L10N_KEY("Vesko",
-        "Vesko could not access your key in Keychain. Unlock your Mac and try again.");
+    return L10N_KEY(
+        "Vesko", "Vesko could not access your key in Keychain. Unlock your Mac and try again.");
 }
 
 } // namespace vesko

@@ -1,0 +1,145 @@
+#include "VeskoApp/capture/AppModel.h"
+
+#include "VeskoApp/capture/SafeMessage.h"
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+
+#include <utility>
+
+namespace vesko {
+
+AppModel::AppModel(Platform& platform, std::filesystem::path dataRoot, OpenRouterClient client)
+    : m_platform(platform)
+    , m_dataRoot(std::move(dataRoot))
+    , m_client(std::move(client))
+    , m_keychain(platform.secrets)
+    , m_preferences(platform.settings, m_keychain, platform.loginItem)
+    , m_capture(platform.recorder)
+    , m_apple(platform.recognizer, platform.clock)
+    , m_message(L10N_KEY("Vesko", "Ready to capture"))
+    , m_meter(platform.clock)
+    , m_playbackEnd(platform.clock)
+{
+    // Accounts, usage analytics, the cues and the review of a paste are made here once they exist.
+    m_capture.onFailure = [this](std::string message) { recordingFailed(std::move(message)); };
+    m_tasks.spawn(openLibrary());
+    m_tasks.spawn(chooseFirstProvider());
+}
+
+AppModel::~AppModel() = default;
+
+std::filesystem::path AppModel::dataRoot(
+    const char* environmentValue, const std::filesystem::path& userDataFolder)
+{
+    if (environmentValue && *environmentValue == '/')
+        return environmentValue;
+    return userDataFolder / "Vesko";
+}
+
+Task<> AppModel::openLibrary()
+{
+    std::exception_ptr failure;
+    try {
+        co_await m_store.open([root = m_dataRoot, &clock = m_platform.clock] {
+            return std::make_unique<LibraryStore>(root, clock);
+        });
+        co_await refreshLibrary();
+        assign(m_libraryReady, true, &AppModel::libraryReadyChanged);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    if (failure)
+        setErrorMessage(safeMessage(failure));
+}
+
+// A fresh machine is to dictate without a key: if nothing has ever been set up and a recogniser is
+// installed, the first launch chooses it. Only the first: whatever the user decides later stays.
+Task<> AppModel::chooseFirstProvider()
+{
+    const bool fresh = m_platform.settings.empty();
+    if (fresh)
+        m_platform.settings.set("firstLaunchDone", SettingValue{ true });
+    co_await m_preferences.refreshKeys();
+    if (!fresh || m_preferences.hasKey() || m_preferences.hasVeskoAccess()
+        || !m_platform.recognizer.supports(m_platform.recognizer.systemLanguage()))
+        co_return;
+    m_preferences.provider.set("apple");
+    if (m_phase == Phase::idle)
+        setMessage(L10N_KEY(
+            "Vesko", "Ready to capture. Speech is recognized on this computer, without a key."));
+}
+
+Task<> AppModel::refreshLibrary()
+{
+    m_library = co_await m_store.run([](const LibraryStore& store) { return store.snapshot(); });
+    Q_EMIT libraryChanged();
+}
+
+CaptureSettings AppModel::settings() const
+{
+    const std::string& translateTo = m_preferences.translateTo.get();
+    return {
+        .provider = m_preferences.provider.get(),
+        .keySource = m_preferences.keySource.get(),
+        .model = m_preferences.sttModel.get(),
+        .language = m_preferences.language.get(),
+        .cleanup = m_preferences.cleanupEnabled.get(),
+        .cleanupModel = m_preferences.cleanupModel.get(),
+        .paste = m_preferences.pasteEnabled.get(),
+        .dictionary = m_preferences.dictionaryEnabled.get() ? m_library.dictionary
+                                                            : SharedArray<DictionaryEntry>{},
+        .translateTo = translateTo == "off" ? std::nullopt : std::optional(translateTo),
+    };
+}
+
+QString AppModel::phaseTitle() const
+{
+    switch (m_phase) {
+    case Phase::idle:
+        return translated(L10N_KEY("Vesko", "Ready"));
+    case Phase::preparing:
+        return translated(L10N_KEY("Vesko", "Starting microphone"));
+    case Phase::recording:
+        return translated(L10N_KEY("Vesko", "Recording"));
+    case Phase::processing:
+        return translated(L10N_KEY("Vesko", "Transcribing"));
+    }
+    return {};
+}
+
+QString AppModel::messageText() const
+{
+    return translated(m_message);
+}
+
+QString AppModel::errorText() const
+{
+    return translated(m_errorMessage);
+}
+
+QString AppModel::shortcutText() const
+{
+    return translated(m_shortcutMessage);
+}
+
+void AppModel::setPhase(Phase phase)
+{
+    assign(m_phase, phase, &AppModel::phaseChanged);
+}
+
+void AppModel::setMessage(std::string message)
+{
+    assign(m_message, std::move(message), &AppModel::messageChanged);
+}
+
+void AppModel::setErrorMessage(std::string message)
+{
+    assign(m_errorMessage, std::move(message), &AppModel::errorMessageChanged);
+}
+
+void AppModel::setShortcutMessage(std::string message)
+{
+    assign(m_shortcutMessage, std::move(message), &AppModel::shortcutMessageChanged);
+}
+
+} // namespace vesko

@@ -1,0 +1,204 @@
+#pragma once
+
+#include "VeskoApp/async/Serialized.h"
+#include "VeskoApp/async/TaskScope.h"
+#include "VeskoApp/capture/AppleTranscriber.h"
+#include "VeskoApp/capture/AudioCapture.h"
+#include "VeskoApp/capture/CaptureSettings.h"
+#include "VeskoApp/capture/Phase.h"
+#include "VeskoApp/insertion/FocusDestination.h"
+#include "VeskoApp/platform/Platform.h"
+#include "VeskoApp/preferences/Keychain.h"
+#include "VeskoApp/preferences/Preferences.h"
+#include "VeskoCore/library/LibraryStore.h"
+#include "VeskoCore/shell/FnShortcutState.h"
+#include "VeskoCore/speech/OpenRouterClient.h"
+
+#include <QObject>
+
+namespace vesko {
+
+// The one central controller: turns a trigger into a recording that stands in the library, the
+// recording into a transcript, and the transcript into text in the field where the user started.
+// It owns the capture's state and a copy of the library for display. Main thread; nothing here
+// waits. The platform must outlive it.
+class AppModel : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString phaseTitle READ phaseTitle NOTIFY phaseChanged)
+    Q_PROPERTY(bool recording READ isRecording NOTIFY phaseChanged)
+    Q_PROPERTY(bool busy READ isBusy NOTIFY phaseChanged)
+    Q_PROPERTY(double elapsed READ elapsed NOTIFY elapsedChanged)
+    Q_PROPERTY(double level READ level NOTIFY levelChanged)
+    Q_PROPERTY(bool pushToTalk READ pushToTalk NOTIFY pushToTalkChanged)
+    Q_PROPERTY(QString message READ messageText NOTIFY messageChanged)
+    Q_PROPERTY(QString errorMessage READ errorText NOTIFY errorMessageChanged)
+    Q_PROPERTY(QString shortcutMessage READ shortcutText NOTIFY shortcutMessageChanged)
+    Q_PROPERTY(bool libraryReady READ libraryReady NOTIFY libraryReadyChanged)
+
+public:
+    // Opens the library in the folder, off the main thread; captures are dropped until it is
+    // ready.
+    AppModel(Platform& platform, std::filesystem::path dataRoot, OpenRouterClient client);
+    ~AppModel() override;
+
+    // The data folder: VESKO_DATA_ROOT if it is an absolute path, else "Vesko" in the user's data
+    // folder.
+    static std::filesystem::path dataRoot(
+        const char* environmentValue, const std::filesystem::path& userDataFolder);
+
+    // The one entry of shortcut, menu and floating control.
+    Q_INVOKABLE void toggleDictation();
+    // Records into a voice note: the selected note if `append`, else a new one.
+    void recordNote(bool append);
+    void handleFn(FnShortcutAction action);
+    // Transcribes a stored recording again, with today's settings.
+    void retry(const Recording& recording, bool copyWhenDone);
+    // Plays a stored recording, or stops it if it is the one that plays.
+    void play(const Recording& recording);
+    void stopPlayback();
+    // Makes the program safe to end: a running capture is kept. False if it can't end now.
+    Task<bool> prepareToQuit();
+    // Puts text on the clipboard; false, with the reason in the error line, if that failed.
+    bool copy(const std::string& text);
+
+    CaptureSettings settings() const;
+    Preferences& preferences() { return m_preferences; }
+    const Library& library() const { return m_library; }
+
+    Phase phase() const { return m_phase; }
+    QString phaseTitle() const;
+    bool isRecording() const { return m_phase == Phase::recording; }
+    bool isBusy() const { return m_phase == Phase::preparing || m_phase == Phase::processing; }
+    double elapsed() const { return m_elapsed; } // seconds
+    double level() const { return m_level; } // 0 to 1, smoothed
+    bool pushToTalk() const { return m_pushToTalk; }
+    bool libraryReady() const { return m_libraryReady; }
+    std::optional<Uuid> playingID() const { return m_playingID; }
+    // The status and error lines, as keys of the catalogues; an empty error line is none.
+    const std::string& message() const { return m_message; }
+    const std::string& errorMessage() const { return m_errorMessage; }
+    const std::string& shortcutMessage() const { return m_shortcutMessage; }
+    void setShortcutMessage(std::string message);
+    QString messageText() const;
+    QString errorText() const;
+    QString shortcutText() const;
+
+    // What the library window shows.
+    std::optional<Uuid> selectedNote;
+    std::optional<Uuid> selectedProject;
+    bool showingTrash = false;
+    std::string query;
+
+Q_SIGNALS:
+    void phaseChanged();
+    void elapsedChanged();
+    void levelChanged();
+    void pushToTalkChanged();
+    void messageChanged();
+    void errorMessageChanged();
+    void shortcutMessageChanged();
+    void libraryReadyChanged();
+    void libraryChanged();
+    void playingChanged();
+
+private:
+    // The field of a capture: settled at the trigger, read by the time the text is ready.
+    using Destination = Eventual<std::optional<FocusDestination>>;
+
+    struct ActiveCapture {
+        Recording recording;
+        bool dictation = false; // ends on the clipboard and in a field
+        std::optional<Destination> destination;
+        CaptureSettings settings;
+    };
+
+    // AppModel.cpp
+    Task<> openLibrary();
+    Task<> chooseFirstProvider();
+    Task<> refreshLibrary();
+    void setPhase(Phase phase);
+    void setMessage(std::string message);
+    void setErrorMessage(std::string message);
+    template <class T>
+    void assign(T& field, T value, void (AppModel::*changed)());
+
+    // AppModelCapture.cpp
+    Destination captureField();
+    Task<> readField(Destination destination);
+    Task<> startRecording(std::optional<Uuid> noteID, bool dictation,
+        std::optional<Destination> destination, bool fromFn);
+    Task<Recording> prepareRecording(std::optional<Uuid> noteID, bool dictation);
+    Task<> startFailed(std::optional<Uuid> recordingID, std::string message);
+    void meter();
+    double endCapture();
+    void stopRecording();
+    Task<> finishAndTranscribe(ActiveCapture capture, double duration);
+    void recordingFailed(std::string message);
+    Task<> storeFailure(Uuid recordingID, std::string message);
+    void clearFnGesture();
+
+    // AppModelGesture.cpp
+    void beginFn();
+    void discardFn();
+    Task<> keepWithoutTranscription(Uuid recordingID, double duration);
+    bool fnTargetsActive() const;
+
+    // AppModelRun.cpp
+    Task<> transcribe(Recording recording, CaptureSettings settings,
+        std::optional<Destination> destination, bool copyWhenDone);
+    Task<TranscriptResult> recognize(std::filesystem::path audio, CaptureSettings settings);
+    Task<TranscriptResult> runAttempt(
+        Uuid recordingID, Uuid attemptID, std::filesystem::path audio, CaptureSettings settings);
+    Task<> deliver(std::string text, bool paste, std::optional<Destination> destination);
+    Task<> runFailed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
+
+    // AppModelPlayback.cpp
+    Task<> startPlayback(Recording recording, Uuid token);
+
+    Platform& m_platform;
+    std::filesystem::path m_dataRoot;
+    OpenRouterClient m_client;
+
+    Keychain m_keychain;
+    Preferences m_preferences;
+    AudioCapture m_capture;
+    AppleTranscriber m_apple;
+
+    Phase m_phase = Phase::idle;
+    double m_elapsed = 0;
+    double m_level = 0;
+    bool m_pushToTalk = false;
+    std::string m_message;
+    std::string m_errorMessage;
+    std::string m_shortcutMessage;
+    bool m_libraryReady = false;
+    Library m_library;
+
+    std::optional<ActiveCapture> m_active; // present while recording
+    Timer m_meter;
+    std::optional<Uuid> m_fnTarget; // the recording that the running gesture may finish
+    bool m_fnPendingStart = false; // a gesture asked for a start that is not yet recording
+    bool m_fnFinishAfterStart = false; // its key came up during that start
+    bool m_fnDiscardPending = false; // it became a combination during that start
+
+    std::optional<Uuid> m_playingID;
+    std::optional<Uuid> m_playbackToken; // tells the latest request from a stale one
+    Timer m_playbackEnd;
+
+    // Last, so that tasks end before what they use, and the workers before the tasks' objects.
+    Serialized<LibraryStore> m_store;
+    Worker m_network;
+    TaskScope m_tasks;
+};
+
+// Observers hear of changes only.
+template <class T>
+void AppModel::assign(T& field, T value, void (AppModel::*changed)())
+{
+    if (field == value)
+        return;
+    field = std::move(value);
+    Q_EMIT(this->*changed)();
+}
+
+} // namespace vesko

@@ -1,0 +1,146 @@
+#include "VeskoApp/capture/AppModel.h"
+
+#include "VeskoApp/capture/AudioBytes.h"
+#include "VeskoApp/capture/CaptureLog.h"
+#include "VeskoApp/capture/SafeMessage.h"
+#include "VeskoCore/base/Localized.h"
+
+#include <utility>
+
+namespace vesko {
+
+Q_LOGGING_CATEGORY(captureLog, "app.vesko.mac.capture")
+
+void AppModel::retry(const Recording& recording, bool copyWhenDone)
+{
+    if (m_phase != Phase::idle)
+        return;
+    setPhase(Phase::processing);
+    setErrorMessage({});
+    setMessage(L10N_KEY("Vesko", "Original saved. Transcribing…"));
+    m_tasks.spawn(transcribe(recording, settings(), std::nullopt, copyWhenDone));
+}
+
+Task<> AppModel::transcribe(Recording recording, CaptureSettings settings,
+    std::optional<Destination> destination, bool copyWhenDone)
+{
+    if (!m_libraryReady) {
+        setPhase(Phase::idle);
+        co_return;
+    }
+    const bool apple = settings.provider == "apple";
+    std::optional<Uuid> attemptID;
+    TranscriptResult result;
+    std::exception_ptr failure;
+    try {
+        const auto attempt = co_await m_store.run(
+            [id = recording.id, provider = std::string(apple ? "Apple on-device" : "OpenRouter"),
+                model = apple ? "apple/on-device/" + settings.language : settings.model,
+                cleanupModel = settings.cleanup || settings.translateTo
+                    ? std::optional(settings.cleanupModel)
+                    : std::nullopt](LibraryStore& store) {
+                return store.beginAttempt(id, provider, model, cleanupModel);
+            });
+        attemptID = attempt.id;
+        co_await refreshLibrary();
+        auto audio = co_await m_store.run(
+            [recording](const LibraryStore& store) { return store.audioURL(recording); });
+        result = co_await runAttempt(recording.id, attempt.id, std::move(audio), settings);
+        co_await refreshLibrary();
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    if (failure) {
+        co_await runFailed(recording.id, attemptID, safeMessage(failure));
+        co_return;
+    }
+
+    if (copyWhenDone)
+        co_await deliver(result.text, settings.paste, std::move(destination));
+    else
+        setMessage(L10N_KEY("Vesko", "Saved to your note"));
+    if (result.warning)
+        setErrorMessage(*result.warning);
+    qCInfo(captureLog, "transcription_saved");
+    setPhase(Phase::idle);
+}
+
+// From speech to the final text; once completeAttempt has succeeded the transcript is safe.
+Task<TranscriptResult> AppModel::runAttempt(
+    Uuid recordingID, Uuid attemptID, std::filesystem::path audio, CaptureSettings settings)
+{
+    TranscriptResult result = co_await recognize(std::move(audio), settings);
+    // The personal dictionary is applied to result.text here once there is one.
+    co_await m_store.run([recordingID, attemptID, result](LibraryStore& store) {
+        store.completeAttempt(recordingID, attemptID, result);
+    });
+    // The language question is raised here, and cleanup and translation follow, once they exist.
+    co_return result;
+}
+
+Task<TranscriptResult> AppModel::recognize(std::filesystem::path audio, CaptureSettings settings)
+{
+    if (settings.provider == "apple")
+        co_return co_await m_apple.transcribe(std::move(audio), settings.language);
+    const auto key = co_await m_keychain.load(Preferences::keyAccount(settings.keySource));
+    if (!key || key->empty())
+        throw VeskoError(VeskoError::missingKey);
+    co_return co_await m_network.run(
+        [client = m_client, audio = std::move(audio), settings, key = *key](std::stop_token stop) {
+            return client.transcribe(audioBytes(audio), "m4a", settings.model, settings.language,
+                key, settings.cloudAllowed, stop);
+        });
+}
+
+Task<> AppModel::deliver(std::string text, bool paste, std::optional<Destination> destination)
+{
+    if (!copy(text))
+        co_return;
+    std::vector<std::string> reasons;
+    if (!paste) {
+        reasons = { "paste_off" };
+    } else {
+        std::optional<FocusDestination> field;
+        if (destination)
+            field = co_await *destination;
+        if (field)
+            reasons = co_await field->attemptPaste(
+                m_platform.focusedField, m_platform.pasteKeystroke, m_platform.clock);
+        else
+            reasons = { "no_field" };
+    }
+    // The review of the pasted fragment begins here once there is one.
+    setMessage(reasons.empty() ? L10N_KEY("Vesko", "Copied. Paste sent to the original field.")
+                               : pasteMessage(reasons));
+}
+
+bool AppModel::copy(const std::string& text)
+{
+    if (!m_platform.clipboard.setText(text)) {
+        setErrorMessage(L10N_KEY("Vesko",
+            "The text is saved, but the clipboard could not be updated. Copy it from your note."));
+        return false;
+    }
+    setMessage(L10N_KEY("Vesko", "Copied to clipboard"));
+    return true;
+}
+
+Task<> AppModel::runFailed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message)
+{
+    if (attemptID) {
+        try {
+            co_await m_store.run([recordingID, id = *attemptID, message](LibraryStore& store) {
+                store.failAttempt(recordingID, id, message);
+            });
+        } catch (const std::exception&) {
+            setErrorMessage(safeMessage(std::current_exception()));
+        }
+    }
+    setErrorMessage(message);
+    setMessage(L10N_KEY("Vesko", "Audio saved. Transcription needs attention."));
+    qCCritical(captureLog, "transcription_failed");
+    co_await refreshLibrary();
+    setPhase(Phase::idle);
+}
+
+} // namespace vesko

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace vesko {
+
+// A stored recording as it is to be sent; any thread. Reads no more than one byte over what one
+// request may hold, which is enough for the request to be refused. Throws std::system_error.
+std::string audioBytes(const std::filesystem::path& file);
+
+} // namespace vesko

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "VeskoApp/platform/AudioRecorder.h"
+
+#include <functional>
+#include <string>
+
+namespace vesko {
+
+// The microphone as the controller sees it: the recorder, with its failures in the user's words.
+class AudioCapture {
+public:
+    explicit AudioCapture(AudioRecorder& recorder);
+    ~AudioCapture();
+
+    Task<bool> requestMicrophone() { return m_recorder.requestAccess(); }
+    // Throws CaptureFailure.
+    Task<> start(std::filesystem::path file);
+    // The recorded seconds; 0 when nothing was being recorded.
+    double stop() { return m_recorder.stop(); }
+    // Comes when the file of the last stop is whole.
+    Eventual<std::monostate> finished() { return m_recorder.finished(); }
+    double currentTime() const { return m_recorder.currentTime(); }
+    double averagePower() const { return m_recorder.averagePower(); }
+
+    // A recording ended by itself; its message is a key for the catalogues.
+    std::function<void(std::string)> onFailure;
+
+private:
+    AudioRecorder& m_recorder;
+};
+
+} // namespace vesko

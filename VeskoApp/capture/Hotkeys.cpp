@@ -1,0 +1,110 @@
+#include "VeskoApp/capture/Hotkeys.h"
+
+#include "VeskoCore/base/Localized.h"
+
+namespace vesko {
+
+namespace {
+
+// A key's repeat and a double firing are one press.
+constexpr double triggerInterval = 0.25; // seconds
+
+} // namespace
+
+Hotkeys::Hotkeys(GlobalShortcut& shortcut, KeyMonitor& keys, EventClock& clock)
+    : m_shortcut(shortcut)
+    , m_keys(keys)
+    , m_clock(clock)
+    , m_hold(clock)
+{
+}
+
+Hotkeys::~Hotkeys()
+{
+    m_keys.stop();
+    m_shortcut.remove();
+}
+
+std::string Hotkeys::start()
+{
+    const bool installed = m_shortcut.install([this] { trigger(); });
+    installFnMonitors();
+    if (installed)
+        return {};
+    return L10N_KEY("Vesko",
+        "Command Shift Space is unavailable. Use the floating button or choose another system "
+        "shortcut.");
+}
+
+void Hotkeys::trigger()
+{
+    const double now = m_clock.uptime();
+    if (m_lastTrigger && now - *m_lastTrigger <= triggerInterval)
+        return;
+    m_lastTrigger = now;
+    onTrigger();
+}
+
+// Without the permission to watch keys there is neither gesture nor send signal; the permission
+// rows of the settings tell the user.
+void Hotkeys::installFnMonitors()
+{
+    m_keys.stop();
+    resetFn();
+    if (m_keys.permitted())
+        m_keys.start(gestureKey(), [this](const KeyEvent& event) { receive(event); });
+}
+
+void Hotkeys::receive(const KeyEvent& event)
+{
+    if (event.kind == KeyEvent::Kind::interrupted) {
+        resetFn();
+        return;
+    }
+    // Ahead of the switch for the gesture: the send signal works without it.
+    if (event.kind == KeyEvent::Kind::keyDown && event.isReturn && !event.gestureKeyDown
+        && !event.shiftDown)
+        onSendIntent();
+    if (!fnEnabled()) {
+        resetFn();
+        return;
+    }
+    if (event.kind == KeyEvent::Kind::flagsChanged) {
+        flagsChanged(event);
+    } else if (const auto action = m_fnState.keyDown()) {
+        m_hold.cancel();
+        onFnAction(*action);
+    }
+}
+
+void Hotkeys::flagsChanged(const KeyEvent& event)
+{
+    const auto action = m_fnState.flagsChanged(event.isGestureKey, event.gestureKeyDown,
+        event.otherModifiers, m_clock.uptime(), isRecording(), canStart());
+    if (!event.gestureKeyDown)
+        m_hold.cancel();
+    if (!action)
+        return;
+    onFnAction(*action);
+    if (*action == FnShortcutAction::begin)
+        m_hold.start(FnShortcutState::holdDuration, [this] {
+            if (const auto held = m_fnState.holdReached(m_clock.uptime()))
+                onFnAction(*held);
+        });
+}
+
+void Hotkeys::resetFn()
+{
+    m_hold.cancel();
+    if (const auto action = m_fnState.reset())
+        onFnAction(*action);
+}
+
+void Hotkeys::stop()
+{
+    resetFn();
+    m_shortcut.remove();
+    m_keys.stop();
+}
+
+} // namespace vesko

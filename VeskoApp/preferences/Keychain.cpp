@@ -1,0 +1,20 @@
+#include "VeskoApp/preferences/Keychain.h"
+
+namespace vesko {
+
+Task<std::optional<std::string>> Keychain::load(std::string account)
+{
+    co_return co_await m_worker.run([this, account] { return m_store.load(account); });
+}
+
+Task<> Keychain::save(std::string value, std::string account)
+{
+    co_await m_worker.run([this, value, account] { m_store.save(value, account); });
+}
+
+Task<> Keychain::remove(std::string account)
+{
+    co_await m_worker.run([this, account] { m_store.remove(account); });
+}
+
+} // namespace vesko

@@ -1,0 +1,130 @@
+#include "VeskoApp/preferences/Preferences.h"
+
+#include "VeskoCore/base/Text.h"
+#include "VeskoCore/library/VeskoError.h"
+#include "VeskoCore/speech/OpenRouterClient.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vesko {
+
+namespace {
+
+constexpr std::array<std::pair<GestureKey, std::string_view>, 6> gestureKeyNames{ {
+    { GestureKey::fn, "fn" },
+    { GestureKey::rightControl, "right_control" },
+    { GestureKey::rightAlt, "right_alt" },
+    { GestureKey::menu, "menu" },
+    { GestureKey::pause, "pause" },
+    { GestureKey::scrollLock, "scroll_lock" },
+} };
+
+} // namespace
+
+Preferences::Preferences(SettingsStore& store, Keychain& keychain, LoginItem& loginItem)
+    : m_store(store)
+    , m_keychain(keychain)
+    , m_loginItem(loginItem)
+    , m_loginStatus(loginItem.status())
+    , provider(*this, "provider", "openrouter")
+    , keySource(*this, "keySource", "vesko")
+    , allowCloudProcessing(*this, "allowCloudProcessing", false)
+    , soundsEnabled(*this, "soundsEnabled", true)
+    , learnCorrections(*this, "learnCorrections", true)
+    , dictionaryEnabled(*this, "dictionaryEnabled", true)
+    , sttModel(*this, "sttModel", std::string(OpenRouterClient::defaultSTTModel))
+    , cleanupModel(*this, "cleanupModel", std::string(OpenRouterClient::defaultCleanupModel))
+    , cleanupEnabled(*this, "cleanupEnabled", false)
+    , language(*this, "language", "auto")
+    , languageAnswered(*this, "languageAnswered", false)
+    , translateTo(*this, "translateTo", "off")
+    , fnEnabled(*this, "fnEnabled", true)
+    , pasteEnabled(*this, "pasteEnabled", true)
+    , showFloating(*this, "showFloating", true)
+    , gestureKeyName(*this, "gestureKey", "")
+{
+}
+
+GestureKey Preferences::gestureKey(bool keyboardReportsFn) const
+{
+    const auto chosen = std::ranges::find(
+        gestureKeyNames, gestureKeyName.get(), &decltype(gestureKeyNames)::value_type::second);
+    if (chosen != gestureKeyNames.end())
+        return chosen->first;
+    return keyboardReportsFn ? GestureKey::fn : GestureKey::rightControl;
+}
+
+void Preferences::setGestureKey(GestureKey key)
+{
+    gestureKeyName.set(std::string(
+        std::ranges::find(gestureKeyNames, key, &decltype(gestureKeyNames)::value_type::first)
+            ->second));
+}
+
+std::string Preferences::keyAccount(const std::string& keySource)
+{
+    return keySource == "vesko" ? Keychain::veskoAccess : Keychain::personal;
+}
+
+Task<> Preferences::saveKey(std::string text)
+{
+    std::string key(trimmed(text));
+    if (key.empty() || key.find_first_of("\n\r") != std::string::npos)
+        throw VeskoError(VeskoError::missingKey);
+    co_await m_keychain.save(std::move(key), Keychain::personal);
+    m_hasKey = true;
+    keySource.set("personal");
+    Q_EMIT changed();
+}
+
+Task<> Preferences::removeKey()
+{
+    co_await m_keychain.remove(Keychain::personal);
+    m_hasKey = false;
+    Q_EMIT changed();
+}
+
+void Preferences::setLogin(bool on)
+{
+    if (on)
+        m_loginItem.enable();
+    else
+        m_loginItem.disable();
+    m_loginStatus = m_loginItem.status();
+    Q_EMIT changed();
+}
+
+void Preferences::refresh()
+{
+    reread(provider);
+    reread(keySource);
+    m_loginStatus = m_loginItem.status();
+    Q_EMIT changed();
+    m_tasks.spawn(refreshKeys());
+}
+
+// A value that was never stored is written now, so that the file says what is in force.
+void Preferences::reread(Setting<std::string>& setting)
+{
+    setting.set(m_store.get<std::string>(setting.m_key).value_or(setting.get()));
+}
+
+Task<> Preferences::refreshKeys()
+{
+    m_hasKey = co_await exists(Keychain::personal);
+    m_hasVeskoAccess = co_await exists(Keychain::veskoAccess);
+    Q_EMIT changed();
+}
+
+// A secret store that can't be asked has no key to use; the run says so when it needs one.
+Task<bool> Preferences::exists(std::string account)
+{
+    try {
+        co_return (co_await m_keychain.load(account)).has_value();
+    } catch (const KeychainFailure&) {
+        co_return false;
+    }
+}
+
+} // namespace vesko

@@ -1,0 +1,105 @@
+#include "VeskoApp/shell/AppDelegate.h"
+
+#include "VeskoApp/shell/StatusIcon.h"
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace vesko {
+
+AppDelegate::AppDelegate(Platform& platform, AppModel& model)
+    : m_platform(platform)
+    , m_model(model)
+    , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
+    , m_gestureKey(model.preferences().gestureKey(platform.keys.reportsFn()))
+{
+}
+
+void AppDelegate::launch()
+{
+    // The menus of the windows are set up here once there are windows.
+    setupStatusItem();
+    wireHotkeys();
+    m_model.setShortcutMessage(m_hotkeys.start());
+    showCaptureControl(m_model.preferences().showFloating.get());
+    // Onboarding or the library window opens here once they exist.
+    connect(&m_model.preferences(), &Preferences::changed, this, [this] {
+        showCaptureControl(m_model.preferences().showFloating.get());
+        const GestureKey key = m_model.preferences().gestureKey(m_platform.keys.reportsFn());
+        if (std::exchange(m_gestureKey, key) != key)
+            m_hotkeys.installFnMonitors();
+    });
+}
+
+void AppDelegate::setupStatusItem()
+{
+    m_platform.statusItem.onCapture = [this] { m_model.toggleDictation(); };
+    m_platform.statusItem.onQuit = [this] { quit(); };
+    // "Open Vesko" and "Settings…" lead to their windows once these exist.
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged })
+        connect(&m_model, changed, this, &AppDelegate::showCaptureState);
+    qGuiApp->installEventFilter(this);
+    showCaptureState();
+}
+
+void AppDelegate::wireHotkeys()
+{
+    m_hotkeys.onTrigger = [this] { m_model.toggleDictation(); };
+    m_hotkeys.fnEnabled = [this] { return m_model.preferences().fnEnabled.get(); };
+    m_hotkeys.isRecording = [this] { return m_model.isRecording(); };
+    m_hotkeys.canStart = [this] { return canStart(); };
+    m_hotkeys.gestureKey = [this] { return m_gestureKey; };
+    m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.handleFn(action); };
+    // The review of a paste takes this as its send signal once there is one.
+    m_hotkeys.onSendIntent = [] { };
+}
+
+bool AppDelegate::canStart() const
+{
+    return m_model.phase() == Phase::idle && m_model.libraryReady();
+}
+
+void AppDelegate::showCaptureState()
+{
+    const bool recording = m_model.isRecording();
+    const bool dark = qGuiApp->palette().color(QPalette::Window).lightnessF() < 0.5F;
+    m_platform.statusItem.show(
+        statusIcon(recording, dark), QStringLiteral("Vesko: ") + m_model.phaseTitle());
+    const QString title = recording      ? translated(L10N_KEY("Vesko", "Stop dictation"))
+        : m_model.phase() == Phase::idle ? translated(L10N_KEY("Vesko", "Start dictation"))
+                                         : m_model.phaseTitle();
+    m_platform.statusItem.setCapture(title, recording || canStart());
+}
+
+// The icon's strokes follow the desktop's change between light and dark.
+bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
+        showCaptureState();
+    return false;
+}
+
+void AppDelegate::quit()
+{
+    if (!std::exchange(m_quitting, true))
+        m_tasks.spawn(quitWhenSafe());
+}
+
+Task<> AppDelegate::quitWhenSafe()
+{
+    const bool safe = co_await m_model.prepareToQuit();
+    m_quitting = false;
+    // The library window, which shows why not, opens here once it exists.
+    if (safe)
+        terminate();
+}
+
+void AppDelegate::willTerminate()
+{
+    m_hotkeys.stop();
+}
+
+} // namespace vesko

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace vesko {
+
+// What a build was made for: the values of Info.json.
+struct Deployment {
+    std::string version; // CFBundleShortVersionString
+    std::string openRouterBaseURL; // VeskoOpenRouterBaseURL, ends in "/api/v1/"
+
+    // Reads Info.json from the first of the folders that has one. Throws std::runtime_error with
+    // words for a developer when none has, or it is damaged or incomplete: the program was
+    // installed wrongly.
+    static Deployment read(const std::vector<std::filesystem::path>& folders);
+};
+
+} // namespace vesko
