@@ -87,6 +87,8 @@ Task<> AppModel::startRecording(
         co_return;
     }
 
+    // The user speaks from here on, while the note and the recording are being saved.
+    m_capture.open();
     std::optional<Recording> recording;
     std::exception_ptr failure;
     try {
@@ -123,7 +125,7 @@ Task<> AppModel::startRecording(
     }
 }
 
-// The note and the recording stand in the library before the first sample is taken.
+// The note and the recording stand in the library before the audio file exists.
 Task<Recording> AppModel::prepareRecording(std::optional<Uuid> noteID, bool dictation)
 {
     if (!noteID) {

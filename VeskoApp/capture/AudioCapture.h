@@ -14,6 +14,8 @@ public:
     ~AudioCapture();
 
     Task<bool> requestMicrophone() { return m_recorder.requestAccess(); }
+    // Takes in sound from now on; start says where it goes.
+    void open() { m_recorder.open(); }
     // Throws CaptureFailure.
     Task<> start(std::filesystem::path file);
     // The recorded seconds; 0 when nothing was being recorded.

@@ -22,8 +22,13 @@ public:
     // Whether the user lets this program use a microphone; may ask the user, once.
     virtual Task<bool> requestAccess() = 0;
 
-    // Begins to record into a file that doesn't exist yet; done when sound is being taken. Throws
-    // std::runtime_error when it can't begin, and then leaves nothing running.
+    // Opens the microphone and holds what it hears in memory, until start says where it belongs:
+    // the first words are spoken while the library still makes room for them. Its failure is told
+    // by start. What is held is bounded; a program that never comes to start must call stop.
+    virtual void open() = 0;
+    // Writes what has been heard since open, and all that follows, into a file that doesn't exist
+    // yet; done when the file is being written. Throws std::runtime_error when the microphone or
+    // the file can't be had, and then leaves nothing running. Only after open.
     virtual Task<> start(std::filesystem::path file) = 0;
 
     // Seconds recorded so far; 0 when idle.
@@ -31,7 +36,8 @@ public:
     // The latest average power in decibels, 0 for full scale, -160 for silence or when idle.
     virtual double averagePower() const = 0;
 
-    // Ends the recording; 0 when idle. What was spoken until now is in the file once the value
+    // Ends the recording, or forgets what is held before a start; 0 when idle. What was spoken
+    // until now is in the file once the value
     // that finished() gives has come. Seconds.
     virtual double stop() = 0;
     // Comes when the last recording that was stopped is an ordinary, whole file, or could not be
