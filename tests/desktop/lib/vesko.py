@@ -1,0 +1,130 @@
+"""The program under test, driven by keys and read over the accessibility bus like any other."""
+
+import json
+import os
+import shutil
+import subprocess
+import tempfile
+import time
+
+from . import eyes, hands, library
+from .waiting import until
+
+REPOSITORY = os.path.abspath(os.path.join(os.path.dirname(__file__), "../../.."))
+BINARY = os.path.join(REPOSITORY, "build/release/bin/vesko")
+START, STOP = "Start dictation", "Stop dictation"
+
+
+def deployed(service_url):
+    """A copy of the program whose deployment values name this service."""
+    folder = tempfile.mkdtemp(prefix="deployed-")
+    with open(os.path.join(os.path.dirname(BINARY), "Info.json")) as file:
+        values = json.load(file)
+    values["VeskoOpenRouterBaseURL"] = service_url
+    with open(os.path.join(folder, "Info.json"), "w") as file:
+        json.dump(values, file)
+    return shutil.copy2(BINARY, folder)
+
+
+def install_key(key, binary=BINARY):
+    """What the key installer prints; the settings then choose OpenRouter."""
+    return subprocess.run([binary, "--install-openrouter-key"], check=True,
+                          stdout=subprocess.PIPE, text=True,
+                          env={**os.environ, "OPENROUTER_API_KEY": key}).stdout
+
+
+class Vesko:
+    def __init__(self, binary=BINARY, root=None, arguments=("--background",)):
+        self.root = root or tempfile.mkdtemp(prefix="library-")
+        self.log_path = os.path.join(os.environ["SESSION_DIR"], "log",
+                                     f"vesko-{time.monotonic_ns()}")
+        self.started = time.monotonic()
+        with open(self.log_path, "wb") as log:
+            self.process = subprocess.Popen([binary, *arguments], stdout=log, stderr=log,
+                                            env={**os.environ, "VESKO_DATA_ROOT": self.root})
+        self.app = until("Vesko is accessible", self._application, deadline=30)
+        self.panel, self.button = until("Vesko shows its floating button", self._find_panel)
+
+    def _application(self):
+        if self.process.poll() is not None:
+            raise AssertionError(f"Vesko ended with {self.process.returncode}:\n{self.log()}")
+        return eyes.application(self.process.pid)
+
+    def _find_panel(self):
+        for window in self.app.children:
+            button = window.find(name=START) or window.find(name=STOP)
+            if button:
+                return window, button
+        return None
+
+    def log(self):
+        with open(self.log_path, errors="replace") as file:
+            return file.read()
+
+    @property
+    def phase(self):
+        """"ready", "recording", or "busy" while a press would do nothing."""
+        if self.button.name == STOP:
+            return "recording"
+        return "ready" if "enabled" in self.button.states else "busy"
+
+    def wait_for(self, phase, deadline=20.0):
+        until(f"Vesko is {phase}; it shows {self.shown()}", lambda: self.phase == phase, deadline)
+
+    def shown(self):
+        """All that a user can read in the floating window."""
+        texts = []
+        for node in self.panel.walk():
+            try:
+                if "showing" in node.states and node.name:
+                    texts.append(node.name)
+            except eyes.Gone:
+                continue
+        return texts
+
+    def wait_for_text(self, text, deadline=20.0):
+        try:
+            until("", lambda: text in self.shown(), deadline)
+        except AssertionError:
+            raise AssertionError(f"expected to read {text!r}, but Vesko shows {self.shown()}") \
+                from None
+
+    def begin(self):
+        """Starts a dictation with the shortcut; returns when it records."""
+        self.wait_for("ready")
+        hands.tap(*hands.SHORTCUT)
+        self.wait_for("recording")
+
+    def end(self):
+        """Finishes it with the shortcut; returns at once."""
+        hands.tap(*hands.SHORTCUT)
+
+    def dictate(self, speak):
+        """A whole dictation of what speak() says; returns when it has been delivered or failed."""
+        self.begin()
+        speak()
+        self.end()
+        until("the recording has ended", lambda: self.phase != "recording")
+        self.wait_for("ready")
+
+    def last_recording(self):
+        found = library.recordings(self.root)
+        return found[-1] if found else None
+
+    def quit(self):
+        self.process.terminate()
+        try:
+            self.process.wait(timeout=15)
+        except subprocess.TimeoutExpired:
+            self.kill()
+            raise AssertionError("Vesko did not end when asked to") from None
+
+    def kill(self):
+        self.process.kill()
+        self.process.wait()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.kill()
