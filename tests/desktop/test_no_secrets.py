@@ -1,0 +1,39 @@
+#!/usr/bin/python3
+"""A desktop without a secret store: the program runs, and no key is written anywhere else."""
+
+import os
+import subprocess
+import sys
+import unittest
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+
+from lib import cases, voice  # noqa: E402
+from lib.vesko import BINARY, Vesko  # noqa: E402
+
+KEY = "sk-or-a-key-that-must-stand-nowhere"
+
+
+class NoSecrets(unittest.TestCase):
+    def test_the_key_installer_says_no_and_writes_nothing(self):
+        done = subprocess.run([BINARY, "--install-openrouter-key"], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True,
+                              env={**os.environ, "OPENROUTER_API_KEY": KEY})
+        self.assertEqual(done.returncode, 1)
+        self.assertNotIn(KEY, done.stdout + done.stderr)
+        self.assertEqual(files_with(KEY), [])
+
+    def test_dictates_on_device(self):
+        with Vesko() as vesko:
+            vesko.dictate(lambda: voice.say(voice.BROTHER))
+            self.assertEqual(vesko.last_recording()["status"], "ready")
+
+
+def files_with(text):
+    found = subprocess.run(["grep", "-rlF", text, os.environ["SESSION_DIR"]],
+                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    return found.stdout.split()
+
+
+if __name__ == "__main__":
+    cases.main()

@@ -1,0 +1,254 @@
+#!/usr/bin/python3
+"""Where a dictation lands, or why it doesn't: one case for each kind of field and each thing that
+may happen to it while the speech is being transcribed.
+
+The answer of the service is held back where something must happen first, so no case depends on
+how fast anything is.
+"""
+
+import os
+import sys
+import unittest
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+
+from lib import cases, clipboard, eyes, hands  # noqa: E402
+from lib.programs import Chromium, FeatherPad, Mousepad, PasswordPrompt, Terminal  # noqa: E402
+from lib.service import OpenRouter  # noqa: E402
+from lib.vesko import Vesko, deployed, install_key  # noqa: E402
+from lib.waiting import human_pause, until  # noqa: E402
+
+SENT = "Copied. Paste sent to the original field."
+MOVED = "Copied. You moved to another field, so Vesko did not paste. Paste it with Ctrl+V."
+NO_FIELD = "Copied. No text field was focused when you started. Paste it with Ctrl+V."
+WORDS = "Where this lands is what matters."
+
+
+def long_text():
+    """8,000 characters as people see them: emoji of several code points, marks above letters,
+    writing from right to left, several scripts and both kinds of line end."""
+    piece = ("Plain words, then 👩‍👩‍👧 and 🇬🇷 and 👍🏽; e\u0301 and o\u0302\u0323; שלום עולם and "
+             "مرحبا بالعالم; Ελληνικά, русский, 日本語; a \"quote\", a \\ and a tab\there.\n"
+             "Another line\r\nand the next. ")
+    text = piece * 60
+    return text[:8000].rstrip()
+
+
+def plain_ends(text):
+    return text.replace("\r\n", "\n")
+
+
+class Targets(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.service = OpenRouter()
+        cls.addClassCleanup(cls.service.stop)
+        binary = deployed(cls.service.url)
+        install_key("test-key", binary)
+        cls.vesko = Vesko(binary)
+        cls.addClassCleanup(cls.vesko.kill)
+        cls.vesko.wait_for("ready")
+
+    def setUp(self):
+        clipboard.write("what was copied before")
+        self.service.answer(WORDS)
+        self.addCleanup(hands.set_layouts, "us")
+
+    def begin(self):
+        self.vesko.begin()
+        human_pause(0.3)  # somebody says something
+
+    def end(self, words=WORDS, message=SENT):
+        """Finishes the dictation; expects the clipboard and what the user reads."""
+        self.vesko.end()
+        self.delivered(words, message)
+
+    def end_and_hold(self):
+        """Finishes the dictation, and keeps its answer back until release()."""
+        self.service.hold()
+        self.vesko.end()
+        until("the recording has reached the service", self.service.waiting)
+
+    def delivered(self, words=WORDS, message=SENT):
+        self.vesko.wait_for_text(message)
+        self.vesko.wait_for("ready")
+        self.assertEqual(clipboard.read(), words)
+
+    def released(self, **expected):
+        self.service.release()
+        self.delivered(**expected)
+
+    def holds(self, program, text):
+        """The field of the program comes to hold exactly this."""
+        try:
+            until("", lambda: program.text == text, deadline=5)
+        except AssertionError:
+            self.assertEqual(program.text, text)
+
+    def stays(self, read, value):
+        """Nothing arrives, not even late: what would be sent stands before the message."""
+        human_pause(0.3)
+        self.assertEqual(read(), value)
+
+    def into(self, program, before="", after=WORDS):
+        with program:
+            self.begin()
+            self.end()
+            self.holds(program, before + after)
+
+    def test_into_a_gtk_editor(self):
+        self.into(Mousepad())
+
+    def test_into_a_qt_editor(self):
+        self.into(FeatherPad())
+
+    def test_into_a_chromium_textarea(self):
+        self.into(Chromium("area"))
+
+    def test_into_a_chromium_input(self):
+        self.into(Chromium("line"))
+
+    def test_into_a_terminal(self):
+        self.into(Terminal())
+
+    def test_at_the_cursor_inside_text(self):
+        with Mousepad("one two") as editor:
+            hands.tap("home")
+            until("the cursor stands at the front", lambda: editor.field.caret == 0)
+            self.begin()
+            self.end()
+            self.holds(editor, WORDS + "one two")
+
+    def test_never_into_a_gtk_password_field(self):
+        with PasswordPrompt() as prompt:
+            self.begin()
+            self.end(message=NO_FIELD)
+            self.stays(lambda: len(prompt.text), 0)
+            self.assertEqual(prompt.answer(), "")
+
+    def test_never_into_a_chromium_password_field(self):
+        with Chromium("secret") as page:
+            self.begin()
+            self.end(message=NO_FIELD)
+            self.stays(lambda: page.text, "")
+
+    def test_not_after_the_focus_moved_to_another_field(self):
+        with Chromium("line") as page:
+            self.begin()
+            self.end_and_hold()
+            first, second = page.field, page.focus("entry", "other line")
+            self.released(message=MOVED)
+            self.stays(lambda: (first.text, second.text), ("", ""))
+
+    def test_not_after_the_focus_moved_to_a_password_field(self):
+        with Chromium("line") as page:
+            self.begin()
+            self.end_and_hold()
+            first, second = page.field, page.focus("password text", "secret")
+            self.released(message=MOVED)
+            self.stays(lambda: (first.text, second.text), ("", ""))
+
+    def test_not_after_another_window_was_raised(self):
+        with Mousepad() as editor, FeatherPad() as other:
+            editor.raise_window()
+            editor.focus("text")
+            self.begin()
+            self.end_and_hold()
+            other.raise_window()
+            self.released(message=MOVED)
+            self.stays(lambda: (editor.text, other.text), ("", ""))
+
+    def test_not_after_the_target_was_closed(self):
+        with Mousepad() as editor:
+            self.begin()
+            self.end_and_hold()
+            editor.kill()
+            self.released(message=MOVED)
+
+    def test_still_after_the_user_typed_on(self):
+        with Mousepad("first ") as editor:
+            hands.tap("end")
+            self.begin()
+            self.end_and_hold()
+            hands.type_letters("and more ")
+            until("the letters have arrived", lambda: editor.text == "first and more ")
+            self.released()
+            self.holds(editor, "first and more " + WORDS)
+
+    def test_still_after_the_cursor_moved(self):
+        with FeatherPad("one two") as editor:
+            hands.tap("end")
+            until("the cursor stands at the end", lambda: editor.field.caret == 7)
+            self.begin()
+            self.end_and_hold()
+            hands.tap("home")
+            until("the cursor stands at the front", lambda: editor.field.caret == 0)
+            self.released()
+            self.holds(editor, WORDS + "one two")
+
+    def test_with_the_shortcut_still_held_down(self):
+        with Mousepad() as editor:
+            self.begin()
+            for key in hands.SHORTCUT:
+                hands.press(key)
+            try:
+                self.delivered()
+                self.holds(editor, WORDS)
+            finally:
+                for key in reversed(hands.SHORTCUT):
+                    hands.release(key)
+            # Nobody presses again what the user held: no modifier stays down.
+            self.assertEqual(hands.held(), set())
+
+    def test_with_its_modifiers_held_a_moment_too_long(self):
+        with FeatherPad() as editor:
+            self.begin()
+            for key in hands.SHORTCUT:
+                hands.press(key)
+            hands.release("space")
+            human_pause(0.25)
+            hands.release("left shift")
+            hands.release("super")
+            self.delivered()
+            self.holds(editor, WORDS)
+
+    def test_with_a_russian_layout(self):
+        with Mousepad() as editor:
+            hands.set_layouts("ru", "us")
+            self.begin()
+            self.end()
+            self.holds(editor, WORDS)
+
+    def test_with_a_greek_layout_alone(self):
+        with FeatherPad() as editor:
+            hands.set_layouts("gr")
+            self.begin()
+            self.end()
+            self.holds(editor, WORDS)
+
+    def test_8000_characters_of_every_kind_into_a_gtk_editor(self):
+        self.long_into(Mousepad())
+
+    def test_8000_characters_of_every_kind_into_a_qt_editor(self):
+        self.long_into(FeatherPad())
+
+    def test_8000_characters_of_every_kind_into_chromium(self):
+        self.long_into(Chromium("area"))
+
+    def long_into(self, program):
+        text = long_text()
+        self.service.answer(text)
+        with program:
+            self.begin()
+            self.end(words=text)
+            until("all of it has arrived",
+                  lambda: plain_ends(program.text) == plain_ends(text), deadline=5)
+
+    def test_without_any_window(self):
+        self.assertEqual(eyes.active_pid(), 0)
+        self.begin()
+        self.end(message=NO_FIELD)
+
+
+if __name__ == "__main__":
+    cases.main()
