@@ -22,6 +22,7 @@ Window {
         id: surface
 
         anchors.fill: parent
+        enabled: panel.model.recording || (panel.model.libraryReady && !panel.model.busy)
         radius: Theme.radius
         color: Theme.surface
         border.color: pointer.containsMouse ? Theme.accent : Theme.outline

@@ -12,7 +12,6 @@ from .waiting import until
 
 REPOSITORY = os.path.abspath(os.path.join(os.path.dirname(__file__), "../../.."))
 BINARY = os.path.join(REPOSITORY, "build/release/bin/vesko")
-START, STOP = "Start dictation", "Stop dictation"
 
 
 def deployed(service_url):
@@ -52,7 +51,7 @@ class Vesko:
 
     def _find_panel(self):
         for window in self.app.children:
-            button = window.find(name=START) or window.find(name=STOP)
+            button = window.find(role="push button")
             if button:
                 return window, button
         return None
@@ -64,7 +63,7 @@ class Vesko:
     @property
     def phase(self):
         """"ready", "recording", or "busy" while a press would do nothing."""
-        if self.button.name == STOP:
+        if self.button.name == "Recording":
             return "recording"
         return "ready" if "enabled" in self.button.states else "busy"
 
