@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 // The five-line mark; while recording its lines follow the voice.
@@ -16,6 +18,8 @@ Row {
         model: 5
 
         Item {
+            id: line
+
             required property int index
 
             width: 1.9
@@ -26,7 +30,8 @@ Row {
                 width: parent.width
                 radius: width / 2
                 color: Theme.accent
-                height: mark.recording ? mark.speaking[parent.index] * (0.45 + 0.75 * mark.level) : mark.resting[parent.index]
+                height: mark.recording ? mark.speaking[line.index] * (0.45 + 0.75 * mark.level)
+                                       : mark.resting[line.index]
             }
         }
     }
