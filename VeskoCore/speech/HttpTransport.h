@@ -1,11 +1,11 @@
 #pragma once
 
+#include <exception>
 #include <functional>
-#include <map>
 #include <optional>
-#include <stdexcept>
 #include <stop_token>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vesko {
@@ -13,7 +13,7 @@ namespace vesko {
 // One HTTP exchange as it is to be sent.
 struct HttpRequest {
     std::string url;
-    std::string method; // "GET" or "POST"
+    std::string method; // "GET", "POST" or "DELETE"
     std::vector<std::pair<std::string, std::string>> headers;
     std::optional<std::string> body;
     double timeout = 75; // seconds without any progress
@@ -38,7 +38,7 @@ public:
         cannotConnectToHost,
         timedOut,
         cancelled,
-        other, // TLS, a cut body, a reply too large to hold
+        other, // TLS, a header that cannot be sent, an answer too large to hold
     };
     explicit URLError(Kind kind)
         : m_kind(kind)
@@ -51,7 +51,8 @@ private:
     Kind m_kind;
 };
 
-// Performs one exchange, blocking; throws URLError. A stop request ends it within moments.
+// Performs one exchange, blocking; throws URLError, or VeskoError::invalidResponse for an answer
+// that is not HTTP. A stop request ends it within moments, as cancelled.
 using HttpTransport = std::function<HTTPResult(const HttpRequest&, std::stop_token)>;
 
 } // namespace vesko

@@ -9,7 +9,7 @@ namespace vesko {
 
 // The only client of the OpenRouter HTTP API, reached with the user's own key. Holds nothing that
 // changes; any thread may use it. One call is one exchange: repeating a request, which may be
-// charged again, is the user's decision.
+// charged again, is the user's decision. A redirect is never followed: it is an http failure.
 class OpenRouterClient {
 public:
     static constexpr std::string_view defaultSTTModel = "openai/whisper-large-v3-turbo";
@@ -24,7 +24,7 @@ public:
     // empty or holds a line end is missingKey, and nothing is sent. VeskoError::http for a status
     // outside 200 to 299, URLError for a failed exchange.
     HTTPResult send(const std::string& path, const std::optional<std::string>& key,
-        const std::optional<std::string>& body, std::stop_token stop) const;
+        std::optional<std::string> body, std::stop_token stop) const;
 
     // Turns recorded audio into text. Throws VeskoError (cloudConsentRequired, missingKey,
     // invalidModel, emptyTranscript, audioTooLarge, in this order and before any network use;

@@ -1,0 +1,172 @@
+#include "VeskoCore/speech/OpenRouterClient.h"
+
+#include "VeskoCore/base/Text.h"
+#include "VeskoCore/library/VeskoError.h"
+#include "VeskoCore/speech/CurlTransport.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <curl/curl.h>
+#include <memory>
+#include <openssl/evp.h>
+#include <simdjson.h>
+#include <stdexcept>
+#include <unicode/brkiter.h>
+#include <unicode/utext.h>
+
+namespace vesko {
+
+namespace {
+
+namespace dom = simdjson::dom;
+
+void appendJsonString(std::string& json, std::string_view text)
+{
+    json += '"';
+    for (const char character : text) {
+        if (character == '"' || character == '\\') {
+            json += '\\';
+            json += character;
+        } else if (static_cast<unsigned char>(character) < 0x20) {
+            char escape[7];
+            std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(character));
+            json += escape;
+        } else {
+            json += character;
+        }
+    }
+    json += '"';
+}
+
+// Encodes straight into the body: the audio may fill 25 MiB, and one copy is enough.
+void appendBase64(std::string& json, std::string_view bytes)
+{
+    const std::size_t start = json.size();
+    json.resize(start + (bytes.size() + 2) / 3 * 4);
+    EVP_EncodeBlock(reinterpret_cast<unsigned char*>(json.data() + start),
+        reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));
+}
+
+// The first two extended grapheme clusters.
+std::string_view firstTwoCharacters(std::string_view text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<UText, decltype(&utext_close)> units(
+        utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status),
+        &utext_close);
+    const std::unique_ptr<icu::BreakIterator> characters(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    if (U_SUCCESS(status))
+        characters->setText(units.get(), status);
+    if (U_FAILURE(status))
+        throw std::runtime_error("ICU has no character boundaries");
+    characters->first();
+    const std::int32_t end = characters->next(2);
+    return end == icu::BreakIterator::DONE ? text : text.substr(0, static_cast<std::size_t>(end));
+}
+
+// A number under "cost" in the object "usage". Both may be missing or null; anything else in
+// their place makes the whole answer unreadable.
+std::optional<double> costOf(const dom::object& answer)
+{
+    dom::element usage;
+    if (answer["usage"].get(usage) != simdjson::SUCCESS || usage.is_null())
+        return std::nullopt;
+    dom::object figures;
+    if (usage.get(figures) != simdjson::SUCCESS)
+        throw VeskoError(VeskoError::invalidResponse);
+    dom::element cost;
+    if (figures["cost"].get(cost) != simdjson::SUCCESS || cost.is_null())
+        return std::nullopt;
+    double number = 0;
+    if (cost.get(number) != simdjson::SUCCESS)
+        throw VeskoError(VeskoError::invalidResponse);
+    return number;
+}
+
+TranscriptResult transcriptOf(const HTTPResult& result)
+{
+    dom::parser parser;
+    dom::object answer;
+    std::string_view text;
+    if (parser.parse(result.data).get(answer) != simdjson::SUCCESS
+        || answer["text"].get(text) != simdjson::SUCCESS)
+        throw VeskoError(VeskoError::invalidResponse);
+    const std::optional<double> cost = costOf(answer);
+    const std::string words(trimmed(text));
+    if (words.empty())
+        throw VeskoError(VeskoError::emptyTranscript);
+    return { .rawText = words,
+        .text = words,
+        .cost = cost,
+        .requestID = result.requestID,
+        .warning = std::nullopt };
+}
+
+void requireURL(const std::string& url)
+{
+    const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> parts(curl_url(), &curl_url_cleanup);
+    if (curl_url_set(parts.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK)
+        std::abort(); // a fault of this program: its addresses are its own
+}
+
+} // namespace
+
+OpenRouterClient::OpenRouterClient(std::string baseURL, HttpTransport transport)
+    : m_baseURL(std::move(baseURL))
+    , m_transport(transport ? std::move(transport) : curlTransport())
+{
+}
+
+HTTPResult OpenRouterClient::send(const std::string& path, const std::optional<std::string>& key,
+    std::optional<std::string> body, std::stop_token stop) const
+{
+    HttpRequest request{ .url = m_baseURL + path,
+        .method = body ? "POST" : "GET",
+        .headers = { { "Content-Type", "application/json" }, { "X-Title", "Vesko" } },
+        .body = std::move(body),
+        .timeout = 75 };
+    requireURL(request.url);
+    if (key) {
+        const std::string_view bearer = trimmed(*key);
+        if (bearer.empty() || bearer.find_first_of("\r\n") != std::string_view::npos)
+            throw VeskoError(VeskoError::missingKey);
+        request.headers.emplace_back("Authorization", "Bearer " + std::string(bearer));
+    }
+    HTTPResult result = m_transport(request, std::move(stop));
+    if (result.status < 200 || result.status > 299)
+        throw VeskoError::http(result.status);
+    return result;
+}
+
+TranscriptResult OpenRouterClient::transcribe(const std::string& audio, const std::string& format,
+    const std::string& model, const std::optional<std::string>& language, const std::string& key,
+    bool allowProcessing, std::stop_token stop) const
+{
+    if (!allowProcessing)
+        throw VeskoError(VeskoError::cloudConsentRequired);
+    if (trimmed(key).empty())
+        throw VeskoError(VeskoError::missingKey);
+    if (trimmed(model).empty())
+        throw VeskoError(VeskoError::invalidModel);
+    if (audio.empty())
+        throw VeskoError(VeskoError::emptyTranscript);
+    if (audio.size() > audioLimit)
+        throw VeskoError(VeskoError::audioTooLarge);
+
+    std::string body = R"({"model":)";
+    appendJsonString(body, model);
+    body += R"(,"input_audio":{"data":")";
+    appendBase64(body, audio);
+    body += R"(","format":)";
+    appendJsonString(body, format);
+    body += R"(},"response_format":"json")";
+    if (language && !language->empty() && *language != "auto") {
+        body += R"(,"language":)";
+        appendJsonString(body, firstTwoCharacters(*language));
+    }
+    body += '}';
+    return transcriptOf(send("audio/transcriptions", key, std::move(body), std::move(stop)));
+}
+
+} // namespace vesko
