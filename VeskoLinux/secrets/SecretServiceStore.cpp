@@ -1,0 +1,170 @@
+#include "VeskoLinux/secrets/SecretServiceStore.h"
+
+#include <libsecret/secret.h>
+
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace vesko {
+
+namespace {
+
+struct Unref {
+    void operator()(gpointer object) const { g_object_unref(object); }
+};
+template <class T>
+using Object = std::unique_ptr<T, Unref>;
+
+struct FreeItems {
+    void operator()(GList* items) const { g_list_free_full(items, g_object_unref); }
+};
+using Items = std::unique_ptr<GList, FreeItems>;
+
+struct UnrefValue {
+    void operator()(SecretValue* value) const { secret_value_unref(value); }
+};
+using Value = std::unique_ptr<SecretValue, UnrefValue>;
+
+struct UnrefTable {
+    void operator()(GHashTable* table) const { g_hash_table_unref(table); }
+};
+using Attributes = std::unique_ptr<GHashTable, UnrefTable>;
+
+// The name of a schema is no part of the match, so that a key put there with secret-tool is
+// found too.
+const SecretSchema schema{ "app.vesko.openrouter", SECRET_SCHEMA_DONT_MATCH_NAME,
+    { { "service", SECRET_SCHEMA_ATTRIBUTE_STRING }, { "account", SECRET_SCHEMA_ATTRIBUTE_STRING },
+        { nullptr, {} } },
+    0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr };
+
+Attributes attributesOf(const std::string& account)
+{
+    return Attributes(secret_attributes_build(
+        &schema, "service", "app.vesko.openrouter", "account", account.c_str(), nullptr));
+}
+
+// Cancels what is under way when its time is up.
+class Deadline {
+public:
+    explicit Deadline(std::chrono::milliseconds patience)
+        : m_cancellable(g_cancellable_new())
+        , m_thread([this, patience](const std::stop_token& done) {
+            std::unique_lock lock(m_mutex);
+            m_waiting.wait_for(lock, done, patience, [] { return false; });
+            if (!done.stop_requested())
+                g_cancellable_cancel(m_cancellable.get());
+        })
+    {
+    }
+    GCancellable* cancellable() const { return m_cancellable.get(); }
+
+private:
+    Object<GCancellable> m_cancellable;
+    std::mutex m_mutex;
+    std::condition_variable_any m_waiting;
+    std::jthread m_thread;
+};
+
+// One conversation with the store. Nothing is kept between two: a store that was started, or
+// started again, in the meantime is found.
+class Conversation {
+public:
+    explicit Conversation(std::chrono::milliseconds patience)
+        : m_deadline(patience)
+        , m_bus(g_bus_get_sync(G_BUS_TYPE_SESSION, m_deadline.cancellable(), nullptr))
+    {
+        if (!m_bus)
+            throw KeychainFailure();
+        // GLib would end the whole program, a recording included, when the bus goes away.
+        g_dbus_connection_set_exit_on_close(m_bus.get(), FALSE);
+        m_service.reset(secret_service_open_sync(SECRET_TYPE_SERVICE, nullptr,
+            SECRET_SERVICE_OPEN_SESSION, m_deadline.cancellable(), nullptr));
+        if (!m_service)
+            throw KeychainFailure();
+    }
+
+    // Stores list the items of locked rings too, so no item means that there is none. An item
+    // whose ring stayed locked comes without its secret.
+    Items find(const std::string& account, int flags)
+    {
+        GError* error = nullptr;
+        const auto attributes = attributesOf(account);
+        Items items(secret_service_search_sync(m_service.get(), &schema, attributes.get(),
+            static_cast<SecretSearchFlags>(flags | SECRET_SEARCH_UNLOCK), m_deadline.cancellable(),
+            &error));
+        // The search swallows a cancelled unlock.
+        if (error || g_cancellable_is_cancelled(m_deadline.cancellable())) {
+            g_clear_error(&error);
+            throw KeychainFailure();
+        }
+        return items;
+    }
+
+    SecretService* service() const { return m_service.get(); }
+    GCancellable* cancellable() const { return m_deadline.cancellable(); }
+
+private:
+    Deadline m_deadline;
+    Object<GDBusConnection> m_bus;
+    Object<SecretService> m_service;
+};
+
+void require(gboolean done)
+{
+    if (!done)
+        throw KeychainFailure();
+}
+
+bool isUtf8(const char* bytes, gsize length)
+{
+    return g_utf8_validate_len(bytes, length, nullptr);
+}
+
+} // namespace
+
+std::optional<std::string> SecretServiceStore::load(const std::string& account)
+{
+    Conversation store(m_patience);
+    const auto items = store.find(account, SECRET_SEARCH_LOAD_SECRETS);
+    if (!items)
+        return std::nullopt;
+    const Value value(secret_item_get_secret(SECRET_ITEM(items->data)));
+    if (!value)
+        throw KeychainFailure();
+    gsize length = 0;
+    const char* bytes = secret_value_get(value.get(), &length);
+    if (!isUtf8(bytes, length))
+        throw KeychainFailure();
+    return std::string(bytes, length);
+}
+
+void SecretServiceStore::save(const std::string& value, const std::string& account)
+{
+    if (!isUtf8(value.data(), value.size()))
+        throw KeychainFailure();
+    Conversation store(m_patience);
+    // libsecret keeps its copy in memory that is never swapped and wipes it.
+    const Value secret(
+        secret_value_new(value.data(), static_cast<gssize>(value.size()), "text/plain"));
+    if (const auto items = store.find(account, SECRET_SEARCH_NONE)) {
+        require(secret_item_set_secret_sync(
+            SECRET_ITEM(items->data), secret.get(), store.cancellable(), nullptr));
+        return;
+    }
+    const auto attributes = attributesOf(account);
+    const auto label = "Vesko: " + account;
+    require(secret_service_store_sync(store.service(), &schema, attributes.get(),
+        SECRET_COLLECTION_DEFAULT, label.c_str(), secret.get(), store.cancellable(), nullptr));
+}
+
+void SecretServiceStore::remove(const std::string& account)
+{
+    Conversation store(m_patience);
+    const auto items = store.find(account, SECRET_SEARCH_ALL);
+    for (const GList* item = items.get(); item; item = item->next)
+        require(secret_item_delete_sync(SECRET_ITEM(item->data), store.cancellable(), nullptr));
+}
+
+} // namespace vesko
