@@ -91,10 +91,15 @@ void storeAsAnotherProgram(const char* account, const std::string& value)
         0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr };
     SecretValue* secret
         = secret_value_new(value.data(), static_cast<gssize>(value.size()), "text/plain");
-    EXPECT_TRUE(secret_password_store_binary_sync(&generic, SECRET_COLLECTION_DEFAULT, "Key",
-        secret, nullptr, nullptr, "service", "app.vesko.openrouter", "account", account, nullptr));
+    GHashTable* attributes = secret_attributes_build(
+        &generic, "service", "app.vesko.openrouter", "account", account, nullptr);
+    SecretService* service = secret_service_open_sync(
+        SECRET_TYPE_SERVICE, nullptr, SECRET_SERVICE_OPEN_SESSION, nullptr, nullptr);
+    EXPECT_TRUE(secret_service_store_sync(
+        service, &generic, attributes, SECRET_COLLECTION_DEFAULT, "Key", secret, nullptr, nullptr));
+    g_object_unref(service);
+    g_hash_table_unref(attributes);
     secret_value_unref(secret);
-    secret_service_disconnect();
 }
 
 class WithKeyring : public testing::Test {
