@@ -36,9 +36,8 @@ public:
     // The latest average power in decibels, 0 for full scale, -160 for silence or when idle.
     virtual double averagePower() const = 0;
 
-    // Ends the recording, or forgets what is held before a start; 0 when idle. What was spoken
-    // until now is in the file once the value
-    // that finished() gives has come. Seconds.
+    // Ends the recording, or forgets what is held before a start; 0 when idle. Seconds. What was
+    // spoken until now is in the file once the value that finished() gives has come.
     virtual double stop() = 0;
     // Comes when the last recording that was stopped is an ordinary, whole file, or could not be
     // made one. At once when none is under way.

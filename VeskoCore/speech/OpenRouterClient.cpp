@@ -1,10 +1,10 @@
 #include "VeskoCore/speech/OpenRouterClient.h"
 
+#include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/base/Text.h"
 #include "VeskoCore/library/VeskoError.h"
 #include "VeskoCore/speech/CurlTransport.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <curl/curl.h>
 #include <memory>
@@ -16,35 +16,44 @@
 
 namespace vesko {
 
+// The body of the speech call.
+struct InputAudio {
+    std::string data; // base64
+    std::string format;
+};
+
+struct SpeechRequest {
+    InputAudio inputAudio;
+    std::optional<std::string> language;
+    std::string model;
+    std::string responseFormat;
+};
+
+template <>
+inline constexpr std::tuple jsonFields<InputAudio>{
+    JsonField{ "data", &InputAudio::data },
+    JsonField{ "format", &InputAudio::format },
+};
+
+template <>
+inline constexpr std::tuple jsonFields<SpeechRequest>{
+    JsonField{ "input_audio", &SpeechRequest::inputAudio },
+    JsonField{ "language", &SpeechRequest::language },
+    JsonField{ "model", &SpeechRequest::model },
+    JsonField{ "response_format", &SpeechRequest::responseFormat },
+};
+
 namespace {
 
 namespace dom = simdjson::dom;
 
-void appendJsonString(std::string& json, std::string_view text)
+// Standard base64 with padding, in one line.
+std::string base64(std::string_view bytes)
 {
-    json += '"';
-    for (const char character : text) {
-        if (character == '"' || character == '\\') {
-            json += '\\';
-            json += character;
-        } else if (static_cast<unsigned char>(character) < 0x20) {
-            char escape[7];
-            std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(character));
-            json += escape;
-        } else {
-            json += character;
-        }
-    }
-    json += '"';
-}
-
-// Encodes straight into the body: the audio may fill 25 MiB, and one copy is enough.
-void appendBase64(std::string& json, std::string_view bytes)
-{
-    const std::size_t start = json.size();
-    json.resize(start + (bytes.size() + 2) / 3 * 4);
-    EVP_EncodeBlock(reinterpret_cast<unsigned char*>(json.data() + start),
+    std::string text((bytes.size() + 2) / 3 * 4, '\0');
+    EVP_EncodeBlock(reinterpret_cast<unsigned char*>(text.data()),
         reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));
+    return text;
 }
 
 // The first two extended grapheme clusters.
@@ -154,18 +163,13 @@ TranscriptResult OpenRouterClient::transcribe(const std::string& audio, const st
     if (audio.size() > audioLimit)
         throw VeskoError(VeskoError::audioTooLarge);
 
-    std::string body = R"({"model":)";
-    appendJsonString(body, model);
-    body += R"(,"input_audio":{"data":")";
-    appendBase64(body, audio);
-    body += R"(","format":)";
-    appendJsonString(body, format);
-    body += R"(},"response_format":"json")";
-    if (language && !language->empty() && *language != "auto") {
-        body += R"(,"language":)";
-        appendJsonString(body, firstTwoCharacters(*language));
-    }
-    body += '}';
+    SpeechRequest request{ .inputAudio = { base64(audio), format },
+        .language = std::nullopt,
+        .model = model,
+        .responseFormat = "json" };
+    if (language && !language->empty() && *language != "auto")
+        request.language = firstTwoCharacters(*language);
+    auto body = JsonWriter::write(request, JsonWriter::Form::compact);
     return transcriptOf(send("audio/transcriptions", key, std::move(body), std::move(stop)));
 }
 

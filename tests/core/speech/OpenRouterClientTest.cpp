@@ -220,8 +220,8 @@ TEST(OpenRouterClientTranscribe, SendsTheAudioInOneDocument)
     EXPECT_EQ(request.method, "POST");
     EXPECT_EQ(header(request, "Authorization"), "Bearer test-key");
     EXPECT_EQ(request.body,
-        R"({"model":"openai/whisper-large-v3-turbo","input_audio":{"data":"dm9pY2U=","format":"m4a"},)"
-        R"("response_format":"json"})");
+        R"({"input_audio":{"data":"dm9pY2U=","format":"m4a"},)"
+        R"("model":"openai\/whisper-large-v3-turbo","response_format":"json"})");
 }
 
 TEST(OpenRouterClientTranscribe, TheAudioIsStandardBase64WithPaddingAndNoLineBreaks)
@@ -463,8 +463,8 @@ TEST(OpenRouterClientOnTheWire, ASpeechCallFromBothSides)
         .warning = std::nullopt };
     EXPECT_EQ(result, expected);
     const std::string body
-        = R"({"model":"openai/whisper-large-v3-turbo","input_audio":{"data":"dm9pY2U=","format":"m4a"},)"
-          R"("response_format":"json","language":"en"})";
+        = R"({"input_audio":{"data":"dm9pY2U=","format":"m4a"},"language":"en",)"
+          R"("model":"openai\/whisper-large-v3-turbo","response_format":"json"})";
     EXPECT_EQ(server.onlyRequest().bytes,
         "POST /api/v1/audio/transcriptions HTTP/1.1\r\nHost: 127.0.0.1:"
             + std::to_string(server.port())
