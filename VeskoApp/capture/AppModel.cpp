@@ -1,5 +1,6 @@
 #include "VeskoApp/capture/AppModel.h"
 
+#include "VeskoApp/capture/CaptureLog.h"
 #include "VeskoApp/capture/SafeMessage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
@@ -7,6 +8,8 @@
 #include <utility>
 
 namespace vesko {
+
+Q_LOGGING_CATEGORY(captureLog, "app.vesko.mac.capture")
 
 AppModel::AppModel(Platform& platform, std::filesystem::path dataRoot, OpenRouterClient client)
     : m_platform(platform)
@@ -45,6 +48,7 @@ Task<> AppModel::openLibrary()
         });
         co_await refreshLibrary();
         assign(m_libraryReady, true, &AppModel::libraryReadyChanged);
+        qCInfo(captureLog, "library_ready");
     } catch (...) {
         failure = std::current_exception();
     }

@@ -9,8 +9,6 @@
 
 namespace vesko {
 
-Q_LOGGING_CATEGORY(captureLog, "app.vesko.mac.capture")
-
 void AppModel::retry(const Recording& recording, bool copyWhenDone)
 {
     if (m_phase != Phase::idle)

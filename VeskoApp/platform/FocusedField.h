@@ -23,6 +23,8 @@ public:
     virtual ~FieldElement() = default;
     // Whether both stand for one and the same element.
     virtual bool equals(const FieldElement& other) const = 0;
+    // Whether it is a terminal, in which the usual paste shortcut means something else.
+    virtual bool isTerminal() const = 0;
 };
 
 // What another program says about its focused element. Everything that could not be read is
