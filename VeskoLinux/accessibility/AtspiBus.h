@@ -1,0 +1,86 @@
+#pragma once
+
+#include "VeskoApp/async/Task.h"
+#include "VeskoLinux/accessibility/AtspiElement.h"
+#include "VeskoLinux/accessibility/FieldFacts.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QDeadlineTimer>
+#include <QObject>
+#include <QVariantList>
+
+#include <coroutine>
+#include <functional>
+#include <optional>
+
+class QDBusPendingCallWatcher;
+
+namespace vesko {
+namespace atspi {
+
+inline constexpr const char* accessible = "org.a11y.atspi.Accessible";
+inline constexpr const char* text = "org.a11y.atspi.Text";
+
+// From the answers to GetState and GetRole.
+AtspiKind kind(const QVariantList& states, const QVariantList& role);
+
+} // namespace atspi
+
+// A question already on its way to another program. co_await gives the answer's values, or nothing
+// when it failed, came too late or is not of the kind that was expected. Ask several things at
+// once by making the calls before awaiting the first.
+class AtspiCall {
+public:
+    AtspiCall(const QDBusPendingCall& call, const char* signature, QObject& home);
+    AtspiCall(AtspiCall&& other) noexcept;
+    AtspiCall& operator=(AtspiCall&&) = delete;
+    ~AtspiCall();
+
+    bool await_ready() const { return m_call.isFinished(); }
+    void await_suspend(std::coroutine_handle<> waiting);
+    std::optional<QVariantList> await_resume() const;
+
+private:
+    QDBusPendingCall m_call;
+    const char* m_signature;
+    QObject& m_home;
+    QDBusPendingCallWatcher* m_watcher = nullptr;
+};
+
+// The accessibility bus of this session. Main thread only. After open nothing here waits for
+// another program: Qt's own D-Bus thread does, and every call ends by its deadline.
+class AtspiBus : public QObject {
+    Q_OBJECT
+public:
+    ~AtspiBus() override;
+
+    // Switches accessibility on, since toolkits show nothing of themselves before that, and
+    // connects. True if the bus can be used then.
+    Task<bool> open();
+    // Whether the bus is there and accessibility is switched on.
+    bool usable() const;
+
+    // `signature` is what the answer must be.
+    AtspiCall call(const AtspiAddress& target, const char* interface, const char* method,
+        const char* signature, const QDeadlineTimer& deadline, const QVariantList& arguments = {});
+    AtspiCall property(const AtspiAddress& target, const char* interface, const char* name,
+        const QDeadlineTimer& deadline);
+    // Of the bus: "u", the process behind a name.
+    AtspiCall processOf(const QString& service, const QDeadlineTimer& deadline);
+
+    std::function<void(const AtspiAddress&)> onFocus; // the element got the focus
+    std::function<void(const QString& service)> onGone; // the program left the bus
+
+private:
+    Q_SLOT void stateChanged(const QDBusMessage& message);
+    Q_SLOT void ownerChanged(const QString& name, const QString& before, const QString& after);
+    Q_SLOT void statusChanged(const QString& interface, const QVariantMap& changed);
+
+    QDBusConnection m_connection{ QString() };
+    QString m_name; // of m_connection
+    bool m_enabled = false;
+};
+
+} // namespace vesko

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "VeskoApp/async/Eventual.h"
+#include "VeskoApp/async/TaskScope.h"
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+#include <cstdlib>
+#include <functional>
+#include <optional>
+#include <string>
+
+struct _XDisplay;
+
+namespace vesko::desktop {
+
+// Turns the event loop until the condition holds. False if that takes unreasonably long.
+bool until(const std::function<bool()>& condition);
+
+// The value of an Eventual, turning the event loop until it comes. Ends the test program if it
+// never does.
+template <class T>
+T valueOf(Eventual<T> eventual)
+{
+    std::optional<T> value;
+    TaskScope scope;
+    scope.spawn([](Eventual<T> from, std::optional<T>& to) -> Task<> { to.emplace(co_await from); }(
+                                                               std::move(eventual), value));
+    if (!until([&] { return value.has_value(); }))
+        std::abort();
+    return std::move(*value);
+}
+
+// A program of the desktop, ended with this object.
+class Program {
+public:
+    Program(const QString& name, const QStringList& arguments);
+    ~Program();
+
+    std::int32_t pid() const { return std::int32_t(m_process.processId()); }
+    void end();
+    bool ended() const { return m_process.state() == QProcess::NotRunning; }
+    std::string output(); // everything it wrote until now
+
+private:
+    QProcess m_process;
+    std::string m_output;
+};
+
+// A new file in the session's folder; gives its path.
+QString fileWith(const QString& text);
+
+using Key = unsigned char; // a key code
+
+// The user's hands on a keyboard of the X server.
+class Hands {
+public:
+    explicit Hands(const char* display = nullptr);
+    Hands(const Hands&) = delete;
+    Hands& operator=(const Hands&) = delete;
+    ~Hands();
+
+    void down(Key key) const;
+    void up(Key key) const;
+    void tap(Key key) const;
+    // The modifiers first, let go in the reverse order.
+    void chord(std::initializer_list<Key> keys) const;
+    // Of a key symbol, such as "Control_L".
+    Key key(const char* symbol) const;
+    // Whether the X server takes the key to be down.
+    bool isDown(Key key) const;
+    // The layout of that number, counted from 0, becomes active.
+    void layout(int group) const;
+
+private:
+    _XDisplay* m_display;
+};
+
+// Another program that has a global shortcut, with exactly these modifiers (as Xlib numbers them).
+class Grab {
+public:
+    Grab(Key key, unsigned modifiers);
+    Grab(const Grab&) = delete;
+    Grab& operator=(const Grab&) = delete;
+    ~Grab();
+
+private:
+    _XDisplay* m_display;
+};
+constexpr unsigned shift = 1;
+constexpr unsigned super = 1 << 6;
+
+} // namespace vesko::desktop

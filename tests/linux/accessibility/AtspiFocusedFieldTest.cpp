@@ -1,0 +1,308 @@
+#include "VeskoLinux/accessibility/AtspiFocusedField.h"
+
+#include "VeskoLinux/accessibility/AtspiElement.h"
+#include "tests/linux/Desktop.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace vesko {
+namespace {
+
+using namespace desktop;
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+class AtspiFocusedFieldTest : public testing::Test {
+protected:
+    AtspiFocusedFieldTest()
+    {
+        EXPECT_TRUE(until([this] { return m_field.read(1), read().trusted; }));
+    }
+
+    FieldReading read(std::optional<std::int32_t> process = {})
+    {
+        return valueOf(m_field.read(process));
+    }
+
+    // Reads until the program has a field in the active window.
+    FieldReading fieldOf(const Program& program)
+    {
+        FieldReading reading;
+        EXPECT_TRUE(until([&] {
+            reading = read();
+            return reading.frontmost == program.pid() && reading.element && reading.selection;
+        }));
+        return reading;
+    }
+
+    FieldReading readUntil(const std::function<bool(const FieldReading&)>& condition)
+    {
+        FieldReading reading;
+        EXPECT_TRUE(until([&] { return condition(reading = read()); }));
+        return reading;
+    }
+
+    AtspiFocusedField m_field;
+    Hands m_hands;
+};
+
+bool same(const FieldReading& one, const FieldReading& other)
+{
+    return one.element && other.element && one.element->equals(*other.element);
+}
+
+bool terminal(const FieldReading& reading)
+{
+    return reading.element->isTerminal();
+}
+
+TEST_F(AtspiFocusedFieldTest, readsWhatStandsInAnEditorInUtf16Units)
+{
+    // Faces outside the first plane, combining marks, right-to-left text and line ends.
+    QString written;
+    while (written.size() < 8'000)
+        written += text("one 😀 line, e\u0301 שלום, 👩‍👩‍👧 and an end\n");
+    for (const char* editor : { "mousepad", "featherpad" }) {
+        SCOPED_TRACE(editor);
+        const Program program(text(editor), { fileWith(written) });
+        const auto first = fieldOf(program);
+        EXPECT_TRUE(first.trusted);
+        EXPECT_EQ(first.role, "AXTextArea");
+        EXPECT_EQ(first.subrole, std::nullopt);
+        EXPECT_FALSE(terminal(first));
+        EXPECT_EQ(first.selection, (TextRange{ 0, 0 }));
+
+        m_hands.chord({ m_hands.key("Control_L"), m_hands.key("End") });
+        const auto last = readUntil(
+            [&](const auto& reading) { return reading.selection && reading.selection->location; });
+        EXPECT_TRUE(same(first, last));
+        ASSERT_TRUE(last.value);
+        const auto value = QString::fromStdString(*last.value);
+        EXPECT_TRUE(value.startsWith(written.trimmed()));
+        EXPECT_EQ(last.selection, (TextRange{ value.size(), 0 }));
+
+        m_hands.chord({ m_hands.key("Control_L"), m_hands.key("a") });
+        const auto all = readUntil(
+            [&](const auto& reading) { return reading.selection && reading.selection->length; });
+        EXPECT_EQ(all.selection, (TextRange{ 0, value.size() }));
+    }
+}
+
+TEST_F(AtspiFocusedFieldTest, readsOfALongTextJustMoreThanIsWatched)
+{
+    const Program program(text("mousepad"), { fileWith(QString(100'000, QLatin1Char('x'))) });
+    EXPECT_EQ(fieldOf(program).value, std::string(32'769, 'x'));
+}
+
+TEST_F(AtspiFocusedFieldTest, neverReadsAPassword)
+{
+    const Program program(text("zenity"), { text("--password") });
+    const auto empty = fieldOf(program);
+    m_hands.tap(m_hands.key("s"));
+    const auto typed
+        = readUntil([&](const auto& reading) { return reading.selection != empty.selection; });
+    EXPECT_EQ(typed.subrole, "AXSecureTextField");
+    EXPECT_EQ(typed.role, "AXTextField");
+    EXPECT_EQ(typed.value, std::nullopt);
+}
+
+TEST_F(AtspiFocusedFieldTest, tellsFieldsOfOneWindowApart)
+{
+    const Program program(
+        text("zenity"), { text("--forms"), text("--add-entry=one"), text("--add-entry=two") });
+    const auto first = fieldOf(program);
+    EXPECT_EQ(first.role, "AXTextField");
+    EXPECT_EQ(first.value, "");
+    m_hands.tap(m_hands.key("Tab"));
+    const auto second = readUntil(
+        [&](const auto& reading) { return reading.selection && !same(first, reading); });
+    EXPECT_EQ(second.role, "AXTextField");
+    m_hands.chord({ m_hands.key("Shift_L"), m_hands.key("Tab") });
+    readUntil([&](const auto& reading) { return same(first, reading); });
+}
+
+TEST_F(AtspiFocusedFieldTest, aFocusOutsideFieldsIsNoField)
+{
+    const Program program(text("zenity"), { text("--forms"), text("--add-entry=one") });
+    const auto field = fieldOf(program);
+    m_hands.tap(m_hands.key("Tab"));
+    const auto button
+        = readUntil([&](const auto& reading) { return !same(field, reading) && reading.role; });
+    EXPECT_EQ(button.role, "push button");
+    EXPECT_EQ(button.value, std::nullopt);
+}
+
+TEST_F(AtspiFocusedFieldTest, textToReadIsNotWritable)
+{
+    const Program program(
+        text("zenity"), { text("--text-info"), text("--filename=") + fileWith(text("read me")) });
+    auto reading = readUntil([&](const auto& now) {
+        if (now.frontmost == program.pid() && now.value != "read me")
+            m_hands.tap(m_hands.key("Tab")); // the buttons have the focus first
+        return now.value && now.value->starts_with("read me");
+    });
+    EXPECT_EQ(reading.role, "text");
+}
+
+TEST_F(AtspiFocusedFieldTest, knowsATerminal)
+{
+    const Program program(text("xfce4-terminal"), { text("--disable-server") });
+    const auto reading = fieldOf(program);
+    EXPECT_EQ(reading.role, "AXTextArea");
+    EXPECT_TRUE(terminal(reading));
+}
+
+TEST_F(AtspiFocusedFieldTest, readsThePagesOfABrowser)
+{
+    const auto page = text("<textarea autofocus>area 😀</textarea><input value=line>"
+                           "<input type=search value=find><input type=password value=secret>"
+                           "<div contenteditable>edit</div>");
+    const auto profile = qEnvironmentVariable("SESSION_DIR") + text("/chromium");
+    const Program program(text("chromium"),
+        { text("--no-sandbox"), text("--force-renderer-accessibility"), text("--no-first-run"),
+            text("--disable-gpu"), text("--user-data-dir=") + profile,
+            text("data:text/html;charset=utf-8,") + page });
+    struct Case {
+        const char* name;
+        const char* role;
+        std::optional<std::string> subrole, value;
+    };
+    const Case cases[] = {
+        { "textarea", "AXTextArea", {}, "area 😀" },
+        { "input", "AXTextField", {}, "line" },
+        { "search", "AXSearchField", {}, "find" },
+        { "password", "AXTextField", "AXSecureTextField", {} },
+        { "contenteditable", "AXTextArea", {}, "edit" },
+    };
+    FieldReading before;
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        const auto reading = readUntil([&](const auto& now) {
+            return now.frontmost == program.pid() && now.role == one.role
+                && now.subrole == one.subrole && now.value == one.value && now.selection;
+        });
+        EXPECT_FALSE(same(before, reading));
+        before = reading;
+        m_hands.tap(m_hands.key("Tab"));
+    }
+}
+
+TEST_F(AtspiFocusedFieldTest, aHeldShortcutDoesNotTakeTheFieldAway)
+{
+    const auto space = m_hands.key("space");
+    const auto super = m_hands.key("Super_L");
+    const auto shift = m_hands.key("Shift_L");
+    const Grab grab(space, desktop::shift | desktop::super);
+    for (const char* editor : { "mousepad", "featherpad" }) {
+        SCOPED_TRACE(editor);
+        const Program program(text(editor), {});
+        const auto before = fieldOf(program);
+        for (const Key key : { super, shift, space })
+            m_hands.down(key);
+        // The editor learns of the grab in its own time; the answer must not depend on it.
+        for (int time = 0; time < 50; ++time) {
+            const auto during = read();
+            EXPECT_TRUE(same(before, during));
+            EXPECT_EQ(during.selection, before.selection);
+            EXPECT_EQ(during.value, before.value);
+        }
+        for (const Key key : { space, shift, super })
+            m_hands.up(key);
+        EXPECT_TRUE(same(before, read()));
+        EXPECT_TRUE(same(before, fieldOf(program)));
+    }
+}
+
+TEST_F(AtspiFocusedFieldTest, anotherWindowIsFrontmostAndTheFirstKeepsItsField)
+{
+    const Program editor(text("mousepad"), {});
+    const auto field = fieldOf(editor);
+    {
+        const Program dialog(text("zenity"), { text("--entry") });
+        const auto other = fieldOf(dialog);
+        EXPECT_FALSE(same(field, other));
+        const auto behind = read(editor.pid());
+        EXPECT_EQ(behind.frontmost, dialog.pid());
+        EXPECT_TRUE(same(field, behind));
+    }
+    const auto again = fieldOf(editor);
+    EXPECT_TRUE(same(field, again));
+}
+
+TEST_F(AtspiFocusedFieldTest, findsAFieldThatHadTheFocusBeforeAnyoneListened)
+{
+    for (const char* editor : { "mousepad", "featherpad" }) {
+        SCOPED_TRACE(editor);
+        const Program program(text(editor), {});
+        const auto followed = fieldOf(program);
+        AtspiFocusedField later;
+        FieldReading found;
+        EXPECT_TRUE(until([&] { return (found = valueOf(later.read({}))).trusted; }));
+        EXPECT_TRUE(same(followed, found));
+    }
+}
+
+TEST_F(AtspiFocusedFieldTest, aProgramThatEndedHasNoField)
+{
+    Program program(text("mousepad"), {});
+    const auto field = fieldOf(program);
+    const auto pid = program.pid();
+    program.end();
+    const auto reading = read(pid);
+    EXPECT_TRUE(reading.trusted);
+    EXPECT_EQ(reading.element, nullptr);
+    EXPECT_EQ(reading.value, std::nullopt);
+}
+
+TEST_F(AtspiFocusedFieldTest, aHungProgramGivesNoFactsAndHoldsNobodyUp)
+{
+    const Program hung(text("mousepad"), { fileWith(text("hung")) });
+    const auto field = fieldOf(hung);
+    ASSERT_EQ(kill(hung.pid(), SIGSTOP), 0);
+    QElapsedTimer time;
+    time.start();
+    const auto answer = m_field.read({});
+    EXPECT_LT(time.elapsed(), 50) << "asking does not wait";
+    const auto reading = valueOf(answer);
+    EXPECT_LT(time.elapsed(), 1'500);
+    EXPECT_EQ(reading.frontmost, hung.pid());
+    EXPECT_EQ(reading.element, nullptr);
+    EXPECT_EQ(reading.value, std::nullopt);
+    ASSERT_EQ(kill(hung.pid(), SIGCONT), 0);
+    EXPECT_TRUE(same(field, fieldOf(hung)));
+}
+
+TEST_F(AtspiFocusedFieldTest, takesLittleTime)
+{
+    for (const char* editor : { "mousepad", "featherpad" }) {
+        const Program program(text(editor), { fileWith(text("a line\n").repeated(50)) });
+        fieldOf(program);
+        std::vector<double> times, calls;
+        for (int count = 0; count < 50; ++count) {
+            QElapsedTimer time;
+            time.start();
+            const auto answer = m_field.read({});
+            calls.push_back(double(time.nsecsElapsed()) / 1e6);
+            valueOf(answer);
+            times.push_back(double(time.nsecsElapsed()) / 1e6);
+        }
+        std::ranges::sort(times);
+        std::ranges::sort(calls);
+        std::printf("[ measured ] %s: read %.2f ms (median of 50, longest %.2f), of which the "
+                    "caller waits %.2f ms\n",
+            editor, times[25], times.back(), calls[25]);
+    }
+}
+
+} // namespace
+} // namespace vesko
