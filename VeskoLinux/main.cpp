@@ -1,0 +1,144 @@
+// The process: names the concrete parts of this desktop, and hands them to the program.
+
+#include "VeskoApp/async/QtClock.h"
+#include "VeskoApp/capture/AppModel.h"
+#include "VeskoApp/shell/AppDelegate.h"
+#include "VeskoApp/shell/Deployment.h"
+#include "VeskoApp/shell/KeyInstaller.h"
+#include "VeskoLinux/accessibility/AtspiFocusedField.h"
+#include "VeskoLinux/audio/GstPlayer.h"
+#include "VeskoLinux/audio/GstRecorder.h"
+#include "VeskoLinux/desktop/CborSettings.h"
+#include "VeskoLinux/desktop/QtClipboard.h"
+#include "VeskoLinux/desktop/TerminationSignals.h"
+#include "VeskoLinux/desktop/TrayStatusItem.h"
+#include "VeskoLinux/desktop/XdgFolders.h"
+#include "VeskoLinux/desktop/XdgLoginItem.h"
+#include "VeskoLinux/input/SentKeys.h"
+#include "VeskoLinux/input/X11GlobalShortcut.h"
+#include "VeskoLinux/input/X11KeyMonitor.h"
+#include "VeskoLinux/input/X11PasteKeystroke.h"
+#include "VeskoLinux/secrets/SecretServiceStore.h"
+#include "VeskoLinux/speech/PocketSphinxRecognizer.h"
+
+#include <QApplication>
+#include <QQmlApplicationEngine>
+#include <QQuickWindow>
+#include <QTranslator>
+#include <QtPlugin>
+
+#include <cstdlib>
+#include <iostream>
+#include <span>
+#include <string_view>
+
+Q_IMPORT_QML_PLUGIN(Vesko_ViewsPlugin)
+
+namespace vesko {
+
+namespace {
+
+enum class Start { application, keyInstaller, refused };
+
+Start readArguments(std::span<char*> arguments)
+{
+    Start start = Start::application;
+    for (const std::string_view argument : arguments.subspan(1)) {
+        if (argument == "--install-openrouter-key")
+            start = Start::keyInstaller;
+        // The program starts in the background as long as it has no window to open.
+        else if (argument != "--background")
+            return Start::refused;
+    }
+    return start;
+}
+
+int installKeyFromEnvironment()
+{
+    SecretServiceStore secrets;
+    CborSettings settings(configFolder());
+    return installKey(std::getenv("OPENROUTER_API_KEY"), secrets, settings, std::cout, std::cerr);
+}
+
+// The floating control, shown without ever taking the focus from the user's field.
+QQuickWindow* makeCapturePanel(QQmlApplicationEngine& engine, AppModel& model)
+{
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine.setInitialProperties({ { QStringLiteral("model"), QVariant::fromValue(&model) } });
+    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Vesko/Views/CapturePanel.qml")));
+    auto* panel = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
+    if (!panel)
+        throw std::runtime_error("the floating control could not be made");
+    panel->setProperty("_q_showWithoutActivating", true);
+    return panel;
+}
+
+int runApplication(int argc, char** argv)
+{
+    // Two small windows don't need a graphics driver, which costs more memory than all the rest.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("vesko"));
+    QApplication::setDesktopFileName(QStringLiteral("app.vesko.Vesko"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    const auto deployment = Deployment::read(deploymentFolders());
+    QApplication::setApplicationVersion(QString::fromStdString(deployment.version));
+    QTranslator wording;
+    if (wording.load(QStringLiteral(":/i18n/vesko_linux_en.qm")))
+        QApplication::installTranslator(&wording);
+
+    QtClock clock;
+    GstRecorder recorder;
+    GstPlayer player;
+    PocketSphinxRecognizer recognizer;
+    AtspiFocusedField focusedField;
+    SentKeys sentKeys;
+    X11KeyMonitor keys(sentKeys);
+    X11GlobalShortcut shortcut;
+    X11PasteKeystroke pasteKeystroke(sentKeys, clock);
+    QtClipboard clipboard;
+    SecretServiceStore secrets;
+    CborSettings settings(configFolder());
+    XdgLoginItem loginItem(configFolder());
+    TrayStatusItem statusItem;
+    Platform platform{ clock, recorder, player, recognizer, focusedField, pasteKeystroke, clipboard,
+        shortcut, keys, secrets, settings, loginItem, statusItem, dataFolder() };
+
+    AppModel model(platform,
+        AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), platform.userDataFolder),
+        OpenRouterClient(deployment.openRouterBaseURL));
+    QQmlApplicationEngine engine;
+    QQuickWindow* const panel = makeCapturePanel(engine, model);
+    AppDelegate delegate(platform, model);
+    delegate.showCaptureControl = [panel](bool shown) { panel->setVisible(shown); };
+    delegate.terminate = [] { QApplication::exit(); };
+    const TerminationSignals signals([&delegate] { delegate.quit(); });
+    QObject::connect(&application, &QApplication::aboutToQuit, [&] { delegate.willTerminate(); });
+    delegate.launch();
+    return QApplication::exec();
+}
+
+} // namespace
+
+} // namespace vesko
+
+int main(int argc, char** argv)
+{
+    using namespace vesko;
+    try {
+        switch (readArguments({ argv, static_cast<std::size_t>(argc) })) {
+        case Start::application:
+            return runApplication(argc, argv);
+        case Start::keyInstaller:
+            return installKeyFromEnvironment();
+        case Start::refused:
+            std::cerr << "vesko: unknown argument\n"
+                         "usage: vesko [--background] [--install-openrouter-key]\n";
+            return 2;
+        }
+    } catch (const std::exception& error) {
+        // Nothing of the user's is in these words: only a broken installation comes here.
+        std::cerr << "vesko: " << error.what() << "\n";
+    }
+    return 1;
+}

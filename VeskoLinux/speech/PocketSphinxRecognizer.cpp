@@ -1,0 +1,138 @@
+#include "VeskoLinux/speech/PocketSphinxRecognizer.h"
+
+#include "VeskoLinux/speech/SpeechModel.h"
+#include "VeskoLinux/speech/SpeechSamples.h"
+
+#include <pocketsphinx.h>
+#include <sphinxbase/err.h>
+
+#include <array>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace vesko {
+
+namespace {
+
+struct Free {
+    void operator()(cmd_ln_t* config) const { cmd_ln_free_r(config); }
+    void operator()(ps_decoder_t* decoder) const { ps_free(decoder); }
+};
+
+std::unique_ptr<ps_decoder_t, Free> decoderFor(const SpeechModel& model)
+{
+    err_set_logfp(nullptr); // what it heard is no one else's business
+    const std::unique_ptr<cmd_ln_t, Free> config(cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm",
+        model.acoustic.c_str(), "-lm", model.language.c_str(), "-dict", model.dictionary.c_str(),
+        "-logfn", "/dev/null", nullptr));
+    std::unique_ptr<ps_decoder_t, Free> decoder(config ? ps_init(config.get()) : nullptr);
+    if (!decoder)
+        throw std::runtime_error("the speech model can't be loaded");
+    return decoder;
+}
+
+// A piece is decoded as a whole, which takes the level of all of it into account.
+std::string heard(ps_decoder_t* decoder, std::span<const std::int16_t> piece)
+{
+    if (ps_start_utt(decoder) < 0
+        || ps_process_raw(decoder, piece.data(), piece.size(), FALSE, TRUE) < 0
+        || ps_end_utt(decoder) < 0)
+        throw std::runtime_error("the decoder failed");
+    const char* words = ps_get_hyp(decoder, nullptr);
+    return words ? words : "";
+}
+
+std::string recognized(
+    const std::filesystem::path& audio, const SpeechModel& model, const std::stop_token& stop)
+{
+    const auto samples = speechSamples(audio, stop);
+    const auto decoder = decoderFor(model);
+    std::string text;
+    for (const auto piece : speechPieces(samples)) {
+        if (stop.stop_requested())
+            break;
+        const auto words = heard(decoder.get(), piece);
+        if (!words.empty())
+            text += (text.empty() ? "" : " ") + words;
+    }
+    return text;
+}
+
+} // namespace
+
+// What is left of a recognition once nobody wants it any more.
+struct PocketSphinxRecognizer::Ticket {
+    bool wanted = true;
+    std::stop_source stop;
+};
+
+PocketSphinxRecognizer::PocketSphinxRecognizer()
+    : PocketSphinxRecognizer(VESKO_SPEECH_MODELS)
+{
+}
+
+PocketSphinxRecognizer::PocketSphinxRecognizer(std::filesystem::path models)
+    : m_models(std::move(models))
+{
+}
+
+bool PocketSphinxRecognizer::supports(const std::string& language) const
+{
+    return SpeechModel::find(m_models, language).has_value();
+}
+
+// The user's messages are in this language, by the rules of the environment.
+std::string PocketSphinxRecognizer::systemLanguage() const
+{
+    for (const char* variable : std::array{ "LC_ALL", "LC_MESSAGES", "LANG" }) {
+        const char* value = std::getenv(variable);
+        if (!value || !*value)
+            continue;
+        const std::string locale(value);
+        const auto name = locale.substr(0, locale.find_first_of(".@"));
+        return name == "C" || name == "POSIX" ? "en" : name;
+    }
+    return "en";
+}
+
+std::unique_ptr<OnDeviceRecognizer::Recognition> PocketSphinxRecognizer::recognize(
+    const std::filesystem::path& audio, const std::string& language,
+    std::function<void(const Report&)> report)
+{
+    struct Running final : Recognition {
+        explicit Running(std::shared_ptr<Ticket> held)
+            : ticket(std::move(held))
+        {
+        }
+        ~Running() override
+        {
+            ticket->wanted = false;
+            ticket->stop.request_stop();
+        }
+        std::shared_ptr<Ticket> ticket;
+    };
+    auto ticket = std::make_shared<Ticket>();
+    m_tasks.spawn(run(ticket, audio, language, std::move(report)));
+    return std::make_unique<Running>(std::move(ticket));
+}
+
+Task<> PocketSphinxRecognizer::run(std::shared_ptr<Ticket> ticket, std::filesystem::path audio,
+    std::string language, std::function<void(const Report&)> report)
+{
+    Report last;
+    try {
+        last.text = co_await m_worker.run([models = m_models, audio, language, ticket] {
+            const auto model = SpeechModel::find(models, language);
+            if (!model)
+                throw std::runtime_error("there is no model for this language");
+            return recognized(audio, *model, ticket->stop.get_token());
+        });
+        last.isFinal = true;
+    } catch (const std::exception&) {
+        last.failed = true;
+    }
+    if (ticket->wanted)
+        report(last);
+}
+
+} // namespace vesko

@@ -1,0 +1,66 @@
+#include "VeskoLinux/speech/SpeechModel.h"
+
+#include <algorithm>
+#include <cctype>
+#include <vector>
+
+namespace vesko {
+
+namespace {
+
+// "en_GB.UTF-8" is "en-gb".
+std::string normalized(const std::string& tag)
+{
+    std::string text = tag.substr(0, tag.find_first_of(".@"));
+    std::ranges::replace(text, '_', '-');
+    std::ranges::transform(
+        text, text.begin(), [](unsigned char letter) { return std::tolower(letter); });
+    return text;
+}
+
+std::string language(const std::string& normalizedTag)
+{
+    return normalizedTag.substr(0, normalizedTag.find('-'));
+}
+
+std::optional<SpeechModel> modelIn(const std::filesystem::path& folder)
+{
+    SpeechModel model;
+    std::error_code ignored; // a folder that can't be read holds no model
+    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
+        const auto name = entry.path().filename().string();
+        if (std::filesystem::exists(entry.path() / "mdef", ignored))
+            model.acoustic = entry.path();
+        else if (name.ends_with(".dict"))
+            model.dictionary = entry.path();
+        // The other kind of language model is one of sounds, not of words.
+        else if ((name.ends_with(".lm.bin") || name.ends_with(".lm"))
+            && name.find("phone") == std::string::npos)
+            model.language = entry.path();
+    }
+    if (model.acoustic.empty() || model.language.empty() || model.dictionary.empty())
+        return std::nullopt;
+    return model;
+}
+
+} // namespace
+
+std::optional<SpeechModel> SpeechModel::find(
+    const std::filesystem::path& models, const std::string& tag)
+{
+    const auto wanted = normalized(tag);
+    std::vector<std::filesystem::path> folders;
+    std::error_code ignored; // without the folder there are no models
+    for (const auto& entry : std::filesystem::directory_iterator(models, ignored))
+        if (language(normalized(entry.path().filename().string())) == language(wanted))
+            folders.push_back(entry.path());
+    std::ranges::sort(folders, {}, [&](const auto& folder) {
+        return std::pair(normalized(folder.filename().string()) != wanted, folder);
+    });
+    for (const auto& folder : folders)
+        if (auto model = modelIn(folder))
+            return model;
+    return std::nullopt;
+}
+
+} // namespace vesko

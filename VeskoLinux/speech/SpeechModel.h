@@ -1,0 +1,21 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace vesko {
+
+// An installed model of one language.
+struct SpeechModel {
+    std::filesystem::path acoustic; // a folder
+    std::filesystem::path language;
+    std::filesystem::path dictionary;
+
+    // The model for a language tag, such as "en", "en-US" or "en_GB.UTF-8", among the folders that
+    // are named after a language: the same region if there is one, else any of the language.
+    static std::optional<SpeechModel> find(
+        const std::filesystem::path& models, const std::string& tag);
+};
+
+} // namespace vesko

@@ -1,0 +1,114 @@
+#include "VeskoLinux/speech/SpeechSamples.h"
+
+#include <gst/app/gstappsink.h>
+#include <gst/gst.h>
+
+#include <memory>
+#include <stdexcept>
+
+namespace vesko {
+
+namespace {
+
+constexpr auto description
+    = "filesrc name=file ! qtdemux ! aacparse ! avdec_aac ! audioconvert dithering=none"
+      " ! audioresample quality=10 ! audio/x-raw,format=S16LE,rate=16000,channels=1"
+      " ! appsink name=sink sync=false max-buffers=64";
+constexpr std::size_t longest = std::size_t{ 3600 } * speechRate;
+
+struct Unref {
+    void operator()(GstElement* element) const { gst_object_unref(element); }
+    void operator()(GstSample* sample) const { gst_sample_unref(sample); }
+    void operator()(GstBus* bus) const { gst_object_unref(bus); }
+    void operator()(GstMessage* message) const { gst_message_unref(message); }
+};
+template <class T>
+using Owned = std::unique_ptr<T, Unref>;
+
+struct Stopped {
+    void operator()(GstElement* pipeline) const
+    {
+        gst_element_set_state(pipeline, GST_STATE_NULL);
+        gst_object_unref(pipeline);
+    }
+};
+
+void append(std::vector<std::int16_t>& samples, GstSample* sample)
+{
+    GstBuffer* buffer = gst_sample_get_buffer(sample);
+    GstMapInfo bytes;
+    if (!buffer || !gst_buffer_map(buffer, &bytes, GST_MAP_READ))
+        throw std::runtime_error("the decoder gave no sound");
+    const auto* first = reinterpret_cast<const std::int16_t*>(bytes.data);
+    samples.insert(samples.end(), first, first + bytes.size / sizeof(std::int16_t));
+    gst_buffer_unmap(buffer, &bytes);
+    if (samples.size() > longest)
+        throw std::runtime_error("the recording is too long");
+}
+
+std::uint64_t energy(std::span<const std::int16_t> samples)
+{
+    std::uint64_t sum = 0;
+    for (const std::int32_t sample : samples)
+        sum += static_cast<std::uint64_t>(sample * sample);
+    return sum;
+}
+
+} // namespace
+
+std::vector<std::int16_t> speechSamples(
+    const std::filesystem::path& audio, const std::stop_token& stop)
+{
+    // To open a pipe would wait for its writer.
+    if (std::error_code error; !std::filesystem::is_regular_file(audio, error))
+        throw std::runtime_error("the recording is missing");
+    if (!gst_init_check(nullptr, nullptr, nullptr))
+        throw std::runtime_error("GStreamer can't start");
+    const std::unique_ptr<GstElement, Stopped> pipeline(gst_parse_launch(description, nullptr));
+    if (!pipeline)
+        throw std::runtime_error("a part of the decoder is not installed");
+    const Owned<GstElement> source(gst_bin_get_by_name(GST_BIN(pipeline.get()), "file"));
+    const Owned<GstElement> sink(gst_bin_get_by_name(GST_BIN(pipeline.get()), "sink"));
+    const Owned<GstBus> bus(gst_element_get_bus(pipeline.get()));
+    g_object_set(source.get(), "location", audio.c_str(), nullptr);
+    gst_element_set_state(pipeline.get(), GST_STATE_PLAYING);
+
+    std::vector<std::int16_t> samples;
+    while (!stop.stop_requested()) {
+        constexpr GstClockTime glance = 50 * GST_MSECOND;
+        const Owned<GstSample> sample(
+            gst_app_sink_try_pull_sample(GST_APP_SINK(sink.get()), glance));
+        if (sample)
+            append(samples, sample.get());
+        else if (gst_app_sink_is_eos(GST_APP_SINK(sink.get())))
+            break;
+        else if (const Owned<GstMessage> failed(gst_bus_pop_filtered(bus.get(), GST_MESSAGE_ERROR));
+            failed)
+            throw std::runtime_error("the recording can't be decoded");
+    }
+    return samples;
+}
+
+std::vector<std::span<const std::int16_t>> speechPieces(std::span<const std::int16_t> samples)
+{
+    constexpr std::size_t shortest = 5 * speechRate, longestPiece = 12 * speechRate;
+    constexpr std::size_t moment = speechRate * 3 / 10, step = speechRate / 50;
+    std::vector<std::span<const std::int16_t>> pieces;
+    while (samples.size() > longestPiece) {
+        std::size_t quietest = shortest;
+        std::uint64_t least = UINT64_MAX;
+        for (std::size_t at = shortest; at + moment <= longestPiece; at += step)
+            if (const auto loudness = energy(samples.subspan(at, moment)); loudness < least) {
+                least = loudness;
+                quietest = at;
+            }
+        const std::size_t cut = quietest + moment / 2;
+        pieces.push_back(samples.first(cut));
+        samples = samples.subspan(cut);
+    }
+    if (!samples.empty())
+        pieces.push_back(samples);
+    return pieces;
+}
+
+} // namespace vesko

@@ -1,0 +1,141 @@
+#!/usr/bin/python3
+"""The budgets of the whole program, measured from outside in a private desktop session:
+
+    tests/desktop/session bench/desktop.py
+
+Prints a line for each, its fields parted by tabs: name, ours, yardstick, ratio, aim, met or over.
+Ours and the yardstick take turns.
+"""
+
+import os
+import statistics
+import subprocess
+import sys
+import threading
+import time
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path.insert(0, os.path.join(HERE, "../tests/desktop"))
+
+from lib import clipboard, hands, library  # noqa: E402
+from lib.programs import Mousepad  # noqa: E402
+from lib.service import OpenRouter  # noqa: E402
+from lib.vesko import BINARY, Vesko, deployed, install_key  # noqa: E402
+from lib.waiting import human_pause, until  # noqa: E402
+
+BARE = os.path.join(HERE, "../build/release/bench/bare_window")
+NOTES = 10_000
+ROUNDS = 9
+IDLE = 10  # seconds of doing nothing
+WORDS = "Where this lands is what matters."
+SCRIPT = f"""printf %s '{WORDS}' | xclip -selection clipboard
+xdotool key --clearmodifiers ctrl+v"""
+
+
+def report(name, ours, yardstick, aim, unit):
+    ratio = ours / yardstick if yardstick else float(ours > 0)
+    print(f"{name}, {unit}", f"{ours:.1f}", f"{yardstick:.1f}", f"{ratio:.2f}", f"{aim:.2f}",
+          "met" if ratio <= aim else "over", sep="\t", flush=True)
+
+
+def landing(editor, act):
+    """Milliseconds from act() to the words in the editor, which is empty again afterwards."""
+    began = time.monotonic()
+    act()
+    until("the words stand in the editor", lambda: editor.text == WORDS, every=0.0005)
+    took = (time.monotonic() - began) * 1000
+    hands.tap("left control", "a")
+    hands.tap("delete")
+    until("the editor is empty", lambda: editor.text == "")
+    return took
+
+
+def stop_to_text():
+    with OpenRouter() as service:
+        service.answer(WORDS)
+        binary = deployed(service.url)
+        install_key("test-key", binary)
+        ours, script = [], []
+        with Vesko(binary) as vesko, Mousepad() as editor:
+            for _ in range(ROUNDS):
+                vesko.begin()
+                human_pause(0.5)
+                ours.append(landing(editor, vesko.end))
+                vesko.wait_for("ready")
+                clipboard.write("something else")
+                script.append(landing(editor, lambda: subprocess.run(["sh", "-c", SCRIPT])))
+    report("stop to text in the editor, vs a script of xclip and xdotool",
+           statistics.median(ours), statistics.median(script), 1, "ms")
+
+
+class Started:
+    """A program and when it said that it is ready."""
+
+    def __init__(self, command, word, **environment):
+        self.began = time.monotonic()
+        self.process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                                        text=True, env={**os.environ, **environment})
+        for line in self.process.stdout:
+            if word in line:
+                break
+        self.took = (time.monotonic() - self.began) * 1000
+        # What it says later is read, so that it never waits for a reader.
+        threading.Thread(target=self.process.stdout.read, daemon=True).start()
+
+    def end(self):
+        self.process.terminate()
+        self.process.wait()
+
+
+def vesko(root):
+    return Started([BINARY, "--background"], "library_ready", VESKO_DATA_ROOT=root,
+                   QT_FORCE_STDERR_LOGGING="1")
+
+
+def start_to_ready():
+    root = os.path.join(os.environ["SESSION_DIR"], "large library")
+    library.write(root, NOTES)
+    ours, bare = [], []
+    for round in range(ROUNDS + 1):
+        for make, kept in ((lambda: vesko(root), ours), (lambda: Started([BARE], "ready"), bare)):
+            program = make()
+            if round:  # the first one warms up
+                kept.append(program.took)
+            program.end()
+    report("start to ready with 10,000 notes, vs a bare Qt Quick program",
+           statistics.median(ours), statistics.median(bare), 1.5, "ms")
+
+
+def memory(pid):
+    """Megabytes that are the process's own or its share of what others use too."""
+    with open(f"/proc/{pid}/smaps_rollup") as file:
+        return next(int(line.split()[1]) for line in file if line.startswith("Pss:")) / 1024
+
+
+def wakeups(pid):
+    """How often its threads have been put on a processor."""
+    total = 0
+    for thread in os.listdir(f"/proc/{pid}/task"):
+        with open(f"/proc/{pid}/task/{thread}/status") as file:
+            total += sum(int(line.split()[1]) for line in file if "ctxt_switches" in line)
+    return total
+
+
+def idle():
+    root = os.path.join(os.environ["SESSION_DIR"], "small library")
+    programs = [vesko(root), Started([BARE], "ready")]
+    time.sleep(3)  # whatever follows a start is over
+    before = [wakeups(program.process.pid) for program in programs]
+    time.sleep(IDLE)
+    ours, bare = (wakeups(program.process.pid) - count
+                  for program, count in zip(programs, before))
+    pss = [memory(program.process.pid) for program in programs]
+    for program in programs:
+        program.end()
+    report("memory when idle, vs a bare Qt Quick window", *pss, 1.3, "MB")
+    report(f"wake-ups in {IDLE} s of doing nothing, vs a bare Qt Quick window", ours, bare, 1, "")
+
+
+if __name__ == "__main__":
+    for measure in (idle, start_to_ready, stop_to_text):
+        measure()
