@@ -48,7 +48,6 @@ public:
     // Starts a process that ends with the test program.
     static void begin(QProcess& process, const QString& program, const QStringList& arguments)
     {
-        process.setStandardErrorFile(QProcess::nullDevice());
         process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
         process.start(program, arguments);
         if (!process.waitForStarted(deadline))
