@@ -25,7 +25,7 @@
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <QTranslator>
-#include <QtPlugin>
+#include <QtQml/QQmlExtensionPlugin>
 
 #include <cstdlib>
 #include <iostream>
@@ -92,14 +92,14 @@ int runApplication(int argc, char** argv)
     GstPlayer player;
     PocketSphinxRecognizer recognizer;
     AtspiFocusedField focusedField;
-    SentKeys sentKeys;
-    X11KeyMonitor keys(sentKeys);
+    SentKeys sentKeys(clock);
+    X11KeyMonitor keys(sentKeys, clock);
     X11GlobalShortcut shortcut;
     X11PasteKeystroke pasteKeystroke(sentKeys, clock);
     QtClipboard clipboard;
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
-    XdgLoginItem loginItem(configFolder());
+    XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
     Platform platform{ clock, recorder, player, recognizer, focusedField, pasteKeystroke, clipboard,
         shortcut, keys, secrets, settings, loginItem, statusItem, dataFolder() };

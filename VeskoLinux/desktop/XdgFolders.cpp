@@ -33,9 +33,14 @@ std::filesystem::path dataFolder()
     return folder("XDG_DATA_HOME", ".local/share");
 }
 
+std::filesystem::path programPath()
+{
+    return std::filesystem::canonical("/proc/self/exe");
+}
+
 std::vector<std::filesystem::path> deploymentFolders()
 {
-    const auto beside = std::filesystem::canonical("/proc/self/exe").parent_path();
+    const auto beside = programPath().parent_path();
     return { beside, beside.parent_path() / "share/vesko" };
 }
 

@@ -12,6 +12,8 @@ namespace vesko {
 std::filesystem::path configFolder();
 // Where programs keep the user's data.
 std::filesystem::path dataFolder();
+// The file of the running program.
+std::filesystem::path programPath();
 // Where the values of this installation may stand: beside the program, then in its data folder.
 std::vector<std::filesystem::path> deploymentFolders();
 

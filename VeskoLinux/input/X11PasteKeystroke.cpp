@@ -2,6 +2,7 @@
 
 #include "VeskoLinux/input/XcbXkb.h"
 
+#include <algorithm>
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
@@ -56,19 +57,14 @@ void X11PasteKeystroke::look()
 
 Eventual<bool> X11PasteKeystroke::send(const FieldElement& element)
 {
-    const KeyMap map(m_connection);
-    const KeyCode control = map.named("LCTL"), shift = map.named("LFSH"), paste = pasteKey(map);
-    if (!control || !shift || !paste)
+    const auto keys = shortcut(element.isTerminal());
+    if (keys.empty())
         return Eventual<bool>::of(false);
     // What the user still holds would make another shortcut of ours, and a held shortcut keeps all
     // keys from the field. Nobody presses it again: the user's own release finds it released.
     bool sent = true;
     for (const KeyCode key : heldKeys())
         sent = type(key, false) && sent;
-    std::vector<KeyCode> keys{ control };
-    if (element.isTerminal())
-        keys.push_back(shift);
-    keys.push_back(paste);
     for (const KeyCode key : keys)
         sent = type(key, true) && sent;
     for (auto key = keys.rbegin(); key != keys.rend(); ++key)
@@ -76,17 +72,31 @@ Eventual<bool> X11PasteKeystroke::send(const FieldElement& element)
     return Eventual<bool>::of(sent);
 }
 
+// The keys in the order of their presses; none if the keyboard lacks one of them.
+std::vector<KeyCode> X11PasteKeystroke::shortcut(bool terminal) const
+{
+    const KeyMap map(m_connection);
+    const KeyCode control = map.named("LCTL"), shift = map.named("LFSH"), letter = letterKey(map);
+    std::vector<KeyCode> keys{ control, letter };
+    if (terminal)
+        keys.insert(keys.begin() + 1, shift);
+    // Without a Latin layout there is no such letter. Every toolkit knows the older shortcut too.
+    else if (!letter)
+        keys = { shift, map.named("INS") };
+    if (std::ranges::find(keys, KeyCode{ 0 }) != keys.end())
+        keys.clear();
+    return keys;
+}
+
 // Where the letter is in the layout in use, else in another one: programs look for the letter of
-// a shortcut in all layouts. Else where it is on most keyboards.
-KeyCode X11PasteKeystroke::pasteKey(const KeyMap& map) const
+// a shortcut in all layouts.
+KeyCode X11PasteKeystroke::letterKey(const KeyMap& map) const
 {
     const auto state = fromX11(xcb_xkb_get_state_reply(
         m_connection, xcb_xkb_get_state(m_connection, XCB_XKB_ID_USE_CORE_KBD), nullptr));
     if (const KeyCode key = map.giving(letterV, state ? state->group : 0))
         return key;
-    if (const KeyCode key = map.giving(letterV))
-        return key;
-    return map.named("AB04");
+    return map.giving(letterV);
 }
 
 bool X11PasteKeystroke::type(KeyCode key, bool down)

@@ -10,7 +10,8 @@
 
 namespace vesko {
 
-// Types Ctrl+V, or Ctrl+Shift+V into a terminal, through XTest.
+// Types Ctrl+V through XTest: Ctrl+Shift+V into a terminal, Shift+Insert where no layout of the
+// keyboard has Latin letters.
 class X11PasteKeystroke final : public PasteKeystroke {
 public:
     // What is sent is noted in `sent`. Both outlive this.
@@ -22,7 +23,8 @@ public:
 private:
     std::vector<KeyCode> heldKeys() const;
     void look();
-    KeyCode pasteKey(const KeyMap& map) const;
+    std::vector<KeyCode> shortcut(bool terminal) const;
+    KeyCode letterKey(const KeyMap& map) const;
     bool type(KeyCode key, bool down);
 
     SentKeys& m_sent;

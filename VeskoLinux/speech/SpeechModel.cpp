@@ -18,7 +18,7 @@ std::string normalized(const std::string& tag)
     return text;
 }
 
-std::string language(const std::string& normalizedTag)
+std::string languageOf(const std::string& normalizedTag)
 {
     return normalizedTag.substr(0, normalizedTag.find('-'));
 }
@@ -52,7 +52,7 @@ std::optional<SpeechModel> SpeechModel::find(
     std::vector<std::filesystem::path> folders;
     std::error_code ignored; // without the folder there are no models
     for (const auto& entry : std::filesystem::directory_iterator(models, ignored))
-        if (language(normalized(entry.path().filename().string())) == language(wanted))
+        if (languageOf(normalized(entry.path().filename().string())) == languageOf(wanted))
             folders.push_back(entry.path());
     std::ranges::sort(folders, {}, [&](const auto& folder) {
         return std::pair(normalized(folder.filename().string()) != wanted, folder);
