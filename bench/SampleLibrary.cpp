@@ -43,24 +43,12 @@ public:
         std::string text;
         while (text.size() < bytes) {
             text += words[below(words.size())];
-            switch (below(60)) {
-            case 0:
-                text += ".\n\n";
-                break;
-            case 1:
-                text += " \"and so on\" ";
-                break;
-            case 2:
-                text += " and/or ";
-                break;
-            case 3:
-            case 4:
-            case 5:
-                text += ". ";
-                break;
-            default:
-                text += ' ';
-            }
+            const auto mark = below(300);
+            text += mark < 4 ? ".\n\n"
+                : mark < 6   ? " \"and so on\" "
+                : mark < 7   ? " and/or "
+                : mark < 25  ? ". "
+                             : " ";
         }
         return text;
     }

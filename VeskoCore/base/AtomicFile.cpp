@@ -38,6 +38,11 @@ std::optional<std::string> AtomicFile::read(std::uint64_t limit) const
 
 void AtomicFile::write(std::string_view bytes)
 {
+    write([&](const Output& output) { output(bytes); });
+}
+
+void AtomicFile::write(const Producer& producer)
+{
     const auto present = m_files.status(m_path);
     if (present && present->kind != FileStatus::regular)
         throw std::system_error(std::make_error_code(std::errc::operation_not_permitted));
@@ -45,7 +50,7 @@ void AtomicFile::write(std::string_view bytes)
     // The new content comes first: a full disk, the likeliest failure, then costs no backup.
     const auto fresh = temporaryFor(m_path);
     try {
-        fill(fresh, bytes);
+        fill(fresh, producer);
         if (present)
             duplicate(m_path, m_previous);
         m_files.rename(fresh, m_path);
@@ -74,17 +79,19 @@ void AtomicFile::dropPrevious()
         discard(m_previous);
 }
 
-void AtomicFile::fill(const std::filesystem::path& path, std::string_view bytes)
+void AtomicFile::fill(const std::filesystem::path& path, const Producer& producer)
 {
     discard(path);
     OpenFile file(m_files, path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, ownerOnly);
     m_files.setPermissions(file, ownerOnly);
-    while (!bytes.empty()) {
-        const auto written = m_files.write(file, bytes);
-        if (written == 0)
-            throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
-        bytes.remove_prefix(written);
-    }
+    producer([&](std::string_view bytes) {
+        while (!bytes.empty()) {
+            const auto written = m_files.write(file, bytes);
+            if (written == 0)
+                throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
+            bytes.remove_prefix(written);
+        }
+    });
     m_files.sync(file);
     file.close();
 }
@@ -115,7 +122,7 @@ void AtomicFile::linkOrCopy(const std::filesystem::path& from, const std::filesy
     } catch (const std::system_error&) {
         // Not every file system has links, nor may everybody's files be linked.
         if (const auto bytes = readFile(m_files, from, std::numeric_limits<off_t>::max()))
-            fill(to, *bytes);
+            fill(to, [&](const Output& output) { output(*bytes); });
     }
 }
 

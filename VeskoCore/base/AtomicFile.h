@@ -2,6 +2,8 @@
 
 #include "VeskoCore/base/FileSystem.h"
 
+#include <functional>
+
 namespace vesko {
 
 // A document that is replaced as a whole: whoever looks, whenever the process or the machine dies,
@@ -23,8 +25,14 @@ public:
     // content stands (or again no file), as long as no second call fails while it is put back.
     void write(std::string_view bytes);
 
+    // The same for content that is made piece by piece: the producer hands each to the output. A
+    // failure of the producer's own passes through, and the old content stands.
+    using Output = std::function<void(std::string_view)>;
+    using Producer = std::function<void(const Output&)>;
+    void write(const Producer& producer);
+
 private:
-    void fill(const std::filesystem::path& path, std::string_view bytes);
+    void fill(const std::filesystem::path& path, const Producer& producer);
     void duplicate(const std::filesystem::path& from, const std::filesystem::path& to);
     void linkOrCopy(const std::filesystem::path& from, const std::filesystem::path& to);
     void dropPrevious();

@@ -1,7 +1,6 @@
 #include "VeskoCore/base/Date.h"
 
-#include <array>
-#include <cstdio>
+#include <algorithm>
 
 namespace vesko {
 
@@ -15,6 +14,12 @@ int number(std::string_view digits)
     for (const char digit : digits)
         value = value * 10 + (digit - '0');
     return value;
+}
+
+void putDigits(std::array<char, 20>& text, std::size_t at, std::size_t length, unsigned value)
+{
+    for (; length > 0; --length, value /= 10)
+        text[at + length - 1] = static_cast<char>('0' + value % 10);
 }
 
 } // namespace
@@ -42,17 +47,26 @@ std::optional<Date> Date::parse(std::string_view text)
 
 std::string Date::text() const
 {
+    const auto text = characters();
+    return { text.data(), text.size() };
+}
+
+std::array<char, 20> Date::characters() const
+{
     using namespace std::chrono;
     const auto whole = floor<seconds>(time);
     const auto midnight = floor<days>(whole);
     const year_month_day day{ midnight };
     const hh_mm_ss clock{ whole - midnight };
-    std::array<char, 32> text{};
-    const int length = std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
-        static_cast<int>(day.year()), static_cast<unsigned>(day.month()),
-        static_cast<unsigned>(day.day()), static_cast<int>(clock.hours().count()),
-        static_cast<int>(clock.minutes().count()), static_cast<int>(clock.seconds().count()));
-    return { text.data(), static_cast<std::size_t>(length) };
+    std::array<char, 20> text{};
+    std::ranges::copy(pattern, text.begin());
+    putDigits(text, 0, 4, static_cast<unsigned>(static_cast<int>(day.year())));
+    putDigits(text, 5, 2, static_cast<unsigned>(day.month()));
+    putDigits(text, 8, 2, static_cast<unsigned>(day.day()));
+    putDigits(text, 11, 2, static_cast<unsigned>(clock.hours().count()));
+    putDigits(text, 14, 2, static_cast<unsigned>(clock.minutes().count()));
+    putDigits(text, 17, 2, static_cast<unsigned>(clock.seconds().count()));
+    return text;
 }
 
 } // namespace vesko

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <compare>
 #include <optional>
@@ -17,6 +18,8 @@ struct Date {
     // calendar has.
     static std::optional<Date> parse(std::string_view text);
     std::string text() const;
+    // The same without an allocation.
+    std::array<char, 20> characters() const;
 
     // Seconds from the other moment to this one.
     double since(const Date& other) const

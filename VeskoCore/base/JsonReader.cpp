@@ -2,7 +2,8 @@
 
 namespace vesko {
 
-JsonDocument::JsonDocument(const std::string& text)
+JsonDocument::JsonDocument(
+    std::string text) // NOLINT: taken by value so that it goes before the records come
 {
     if (m_parser.parse(text).get(m_root) != simdjson::SUCCESS)
         throw JsonError();

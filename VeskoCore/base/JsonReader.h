@@ -22,7 +22,7 @@ namespace vesko {
 class JsonDocument {
 public:
     // Throws JsonError. A text with 64 bytes of spare capacity is not copied.
-    explicit JsonDocument(const std::string& text);
+    explicit JsonDocument(std::string text);
     JsonDocument(const JsonDocument&) = delete;
     JsonDocument& operator=(const JsonDocument&) = delete;
 

@@ -1,13 +1,20 @@
 #pragma once
 
 #include "VeskoCore/base/Date.h"
+#include "VeskoCore/base/JsonCache.h"
 #include "VeskoCore/base/JsonError.h"
 #include "VeskoCore/base/JsonFields.h"
+#include "VeskoCore/base/SharedArray.h"
 #include "VeskoCore/base/Uuid.h"
 
+#include <algorithm>
 #include <concepts>
+#include <cstring>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace vesko {
 
@@ -19,25 +26,42 @@ namespace vesko {
 class JsonWriter {
 public:
     enum class Form : bool { pretty, compact };
+    // Takes the next piece of the text; the piece is gone afterwards.
+    using Output = std::function<void(std::string_view)>;
 
-    // The whole of one value. Throws JsonError for what JSON can't hold: a number that is not
-    // finite, text that is not UTF-8, a date outside the years 0000 to 9999.
+    // The whole of one value, piece by piece, so that no large document has to stand in memory.
+    // Throws JsonError for what JSON can't hold: a number that is not finite, text that is not
+    // UTF-8, a date outside the years 0000 to 9999, more than
+    // 64 levels. Some pieces may have gone out by then.
+    // With a cache, always the same one for the same kind of document, only what changed is
+    // encoded.
+    template <class T>
+    static void write(const T& value, Form form, Output output, JsonCache* cache = nullptr)
+    {
+        JsonWriter writer(form, std::move(output), cache);
+        writer.put(value);
+        writer.flush();
+        if (cache)
+            cache->forgetUnused();
+    }
     template <class T>
     static std::string write(const T& value, Form form)
     {
-        JsonWriter writer(form);
-        writer.put(value);
-        return writer.finished();
+        std::string text;
+        write(value, form, [&](std::string_view piece) { text += piece; });
+        return text;
     }
 
 private:
-    explicit JsonWriter(Form form)
-        : m_pretty(form == Form::pretty)
-    {
-    }
-    std::string finished();
+    // What may be appended at one go without asking for room: brackets, blanks, a key, and a value
+    // that is no text.
+    static constexpr std::size_t shortText = 100;
+    static constexpr std::size_t deepest = 64;
+    static constexpr std::size_t roomAfterEnd = 2 * deepest + 4 * shortText;
 
-    void put(bool value) { m_text += value ? "true" : "false"; }
+    JsonWriter(Form form, Output output, JsonCache* cache);
+
+    void put(bool value) { append(value ? "true" : "false"); }
     void put(std::int64_t value);
     void put(double value);
     void put(const std::string& value);
@@ -52,17 +76,18 @@ private:
     template <JsonEnumeration T>
     void put(T value)
     {
-        m_text += '"';
-        m_text += jsonNames<T>[static_cast<std::size_t>(value)];
-        m_text += '"';
+        static_assert(std::ranges::all_of(
+            jsonNames<T>, [](std::string_view name) { return name.size() < shortText; }));
+        appendQuoted(jsonNames<T>[static_cast<std::size_t>(value)]);
     }
     template <JsonRecord T>
     void put(const T& record)
     {
         static_assert(jsonKeysAreSorted<T>());
         open('{');
-        std::apply([&](const auto&... field) { (putField(field.key, record.*field.member), ...); },
-            jsonFields<T>);
+        [&]<std::size_t... index>(std::index_sequence<index...>) {
+            (putField<T, index>(record.*std::get<index>(jsonFields<T>).member), ...);
+        }(std::make_index_sequence<std::tuple_size_v<decltype(jsonFields<T>)>>());
         close('}');
     }
     template <class Array>
@@ -78,27 +103,119 @@ private:
     }
 
     template <class T>
-    void putField(std::string_view key, const T& value)
+    void put(const SharedArray<T>& array)
     {
-        nextElement();
-        putKey(key);
-        put(value);
+        open('[');
+        for (std::size_t index = 0; index < array.size(); ++index) {
+            nextElement();
+            if (m_cache)
+                putCached(array.shared(index));
+            else
+                put(array[index]);
+        }
+        close(']');
     }
     template <class T>
-    void putField(std::string_view key, const std::optional<T>& value)
+    void putCached(const std::shared_ptr<const T>& element)
     {
-        if (value)
-            putField(key, *value);
+        const auto* text = m_cache->find(element);
+        if (!text) {
+            flush();
+            std::string fresh;
+            auto output = std::exchange(m_output, [&](std::string_view piece) { fresh += piece; });
+            put(*element);
+            flush();
+            m_output = std::move(output);
+            text = &m_cache->add(element, std::move(fresh));
+        }
+        appendChecked(*text);
     }
 
-    void putKey(std::string_view key);
-    void open(char bracket);
-    void nextElement();
-    void close(char bracket);
-    void newLine();
+    // The key comes as a constant, so that the compiler copies it in a move or two.
+    template <class Record, std::size_t index, class T>
+    void putField(const T& value)
+    {
+        constexpr auto key = std::get<index>(jsonFields<Record>).key;
+        static_assert(key.size() < shortText);
+        nextElement();
+        appendQuoted(key);
+        append(m_pretty ? " : " : ":");
+        put(value);
+    }
+    template <class Record, std::size_t index, class T>
+    void putField(const std::optional<T>& value)
+    {
+        if (value)
+            putField<Record, index>(*value);
+    }
 
-    std::string m_text;
+    void open(char bracket)
+    {
+        if (m_depth == deepest)
+            throw JsonError();
+        *m_at++ = bracket;
+        m_first = true;
+        ++m_depth;
+    }
+    void nextElement()
+    {
+        if (!m_first)
+            *m_at++ = ',';
+        m_first = false;
+        newLine();
+    }
+    void close(char bracket)
+    {
+        --m_depth;
+        if (m_first && m_pretty)
+            *m_at++ = '\n';
+        newLine();
+        *m_at++ = bracket;
+        m_first = false;
+    }
+
+    // Between two of these only short texts are appended, so that it is enough to look for room
+    // here and where a user's text begins.
+    void newLine()
+    {
+        makeRoom(0);
+        if (!m_pretty)
+            return;
+        *m_at++ = '\n';
+        m_at = static_cast<char*>(std::memset(m_at, ' ', 2 * m_depth)) + 2 * m_depth;
+    }
+
+    void append(std::string_view text)
+    {
+        std::memcpy(m_at, text.data(), text.size());
+        m_at += text.size();
+    }
+    // For a text in which nothing needs an escape.
+    void appendQuoted(std::string_view text)
+    {
+        *m_at++ = '"';
+        append(text);
+        *m_at++ = '"';
+    }
+    // Makes sure of so many bytes besides the short texts that anyone may append.
+    void makeRoom(std::size_t bytes)
+    {
+        if (m_end - m_at < static_cast<std::ptrdiff_t>(bytes))
+            flush();
+    }
+    // For a text of any length that this writer has made.
+    void appendChecked(std::string_view text);
+    // Makes sure that what was appended is UTF-8.
+    void check();
+    void flush();
+
     bool m_pretty;
+    Output m_output;
+    JsonCache* m_cache;
+    std::unique_ptr<char[]> m_piece;
+    char* m_at;
+    char* m_end;
+    char* m_unchecked; // what was appended since the last check begins here
     bool m_first = true; // nothing stands in the innermost array or object yet
     std::size_t m_depth = 0;
 };

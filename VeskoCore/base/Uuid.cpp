@@ -64,14 +64,20 @@ std::optional<Uuid> Uuid::parse(std::string_view text)
 
 std::string Uuid::text() const
 {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text;
-    text.reserve(textLength);
+    const auto text = characters();
+    return { text.data(), text.size() };
+}
+
+std::array<char, 36> Uuid::characters() const
+{
+    static constexpr std::string_view digits = "0123456789ABCDEF";
+    std::array<char, textLength> text{};
+    std::size_t at = 0;
     for (const auto byte : m_bytes) {
-        if (isDash(text.size()))
-            text += '-';
-        text += digits[byte >> 4];
-        text += digits[byte & 0x0F];
+        if (isDash(at))
+            text[at++] = '-';
+        text[at++] = digits[byte >> 4];
+        text[at++] = digits[byte & 0x0F];
     }
     return text;
 }

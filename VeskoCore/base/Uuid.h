@@ -23,6 +23,8 @@ public:
     static std::optional<Uuid> parse(std::string_view text);
 
     std::string text() const;
+    // The same without an allocation.
+    std::array<char, 36> characters() const;
 
     friend constexpr auto operator<=>(const Uuid&, const Uuid&) = default;
 

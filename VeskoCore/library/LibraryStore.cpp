@@ -98,8 +98,8 @@ LibraryStore::LibraryStore(std::filesystem::path root, const Clock& clock, FileS
 void LibraryStore::open()
 {
     Library library;
-    if (const auto text = m_document.read(largestDocument)) {
-        const JsonDocument document(*text);
+    if (auto text = m_document.read(largestDocument)) {
+        const JsonDocument document(std::move(*text));
         requireKnownSchema(document);
         library = document.as<Library>();
     }
@@ -113,10 +113,16 @@ void LibraryStore::open()
 void LibraryStore::save(Library changed)
 {
     try {
-        const auto text = JsonWriter::write(changed, JsonWriter::Form::pretty);
-        if (text.size() > largestDocument)
-            throw VeskoError(VeskoError::storage);
-        m_document.write(text);
+        m_document.write([&](const AtomicFile::Output& output) {
+            std::uint64_t size = 0;
+            const auto limited = [&](std::string_view piece) {
+                size += piece.size();
+                if (size > largestDocument)
+                    throw VeskoError(VeskoError::storage);
+                output(piece);
+            };
+            JsonWriter::write(changed, JsonWriter::Form::pretty, limited, &m_texts);
+        });
     } catch (const std::system_error&) {
         throw VeskoError(VeskoError::storage);
     } catch (const JsonError&) {

@@ -4,6 +4,7 @@
 #include "VeskoCore/base/Clock.h"
 #include "VeskoCore/base/FileLock.h"
 #include "VeskoCore/base/FileSystem.h"
+#include "VeskoCore/base/JsonCache.h"
 #include "VeskoCore/library/Library.h"
 #include "VeskoCore/library/TranscriptResult.h"
 #include "VeskoCore/library/VeskoError.h"
@@ -79,6 +80,7 @@ private:
     FileSystem& m_files;
     FileLock m_lock;
     AtomicFile m_document;
+    JsonCache m_texts; // for a large library, encoding takes as long as writing
     Library m_library;
 };
 
