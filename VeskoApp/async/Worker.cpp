@@ -1,13 +1,15 @@
 #include "VeskoApp/async/Worker.h"
 
-#include <QMetaObject>
+#include <QCoreApplication>
+#include <QEvent>
 
 #include <utility>
 
 namespace vesko {
 
 Worker::Worker()
-    : m_thread([this](const std::stop_token& stop) { loop(stop); })
+    : m_home(*this)
+    , m_thread([this](const std::stop_token& stop) { loop(stop); })
 {
 }
 
@@ -47,18 +49,25 @@ void Worker::loop(const std::stop_token& stop)
         // A job whose task is gone before it began has no one left to work for.
         if (!job->stop.stop_requested())
             job->work();
-        {
-            const std::scoped_lock lock(m_mutex);
-            m_running.reset();
-        }
-        QMetaObject::invokeMethod(
-            &m_home,
-            [job = std::move(job)] {
-                if (const auto waiting = std::exchange(job->waiting, {}))
-                    waiting.resume();
-            },
-            Qt::QueuedConnection);
+        const std::scoped_lock lock(m_mutex);
+        m_running.reset();
+        m_finished.push_back(std::move(job));
+        QCoreApplication::postEvent(&m_home, new QEvent(QEvent::User));
     }
+}
+
+// Each event stands for one finished job.
+bool Worker::Home::event(QEvent*)
+{
+    std::shared_ptr<Job> job;
+    {
+        const std::scoped_lock lock(m_worker.m_mutex);
+        job = std::move(m_worker.m_finished.front());
+        m_worker.m_finished.pop_front();
+    }
+    if (const auto waiting = std::exchange(job->waiting, {}))
+        waiting.resume();
+    return true;
 }
 
 } // namespace vesko

@@ -45,14 +45,29 @@ private:
     template <class Function>
     class Awaiter;
 
+    // Where the worker's news reach the main thread; events posted to it die with it.
+    class Home : public QObject {
+    public:
+        explicit Home(Worker& worker)
+            : m_worker(worker)
+        {
+        }
+        bool event(QEvent*) override;
+
+    private:
+        Worker& m_worker;
+    };
+
     void post(std::shared_ptr<Job> job);
     void loop(const std::stop_token& stop);
 
-    QObject m_home; // events posted to it die with it
+    Home m_home;
     std::mutex m_mutex;
     std::condition_variable_any m_wake;
     std::deque<std::shared_ptr<Job>> m_jobs;
     std::shared_ptr<Job> m_running;
+    // Jobs, with the results they hold, die on the main thread only.
+    std::deque<std::shared_ptr<Job>> m_finished;
     std::jthread m_thread;
 };
 
