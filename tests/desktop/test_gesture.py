@@ -131,7 +131,7 @@ class Gesture(unittest.TestCase):
         self.vesko.wait_for("recording")
         human_pause(0.3)
         self.tap()
-        until("the recording has reached the service", self.service.waiting)
+        self.service.wait_for_request()
         self.tap()
         self.service.release()
         self.lands()

@@ -67,7 +67,7 @@ class Targets(unittest.TestCase):
         """Finishes the dictation, and keeps its answer back until release()."""
         self.service.hold()
         self.vesko.end()
-        until("the recording has reached the service", self.service.waiting)
+        self.service.wait_for_request()
 
     def delivered(self, words=WORDS, message=SENT):
         self.vesko.wait_for_text(message)

@@ -1,78 +1,54 @@
-"""A speech service on loopback that stands in for OpenRouter: it answers what a test tells it to,
-when the test lets it."""
+"""The speech service on loopback, started and told what to answer."""
 
-import http.server
 import json
-import threading
+import os
+import subprocess
+import urllib.request
+
+from .waiting import until
+
+PROGRAM = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../services/openrouter.py")
 
 
 class OpenRouter:
-    def __init__(self):
-        self._text = ""
-        self._requests = []
-        self._unanswered = 0
-        self._open = threading.Event()
-        self._open.set()
-        self._server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), self._handler())
-        self._server.daemon_threads = True
-        threading.Thread(target=self._server.serve_forever, daemon=True).start()
+    def __init__(self, key="test-key"):
+        self._process = subprocess.Popen(["/usr/bin/python3", PROGRAM, "--key", key],
+                                         stdout=subprocess.PIPE, text=True)
+        self._root = f"http://127.0.0.1:{self._process.stdout.readline().strip()}"
+        self.url = self._root + "/api/v1/"
 
-    @property
-    def url(self):
-        return f"http://127.0.0.1:{self._server.server_port}/api/v1/"
+    def _call(self, method, path, body=None):
+        request = urllib.request.Request(
+            self._root + path, method=method,
+            data=None if body is None else json.dumps(body).encode())
+        with urllib.request.urlopen(request, timeout=10) as answer:
+            return json.load(answer)
 
     def answer(self, text):
         """From now on this is what was said."""
-        self._text = text
-        self._open.set()
+        self._call("POST", "/control", {"text": text, "hold": False})
 
     def hold(self):
         """Keeps answers back until release()."""
-        self._open.clear()
+        self._call("DELETE", "/requests")
+        self._call("POST", "/control", {"hold": True})
+
+    def wait_for_request(self):
+        until("the recording has reached the service", self.requests)
 
     def release(self):
-        self._open.set()
-
-    def waiting(self):
-        """Whether somebody has asked and not been answered."""
-        return self._unanswered > 0
+        self._call("POST", "/control", {"hold": False})
 
     def requests(self):
-        """Each request: method, path, headers (lower-case names) and the decoded body."""
-        return list(self._requests)
+        """What was asked since the start or the last hold(), as the service tells it."""
+        return self._call("GET", "/requests")["requests"]
 
     def stop(self):
-        self._open.set()
-        self._server.shutdown()
-        self._server.server_close()
+        self._process.terminate()
+        self._process.wait()
 
     def __enter__(self):
         return self
 
     def __exit__(self, *_):
         self.stop()
-
-    def _handler(service):
-        class Handler(http.server.BaseHTTPRequestHandler):
-            protocol_version = "HTTP/1.1"
-
-            def do_POST(self):
-                body = self.rfile.read(int(self.headers["Content-Length"]))
-                service._requests.append({
-                    "method": self.command, "path": self.path, "body": json.loads(body),
-                    "headers": {name.lower(): value for name, value in self.headers.items()}})
-                service._unanswered += 1
-                service._open.wait(timeout=60)
-                service._unanswered -= 1
-                answer = json.dumps({"text": service._text, "usage": {"cost": 0.0004}}).encode()
-                self.send_response(200)
-                self.send_header("Content-Type", "application/json")
-                self.send_header("Content-Length", str(len(answer)))
-                self.send_header("X-Generation-Id", f"gen-{len(service._requests)}")
-                self.end_headers()
-                self.wfile.write(answer)
-
-            def log_message(self, *_):
-                pass
-
-        return Handler
