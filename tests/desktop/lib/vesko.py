@@ -33,13 +33,14 @@ def install_key(key, binary=BINARY):
 
 
 class Vesko:
-    def __init__(self, binary=BINARY, root=None, arguments=("--background",)):
+    def __init__(self, binary=BINARY, root=None, folder=None, arguments=("--background",)):
         self.root = root or tempfile.mkdtemp(prefix="library-")
         self.log_path = os.path.join(os.environ["SESSION_DIR"], "log",
                                      f"vesko-{time.monotonic_ns()}")
         self.started = time.monotonic()
         with open(self.log_path, "wb") as log:
-            self.process = subprocess.Popen([binary, *arguments], stdout=log, stderr=log,
+            self.process = subprocess.Popen([binary, *arguments], cwd=folder, stdout=log,
+                                            stderr=log,
                                             env={**os.environ, "VESKO_DATA_ROOT": self.root})
         self.app = until("Vesko is accessible", self._application, deadline=30)
         self.panel, self.button = until("Vesko shows its floating button", self._find_panel)
