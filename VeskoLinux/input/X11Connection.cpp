@@ -32,8 +32,12 @@ void X11Connection::listen(std::function<void(const xcb_generic_event_t&)> onEve
     xcb_flush(m_connection);
     m_notifier = std::make_unique<QSocketNotifier>(
         xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated,
-        [this, onEvent = std::move(onEvent)] { drain(onEvent); });
+    QObject::connect(
+        m_notifier.get(), &QSocketNotifier::activated, [this, onEvent] { drain(onEvent); });
+    // What came with earlier replies has been read from the socket already.
+    QMetaObject::invokeMethod(
+        m_notifier.get(), [this, onEvent = std::move(onEvent)] { drain(onEvent); },
+        Qt::QueuedConnection);
 }
 
 void X11Connection::drain(const std::function<void(const xcb_generic_event_t&)>& onEvent)

@@ -32,8 +32,8 @@ public:
     bool works() const;
     std::uint32_t root() const { return m_root; }
 
-    // Hands over each event as it comes, from the event loop. Requests that wait for a reply
-    // belong on another connection: events could then be left lying.
+    // Hands over each event as it comes, from the event loop. Afterwards, requests that wait for a
+    // reply belong on another connection: events that come with the reply would be left lying.
     void listen(std::function<void(const xcb_generic_event_t&)> onEvent);
     void stopListening() { m_notifier.reset(); }
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::uint32_t fnSymbol = 0x100811D0; // XF86Fn
 // Servers inside other servers repeat a held key as release and press within a millisecond.
-constexpr double repeatInterval = 0.012; // seconds
+constexpr std::uint32_t repeatInterval = 12; // milliseconds
 // Several changes of the map come together, whenever another keyboard is used.
 constexpr double mapInterval = 0.1; // seconds
 
@@ -100,9 +100,9 @@ bool X11KeyMonitor::start(GestureKey key, std::function<void(const KeyEvent&)> o
         if (m_sent.take(code, down))
             return;
         if (down)
-            pressed(code);
+            pressed(code, raw.time);
         else
-            released(code);
+            released(code, raw.time);
     });
     return true;
 }
@@ -136,7 +136,9 @@ void X11KeyMonitor::selectEvents(bool on)
         xcb_xkb_select_events(m_events, XCB_XKB_ID_USE_CORE_KBD, maps, on ? 0 : maps, on ? maps : 0,
             parts, on ? parts : 0, nullptr);
     }
-    xcb_flush(m_events);
+    // From its answer on, no key is missed.
+    const auto answer
+        = fromX11(xcb_get_input_focus_reply(m_events, xcb_get_input_focus(m_events), nullptr));
 }
 
 void X11KeyMonitor::readMap()
@@ -145,10 +147,11 @@ void X11KeyMonitor::readMap()
     m_gestureKey = keyOf(m_map, m_gesture);
 }
 
-void X11KeyMonitor::pressed(KeyCode key)
+// By the server's time: events may have waited for us, however far apart they were.
+void X11KeyMonitor::pressed(KeyCode key, std::uint32_t time)
 {
-    if (const auto repeating = std::ranges::find(m_releasing, key);
-        repeating != m_releasing.end()) {
+    const auto repeating = std::ranges::find(m_releasing, key, &Release::key);
+    if (repeating != m_releasing.end() && time - repeating->time <= repeatInterval) {
         m_releasing.erase(repeating);
         return;
     }
@@ -160,19 +163,19 @@ void X11KeyMonitor::pressed(KeyCode key)
     tell(flags ? KeyEvent::Kind::flagsChanged : KeyEvent::Kind::keyDown, key);
 }
 
-void X11KeyMonitor::released(KeyCode key)
+void X11KeyMonitor::released(KeyCode key, std::uint32_t time)
 {
     if (!m_down[key])
         return;
-    m_releasing.push_back(key);
-    m_release.start(repeatInterval, [this] { flushReleases(); });
+    m_releasing.push_back({ key, time });
+    m_release.start(repeatInterval / 1000.0, [this] { flushReleases(); });
 }
 
 void X11KeyMonitor::flushReleases()
 {
     m_release.cancel();
-    for (const auto releasing = std::exchange(m_releasing, {}); const KeyCode key : releasing)
-        letGo(key);
+    for (const auto releasing = std::exchange(m_releasing, {}); const Release& release : releasing)
+        letGo(release.key);
 }
 
 void X11KeyMonitor::letGo(KeyCode key)

@@ -24,10 +24,15 @@ public:
     void stop() override;
 
 private:
+    struct Release {
+        KeyCode key;
+        std::uint32_t time; // of the server, in milliseconds
+    };
+
     void selectEvents(bool on);
     void readMap();
-    void pressed(KeyCode key);
-    void released(KeyCode key);
+    void pressed(KeyCode key, std::uint32_t time);
+    void released(KeyCode key, std::uint32_t time);
     void letGo(KeyCode key);
     void flushReleases();
     void tell(KeyEvent::Kind kind, KeyCode key);
@@ -42,7 +47,7 @@ private:
     KeyCode m_gestureKey = 0;
     std::bitset<256> m_down;
     // Releases that a press within the same moment would show to be a key's repeat.
-    std::deque<KeyCode> m_releasing;
+    std::deque<Release> m_releasing;
     Timer m_release;
     Timer m_newMap;
     std::function<void(const KeyEvent&)> m_onEvent;
