@@ -1,5 +1,7 @@
 #include "VeskoLinux/input/X11Connection.h"
 
+#include <QMetaObject>
+
 namespace vesko {
 
 X11Connection::X11Connection()
@@ -32,12 +34,10 @@ void X11Connection::listen(std::function<void(const xcb_generic_event_t&)> onEve
     xcb_flush(m_connection);
     m_notifier = std::make_unique<QSocketNotifier>(
         xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
-    QObject::connect(
-        m_notifier.get(), &QSocketNotifier::activated, [this, onEvent] { drain(onEvent); });
-    // What came with earlier replies has been read from the socket already.
-    QMetaObject::invokeMethod(
-        m_notifier.get(), [this, onEvent = std::move(onEvent)] { drain(onEvent); },
-        Qt::QueuedConnection);
+    const auto serve = [this, onEvent = std::move(onEvent)] { drain(onEvent); };
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), serve);
+    // What came together with an earlier answer makes no more noise on the socket.
+    QMetaObject::invokeMethod(m_notifier.get(), serve, Qt::QueuedConnection);
 }
 
 void X11Connection::drain(const std::function<void(const xcb_generic_event_t&)>& onEvent)

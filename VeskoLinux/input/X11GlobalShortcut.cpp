@@ -5,6 +5,7 @@
 #include <xcb/xcb.h>
 
 #include <array>
+#include <utility>
 
 namespace vesko {
 
@@ -14,6 +15,10 @@ constexpr std::uint16_t superShift = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
 // Caps Lock and Num Lock are no part of the shortcut.
 constexpr std::array<std::uint16_t, 4> lockVariants{ 0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2,
     XCB_MOD_MASK_LOCK | XCB_MOD_MASK_2 };
+
+// Servers inside other servers repeat a held key as release and press within a millisecond. No
+// finger is that fast.
+constexpr xcb_timestamp_t repeatInterval = 15; // milliseconds
 
 } // namespace
 
@@ -46,10 +51,17 @@ bool X11GlobalShortcut::install(std::function<void()> onPressed)
         const auto type = event.response_type & 0x7F;
         if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE)
             return;
-        if (reinterpret_cast<const xcb_key_press_event_t&>(event).detail != m_space)
+        const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event);
+        if (key.detail != m_space)
             return;
-        const bool repeated = std::exchange(m_held, type == XCB_KEY_PRESS);
-        if (type == XCB_KEY_PRESS && !repeated)
+        if (type == XCB_KEY_RELEASE) {
+            m_held = false;
+            m_releasedAt = key.time;
+            return;
+        }
+        const bool repeated
+            = std::exchange(m_held, true) || key.time - m_releasedAt <= repeatInterval;
+        if (!repeated)
             onPressed();
     });
     return true;

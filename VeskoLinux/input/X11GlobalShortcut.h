@@ -20,6 +20,7 @@ private:
     X11Connection m_connection;
     KeyCode m_space = 0;
     bool m_held = false;
+    std::uint32_t m_releasedAt = 0; // by the server's clock, milliseconds
 };
 
 } // namespace vesko

@@ -78,12 +78,13 @@ bool X11KeyMonitor::start(GestureKey key, std::function<void(const KeyEvent&)> o
     m_gesture = key;
     m_onEvent = std::move(onEvent);
     readMap();
-    // A key that is down already is no press of the user's for us.
+    selectEvents(true);
+    // A key that is down already is no press of the user's for us. The answer also says that the
+    // watch has begun: the server sees to the requests of one connection in their order.
     if (const auto keys
-        = fromX11(xcb_query_keymap_reply(m_requests, xcb_query_keymap(m_requests), nullptr)))
+        = fromX11(xcb_query_keymap_reply(m_events, xcb_query_keymap(m_events), nullptr)))
         for (std::size_t code = 0; code < m_down.size(); ++code)
             m_down[code] = (keys->keys[code / 8] >> (code % 8)) & 1;
-    selectEvents(true);
     m_events.listen([this](const xcb_generic_event_t& event) {
         const auto type = event.response_type & 0x7F;
         if (m_xkbEvent && type == m_xkbEvent) {

@@ -9,8 +9,11 @@
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
+#include <X11/extensions/XInput2.h>
 #include <X11/extensions/XTest.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 
 namespace vesko::desktop {
@@ -27,6 +30,12 @@ bool until(const std::function<bool()>& condition)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     return true;
+}
+
+void rest()
+{
+    const QDeadlineTimer movement(30);
+    until([&] { return movement.hasExpired(); });
 }
 
 Program::Program(const QString& name, const QStringList& arguments)
@@ -124,6 +133,12 @@ void Hands::layout(int group) const
     XSync(m_display, False);
 }
 
+void Hands::locks(unsigned modifiers) const
+{
+    XkbLockModifiers(m_display, XkbUseCoreKbd, capsLock | numLock, modifiers);
+    XSync(m_display, False);
+}
+
 Grab::Grab(Key key, unsigned modifiers)
     : m_display(XOpenDisplay(nullptr))
 {
@@ -137,6 +152,76 @@ Grab::Grab(Key key, unsigned modifiers)
 Grab::~Grab()
 {
     XCloseDisplay(m_display);
+}
+
+bool Grab::pressed() const
+{
+    bool pressed = false;
+    while (XPending(m_display)) {
+        XEvent event;
+        XNextEvent(m_display, &event);
+        pressed = pressed || event.type == KeyPress;
+    }
+    return pressed;
+}
+
+NestedServer::NestedServer()
+    : m_server(QStringLiteral("Xephyr"),
+          { QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-ac"),
+              QStringLiteral("-noreset"), QStringLiteral("-screen"), QStringLiteral("400x300"),
+              QStringLiteral("-nolisten"), QStringLiteral("tcp") })
+{
+    if (!until([this] { return m_server.output().ends_with('\n'); }))
+        std::abort();
+    m_display = ":" + m_server.output();
+    m_display.pop_back();
+    // The window has the focus once keys arrive.
+    const Hands hands;
+    RawKeys inner(m_display.c_str());
+    const Key probe = hands.key("F8");
+    if (!until([&] {
+            hands.tap(probe);
+            return inner.presses(probe) > 0;
+        }))
+        std::abort();
+}
+
+RawKeys::RawKeys(const char* display)
+    : m_display(XOpenDisplay(display))
+{
+    if (!m_display)
+        std::abort();
+    int major = 2, minor = 2;
+    XIQueryVersion(m_display, &major, &minor);
+    std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> bits{};
+    XISetMask(bits.data(), XI_RawKeyPress);
+    XIEventMask mask{ XIAllMasterDevices, int(bits.size()), bits.data() };
+    XISelectEvents(m_display, DefaultRootWindow(m_display), &mask, 1);
+    XSync(m_display, False);
+}
+
+RawKeys::~RawKeys()
+{
+    XCloseDisplay(m_display);
+}
+
+int RawKeys::presses(Key key)
+{
+    while (XPending(m_display)) {
+        XEvent event;
+        XNextEvent(m_display, &event);
+        if (event.type == GenericEvent && XGetEventData(m_display, &event.xcookie)) {
+            m_pressed.push_back(Key(static_cast<const XIRawEvent*>(event.xcookie.data)->detail));
+            XFreeEventData(m_display, &event.xcookie);
+        }
+    }
+    return int(std::ranges::count(m_pressed, key));
+}
+
+void setLayouts(const char* layouts)
+{
+    QProcess::execute(
+        QStringLiteral("setxkbmap"), { QStringLiteral("-layout"), QString::fromLatin1(layouts) });
 }
 
 } // namespace vesko::desktop

@@ -9,8 +9,10 @@
 
 #include <cstdlib>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 struct _XDisplay;
 
@@ -54,6 +56,9 @@ QString fileWith(const QString& text);
 
 using Key = unsigned char; // a key code
 
+// The least that fingers need between two movements of one key.
+void rest();
+
 // The user's hands on a keyboard of the X server.
 class Hands {
 public:
@@ -73,6 +78,8 @@ public:
     bool isDown(Key key) const;
     // The layout of that number, counted from 0, becomes active.
     void layout(int group) const;
+    // These locks and no others are on; Caps Lock and Num Lock by the modifier bits they set.
+    void locks(unsigned modifiers) const;
 
 private:
     _XDisplay* m_display;
@@ -86,10 +93,57 @@ public:
     Grab& operator=(const Grab&) = delete;
     ~Grab();
 
+    // Whether it was pressed since the last time that was asked.
+    bool pressed() const;
+
 private:
     _XDisplay* m_display;
 };
 constexpr unsigned shift = 1;
+constexpr unsigned capsLock = 1 << 1;
+constexpr unsigned numLock = 1 << 4;
 constexpr unsigned super = 1 << 6;
+
+// What the X server itself says about its keys, before anyone makes sense of it.
+class RawKeys {
+public:
+    explicit RawKeys(const char* display = nullptr);
+    RawKeys(const RawKeys&) = delete;
+    RawKeys& operator=(const RawKeys&) = delete;
+    ~RawKeys();
+
+    // How often the key has gone down since this was made, repeats included.
+    int presses(Key key);
+
+private:
+    _XDisplay* m_display;
+    std::vector<Key> m_pressed;
+};
+
+// An X server in a window of the session's, with the keyboard focus. Keys of the outer server reach
+// it as a real keyboard's do, repeats included.
+class NestedServer {
+public:
+    NestedServer();
+
+    const char* display() const { return m_display.c_str(); }
+    // What takes its display from the environment, on this one.
+    template <class T, class... Arguments>
+    std::unique_ptr<T> make(Arguments&&... arguments) const
+    {
+        const QByteArray outer = qgetenv("DISPLAY");
+        qputenv("DISPLAY", m_display.c_str());
+        auto made = std::make_unique<T>(std::forward<Arguments>(arguments)...);
+        qputenv("DISPLAY", outer);
+        return made;
+    }
+
+private:
+    Program m_server;
+    std::string m_display;
+};
+
+// The keyboard gets these layouts, such as "us,ru".
+void setLayouts(const char* layouts);
 
 } // namespace vesko::desktop

@@ -5,33 +5,36 @@
 namespace vesko {
 namespace {
 
-class TurnedClock final : public Clock {
+class HandClock : public Clock {
 public:
     Date now() const override { return {}; }
-    double uptime() const override { return time; }
-    double time = 100;
+    double uptime() const override { return m_uptime; }
+    void advance(double seconds) { m_uptime += seconds; }
+
+private:
+    double m_uptime = 100;
 };
 
-TEST(SentKeys, AKeyThatWasSentIsTakenOnceAndOnlyInItsDirection)
+TEST(SentKeys, eachMovementCountsOnce)
 {
-    const TurnedClock clock;
+    const HandClock clock;
     SentKeys sent(clock);
     sent.add(55, true);
-
-    EXPECT_FALSE(sent.take(55, false));
-    EXPECT_FALSE(sent.take(54, true));
+    sent.add(55, false);
+    EXPECT_FALSE(sent.take(56, true)) << "another key";
     EXPECT_TRUE(sent.take(55, true));
-    EXPECT_FALSE(sent.take(55, true));
+    EXPECT_FALSE(sent.take(55, true)) << "the user's own press of it";
+    EXPECT_TRUE(sent.take(55, false));
+    EXPECT_FALSE(sent.take(55, false));
 }
 
-TEST(SentKeys, WhatHasNotComeBackInHalfASecondSwallowsNothingOfTheUsers)
+TEST(SentKeys, whatNeverComesSwallowsNoKeyLater)
 {
-    TurnedClock clock;
+    HandClock clock;
     SentKeys sent(clock);
-    sent.add(55, false);
-    clock.time += 0.51;
-
-    EXPECT_FALSE(sent.take(55, false));
+    sent.add(55, true);
+    clock.advance(3);
+    EXPECT_FALSE(sent.take(55, true));
 }
 
 } // namespace

@@ -7,85 +7,141 @@
 namespace vesko {
 namespace {
 
+using namespace desktop;
+
 class X11GlobalShortcutTest : public testing::Test {
 protected:
-    void press() const { hands.chord({ super, shift, space }); }
-    // How often it fired, once an other grab of ours has seen a later key.
-    int presses()
+    X11GlobalShortcutTest() { setLayouts("us,ru,gr"); }
+    ~X11GlobalShortcutTest() override
     {
-        press();
-        const int before = fired;
-        EXPECT_TRUE(desktop::until([&] { return fired > before; }));
-        return fired - 1;
+        m_hands.layout(0);
+        m_hands.locks(0);
     }
 
-    X11GlobalShortcut shortcut;
-    int fired = 0;
-    std::function<void()> fire = [this] { ++fired; };
-    desktop::Hands hands;
-    desktop::Key super = hands.key("Super_L"), shift = hands.key("Shift_L"),
-                 space = hands.key("space");
+    bool install()
+    {
+        return m_shortcut.install([this] { ++m_presses; });
+    }
+    void press() const
+    {
+        rest();
+        m_hands.chord({ m_super, m_shift, m_space });
+    }
+    void expectPresses(int expected)
+    {
+        EXPECT_TRUE(until([&] { return m_presses >= expected; }));
+        EXPECT_EQ(m_presses, expected);
+    }
+
+    Hands m_hands;
+    const Key m_super = m_hands.key("Super_L"), m_shift = m_hands.key("Shift_L"),
+              m_space = m_hands.key("space");
+    int m_presses = 0;
+    X11GlobalShortcut m_shortcut;
 };
 
-TEST_F(X11GlobalShortcutTest, FiresForEachPress)
+TEST_F(X11GlobalShortcutTest, isPressedInEveryLayoutAndWithEveryLock)
 {
-    ASSERT_TRUE(shortcut.install(fire));
-    press();
-    press();
-    EXPECT_EQ(presses(), 2);
-}
-
-TEST_F(X11GlobalShortcutTest, FiresWhicheverLocksAreOn)
-{
-    ASSERT_TRUE(shortcut.install(fire));
-    for (const char* lock : { "Caps_Lock", "Num_Lock" }) {
-        SCOPED_TRACE(lock);
-        hands.tap(hands.key(lock));
-        const int before = fired;
-        press();
-        EXPECT_TRUE(desktop::until([&] { return fired == before + 1; }));
-        hands.tap(hands.key(lock));
+    ASSERT_TRUE(install());
+    const Program editor(QStringLiteral("zenity"), { QStringLiteral("--entry") });
+    int expected = 0;
+    for (const int layout : { 0, 1, 2 }) {
+        for (const unsigned locks : { 0U, capsLock, numLock, capsLock | numLock }) {
+            SCOPED_TRACE(testing::Message() << "layout " << layout << ", locks " << locks);
+            m_hands.layout(layout);
+            m_hands.locks(locks);
+            press();
+            expectPresses(++expected);
+        }
     }
 }
 
-TEST_F(X11GlobalShortcutTest, MeansTheWholeShortcutOnly)
+TEST_F(X11GlobalShortcutTest, otherCombinationsAreNotTheShortcut)
 {
-    ASSERT_TRUE(shortcut.install(fire));
-    hands.chord({ super, space });
-    hands.chord({ shift, space });
-    hands.tap(space);
-    EXPECT_EQ(presses(), 0);
+    ASSERT_TRUE(install());
+    const Key control = m_hands.key("Control_L");
+    m_hands.chord({ m_super, m_space });
+    m_hands.chord({ m_shift, m_space });
+    m_hands.chord({ control, m_super, m_shift, m_space });
+    press();
+    expectPresses(1);
 }
 
-TEST_F(X11GlobalShortcutTest, AHeldShortcutIsOnePress)
+TEST_F(X11GlobalShortcutTest, modifiersMayBeLetGoBeforeTheKey)
 {
-    ASSERT_TRUE(shortcut.install(fire));
-    hands.down(super);
-    hands.down(shift);
-    hands.down(space);
-    // The modifiers may come up before the key.
-    hands.up(super);
-    hands.up(shift);
-    hands.up(space);
-    EXPECT_EQ(presses(), 1);
-}
-
-TEST_F(X11GlobalShortcutTest, IsNotToBeHadWhileAnotherProgramHasIt)
-{
-    {
-        const desktop::Grab other(space, desktop::super | desktop::shift);
-        EXPECT_FALSE(shortcut.install(fire));
+    ASSERT_TRUE(install());
+    for (int expected = 1; expected <= 2; ++expected) {
+        rest();
+        for (const Key key : { m_super, m_shift, m_space })
+            m_hands.down(key);
+        for (const Key key : { m_super, m_shift, m_space })
+            m_hands.up(key);
+        expectPresses(expected);
     }
-    ASSERT_TRUE(desktop::until([&] { return shortcut.install(fire); }));
-    EXPECT_EQ(presses(), 0);
 }
 
-TEST_F(X11GlobalShortcutTest, IsFreeForOthersAfterItsRemoval)
+TEST_F(X11GlobalShortcutTest, anotherProgramsShortcutIsLeftToIt)
 {
-    ASSERT_TRUE(shortcut.install(fire));
-    shortcut.remove();
+    // With one state of the locks is enough: the shortcut would be there now and then only.
+    for (const unsigned locks : { 0U, capsLock, numLock, capsLock | numLock }) {
+        SCOPED_TRACE(locks);
+        m_hands.locks(locks);
+        {
+            const Grab other(m_space, desktop::shift | desktop::super | locks);
+            EXPECT_FALSE(install());
+            press();
+            EXPECT_TRUE(until([&] { return other.pressed(); }));
+            // Nothing was kept of what could be had.
+            X11GlobalShortcut third;
+            EXPECT_FALSE(third.install([] { }));
+        }
+        EXPECT_TRUE(until([this] { return install(); })) << "it is free again";
+        m_shortcut.remove();
+    }
+    EXPECT_EQ(m_presses, 0);
+}
+
+TEST_F(X11GlobalShortcutTest, removedItIsFreeForOthers)
+{
+    ASSERT_TRUE(install());
     X11GlobalShortcut other;
-    EXPECT_TRUE(other.install([] { }));
+    EXPECT_FALSE(other.install([] { }));
+    m_shortcut.remove();
+    int others = 0;
+    EXPECT_TRUE(other.install([&] { ++others; }));
+    press();
+    EXPECT_TRUE(until([&] { return others == 1; }));
+    EXPECT_EQ(m_presses, 0);
+}
+
+TEST_F(X11GlobalShortcutTest, mayBeRemovedByThePressItself)
+{
+    ASSERT_TRUE(m_shortcut.install([this] {
+        m_shortcut.remove();
+        ++m_presses;
+    }));
+    press();
+    expectPresses(1);
+    ASSERT_TRUE(install());
+    press();
+    expectPresses(2);
+}
+
+TEST(X11GlobalShortcutInNestedServer, heldItIsOnePress)
+{
+    const NestedServer nested;
+    const auto shortcut = nested.make<X11GlobalShortcut>();
+    int presses = 0;
+    ASSERT_TRUE(shortcut->install([&] { ++presses; }));
+    RawKeys server(nested.display());
+    const Hands hands; // on the outer server, so to speak the hardware
+    const Key keys[] = { hands.key("Super_L"), hands.key("Shift_L"), hands.key("space") };
+    for (const Key key : keys)
+        hands.down(key);
+    EXPECT_TRUE(until([&] { return server.presses(keys[2]) >= 10; }));
+    EXPECT_EQ(presses, 1);
+    for (const Key key : keys)
+        hands.up(key);
 }
 
 } // namespace

@@ -1,193 +1,265 @@
 #include "VeskoLinux/input/X11KeyMonitor.h"
 
 #include "VeskoApp/async/QtClock.h"
-#include "VeskoLinux/input/X11PasteKeystroke.h"
 #include "tests/linux/Desktop.h"
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace vesko {
+
+bool operator==(const KeyEvent& one, const KeyEvent& other)
+{
+    return one.kind == other.kind && one.isGestureKey == other.isGestureKey
+        && one.isReturn == other.isReturn && one.gestureKeyDown == other.gestureKeyDown
+        && one.shiftDown == other.shiftDown && one.otherModifiers == other.otherModifiers;
+}
 
 void PrintTo(const KeyEvent& event, std::ostream* out)
 {
-    *out << (event.kind == KeyEvent::Kind::keyDown ? "keyDown" : "flagsChanged")
-         << (event.isGestureKey ? " gesture" : "") << (event.isReturn ? " return" : "")
-         << (event.gestureKeyDown ? " gesture-down" : "") << (event.shiftDown ? " shift-down" : "")
-         << (event.otherModifiers ? " others-down" : "");
-}
-
-bool operator==(const KeyEvent& a, const KeyEvent& b)
-{
-    return testing::PrintToString(a) == testing::PrintToString(b);
+    constexpr const char* names[] = { "keyDown", "flagsChanged", "interrupted" };
+    *out << names[int(event.kind)] << (event.isGestureKey ? " gesture key" : "")
+         << (event.isReturn ? " return" : "") << (event.gestureKeyDown ? " +gesture" : "")
+         << (event.shiftDown ? " +shift" : "") << (event.otherModifiers ? " +modifiers" : "");
 }
 
 namespace {
 
-using Kind = KeyEvent::Kind;
+using namespace desktop;
 
-const KeyEvent ordinary{ .kind = Kind::keyDown };
-const KeyEvent gestureDown{
-    .kind = Kind::flagsChanged, .isGestureKey = true, .gestureKeyDown = true
-};
-const KeyEvent gestureUp{ .kind = Kind::flagsChanged, .isGestureKey = true };
+constexpr auto flagsChanged = KeyEvent::Kind::flagsChanged;
 
-class Field final : public FieldElement {
-public:
-    bool equals(const FieldElement& other) const override { return this == &other; }
-    bool isTerminal() const override { return false; }
-};
+KeyEvent gesture(bool down)
+{
+    KeyEvent event{ .kind = flagsChanged, .isGestureKey = true };
+    event.gestureKeyDown = down;
+    return event;
+}
+
+KeyEvent modifier(bool down, bool isShift = false)
+{
+    KeyEvent event{ .kind = flagsChanged };
+    event.shiftDown = down && isShift;
+    event.otherModifiers = down;
+    return event;
+}
+
+KeyEvent key()
+{
+    return {};
+}
 
 class X11KeyMonitorTest : public testing::Test {
 protected:
+    X11KeyMonitorTest() { setLayouts("us,ru,gr"); }
+    ~X11KeyMonitorTest() override
+    {
+        m_hands.layout(0);
+        rest();
+    }
+
     void watch(GestureKey key = GestureKey::rightControl)
     {
-        ASSERT_TRUE(monitor.start(key, [this](const KeyEvent& event) { seen.push_back(event); }));
+        ASSERT_TRUE(m_monitor.permitted());
+        ASSERT_TRUE(
+            m_monitor.start(key, [this](const KeyEvent& event) { m_events.push_back(event); }));
     }
-    // These come, and nothing else: the next to come is a key that nothing else uses. It is another
-    // one each time, since the same one at once would look like its own repeat.
-    void expect(const std::vector<KeyEvent>& wanted)
+    // Exactly these, and nothing more: the key that ends the list is one that no test uses.
+    void expectSeen(std::vector<KeyEvent> expected)
     {
-        static int turn = 0;
-        EXPECT_TRUE(desktop::until([&] { return seen.size() >= wanted.size(); }));
-        const auto next = "F" + std::to_string(turn++ % 12 + 1);
-        hands.tap(key(next.c_str()));
-        EXPECT_TRUE(desktop::until([&] { return seen.size() > wanted.size(); }));
-        auto all = wanted;
-        all.push_back(ordinary);
-        EXPECT_EQ(seen, all);
-        seen.clear();
+        m_hands.tap(m_hands.key("F7"));
+        expected.push_back(key());
+        EXPECT_TRUE(until([&] { return m_events.size() >= expected.size(); }));
+        EXPECT_EQ(m_events, expected);
     }
-    desktop::Key key(const char* symbol) const { return hands.key(symbol); }
-
-    QtClock clock;
-    SentKeys sent{ clock };
-    X11KeyMonitor monitor{ sent, clock };
-    desktop::Hands hands;
-    std::vector<KeyEvent> seen;
+    QtClock m_clock;
+    SentKeys m_sent{ m_clock };
+    X11KeyMonitor m_monitor{ m_sent, m_clock };
+    Hands m_hands;
+    std::vector<KeyEvent> m_events;
 };
 
-TEST_F(X11KeyMonitorTest, CanWatchKeysHereAndKnowsOfNoFnKey)
+TEST_F(X11KeyMonitorTest, everyKeyOfTheGestureIsSeenGoingDownAndUpInEveryLayout)
 {
-    EXPECT_TRUE(monitor.permitted());
-    EXPECT_FALSE(monitor.reportsFn());
-}
-
-TEST_F(X11KeyMonitorTest, TheGestureKeyGoesDownAndUp)
-{
-    const struct {
+    struct Case {
         const char* name;
         GestureKey gesture;
-        const char* symbol;
-    } rows[] = {
-        { "Right Control", GestureKey::rightControl, "Control_R" },
-        { "Right Alt", GestureKey::rightAlt, "Alt_R" },
-        { "Menu", GestureKey::menu, "Menu" },
-        { "Pause", GestureKey::pause, "Pause" },
-        { "Scroll Lock", GestureKey::scrollLock, "Scroll_Lock" },
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        watch(row.gesture);
-        hands.tap(key(row.symbol));
-        expect(std::vector{ gestureDown, gestureUp });
+    const Case cases[] = {
+        { "Control_R", GestureKey::rightControl },
+        { "Alt_R", GestureKey::rightAlt },
+        { "Menu", GestureKey::menu },
+        { "Pause", GestureKey::pause },
+        { "Scroll_Lock", GestureKey::scrollLock },
+    };
+    for (const Case& one : cases) {
+        const Key code = m_hands.key(one.name);
+        for (const int layout : { 0, 1, 2 }) {
+            SCOPED_TRACE(one.name + std::string(", layout ") + std::to_string(layout));
+            m_hands.layout(layout);
+            m_events.clear();
+            watch(one.gesture);
+            m_hands.tap(code);
+            expectSeen({ gesture(true), gesture(false) });
+            rest();
+        }
     }
 }
 
-TEST_F(X11KeyMonitorTest, AnOrdinaryKeyIsToldWhenItGoesDown)
+TEST_F(X11KeyMonitorTest, tapsAfterEachOtherAreSeparate)
 {
     watch();
-    hands.tap(key("a"));
-    expect(std::vector{ ordinary });
+    for (int tap = 0; tap < 2; ++tap) {
+        m_hands.tap(m_hands.key("Control_R"));
+        rest();
+    }
+    expectSeen({ gesture(true), gesture(false), gesture(true), gesture(false) });
 }
 
-TEST_F(X11KeyMonitorTest, BothReturnKeysAreKnown)
+TEST_F(X11KeyMonitorTest, aKeyThatJoinsTheGestureIsSeenWithIt)
 {
     watch();
-    hands.tap(key("Return"));
-    hands.tap(key("KP_Enter"));
-    const KeyEvent sends{ .kind = Kind::keyDown, .isReturn = true };
-    expect(std::vector{ sends, sends });
+    m_hands.chord({ m_hands.key("Control_R"), m_hands.key("c") });
+    auto joined = key();
+    joined.gestureKeyDown = true;
+    expectSeen({ gesture(true), joined, gesture(false) });
 }
 
-TEST_F(X11KeyMonitorTest, ShiftIsToldBesideReturn)
+TEST_F(X11KeyMonitorTest, modifiersAreToldFromTheGestureKey)
 {
-    watch();
-    hands.chord({ key("Shift_L"), key("Return") });
-    expect({
-        { .kind = Kind::flagsChanged, .shiftDown = true, .otherModifiers = true },
-        { .kind = Kind::keyDown, .isReturn = true, .shiftDown = true, .otherModifiers = true },
-        { .kind = Kind::flagsChanged },
-    });
-}
-
-TEST_F(X11KeyMonitorTest, EachOtherModifierCountsAsOne)
-{
-    watch();
-    for (const char* symbol : { "Control_L", "Alt_L", "Super_L", "Super_R" }) {
-        SCOPED_TRACE(symbol);
-        hands.tap(key(symbol));
-        expect({ { .kind = Kind::flagsChanged, .otherModifiers = true },
-            { .kind = Kind::flagsChanged } });
+    for (const char* name : { "Control_L", "Alt_L", "Super_L", "Super_R", "Shift_L", "Shift_R" }) {
+        SCOPED_TRACE(name);
+        m_events.clear();
+        watch();
+        m_hands.chord({ m_hands.key(name), m_hands.key("Control_R") });
+        const bool isShift = std::string(name).starts_with("Shift");
+        auto down = gesture(true), up = gesture(false);
+        down.shiftDown = up.shiftDown = isShift;
+        down.otherModifiers = up.otherModifiers = true;
+        expectSeen({ modifier(true, isShift), down, up, modifier(false) });
+        rest();
     }
 }
 
-TEST_F(X11KeyMonitorTest, TheGestureKeyIsNoOtherModifierOfItself)
+TEST_F(X11KeyMonitorTest, returnIsSeenWithTheShiftThatMakesItALineEnd)
 {
-    watch();
-    hands.down(key("Control_R"));
-    hands.tap(key("a"));
-    hands.up(key("Control_R"));
-    const KeyEvent joined{ .kind = Kind::keyDown, .gestureKeyDown = true };
-    expect(std::vector{ gestureDown, joined, gestureUp });
-}
-
-TEST_F(X11KeyMonitorTest, AKeysRepeatIsNoSecondPress)
-{
-    watch();
-    hands.down(key("Control_R"));
-    // Some servers show the repeat of a held key like this.
-    for (int repeat = 0; repeat < 20; ++repeat) {
-        hands.up(key("Control_R"));
-        hands.down(key("Control_R"));
+    for (const int layout : { 0, 1, 2 }) {
+        SCOPED_TRACE(layout);
+        m_hands.layout(layout);
+        for (const char* name : { "Return", "KP_Enter" }) {
+            SCOPED_TRACE(name);
+            m_events.clear();
+            watch();
+            m_hands.tap(m_hands.key(name));
+            rest();
+            m_hands.chord({ m_hands.key("Shift_L"), m_hands.key(name) });
+            rest();
+            m_hands.tap(m_hands.key("space"));
+            auto sent = key();
+            sent.isReturn = true;
+            auto line = sent;
+            line.shiftDown = line.otherModifiers = true;
+            expectSeen({ sent, modifier(true, true), line, modifier(false), key() });
+            rest();
+        }
     }
-    hands.up(key("Control_R"));
-    expect(std::vector{ gestureDown, gestureUp });
 }
 
-TEST_F(X11KeyMonitorTest, WhatWeSendOurselvesIsNoKeyOfTheUsers)
+TEST_F(X11KeyMonitorTest, keysThatThisProgramSentAreNotTheUsers)
 {
-    X11PasteKeystroke keystroke(sent, clock);
     watch();
-    EXPECT_TRUE(desktop::valueOf(keystroke.send(Field())));
-    hands.tap(key("v"));
-    expect(std::vector{ ordinary });
+    const Key control = m_hands.key("Control_L"), v = m_hands.key("v");
+    for (const Key code : { control, v })
+        m_sent.add(code, true);
+    for (const Key code : { v, control })
+        m_sent.add(code, false);
+    m_hands.chord({ control, v });
+    rest();
+    m_hands.tap(v); // and this is the user
+    expectSeen({ key() });
 }
 
-TEST_F(X11KeyMonitorTest, KeysAreSeenWhileAnotherProgramHoldsThem)
+TEST_F(X11KeyMonitorTest, keysAreSeenWhileAnotherProgramHasThemAndItStillGetsThem)
 {
-    const desktop::Grab other(key("a"), 0);
+    const Grab other(m_hands.key("F5"), 0);
     watch();
-    hands.tap(key("a"));
-    expect(std::vector{ ordinary });
+    const Program editor(QStringLiteral("zenity"), { QStringLiteral("--entry") });
+    m_hands.tap(m_hands.key("F5"));
+    rest();
+    expectSeen({ key() });
+    EXPECT_TRUE(other.pressed());
 }
 
-TEST_F(X11KeyMonitorTest, AKeyThatWasDownAtTheStartIsNoPress)
+TEST_F(X11KeyMonitorTest, aKeyThatIsDownAtTheStartIsNoPress)
 {
-    hands.down(key("Control_R"));
+    const Key control = m_hands.key("Control_R");
+    m_hands.down(control);
     watch();
-    hands.up(key("Control_R"));
-    expect(std::vector{ gestureUp });
-    hands.tap(key("Control_R"));
-    expect(std::vector{ gestureDown, gestureUp });
+    m_hands.up(control);
+    expectSeen({ gesture(false) });
 }
 
-TEST_F(X11KeyMonitorTest, TellsNothingAfterTheStop)
+TEST_F(X11KeyMonitorTest, nothingIsToldAfterTheEnd)
 {
     watch();
-    monitor.stop();
-    hands.tap(key("a"));
-    watch();
-    expect(std::vector<KeyEvent>{});
+    m_monitor.stop();
+    RawKeys server;
+    const Key control = m_hands.key("Control_R");
+    m_hands.tap(control);
+    EXPECT_TRUE(until([&] { return server.presses(control) == 1; }));
+    rest();
+    EXPECT_TRUE(m_events.empty());
+    // Nor of a watch that ends while it is being told.
+    EXPECT_TRUE(m_monitor.start(GestureKey::rightControl, [this](const KeyEvent& event) {
+        m_events.push_back(event);
+        m_monitor.stop();
+    }));
+    m_hands.tap(control);
+    EXPECT_TRUE(until([&] { return server.presses(control) == 2 && !m_events.empty(); }));
+    rest();
+    EXPECT_EQ(m_events, std::vector{ gesture(true) });
+}
+
+TEST_F(X11KeyMonitorTest, aKeyboardWithAnFnKeyHasTheGestureOnIt)
+{
+    EXPECT_FALSE(m_monitor.reportsFn());
+    QProcess::execute(QStringLiteral("xmodmap"),
+        { QStringLiteral("-e"), QStringLiteral("keycode 150 = XF86Fn") });
+    // The monitor that is there learns of it in its own time; a new one knows at once.
+    X11KeyMonitor fresh(m_sent, m_clock);
+    EXPECT_TRUE(fresh.reportsFn());
+    m_events.clear();
+    EXPECT_TRUE(
+        fresh.start(GestureKey::fn, [this](const KeyEvent& event) { m_events.push_back(event); }));
+    m_hands.tap(150);
+    expectSeen({ gesture(true), gesture(false) });
+}
+
+TEST(X11KeyMonitorInNestedServer, theRepeatOfAHeldKeyIsNoSecondPress)
+{
+    const NestedServer nested;
+    QtClock clock;
+    SentKeys sent(clock);
+    const Hands hands; // on the outer server, so to speak the hardware
+    for (const auto& [name, gestureKey] :
+        { std::pair{ "Menu", GestureKey::menu }, { "a", GestureKey::rightControl } }) {
+        SCOPED_TRACE(name);
+        std::vector<KeyEvent> events;
+        const auto monitor = nested.make<X11KeyMonitor>(sent, clock);
+        ASSERT_TRUE(
+            monitor->start(gestureKey, [&](const KeyEvent& event) { events.push_back(event); }));
+        RawKeys server(nested.display());
+        const Key code = hands.key(name);
+        hands.down(code);
+        EXPECT_TRUE(until([&] { return server.presses(code) >= 5; }));
+        EXPECT_EQ(events.size(), 1U);
+        hands.up(code);
+        if (gestureKey == GestureKey::menu) {
+            EXPECT_TRUE(until([&] { return events.size() >= 2; }));
+            EXPECT_EQ(events, (std::vector{ gesture(true), gesture(false) }));
+        }
+    }
 }
 
 } // namespace
