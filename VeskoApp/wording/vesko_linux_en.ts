@@ -1,0 +1,119 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en">
+<context>
+    <name>Vesko</name>
+    <message>
+        <source>Vesko could not access your key in Keychain. Unlock your Mac and try again.</source>
+        <translation>Vesko could not access your key in your password store (keyring). Unlock it and try again.</translation>
+    </message>
+    <message>
+        <source>Allow OpenRouter processing in Settings, or choose Apple on-device speech. Your original stays saved.</source>
+        <translation>Allow OpenRouter processing in Settings, or choose on-device speech. Your original stays saved.</translation>
+    </message>
+    <message>
+        <source>Allow Microphone for Vesko in System Settings &gt; Privacy &amp; Security &gt; Microphone, then try again.</source>
+        <translation>Allow the microphone for Vesko in your desktop's settings, then try again.</translation>
+    </message>
+    <message>
+        <source>Command Shift Space is unavailable. Use the floating button or choose another system shortcut.</source>
+        <translation>Super+Shift+Space is unavailable. Use the floating button or choose another system shortcut.</translation>
+    </message>
+    <message>
+        <source>Allow Speech Recognition for Vesko in System Settings, or choose OpenRouter.</source>
+        <translation>Allow speech recognition for Vesko in your desktop's settings, or choose OpenRouter.</translation>
+    </message>
+    <message>
+        <source>Apple on-device</source>
+        <translation>On-device</translation>
+    </message>
+    <message>
+        <source>Vesko Plus models are not available yet. Your audio is saved. Choose Apple on-device speech or your own key.</source>
+        <translation>Vesko Plus models are not available yet. Your audio is saved. Choose on-device speech or your own key.</translation>
+    </message>
+    <message>
+        <source>Copied. Allow Accessibility for Vesko in System Settings to paste automatically.</source>
+        <translation>Copied. Turn on accessibility in your desktop's settings to paste automatically.</translation>
+    </message>
+    <message>
+        <source>Copied. No text field was focused when you started. Paste it with Command V.</source>
+        <translation>Copied. No text field was focused when you started. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copied. You moved to another field, so Vesko did not paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. This field does not accept automatic paste. Paste it with Command V.</source>
+        <translation>Copied. This field does not accept automatic paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift Space</source>
+        <translation>Click once to record. Drag to move. Right-click for the menu. Shortcut: Super+Shift+Space</translation>
+    </message>
+    <message>
+        <source>Command Shift Space</source>
+        <translation>Super+Shift+Space</translation>
+    </message>
+    <message>
+        <source>Uses on-device speech only when this language is supported. Automatic uses your Mac's language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>Uses on-device speech only when this language is supported. Automatic uses your computer's language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.</translation>
+    </message>
+    <message>
+        <source>Recordings stop after 5 minutes in this version. Original audio stays on this Mac.</source>
+        <translation>Recordings stop after 5 minutes in this version. Original audio stays on this computer.</translation>
+    </message>
+    <message>
+        <source>Saved in Keychain</source>
+        <translation>Saved in your keyring</translation>
+    </message>
+    <message>
+        <source>Your key belongs to this macOS account. Vesko does not share it with other users or top up your balance.</source>
+        <translation>Your key belongs to your user account on this computer. Vesko does not share it with other users or top up your balance.</translation>
+    </message>
+    <message>
+        <source>Key saved in Keychain</source>
+        <translation>Key saved in your keyring</translation>
+    </message>
+    <message>
+        <source>Adds a separate paid request. With Apple speech, only the transcript is sent for cleanup. The original transcript stays available.</source>
+        <translation>Adds a separate paid request. With on-device speech, only the transcript is sent for cleanup. The original transcript stays available.</translation>
+    </message>
+    <message>
+        <source>Also use Fn / Globe to start and stop</source>
+        <translation>Also use a single key to start and stop</translation>
+    </message>
+    <message>
+        <source>Fn starts recording when pressed. Tap to keep recording, or hold for 0.35 seconds and release to finish. A second tap stops a latched recording. Fn combinations do not send audio for transcription. Set Fn/Globe to Do Nothing in System Settings &gt; Keyboard if macOS opens its own dictation or emoji picker.</source>
+        <translation>The key starts recording when pressed. Tap to keep recording, or hold for 0.35 seconds and release to finish. A second tap stops a latched recording. Combinations with other keys do not send audio for transcription. If your desktop does something of its own with this key, turn that off in its keyboard settings or choose another key.</translation>
+    </message>
+    <message>
+        <source>The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.</source>
+        <translation>Your desktop does not show the Vesko icon. Make room for it in the panel, or right-click the floating button for the same menu.</translation>
+    </message>
+    <message>
+        <source>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Input Monitoring observes Fn and a Return send signal; keystrokes are not saved.</source>
+        <translation>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Vesko watches the keyboard for its own key and a Return send signal; keystrokes are not saved.</translation>
+    </message>
+    <message>
+        <source>Open Privacy &amp; Security</source>
+        <translation>Open privacy settings</translation>
+    </message>
+    <message>
+        <source>Launch at login could not be changed. Check Login Items in System Settings.</source>
+        <translation>Launch at login could not be changed. Check the startup applications in your desktop's settings.</translation>
+    </message>
+    <message>
+        <source>macOS approval is needed in Login Items.</source>
+        <translation>Your desktop must allow Vesko in its startup applications.</translation>
+    </message>
+    <message>
+        <source>Open Login Items</source>
+        <translation>Open startup applications</translation>
+    </message>
+</context>
+</TS>
