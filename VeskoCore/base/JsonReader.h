@@ -83,6 +83,7 @@ private:
     template <class T>
     static void read(Element from, std::vector<T>& to)
     {
+        to.clear();
         // Nothing is reserved: a hostile text could claim far more than it goes on to fill.
         for (const Element element : get<simdjson::dom::array>(from))
             read(element, to.emplace_back());

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "VeskoCore/base/FileSystem.h"
+
+#include <system_error>
+#include <unistd.h>
+
+namespace vesko {
+
+// The machine's file system, one of whose calls goes wrong on purpose.
+class FailingFileSystem final : public FileSystem {
+public:
+    enum class Fault {
+        none,
+        error, // the call does nothing and fails with `number`
+        shortWrite, // a write takes half of the bytes; any other call goes well
+        deathBefore, // the process ends where the call would begin
+        deathWithin, // the process ends with half a write done, or right after any other call
+    };
+
+    Fault fault = Fault::none;
+    int number = 0; // the system's number of the error
+    int at = 0; // which call, counted from 0 since `calls` was set
+    int calls = 0;
+    bool hasLinks = true;
+    bool syncsFolders = true;
+
+    int open(const std::filesystem::path& path, int flags, mode_t permissions) override
+    {
+        return call([&] { return m_real.open(path, flags, permissions); });
+    }
+    std::size_t read(int file, std::span<char> into) override
+    {
+        return call([&] { return m_real.read(file, into); });
+    }
+    std::size_t write(int file, std::string_view bytes) override
+    {
+        if (calls == at && (fault == Fault::shortWrite || fault == Fault::deathWithin))
+            bytes = bytes.substr(0, (bytes.size() + 1) / 2);
+        return call([&] { return m_real.write(file, bytes); });
+    }
+    void setPermissions(int file, mode_t permissions) override
+    {
+        call([&] { return m_real.setPermissions(file, permissions), 0; });
+    }
+    void sync(int file) override
+    {
+        if (!syncsFolders && m_real.status(file).kind == FileStatus::folder)
+            throw std::system_error(EINVAL, std::generic_category());
+        call([&] { return m_real.sync(file), 0; });
+    }
+    void close(int file) override
+    {
+        // A close that fails has closed all the same.
+        if (calls == at && fault == Fault::error)
+            m_real.close(file);
+        call([&] { return m_real.close(file), 0; });
+    }
+    std::optional<FileStatus> status(const std::filesystem::path& path) override
+    {
+        return call([&] { return m_real.status(path); });
+    }
+    FileStatus status(int file) override
+    {
+        return call([&] { return m_real.status(file); });
+    }
+    void rename(const std::filesystem::path& from, const std::filesystem::path& to) override
+    {
+        call([&] { return m_real.rename(from, to), 0; });
+    }
+    void link(const std::filesystem::path& from, const std::filesystem::path& to) override
+    {
+        if (!hasLinks)
+            throw std::system_error(EPERM, std::generic_category());
+        call([&] { return m_real.link(from, to), 0; });
+    }
+    void unlink(const std::filesystem::path& path) override
+    {
+        call([&] { return m_real.unlink(path), 0; });
+    }
+    void makeFolder(const std::filesystem::path& path, mode_t permissions) override
+    {
+        call([&] { return m_real.makeFolder(path, permissions), 0; });
+    }
+
+private:
+    template <class Work>
+    auto call(Work work) -> decltype(work())
+    {
+        if (calls++ != at || fault == Fault::none || fault == Fault::shortWrite)
+            return work();
+        if (fault == Fault::error)
+            throw std::system_error(number, std::generic_category());
+        if (fault == Fault::deathWithin)
+            work();
+        _exit(0);
+    }
+
+    FileSystem& m_real = FileSystem::posix();
+};
+
+} // namespace vesko
