@@ -28,6 +28,7 @@ Window {
         border.color: pointer.containsMouse ? Theme.accent : Theme.outline
 
         Accessible.role: Accessible.Button
+        Accessible.focusable: enabled
         Accessible.name: panel.model.phaseTitle
         Accessible.onPressAction: panel.model.toggleDictation()
 

@@ -64,9 +64,11 @@ class Vesko:
     @property
     def phase(self):
         """"ready", "recording", or "busy" while a press would do nothing."""
-        if self.button.name == "Recording":
+        name = self.button.name
+        if name == "Recording":
             return "recording"
-        return "ready" if "enabled" in self.button.states else "busy"
+        # The toolkit tells a disabled button from others by this state alone.
+        return "ready" if name == "Ready" and "focusable" in self.button.states else "busy"
 
     def wait_for(self, phase, deadline=20.0):
         until(f"Vesko is {phase}; it shows {self.shown()}", lambda: self.phase == phase, deadline)
