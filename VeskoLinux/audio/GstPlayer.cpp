@@ -1,0 +1,53 @@
+#include "VeskoLinux/audio/GstPlayer.h"
+
+#include "VeskoLinux/audio/Playback.h"
+
+#include <utility>
+
+namespace vesko {
+
+GstPlayer::GstPlayer() = default;
+
+GstPlayer::~GstPlayer()
+{
+    m_stop.request_stop();
+}
+
+Task<double> GstPlayer::play(std::filesystem::path file)
+{
+    m_stop.request_stop();
+    m_stop = {};
+    // A caller that no longer waits would not stop it.
+    struct Unheard {
+        GstPlayer& player;
+        const std::stop_source own = player.m_stop;
+        bool heard = false;
+        ~Unheard()
+        {
+            if (!heard && player.m_stop == own)
+                player.stop();
+        }
+    } state{ *this };
+
+    const double seconds
+        = co_await m_worker.run([this, file = std::move(file), stop = m_stop.get_token()] {
+              m_playback.reset();
+              m_playback = std::make_unique<Playback>(file, stop);
+              return m_playback->seconds();
+          });
+    state.heard = true;
+    co_return seconds;
+}
+
+void GstPlayer::stop()
+{
+    m_stop.request_stop();
+    m_tasks.spawn(end());
+}
+
+Task<> GstPlayer::end()
+{
+    co_await m_worker.run([this] { m_playback.reset(); });
+}
+
+} // namespace vesko

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "VeskoApp/async/TaskScope.h"
+#include "VeskoApp/async/Worker.h"
+#include "VeskoApp/platform/AudioPlayer.h"
+
+#include <memory>
+#include <stop_token>
+
+namespace vesko {
+
+class Playback;
+
+// Plays recordings, AAC in m4a, through GStreamer to the sound server's default output. Nothing
+// but these formats is ever parsed, whatever a file contains. A sound that has ended keeps the
+// output until stop().
+class GstPlayer final : public AudioPlayer {
+public:
+    GstPlayer();
+    ~GstPlayer() override;
+
+    Task<double> play(std::filesystem::path file) override;
+    void stop() override;
+
+private:
+    Task<> end();
+
+    std::unique_ptr<Playback> m_playback; // the worker's
+    std::stop_source m_stop; // of the latest play
+    Worker m_worker;
+    TaskScope m_tasks;
+};
+
+} // namespace vesko

@@ -1,0 +1,177 @@
+#include "VeskoLinux/audio/GstRecorder.h"
+
+#include "VeskoLinux/audio/RecordingPipeline.h"
+
+#include <QTimer>
+
+#include <chrono>
+#include <stdexcept>
+#include <utility>
+
+namespace vesko {
+
+namespace {
+
+// A Bluetooth headset takes seconds to open its microphone; a server that hangs takes for ever.
+constexpr std::chrono::seconds startLimit{ 6 };
+
+} // namespace
+
+GstRecorder::GstRecorder()
+    : m_next(nextPipeline())
+{
+    m_tasks.spawn(build(m_next));
+}
+
+GstRecorder::~GstRecorder()
+{
+    if (m_current)
+        m_current->abandon();
+}
+
+GstRecorder::Pipeline GstRecorder::nextPipeline()
+{
+    // Told from GStreamer's threads, which end with the pipeline, so before m_home.
+    auto self = std::make_shared<std::weak_ptr<RecordingPipeline>>();
+    auto pipeline = std::make_shared<RecordingPipeline>([this, self] {
+        QMetaObject::invokeMethod(
+            &m_home,
+            [this, self] {
+                if (m_current && m_current == self->lock())
+                    m_tasks.spawn(attend(m_current));
+            },
+            Qt::QueuedConnection);
+    });
+    *self = pipeline;
+    return pipeline;
+}
+
+// Programs outside a sandbox may use the microphone.
+Task<bool> GstRecorder::requestAccess()
+{
+    co_return true;
+}
+
+void GstRecorder::open()
+{
+    if (m_current)
+        return;
+    m_current = std::exchange(m_next, nextPipeline());
+    m_started = false;
+    m_tasks.spawn(openMicrophone(m_current));
+}
+
+Task<> GstRecorder::start(std::filesystem::path file)
+{
+    if (!m_current)
+        throw std::runtime_error("The microphone isn't open");
+    if (std::exchange(m_started, true))
+        throw std::runtime_error("A recording is already under way");
+    const Pipeline pipeline = m_current;
+
+    // Unless it begins, and its caller is still there to hear of it, nothing stays behind.
+    struct Unbegun {
+        GstRecorder& recorder;
+        const Pipeline& pipeline;
+        bool begun = false;
+        ~Unbegun()
+        {
+            if (!begun && recorder.m_current == pipeline)
+                recorder.stop();
+        }
+    } state{ *this, pipeline };
+
+    Eventual<std::exception_ptr> outcome;
+    QTimer::singleShot(startLimit, &m_home, [outcome] {
+        outcome.set(
+            std::make_exception_ptr(std::runtime_error("The microphone gave no sound in time")));
+    });
+    m_tasks.spawn(begin(pipeline, std::move(file), outcome));
+    if (const auto failure = co_await outcome)
+        std::rethrow_exception(failure);
+    state.begun = true;
+}
+
+Task<> GstRecorder::begin(
+    Pipeline pipeline, std::filesystem::path file, Eventual<std::exception_ptr> begun)
+{
+    std::exception_ptr failure;
+    try {
+        co_await m_worker.run([pipeline, file = std::move(file)] { pipeline->begin(file); });
+    } catch (const std::exception&) {
+        failure = std::current_exception();
+    }
+    pipeline.reset();
+    begun.set(failure);
+}
+
+double GstRecorder::currentTime() const
+{
+    return m_current ? m_current->capturedSeconds() : 0;
+}
+
+double GstRecorder::averagePower() const
+{
+    return m_current ? m_current->averagePower() : -160;
+}
+
+double GstRecorder::stop()
+{
+    if (!m_current)
+        return 0;
+    Pipeline pipeline = std::exchange(m_current, nullptr);
+    const double seconds = pipeline->capturedSeconds();
+    pipeline->abandon();
+    m_finished = {};
+    m_tasks.spawn(end(std::move(pipeline), m_finished));
+    return seconds;
+}
+
+Task<> GstRecorder::end(Pipeline pipeline, Eventual<std::monostate> finished)
+{
+    co_await m_worker.run([pipeline] { pipeline->end(); });
+    finished.set({});
+    // Its last reference goes here, on the worker: letting go of the device takes a moment.
+    co_await m_worker.run([pipeline = std::move(pipeline)]() mutable { pipeline.reset(); });
+    co_await build(m_next);
+}
+
+Task<> GstRecorder::attend(Pipeline pipeline)
+{
+    const auto failure = co_await m_worker.run([pipeline] { return pipeline->attend(); });
+    // Not from this task, which the listener might end together with the recorder.
+    if (failure)
+        QMetaObject::invokeMethod(
+            &m_home, [this, pipeline, failure] { endedByItself(pipeline, *failure); },
+            Qt::QueuedConnection);
+}
+
+void GstRecorder::endedByItself(const Pipeline& pipeline, RecorderFailure failure)
+{
+    if (m_current != pipeline)
+        return;
+    m_current.reset();
+    m_tasks.spawn(end(pipeline, {}));
+    if (const auto tell = onFailure)
+        tell(failure);
+}
+
+// Its failure is begin's to tell.
+Task<> GstRecorder::openMicrophone(Pipeline pipeline)
+{
+    try {
+        co_await m_worker.run([pipeline = std::move(pipeline)] { pipeline->open(); });
+    } catch (const std::runtime_error&) {
+    }
+}
+
+Task<> GstRecorder::build(Pipeline pipeline)
+{
+    try {
+        co_await m_worker.run([pipeline = std::move(pipeline)] { pipeline->build(); });
+    } catch (const std::runtime_error&) {
+        // begin() builds what isn't there, and then its caller hears why it can't.
+    }
+}
+
+} // namespace vesko

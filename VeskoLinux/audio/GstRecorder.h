@@ -1,0 +1,55 @@
+#pragma once
+
+#include "VeskoApp/async/TaskScope.h"
+#include "VeskoApp/async/Worker.h"
+#include "VeskoApp/platform/AudioRecorder.h"
+
+#include <QObject>
+
+#include <exception>
+#include <memory>
+
+namespace vesko {
+
+class RecordingPipeline;
+
+// Records through GStreamer from the sound server's default source, which stays the source if the
+// user's choice moves it elsewhere meanwhile. What plays through the speakers is never taken for a
+// microphone. The parts are put together when the program starts and after each recording, so that
+// a press finds them ready; while idle there is no thread awake and no connection.
+//
+// Destroying it ends a running recording and waits for its file.
+class GstRecorder final : public AudioRecorder {
+public:
+    GstRecorder();
+    ~GstRecorder() override;
+
+    Task<bool> requestAccess() override;
+    void open() override;
+    Task<> start(std::filesystem::path file) override;
+    double currentTime() const override;
+    double averagePower() const override;
+    double stop() override;
+    Eventual<std::monostate> finished() override { return m_finished; }
+
+private:
+    using Pipeline = std::shared_ptr<RecordingPipeline>;
+
+    Pipeline nextPipeline();
+    Task<> build(Pipeline pipeline);
+    Task<> openMicrophone(Pipeline pipeline);
+    Task<> begin(Pipeline pipeline, std::filesystem::path file, Eventual<std::exception_ptr> begun);
+    Task<> attend(Pipeline pipeline);
+    void endedByItself(const Pipeline& pipeline, RecorderFailure failure);
+    Task<> end(Pipeline pipeline, Eventual<std::monostate> finished);
+
+    QObject m_home; // what other threads post to; outlives them all
+    Pipeline m_next; // for the coming recording
+    Pipeline m_current; // between open and stop
+    bool m_started = false;
+    Eventual<std::monostate> m_finished = Eventual<std::monostate>::of({});
+    Worker m_worker; // what may wait for the sound server or the disk
+    TaskScope m_tasks;
+};
+
+} // namespace vesko
