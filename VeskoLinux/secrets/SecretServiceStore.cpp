@@ -91,9 +91,10 @@ public:
     {
         GError* error = nullptr;
         const auto attributes = attributesOf(account);
-        Items items(secret_service_search_sync(m_service.get(), &schema, attributes.get(),
-            static_cast<SecretSearchFlags>(flags | SECRET_SEARCH_UNLOCK), m_deadline.cancellable(),
-            &error));
+        // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, which combine
+        const auto combined = static_cast<SecretSearchFlags>(flags | SECRET_SEARCH_UNLOCK);
+        Items items(secret_service_search_sync(m_service.get(), &schema, attributes.get(), combined,
+            m_deadline.cancellable(), &error));
         // The search swallows a cancelled unlock.
         if (error || g_cancellable_is_cancelled(m_deadline.cancellable())) {
             g_clear_error(&error);
