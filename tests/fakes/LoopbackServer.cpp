@@ -110,6 +110,12 @@ void LoopbackServer::stopReading()
     m_reading = false;
 }
 
+void LoopbackServer::readSlowlyFor(std::chrono::milliseconds time)
+{
+    const std::lock_guard lock(m_mutex);
+    m_slowTime = time;
+}
+
 std::vector<LoopbackServer::Request> LoopbackServer::requests() const
 {
     const std::lock_guard lock(m_mutex);
@@ -141,6 +147,12 @@ bool LoopbackServer::waitForRequests(std::size_t count) const
     return m_changed.wait_for(lock, deadline, [&] { return m_requests.size() >= count; });
 }
 
+bool LoopbackServer::waitForReplies(std::size_t count) const
+{
+    std::unique_lock lock(m_mutex);
+    return m_changed.wait_for(lock, deadline, [&] { return m_repliesSent >= count; });
+}
+
 void LoopbackServer::accept(const std::stop_token& stop)
 {
     while (!stop.stop_requested()) {
@@ -168,7 +180,7 @@ void LoopbackServer::serve(int connection, const std::stop_token& stop)
             m_changed.wait(lock, stop, [] { return false; });
     }
     while (reading) {
-        auto request = readRequest(connection);
+        auto request = readRequest(connection, stop);
         if (!request)
             break;
         const Reply reply = nextReply();
@@ -184,12 +196,18 @@ void LoopbackServer::serve(int connection, const std::stop_token& stop)
     close(connection);
 }
 
-std::optional<LoopbackServer::Request> LoopbackServer::readRequest(int connection)
+std::optional<LoopbackServer::Request> LoopbackServer::readRequest(
+    int connection, const std::stop_token& stop)
 {
+    std::unique_lock lock(m_mutex);
+    const auto slowUntil = std::chrono::steady_clock::now() + m_slowTime;
+    lock.unlock();
     std::string bytes;
     std::optional<Request> request;
     std::size_t whole = 0;
     while (!request || bytes.size() < whole) {
+        if (std::chrono::steady_clock::now() < slowUntil)
+            pause(std::chrono::milliseconds(20), stop);
         char chunk[65536];
         const ssize_t got = recv(connection, chunk, sizeof chunk, 0);
         if (got <= 0)
@@ -215,6 +233,11 @@ bool LoopbackServer::send(int connection, const Reply& reply, const std::stop_to
         if (!sendBytes(connection, reply.repeated, reply.pause, stop))
             return false;
     }
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_repliesSent;
+    }
+    m_changed.notify_all();
     if (reply.then == Then::reset) {
         const linger atOnce{ .l_onoff = 1, .l_linger = 0 };
         setsockopt(connection, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
@@ -223,21 +246,25 @@ bool LoopbackServer::send(int connection, const Reply& reply, const std::stop_to
 }
 
 bool LoopbackServer::sendBytes(int connection, const std::string& bytes,
-    std::chrono::milliseconds pause, const std::stop_token& stop)
+    std::chrono::milliseconds between, const std::stop_token& stop)
 {
-    const std::size_t step = pause.count() > 0 ? 1 : bytes.size();
+    const std::size_t step = between.count() > 0 ? 1 : bytes.size();
     for (std::size_t sent = 0; sent < bytes.size();) {
         const ssize_t took = ::send(
             connection, bytes.data() + sent, std::min(step, bytes.size() - sent), MSG_NOSIGNAL);
         if (took <= 0 || stop.stop_requested())
             return false;
         sent += static_cast<std::size_t>(took);
-        if (pause.count() > 0) {
-            std::unique_lock lock(m_mutex);
-            m_changed.wait_for(lock, stop, pause, [] { return false; });
-        }
+        if (between.count() > 0)
+            pause(between, stop);
     }
     return true;
+}
+
+void LoopbackServer::pause(std::chrono::milliseconds time, const std::stop_token& stop)
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait_for(lock, stop, time, [] { return false; });
 }
 
 LoopbackServer::Reply LoopbackServer::nextReply()

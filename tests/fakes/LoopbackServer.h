@@ -60,23 +60,27 @@ public:
     void reply(Reply reply);
     // From now on a connection is taken but not read from, as by a server that is stuck.
     void stopReading();
+    // From now on a request is taken in small sips until so much time has passed, then at once.
+    void readSlowlyFor(std::chrono::milliseconds time);
 
     // The whole requests so far.
     std::vector<Request> requests() const;
     // The only request; fails the test if there was not exactly one.
     Request onlyRequest() const;
     std::size_t connections() const;
-    // Waits until so many connections were made, or whole requests came; false if they do not come
-    // within a minute.
+    // Waits until so many connections were made, whole requests came, or replies were sent to their
+    // end; false if that does not happen within a minute.
     bool waitForConnections(std::size_t count) const;
     bool waitForRequests(std::size_t count) const;
+    bool waitForReplies(std::size_t count) const;
 
 private:
     void accept(const std::stop_token& stop);
     void serve(int connection, const std::stop_token& stop);
-    std::optional<Request> readRequest(int connection);
+    std::optional<Request> readRequest(int connection, const std::stop_token& stop);
+    void pause(std::chrono::milliseconds time, const std::stop_token& stop);
     bool send(int connection, const Reply& reply, const std::stop_token& stop);
-    bool sendBytes(int connection, const std::string& bytes, std::chrono::milliseconds pause,
+    bool sendBytes(int connection, const std::string& bytes, std::chrono::milliseconds between,
         const std::stop_token& stop);
     Reply nextReply();
 
@@ -89,7 +93,9 @@ private:
     std::vector<Request> m_requests;
     std::vector<int> m_open; // sockets in use, to be woken when the server ends
     std::size_t m_connections = 0;
+    std::size_t m_repliesSent = 0;
     bool m_reading = true;
+    std::chrono::milliseconds m_slowTime{ 0 };
 
     std::vector<std::jthread> m_serving;
     std::jthread m_accepting; // the only one to add to m_serving

@@ -240,6 +240,19 @@ TEST(CurlTransport, AFailedExchangeIsNeverSentAgain)
         { "closed within the headers",
             { .bytes = "HTTP/1.1 200 OK\r\nContent-Le", .then = Then::close },
             URLError::networkConnectionLost },
+        { "closed between two headers",
+            { .bytes = "HTTP/1.1 200 OK\r\nX-Title: a\r\n", .then = Then::close },
+            URLError::networkConnectionLost },
+        { "closed after a preliminary answer",
+            { .bytes = "HTTP/1.1 100 Continue\r\n\r\n", .then = Then::close },
+            URLError::networkConnectionLost },
+        { "closed within the headers after a preliminary answer",
+            { .bytes = "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 200 OK\r\n", .then = Then::close },
+            URLError::networkConnectionLost },
+        { "closed before the last chunk",
+            { .bytes = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n4\r\nbody\r\n",
+                .then = Then::close },
+            URLError::networkConnectionLost },
         { "closed within the body",
             { .bytes = "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nbody", .then = Then::close },
             URLError::networkConnectionLost },
@@ -448,15 +461,28 @@ TEST(CurlTransport, AServerThatStopsReadingIsGivenUp)
 
 TEST(CurlTransport, AnAnswerMayTakeLongerThanTheIdleTimeAsLongAsItMoves)
 {
-    // More than a hundred bytes, one each 30 ms: over three seconds, none of them idle.
-    const std::string body(80, 'x');
+    // One byte each 30 ms: the body alone takes longer than the idle time.
+    const std::string body(90, 'x');
     LoopbackServer server;
     Reply slow = LoopbackServer::answer(200, body);
     slow.pause = 30ms;
     server.reply(slow);
     HttpRequest request = post(server);
-    request.timeout = 2.5;
+    request.timeout = 2;
     EXPECT_EQ(exchange(request).data, body);
+}
+
+TEST(CurlTransport, SendingMayTakeLongerThanTheIdleTimeAsLongAsItMoves)
+{
+    // More than the sockets between hold, and than is sipped in that time.
+    const std::string body(30'000'000, 'x');
+    LoopbackServer server;
+    server.readSlowlyFor(3s);
+    server.reply(LoopbackServer::answer(200, "got it"));
+    HttpRequest request = post(server, body);
+    request.timeout = 2;
+    EXPECT_EQ(exchange(request).data, "got it");
+    EXPECT_EQ(server.onlyRequest().body.size(), body.size());
 }
 
 TEST(CurlTransport, AnExchangeThatMovesForeverEndsWithItsWholeTime)
@@ -466,7 +492,9 @@ TEST(CurlTransport, AnExchangeThatMovesForeverEndsWithItsWholeTime)
         .then = Then::repeatForever,
         .pause = 20ms,
         .repeated = "x" });
+    const auto started = std::chrono::steady_clock::now();
     EXPECT_EQ(failure(post(server), curlTransport(0.5)), URLError::timedOut);
+    EXPECT_LT(std::chrono::steady_clock::now() - started, 30s);
     EXPECT_EQ(server.requests().size(), 1U);
 }
 
@@ -483,25 +511,28 @@ TEST(CurlTransport, AStopEndsTheExchangeWithinMoments)
 {
     const struct {
         const char* what;
-        std::string bytes;
+        std::string sent;
         bool reading;
+        std::string answered;
     } rows[] = {
-        { "waiting for the answer", "", true },
-        { "within the body", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nbody", true },
-        { "while the server does not read", "", false },
+        { "waiting for the answer", "x", true, "" },
+        { "long asleep within the body", "x", true,
+            "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nbody" },
+        { "while the server does not read", std::string(30'000'000, 'x'), false, "" },
     };
     for (const auto& row : rows) {
         LoopbackServer server;
         if (!row.reading)
             server.stopReading();
-        server.reply({ .bytes = row.bytes, .then = Then::stayOpen });
+        // Slow, since libcurl wakes up by itself in its first 200 milliseconds.
+        server.reply({ .bytes = row.answered, .then = Then::stayOpen, .pause = 10ms });
         std::stop_source source;
         const std::jthread user([&] {
-            EXPECT_TRUE(row.reading ? server.waitForRequests(1) : server.waitForConnections(1));
+            EXPECT_TRUE(row.reading ? server.waitForReplies(1) : server.waitForConnections(1));
             source.request_stop();
         });
+        const HttpRequest request = post(server, row.sent);
         const auto started = std::chrono::steady_clock::now();
-        const HttpRequest request = post(server, std::string(30'000'000, 'x'));
         EXPECT_EQ(failure(request, curlTransport(), source.get_token()), URLError::cancelled)
             << row.what;
         // Far below both time-outs, and far above what a busy machine needs.
