@@ -153,12 +153,10 @@ class Gesture(unittest.TestCase):
         self.lands()
 
     def test_the_shortcut_held_down_is_one_press(self):
-        for key in hands.SHORTCUT:
-            hands.press(key)
+        hands.press_shortcut()
         self.vesko.wait_for("recording")
         human_pause(0.9)  # the keyboard repeats a key after 0.66 s
-        for key in reversed(hands.SHORTCUT):
-            hands.release(key)
+        hands.release_shortcut()
         human_pause(0.3)
         self.assertEqual(self.vesko.phase, "recording")
         self.vesko.end()

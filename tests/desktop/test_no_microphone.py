@@ -15,7 +15,7 @@ class NoMicrophone(unittest.TestCase):
     def test_says_that_there_is_none(self):
         with Vesko() as vesko:
             vesko.wait_for("ready")
-            hands.tap(*hands.SHORTCUT)
+            hands.tap_shortcut()
             vesko.wait_for_text(
                 "The microphone could not start. Check your audio input and try again.")
             vesko.wait_for("ready")

@@ -41,6 +41,7 @@ def plain_ends(text):
 class Targets(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
+        hands.load_layouts()
         cls.service = OpenRouter()
         cls.addClassCleanup(cls.service.stop)
         binary = deployed(cls.service.url)
@@ -52,7 +53,6 @@ class Targets(unittest.TestCase):
     def setUp(self):
         clipboard.write("what was copied before")
         self.service.answer(WORDS)
-        self.addCleanup(hands.set_layouts, "us")
 
     def begin(self):
         self.vesko.begin()
@@ -189,22 +189,19 @@ class Targets(unittest.TestCase):
     def test_with_the_shortcut_still_held_down(self):
         with Mousepad() as editor:
             self.begin()
-            for key in hands.SHORTCUT:
-                hands.press(key)
+            hands.press_shortcut()
             try:
                 self.delivered()
                 self.holds(editor, WORDS)
             finally:
-                for key in reversed(hands.SHORTCUT):
-                    hands.release(key)
+                hands.release_shortcut()
             # Nobody presses again what the user held: no modifier stays down.
             self.assertEqual(hands.held(), set())
 
     def test_with_its_modifiers_held_a_moment_too_long(self):
         with FeatherPad() as editor:
             self.begin()
-            for key in hands.SHORTCUT:
-                hands.press(key)
+            hands.press_shortcut()
             hands.release("space")
             human_pause(0.25)
             hands.release("left shift")
@@ -213,15 +210,19 @@ class Targets(unittest.TestCase):
             self.holds(editor, WORDS)
 
     def test_with_a_russian_layout(self):
-        with Mousepad() as editor:
-            hands.set_layouts("ru", "us")
-            self.begin()
-            self.end()
-            self.holds(editor, WORDS)
+        self.with_layout("ru", Mousepad())
 
-    def test_with_a_greek_layout_alone(self):
-        with FeatherPad() as editor:
-            hands.set_layouts("gr")
+    def test_with_a_greek_layout(self):
+        self.with_layout("gr", FeatherPad())
+
+    def with_layout(self, layout, editor):
+        with editor:
+            hands.use_layout(layout)
+            self.addCleanup(hands.use_layout, "us")
+            hands.tap("v")
+            until("the layout is in use", lambda: editor.text in ("м", "ω"))
+            hands.tap("backspace")
+            until("the editor is empty again", lambda: editor.text == "")
             self.begin()
             self.end()
             self.holds(editor, WORDS)

@@ -6,6 +6,9 @@ under any layout. xdotool is no help for this: it presses modifiers of its own.
 
 import ctypes
 import subprocess
+import time
+
+from .waiting import human_pause
 
 KEYS = {
     "escape": 9, "backspace": 22, "tab": 23, "return": 36, "space": 65,
@@ -16,20 +19,25 @@ KEYS = {
 for row, first in (("qwertyuiop", 24), ("asdfghjkl", 38), ("zxcvbnm", 52), ("1234567890", 10)):
     KEYS.update({letter: first + place for place, letter in enumerate(row)})
 
+# Vesko's shortcut. Presses of it closer together than a quarter of a second count as one, so each
+# is kept apart from the one before, as a hand does.
 SHORTCUT = ("super", "left shift", "space")
-MODIFIERS = ("left control", "right control", "left shift", "right shift", "left alt", "right alt",
-             "super")
+APART = 0.3  # seconds
+
+CORE_KEYBOARD = 0x100
 
 _x11 = ctypes.CDLL("libX11.so.6")
 _xtest = ctypes.CDLL("libXtst.so.6")
 _x11.XOpenDisplay.restype = ctypes.c_void_p
 _x11.XSync.argtypes = [ctypes.c_void_p, ctypes.c_int]
 _x11.XQueryKeymap.argtypes = [ctypes.c_void_p, ctypes.c_char_p]
+_x11.XkbLockGroup.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_uint]
 _xtest.XTestFakeKeyEvent.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_int, ctypes.c_ulong]
 _xtest.XTestFakeButtonEvent.argtypes = _xtest.XTestFakeKeyEvent.argtypes
 _xtest.XTestFakeMotionEvent.argtypes = [
     ctypes.c_void_p, ctypes.c_int, ctypes.c_int, ctypes.c_int, ctypes.c_ulong]
 _display = None
+_shortcut_pressed = 0.0
 
 
 def _connection():
@@ -59,6 +67,25 @@ def tap(*names):
         release(name)
 
 
+def press_shortcut():
+    """Presses the keys of the shortcut and leaves them down."""
+    global _shortcut_pressed
+    human_pause(max(0.0, _shortcut_pressed + APART - time.monotonic()))
+    for name in SHORTCUT:
+        press(name)
+    _shortcut_pressed = time.monotonic()
+
+
+def release_shortcut():
+    for name in reversed(SHORTCUT):
+        release(name)
+
+
+def tap_shortcut():
+    press_shortcut()
+    release_shortcut()
+
+
 def type_letters(text):
     """Lower-case letters, digits and blanks only."""
     for letter in text:
@@ -84,6 +111,16 @@ def click(x, y):
     _x11.XSync(_connection(), 0)
 
 
-def set_layouts(*layouts):
-    """The first one is active."""
-    subprocess.run(["setxkbmap", "-layout", ",".join(layouts)], check=True)
+LAYOUTS = ("us", "ru", "gr")
+
+
+def load_layouts():
+    """Gives the keyboard all of LAYOUTS; the first is in use."""
+    subprocess.run(["setxkbmap", "-layout", ",".join(LAYOUTS)], check=True)
+    # The first key of a keyboard makes the server forget which layout was in use.
+    tap("left shift")
+
+
+def use_layout(name):
+    _x11.XkbLockGroup(_connection(), CORE_KEYBOARD, LAYOUTS.index(name))
+    _x11.XSync(_connection(), 0)

@@ -94,12 +94,12 @@ class Vesko:
     def begin(self):
         """Starts a dictation with the shortcut; returns when it records."""
         self.wait_for("ready")
-        hands.tap(*hands.SHORTCUT)
+        hands.tap_shortcut()
         self.wait_for("recording")
 
     def end(self):
         """Finishes it with the shortcut; returns at once."""
-        hands.tap(*hands.SHORTCUT)
+        hands.tap_shortcut()
 
     def dictate(self, speak):
         """A whole dictation of what speak() says; returns when it has been delivered or failed."""
