@@ -9,7 +9,8 @@ import unittest
 
 from . import eyes, hands
 
-PICTURES = os.path.abspath(os.path.join(os.path.dirname(__file__), "../../../build/pictures"))
+FOLDER = os.path.abspath(os.path.join(os.path.dirname(__file__), ".."))
+PICTURES = os.path.abspath(os.path.join(FOLDER, "../../build/pictures"))
 
 
 def add_to_report(passed, failed):
@@ -44,7 +45,10 @@ class _Lines(unittest.TestResult):
 
     def _bad(self, test, error):
         name = self._line("FAILED", test)
-        print("".join(traceback.format_exception(*error)), flush=True)
+        _, reason, trace = error
+        places = [f"{os.path.basename(frame.filename)}:{frame.lineno}"
+                  for frame in traceback.extract_tb(trace) if frame.filename.startswith(FOLDER)]
+        print(f"       {type(reason).__name__}: {reason}\n       at {', '.join(places)}", flush=True)
         try:
             print(f"       picture: {picture(name)}", flush=True)
         except (OSError, subprocess.SubprocessError) as problem:
