@@ -44,11 +44,14 @@ Start readArguments(std::span<char*> arguments)
 {
     Start start = Start::application;
     for (const std::string_view argument : arguments.subspan(1)) {
-        if (argument == "--install-openrouter-key")
+        if (argument == "--install-openrouter-key") {
             start = Start::keyInstaller;
-        // The program starts in the background as long as it has no window to open.
-        else if (argument != "--background")
+        } else if (argument != "--background") {
+            // The program starts in the background as long as it has no window to open.
+            std::cerr << "vesko: unknown argument " << argument << "\n"
+                      << "usage: vesko [--background] [--install-openrouter-key]\n";
             return Start::refused;
+        }
     }
     return start;
 }
@@ -132,8 +135,6 @@ int main(int argc, char** argv)
         case Start::keyInstaller:
             return installKeyFromEnvironment();
         case Start::refused:
-            std::cerr << "vesko: unknown argument\n"
-                         "usage: vesko [--background] [--install-openrouter-key]\n";
             return 2;
         }
     } catch (const std::exception& error) {
