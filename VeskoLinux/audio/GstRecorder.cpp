@@ -31,11 +31,12 @@ GstRecorder::~GstRecorder()
 
 GstRecorder::Pipeline GstRecorder::nextPipeline()
 {
-    // Told from GStreamer's threads, which end with the pipeline, so before m_home.
+    // Told from GStreamer's threads, which end with the pipeline: before m_home, but perhaps after
+    // all else of this object.
     auto self = std::make_shared<std::weak_ptr<RecordingPipeline>>();
-    auto pipeline = std::make_shared<RecordingPipeline>([this, self] {
+    auto pipeline = std::make_shared<RecordingPipeline>([this, self, home = &m_home] {
         QMetaObject::invokeMethod(
-            &m_home,
+            home,
             [this, self] {
                 if (m_current && m_current == self->lock())
                     m_tasks.spawn(attend(m_current));

@@ -1,0 +1,479 @@
+#include "VeskoLinux/audio/GstRecorder.h"
+
+#include "tests/linux/audio/AudioFile.h"
+#include "tests/linux/audio/EventLoop.h"
+#include "tests/linux/audio/SoundServer.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <fstream>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using namespace vesko;
+namespace fs = std::filesystem;
+
+namespace {
+
+class GstRecorderTest : public testing::Test {
+protected:
+    GstRecorderTest()
+    {
+        SoundServer::keepToOurselves();
+        std::string name = (fs::temp_directory_path() / "vesko-recorder-XXXXXX").string();
+        folder = ::mkdtemp(name.data());
+        file = folder / "recording.m4a";
+    }
+    ~GstRecorderTest() override { fs::remove_all(folder); }
+
+    void begin(GstRecorder& recorder)
+    {
+        recorder.open();
+        await(recorder.start(file));
+    }
+    static void recordUntil(GstRecorder& recorder, double seconds)
+    {
+        runUntil([&] { return recorder.currentTime() >= seconds; });
+    }
+    // Stops and waits for the whole file.
+    static double end(GstRecorder& recorder)
+    {
+        const double seconds = recorder.stop();
+        waitForFile(recorder);
+        return seconds;
+    }
+    static void waitForFile(GstRecorder& recorder)
+    {
+        await([](GstRecorder& of) -> Task<> { co_await of.finished(); }(recorder));
+    }
+    // Until the sound server has no one left that listens to a microphone but the fixture.
+    static void waitUntilReleased()
+    {
+        runUntil([] {
+            return SoundServer::list("source-outputs").find("Vesko") == std::string::npos
+                && SoundServer::list("clients").find("Vesko") == std::string::npos;
+        });
+    }
+    std::string content() const
+    {
+        std::ifstream in(file, std::ios::binary);
+        return { std::istreambuf_iterator<char>(in), {} };
+    }
+    mode_t permissions() const
+    {
+        struct stat status{};
+        return ::stat(file.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+    }
+
+    fs::path folder;
+    fs::path file;
+};
+
+TEST_F(GstRecorderTest, WhatTheMicrophoneHearsStandsInAnOrdinaryFile)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    begin(recorder);
+    recordUntil(recorder, 2);
+    const double seconds = end(recorder);
+
+    const auto description = audiofile::describe(file);
+    EXPECT_EQ(description.at("codec_name"), "aac");
+    EXPECT_EQ(description.at("profile"), "LC");
+    EXPECT_EQ(description.at("sample_rate"), "44100");
+    EXPECT_EQ(description.at("channels"), "1");
+    EXPECT_NEAR(std::stod(description.at("bit_rate")), 96000, 12000);
+    EXPECT_NEAR(std::stod(description.at("duration")), seconds, 0.1);
+    EXPECT_GE(seconds, 2);
+    EXPECT_EQ(audiofile::boxes(file), "ftyp free mdat moov ");
+
+    const auto sound = audiofile::decode(file);
+    EXPECT_NEAR(vesko::seconds(sound), seconds, 0.1);
+    EXPECT_NEAR(frequency(part(sound, 0.1, seconds - 0.1)), 440, 1);
+    EXPECT_NEAR(decibels(part(sound, 0.1, seconds - 0.1)), -20, 0.5);
+    waitUntilReleased();
+}
+
+TEST_F(GstRecorderTest, OnlyItsOwnerMayReadTheFileFromTheStartOn)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    const mode_t before = ::umask(0);
+    begin(recorder);
+    EXPECT_EQ(permissions(), 0600U);
+    end(recorder);
+    ::umask(before);
+    EXPECT_EQ(permissions(), 0600U);
+}
+
+TEST_F(GstRecorderTest, TheMeterTellsThePowerOfTheSound)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    EXPECT_EQ(recorder.averagePower(), -160);
+    begin(recorder);
+    recordUntil(recorder, 0.5);
+    EXPECT_NEAR(recorder.averagePower(), -20, 1);
+    end(recorder);
+    EXPECT_EQ(recorder.averagePower(), -160);
+}
+
+TEST_F(GstRecorderTest, SilenceIsTheBottomOfTheMeter)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    begin(recorder);
+    recordUntil(recorder, 0.3);
+    EXPECT_EQ(recorder.averagePower(), -160);
+    end(recorder);
+}
+
+TEST_F(GstRecorderTest, WhatWasHeardBeforeTheFileHadAPlaceIsInIt)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    recorder.open();
+    recordUntil(recorder, 1.5);
+    EXPECT_FALSE(fs::exists(file));
+    await(recorder.start(file));
+    const double seconds = end(recorder);
+
+    EXPECT_GE(seconds, 1.5);
+    const auto sound = audiofile::decode(file);
+    EXPECT_NEAR(vesko::seconds(sound), seconds, 0.1);
+    EXPECT_NEAR(frequency(part(sound, 0.1, seconds - 0.1)), 440, 1);
+}
+
+TEST_F(GstRecorderTest, AStopBeforeTheStartForgetsWhatWasHeard)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    recorder.open();
+    recordUntil(recorder, 0.2);
+    end(recorder);
+    EXPECT_EQ(recorder.currentTime(), 0);
+    EXPECT_THROW(await(recorder.start(file)), std::runtime_error);
+    EXPECT_TRUE(fs::is_empty(folder));
+    waitUntilReleased();
+}
+
+TEST_F(GstRecorderTest, AStopWhileItStartsLeavesNothing)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    recorder.open();
+    TaskScope tasks;
+    bool failed = false;
+    tasks.spawn([](GstRecorder& of, const fs::path& to, bool& thrown) -> Task<> {
+        try {
+            co_await of.start(to);
+        } catch (const std::runtime_error&) {
+            thrown = true;
+        }
+    }(recorder, file, failed));
+    EXPECT_EQ(recorder.stop(), 0);
+    waitForFile(recorder);
+    runUntil([&] { return tasks.idle(); });
+    EXPECT_TRUE(failed);
+    EXPECT_TRUE(fs::is_empty(folder));
+    waitUntilReleased();
+}
+
+TEST_F(GstRecorderTest, AStarterThatNoLongerWaitsLeavesNothingRunning)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    recorder.open();
+    {
+        TaskScope tasks;
+        tasks.spawn(recorder.start(file));
+    }
+    waitForFile(recorder);
+    waitUntilReleased();
+    begin(recorder);
+    EXPECT_GT(end(recorder), 0);
+}
+
+TEST_F(GstRecorderTest, AStopRightAfterTheStartGivesAPlayableFile)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    begin(recorder);
+    EXPECT_GT(end(recorder), 0);
+    EXPECT_FALSE(audiofile::decode(file).empty());
+}
+
+TEST_F(GstRecorderTest, ASecondStopDoesNothing)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    EXPECT_EQ(recorder.stop(), 0);
+    waitForFile(recorder); // at once: nothing is under way
+    begin(recorder);
+    EXPECT_GT(recorder.stop(), 0);
+    EXPECT_EQ(recorder.stop(), 0);
+    EXPECT_EQ(recorder.currentTime(), 0);
+    waitForFile(recorder);
+    EXPECT_FALSE(audiofile::decode(file).empty());
+}
+
+TEST_F(GstRecorderTest, OneRecordingFollowsTheOther)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    for (int i = 0; i < 3; ++i) {
+        file = folder / (std::to_string(i) + ".m4a");
+        begin(recorder);
+        recordUntil(recorder, 0.2);
+        recorder.stop(); // the next begins while this one is being finished
+    }
+    waitForFile(recorder);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_GE(seconds(audiofile::decode(folder / (std::to_string(i) + ".m4a"))), 0.2);
+}
+
+TEST_F(GstRecorderTest, ASecondStartIsRefusedAndTheFirstGoesOn)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    begin(recorder);
+    recorder.open();
+    EXPECT_THROW(await(recorder.start(folder / "second.m4a")), std::runtime_error);
+    EXPECT_GT(recorder.currentTime(), 0);
+    EXPECT_GT(end(recorder), 0);
+    EXPECT_FALSE(fs::exists(folder / "second.m4a"));
+    EXPECT_FALSE(audiofile::decode(file).empty());
+}
+
+TEST_F(GstRecorderTest, ItsOwnEndMakesTheFileWhole)
+{
+    SoundServer server;
+    {
+        GstRecorder recorder;
+        begin(recorder);
+        recordUntil(recorder, 0.5);
+    }
+    EXPECT_EQ(audiofile::boxes(file), "ftyp free mdat moov ");
+    EXPECT_GE(seconds(audiofile::decode(file)), 0.5);
+}
+
+TEST_F(GstRecorderTest, AKilledProgramLeavesAFileThatPlaysToItsLastSecond)
+{
+    SoundServer server;
+    server.playTone(-20);
+    Child program({ VESKO_RECORDING_PROGRAM, file.string() });
+    while (std::stoi("0" + program.line()) < 25) { }
+    program.kill();
+    EXPECT_EQ(permissions(), 0600U);
+    EXPECT_NE(content().find("moof"), std::string::npos) << "finished before it was killed";
+    const auto sound = audiofile::decode(file);
+    EXPECT_GE(seconds(sound), 1.5);
+    EXPECT_NEAR(frequency(part(sound, 0.1, 1.5)), 440, 1);
+}
+
+TEST_F(GstRecorderTest, AMicrophoneThatVanishesEndsTheRecordingAndKeepsWhatWasSaid)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    std::vector<RecorderFailure> failures;
+    recorder.onFailure = [&](RecorderFailure failure) { failures.push_back(failure); };
+    begin(recorder);
+    recordUntil(recorder, 1);
+    SoundServer::removeSink("vout");
+    SoundServer::removeSink("vmic"); // and the microphone with it
+    runUntil([&] { return !failures.empty(); });
+
+    EXPECT_EQ(failures, std::vector{ RecorderFailure::stoppedUnexpectedly });
+    EXPECT_EQ(recorder.currentTime(), 0);
+    EXPECT_EQ(recorder.stop(), 0);
+    EXPECT_EQ(audiofile::boxes(file), "ftyp free mdat moov ");
+    const auto sound = audiofile::decode(file);
+    EXPECT_GE(seconds(sound), 1);
+    EXPECT_NEAR(frequency(part(sound, 0.1, 0.9)), 440, 1);
+}
+
+TEST_F(GstRecorderTest, AMicrophoneThatVanishesBesideASpeakerIsNotReplacedByIt)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    std::vector<RecorderFailure> failures;
+    recorder.onFailure = [&](RecorderFailure failure) { failures.push_back(failure); };
+    begin(recorder);
+    recordUntil(recorder, 0.5);
+    SoundServer::removeMicrophone("mic"); // the stream moves to a monitor
+    runUntil([&] { return !failures.empty(); });
+    EXPECT_EQ(failures, std::vector{ RecorderFailure::stoppedUnexpectedly });
+    EXPECT_GE(seconds(audiofile::decode(file)), 0.5);
+    waitUntilReleased();
+}
+
+TEST_F(GstRecorderTest, AnotherMicrophoneTakesOverFromOneThatVanishes)
+{
+    SoundServer server;
+    SoundServer::addMicrophone("other", "vother");
+    server.playTone(-20, "vother");
+    GstRecorder recorder;
+    bool failed = false;
+    recorder.onFailure = [&](RecorderFailure) { failed = true; };
+    begin(recorder);
+    recordUntil(recorder, 0.5);
+    SoundServer::removeMicrophone("mic");
+    const double vanished = recorder.currentTime();
+    recordUntil(recorder, vanished + 3);
+    EXPECT_FALSE(failed);
+    const double seconds = end(recorder);
+    const auto sound = audiofile::decode(file);
+    EXPECT_NEAR(vesko::seconds(sound), seconds, 0.3);
+    EXPECT_EQ(decibels(part(sound, 0, 0.4)), -160);
+    EXPECT_NEAR(frequency(part(sound, seconds - 0.5, seconds - 0.2)), 440, 1);
+}
+
+TEST_F(GstRecorderTest, AServerThatDiesEndsTheRecording)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    std::vector<RecorderFailure> failures;
+    recorder.onFailure = [&](RecorderFailure failure) { failures.push_back(failure); };
+    begin(recorder);
+    recordUntil(recorder, 0.5);
+    server.kill();
+    runUntil([&] { return !failures.empty(); });
+    EXPECT_EQ(failures, std::vector{ RecorderFailure::stoppedUnexpectedly });
+    EXPECT_GE(seconds(audiofile::decode(file)), 0.4);
+}
+
+TEST_F(GstRecorderTest, TheListenerOfAFailureMayEndTheRecorder)
+{
+    SoundServer server;
+    auto recorder = std::make_unique<GstRecorder>();
+    recorder->onFailure = [&](RecorderFailure) { recorder.reset(); };
+    begin(*recorder);
+    server.kill();
+    runUntil([&] { return !recorder; });
+}
+
+TEST_F(GstRecorderTest, AFailureIsNotToldAfterAStop)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    bool failed = false;
+    recorder.onFailure = [&](RecorderFailure) { failed = true; };
+    begin(recorder);
+    recordUntil(recorder, 0.3);
+    server.kill();
+    EXPECT_GT(end(recorder), 0);
+    EXPECT_FALSE(failed);
+    EXPECT_GE(seconds(audiofile::decode(file)), 0.2);
+}
+
+TEST_F(GstRecorderTest, WithoutAServerItFailsAndWorksOnceThereIsOne)
+{
+    GstRecorder recorder;
+    EXPECT_THROW(begin(recorder), std::runtime_error);
+    EXPECT_TRUE(fs::is_empty(folder));
+    EXPECT_EQ(recorder.currentTime(), 0);
+    EXPECT_EQ(recorder.stop(), 0);
+
+    SoundServer server;
+    begin(recorder);
+    EXPECT_GT(end(recorder), 0);
+    EXPECT_FALSE(audiofile::decode(file).empty());
+}
+
+TEST_F(GstRecorderTest, ALoudspeakerAloneIsNoMicrophone)
+{
+    SoundServer server(SoundServer::Microphone::absent);
+    GstRecorder recorder;
+    EXPECT_THROW(begin(recorder), std::runtime_error);
+    EXPECT_TRUE(fs::is_empty(folder));
+    waitUntilReleased();
+}
+
+TEST_F(GstRecorderTest, WithoutAnySourceItFails)
+{
+    SoundServer server(SoundServer::Microphone::absent);
+    SoundServer::removeSink("vout");
+    GstRecorder recorder;
+    EXPECT_THROW(begin(recorder), std::runtime_error);
+    EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(GstRecorderTest, AServerThatHangsFailsInTimeAndHoldsNoOneUp)
+{
+    auto server = std::make_unique<SoundServer>();
+    GstRecorder recorder;
+    begin(recorder);
+    end(recorder);
+    file = folder / "next.m4a";
+    server->hang();
+    int turns = 0;
+    QTimer turn;
+    QObject::connect(&turn, &QTimer::timeout, [&] { ++turns; });
+    turn.start(10);
+    EXPECT_THROW(begin(recorder), std::runtime_error);
+    EXPECT_GT(turns, 100) << "the main thread stood still";
+    server.reset(); // which ends what waits for it
+    waitForFile(recorder);
+    EXPECT_FALSE(fs::exists(file));
+}
+
+TEST_F(GstRecorderTest, AFileThatExistsStaysAsItIs)
+{
+    std::ofstream(file) << "mine";
+    SoundServer server;
+    GstRecorder recorder;
+    EXPECT_THROW(begin(recorder), std::runtime_error);
+    EXPECT_EQ(content(), "mine");
+    waitUntilReleased();
+}
+
+TEST_F(GstRecorderTest, ALinkIsNotFollowed)
+{
+    fs::create_symlink(folder / "elsewhere", file);
+    SoundServer server;
+    GstRecorder recorder;
+    EXPECT_THROW(begin(recorder), std::runtime_error);
+    EXPECT_FALSE(fs::exists(folder / "elsewhere"));
+    EXPECT_TRUE(fs::is_symlink(file));
+}
+
+TEST_F(GstRecorderTest, AFolderThatTakesNoFileFailsAndTheNextRecordingWorks)
+{
+    SoundServer server;
+    GstRecorder recorder;
+    recorder.open();
+    EXPECT_THROW(await(recorder.start("/proc/recording.m4a")), std::runtime_error);
+    waitForFile(recorder);
+    begin(recorder);
+    EXPECT_GT(end(recorder), 0);
+    EXPECT_FALSE(audiofile::decode(file).empty());
+}
+
+TEST_F(GstRecorderTest, AFullDiskEndsTheRecordingAndKeepsWhatFitted)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    std::vector<RecorderFailure> failures;
+    recorder.onFailure = [&](RecorderFailure failure) { failures.push_back(failure); };
+    begin(recorder);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{ 24 * 1024, before.rlim_max };
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    runUntil([&] { return !failures.empty(); });
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    ::signal(SIGXFSZ, handler);
+    EXPECT_EQ(failures, std::vector{ RecorderFailure::encoding });
+    const auto sound = audiofile::decode(file);
+    EXPECT_GE(seconds(sound), 1);
+    EXPECT_NEAR(frequency(part(sound, 0.1, 1)), 440, 1);
+}
+
+} // namespace

@@ -1,0 +1,28 @@
+// Records into the file that it is given until it is killed, and prints how many tenths of a second
+// it has heard.
+
+#include "VeskoApp/async/TaskScope.h"
+#include "VeskoLinux/audio/GstRecorder.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <cstdio>
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    vesko::GstRecorder recorder;
+    vesko::TaskScope tasks;
+    recorder.open();
+    tasks.spawn(recorder.start(argv[1]));
+    QTimer tick;
+    QObject::connect(&tick, &QTimer::timeout, [&recorder, said = 0]() mutable {
+        for (; said < recorder.currentTime() * 10; ++said) {
+            std::printf("%d\n", said);
+            std::fflush(stdout);
+        }
+    });
+    tick.start(20);
+    return QCoreApplication::exec();
+}
