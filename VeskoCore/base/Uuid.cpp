@@ -14,16 +14,18 @@ constexpr bool isDash(std::size_t position)
     return position == 8 || position == 13 || position == 18 || position == 23;
 }
 
-std::optional<std::uint8_t> nibble(char digit)
-{
-    if (digit >= '0' && digit <= '9')
-        return static_cast<std::uint8_t>(digit - '0');
-    if (digit >= 'A' && digit <= 'F')
-        return static_cast<std::uint8_t>(digit - 'A' + 10);
-    if (digit >= 'a' && digit <= 'f')
-        return static_cast<std::uint8_t>(digit - 'a' + 10);
-    return std::nullopt;
-}
+constexpr std::uint8_t noDigit = 0xFF;
+
+// The value of each hexadecimal digit. A large library holds a hundred thousand of them.
+constexpr auto digitValues = [] {
+    std::array<std::uint8_t, 256> values{};
+    values.fill(noDigit);
+    for (std::uint8_t value = 0; value < 16; ++value) {
+        values[static_cast<unsigned char>("0123456789ABCDEF"[value])] = value;
+        values[static_cast<unsigned char>("0123456789abcdef"[value])] = value;
+    }
+    return values;
+}();
 
 } // namespace
 
@@ -52,11 +54,11 @@ std::optional<Uuid> Uuid::parse(std::string_view text)
                 return std::nullopt;
             continue;
         }
-        const auto value = nibble(text[at]);
-        if (!value)
+        const auto value = digitValues[static_cast<unsigned char>(text[at])];
+        if (value == noDigit)
             return std::nullopt;
         auto& byte = id.m_bytes[half / 2];
-        byte = static_cast<std::uint8_t>(byte << 4 | *value);
+        byte = static_cast<std::uint8_t>(byte << 4 | value);
         ++half;
     }
     return id;
