@@ -31,7 +31,7 @@ inline double median(std::vector<double> values)
 inline void report(const std::string& name, double ours, double yardstick, double aim)
 {
     const double ratio = ours / yardstick;
-    std::printf("%s\t%.6f\t%.6f\t%.2f\t%.2f\t%s\n", name.c_str(), ours, yardstick, ratio, aim,
+    std::printf("%s\t%.9f\t%.9f\t%.2f\t%.2f\t%s\n", name.c_str(), ours, yardstick, ratio, aim,
         ratio <= aim ? "met" : "over");
     std::fflush(stdout);
 }

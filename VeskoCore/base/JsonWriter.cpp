@@ -12,9 +12,9 @@ namespace vesko {
 
 namespace {
 
-constexpr std::size_t pieceSize = 256 * 1024;
+constexpr std::size_t pieceSize = 262'144;
 // What is escaped at one go; each of its bytes may become the six of "\u00xx".
-constexpr std::size_t escapeStep = 16 * 1024;
+constexpr std::size_t escapeStep = 16'384;
 constexpr std::size_t longestEscape = 6;
 
 constexpr Date firstDate{ std::chrono::sys_days{ std::chrono::year{ 0 } / 1 / 1 } };

@@ -15,8 +15,8 @@ protected:
         std::function<void(LibraryStore&)> run;
     };
 
-    // A note with two recordings: one that waits for an attempt, one with a finished attempt, and
-    // its neighbour with a running one (which opening would repair, so that it is begun later).
+    // A note with two recordings: one waits for an attempt, the other has a finished one. A running
+    // attempt is begun by the test itself, since opening would repair one that stands in the file.
     void given()
     {
         idle = recordingWith(RecordingStatus::recorded);
