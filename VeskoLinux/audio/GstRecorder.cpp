@@ -143,16 +143,17 @@ Task<> GstRecorder::attend(Pipeline pipeline)
     // Not from this task, which the listener might end together with the recorder.
     if (failure)
         QMetaObject::invokeMethod(
-            &m_home, [this, pipeline, failure] { endedByItself(pipeline, *failure); },
+            &m_home,
+            [this, ended = std::weak_ptr(pipeline), failure] {
+                if (m_current && m_current == ended.lock())
+                    endedByItself(*failure);
+            },
             Qt::QueuedConnection);
 }
 
-void GstRecorder::endedByItself(const Pipeline& pipeline, RecorderFailure failure)
+void GstRecorder::endedByItself(RecorderFailure failure)
 {
-    if (m_current != pipeline)
-        return;
-    m_current.reset();
-    m_tasks.spawn(end(pipeline, {}));
+    m_tasks.spawn(end(std::exchange(m_current, nullptr), {}));
     if (const auto tell = onFailure)
         tell(failure);
 }

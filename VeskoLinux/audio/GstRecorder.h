@@ -40,7 +40,7 @@ private:
     Task<> openMicrophone(Pipeline pipeline);
     Task<> begin(Pipeline pipeline, std::filesystem::path file, Eventual<std::exception_ptr> begun);
     Task<> attend(Pipeline pipeline);
-    void endedByItself(const Pipeline& pipeline, RecorderFailure failure);
+    void endedByItself(RecorderFailure failure);
     Task<> end(Pipeline pipeline, Eventual<std::monostate> finished);
 
     QObject m_home; // what other threads post to; outlives them all
