@@ -119,6 +119,7 @@ class Gesture(unittest.TestCase):
     def test_a_combination_while_recording_leaves_the_recording_alone(self):
         self.tap()
         self.vesko.wait_for("recording")
+        human_pause(0.2)  # no finger presses a key again within a few milliseconds
         hands.tap(KEY, "left")
         human_pause(0.3)
         self.assertEqual(self.vesko.phase, "recording")
