@@ -85,7 +85,10 @@ TEST_F(X11PasteKeystrokeTest, pastesWithEveryLayout)
     for (const Case& one : programs) {
         const Program program(QString::fromLatin1(one.name), one.arguments);
         const auto field = fieldOf(program);
-        for (const char* layouts : { "us,ru,gr", "us(dvorak),de" }) {
+        for (const char* layouts : { "us,ru,gr", "us(dvorak),de", "ru", "gr" }) {
+            // Its own shortcut needs a Latin layout, for a user's fingers too.
+            if (field.element->isTerminal() && !std::string(layouts).starts_with("us"))
+                continue;
             setLayouts(layouts);
             for (const int layout : { 0, 1, 2 }) {
                 SCOPED_TRACE(testing::Message() << one.name << ", " << layout << " of " << layouts);
