@@ -254,7 +254,6 @@ Task<bool> AppModel::prepareToQuit()
     if (m_phase == Phase::recording && m_active) {
         const Uuid recordingID = m_active->recording.id;
         const double duration = endCapture();
-        setPhase(Phase::idle);
         std::exception_ptr failure;
         try {
             co_await m_capture.finished();
@@ -264,6 +263,8 @@ Task<bool> AppModel::prepareToQuit()
         } catch (...) {
             failure = std::current_exception();
         }
+        // Not sooner: until the program ends, no trigger is to start another capture.
+        setPhase(Phase::idle);
         if (failure) {
             setErrorMessage(safeMessage(failure));
             co_return false;
