@@ -9,7 +9,6 @@ namespace vesko {
 
 Worker::Worker()
     : m_home(*this)
-    , m_thread([this](const std::stop_token& stop) { loop(stop); })
 {
 }
 
@@ -21,7 +20,8 @@ Worker::~Worker()
         if (m_running)
             m_running->stop.request_stop();
     }
-    m_thread.join();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
 void Worker::post(std::shared_ptr<Job> job)
@@ -30,6 +30,8 @@ void Worker::post(std::shared_ptr<Job> job)
         const std::scoped_lock lock(m_mutex);
         m_jobs.push_back(std::move(job));
     }
+    if (!m_thread.joinable())
+        m_thread = std::jthread([this](const std::stop_token& stop) { loop(stop); });
     m_wake.notify_one();
 }
 

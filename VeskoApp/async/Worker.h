@@ -68,7 +68,7 @@ private:
     std::shared_ptr<Job> m_running;
     // Jobs, with the results they hold, die on the main thread only.
     std::deque<std::shared_ptr<Job>> m_finished;
-    std::jthread m_thread;
+    std::jthread m_thread; // from the first job on
 };
 
 template <class Function>

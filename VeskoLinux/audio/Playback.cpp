@@ -12,7 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto description
-    = "filesrc name=file ! qtdemux ! aacparse ! avdec_aac ! audioconvert ! audioresample"
+    = "filesrc name=file ! qtdemux ! aacparse ! faad ! audioconvert ! audioresample"
       " ! pulsesink client-name=Vesko";
 
 std::string takeText(GError* error)

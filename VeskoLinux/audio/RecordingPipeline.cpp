@@ -84,15 +84,8 @@ void RecordingPipeline::build()
     Element pipeline(gst_parse_launch(listening, &error));
     if (error || !pipeline)
         throw std::runtime_error("The recorder lacks a part: " + takeText(error));
-    GstElement* writer = gst_parse_bin_from_description(writing, TRUE, &error);
-    if (error || !writer)
-        throw std::runtime_error("The recorder lacks a part: " + takeText(error));
-    gst_bin_add(GST_BIN(pipeline.get()), writer);
-    m_writer.reset(GST_ELEMENT(gst_object_ref(writer)));
     m_source.reset(gst_bin_get_by_name(GST_BIN(pipeline.get()), "source"));
     m_queue.reset(gst_bin_get_by_name(GST_BIN(pipeline.get()), "queue"));
-    gst_element_set_locked_state(writer, TRUE);
-    gst_element_link(m_queue.get(), writer);
 
     GstPad* into = gst_element_get_static_pad(m_queue.get(), "sink");
     gst_pad_add_probe(
@@ -162,6 +155,13 @@ void RecordingPipeline::open()
     build();
     const bool opening
         = gst_element_set_state(m_pipeline.get(), GST_STATE_PLAYING) != GST_STATE_CHANGE_FAILURE;
+    // Only now, while sound is coming in already: the encoder brings a hundred libraries with it,
+    // which a program that nobody dictates to need not hold in memory.
+    GError* error = nullptr;
+    GstElement* writer = gst_parse_bin_from_description(writing, TRUE, &error);
+    if (error || !writer)
+        throw std::runtime_error("The recorder lacks a part: " + takeText(error));
+    m_writer.reset(GST_ELEMENT(gst_object_ref_sink(writer)));
     const std::scoped_lock lock(m_mutex);
     m_opened = opening;
 }
@@ -173,8 +173,9 @@ void RecordingPipeline::begin(const std::filesystem::path& file)
     if (started) {
         const Element sink(gst_bin_get_by_name(GST_BIN(m_writer.get()), "sink"));
         g_object_set(sink.get(), "location", file.c_str(), nullptr);
-        gst_element_set_locked_state(m_writer.get(), FALSE);
-        started = gst_element_sync_state_with_parent(m_writer.get());
+        gst_bin_add(GST_BIN(m_pipeline.get()), m_writer.get());
+        started = gst_element_link(m_queue.get(), m_writer.get())
+            && gst_element_sync_state_with_parent(m_writer.get());
         GstPad* out = gst_element_get_static_pad(m_queue.get(), "src");
         gst_pad_remove_probe(out, m_held);
         gst_object_unref(out);

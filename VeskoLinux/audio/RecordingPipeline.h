@@ -30,8 +30,8 @@ public:
     // Ends what still runs.
     ~RecordingPipeline();
 
-    // Puts the parts together, which takes time on a cold machine; holds no device and no
-    // connection. Throws std::runtime_error when a part isn't installed.
+    // Puts together what takes the sound in, which takes time on a cold machine; holds no device
+    // and no connection. Throws std::runtime_error when a part isn't installed.
     void build();
     // Begins to take sound and holds up to 30 seconds of it. Doesn't wait for the first.
     void open();
@@ -67,7 +67,7 @@ private:
     Element m_pipeline;
     Element m_source;
     Element m_queue;
-    Element m_writer; // all from the queue to the file; asleep until there is one
+    Element m_writer; // all from the queue to the file; no part of the pipeline before that
     unsigned long m_held = 0; // keeps the sound in the queue
 
     std::atomic<long long> m_firstTime = -1; // nanoseconds of running time

@@ -11,7 +11,7 @@ namespace vesko {
 namespace {
 
 constexpr auto description
-    = "filesrc name=file ! qtdemux ! aacparse ! avdec_aac ! audioconvert dithering=none"
+    = "filesrc name=file ! qtdemux ! aacparse ! faad ! audioconvert dithering=none"
       " ! audioresample quality=10 ! audio/x-raw,format=S16LE,rate=16000,channels=1"
       " ! appsink name=sink sync=false max-buffers=64";
 constexpr std::size_t longest = std::size_t{ 3600 } * speechRate;
