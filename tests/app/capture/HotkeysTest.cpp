@@ -1,0 +1,344 @@
+// The global inputs by themselves.
+
+#include "VeskoApp/capture/Hotkeys.h"
+#include "tests/fakes/FakeKeyInput.h"
+#include "tests/fakes/TestClock.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+namespace vesko {
+
+namespace {
+
+using testing::ElementsAre;
+
+class HotkeysTest : public testing::Test {
+protected:
+    HotkeysTest()
+    {
+        hotkeys.onTrigger = [&] { ++triggers; };
+        hotkeys.fnEnabled = [&] { return enabled; };
+        hotkeys.isRecording = [&] { return recording; };
+        hotkeys.canStart = [&] { return startable; };
+        hotkeys.gestureKey = [&] { return chosen; };
+        hotkeys.onFnAction = [this](FnShortcutAction action) { actions.push_back(action); };
+        hotkeys.onSendIntent = [&] { ++sends; };
+    }
+
+    TestClock clock;
+    FakeGlobalShortcut shortcut;
+    FakeKeyMonitor keys;
+    bool enabled = true;
+    bool recording = false;
+    bool startable = true;
+    GestureKey chosen = GestureKey::rightControl;
+    int triggers = 0;
+    int sends = 0;
+    std::vector<FnShortcutAction> actions;
+    Hotkeys hotkeys{ shortcut, keys, clock };
+};
+
+TEST_F(HotkeysTest, TheShortcutTriggers)
+{
+    EXPECT_EQ(hotkeys.start(), "");
+    shortcut.press();
+    EXPECT_EQ(triggers, 1);
+}
+
+TEST_F(HotkeysTest, PressesInQuickSuccessionAreOne)
+{
+    hotkeys.start();
+    shortcut.press();
+    clock.turn(0.2);
+    shortcut.press();
+    EXPECT_EQ(triggers, 1);
+    clock.turn(0.05); // a quarter of a second after the accepted one, and not more
+    shortcut.press();
+    EXPECT_EQ(triggers, 1);
+    clock.turn(0.001);
+    shortcut.press();
+    EXPECT_EQ(triggers, 2);
+}
+
+TEST_F(HotkeysTest, AHeldShortcutTriggersNoMoreOftenThanFourTimesASecond)
+{
+    hotkeys.start();
+    for (int repeat = 0; repeat < 30; ++repeat) {
+        shortcut.press();
+        clock.turn(1.0 / 30);
+    }
+    EXPECT_LE(triggers, 4);
+}
+
+TEST_F(HotkeysTest, ADateThatIsChangedDoesNotSwallowAPress)
+{
+    hotkeys.start();
+    shortcut.press();
+    clock.changeDate(-3600);
+    clock.turn(1);
+    shortcut.press();
+    EXPECT_EQ(triggers, 2);
+}
+
+TEST_F(HotkeysTest, AShortcutThatAnotherProgramHasIsReportedAndTheGestureWorks)
+{
+    shortcut.taken = true;
+    EXPECT_EQ(hotkeys.start(),
+        "Command Shift Space is unavailable. Use the floating button or choose another system "
+        "shortcut.");
+    keys.pressGestureKey();
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin));
+}
+
+TEST_F(HotkeysTest, WithoutThePermissionNoKeyIsWatched)
+{
+    keys.isPermitted = false;
+    EXPECT_EQ(hotkeys.start(), "");
+    EXPECT_EQ(keys.watched, std::nullopt);
+    shortcut.press();
+    EXPECT_EQ(triggers, 1);
+
+    keys.isPermitted = true;
+    hotkeys.installFnMonitors();
+    EXPECT_EQ(keys.watched, GestureKey::rightControl);
+}
+
+TEST_F(HotkeysTest, WatchingAnewTakesTheKeyOfTodayAndDiscardsTheGestureUnderWay)
+{
+    hotkeys.start();
+    keys.pressGestureKey();
+    chosen = GestureKey::pause;
+    hotkeys.installFnMonitors();
+    EXPECT_EQ(keys.watched, GestureKey::pause);
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin, FnShortcutAction::discard));
+    clock.turn(1);
+    EXPECT_EQ(actions.size(), 2U);
+}
+
+TEST_F(HotkeysTest, TheGesturesGiveTheirActions)
+{
+    using enum FnShortcutAction;
+    struct Case {
+        const char* name;
+        std::function<void()> fingers;
+        std::vector<FnShortcutAction> actions;
+    };
+    const std::vector<Case> cases{
+        { "a tap while idle",
+            [&] {
+                keys.pressGestureKey();
+                clock.turn(0.34);
+                keys.releaseGestureKey();
+            },
+            { begin } },
+        { "a hold while idle",
+            [&] {
+                keys.pressGestureKey();
+                clock.turn(0.36);
+                keys.releaseGestureKey();
+            },
+            { begin, hold, finish } },
+        { "a long hold while idle",
+            [&] {
+                keys.pressGestureKey();
+                clock.turn(30);
+                keys.releaseGestureKey();
+            },
+            { begin, hold, finish } },
+        { "a tap while recording",
+            [&] {
+                recording = true;
+                keys.pressGestureKey();
+                clock.turn(0.1);
+                keys.releaseGestureKey();
+            },
+            { armStop, finish } },
+        { "a hold while recording",
+            [&] {
+                recording = true;
+                keys.pressGestureKey();
+                clock.turn(5);
+                keys.releaseGestureKey();
+            },
+            { armStop, finish } },
+        { "a key joins in",
+            [&] {
+                keys.pressGestureKey();
+                keys.pressKey();
+                clock.turn(1);
+                keys.releaseGestureKey();
+            },
+            { begin, discard } },
+        { "a modifier joins in",
+            [&] {
+                keys.pressGestureKey();
+                keys.pressModifier();
+                clock.turn(1);
+                keys.releaseGestureKey(true);
+                keys.releaseModifier();
+            },
+            { begin, discard } },
+        { "a key joins in after the hold",
+            [&] {
+                keys.pressGestureKey();
+                clock.turn(0.5);
+                keys.pressKey();
+                keys.releaseGestureKey();
+            },
+            { begin, hold, discard } },
+        { "a modifier is down already",
+            [&] {
+                keys.pressModifier();
+                keys.pressGestureKey(true);
+                clock.turn(1);
+                keys.releaseGestureKey(true);
+            },
+            {} },
+        { "a key joins a press while recording",
+            [&] {
+                recording = true;
+                keys.pressGestureKey();
+                keys.pressKey();
+                keys.releaseGestureKey();
+            },
+            { armStop } },
+        { "nothing can be started",
+            [&] {
+                startable = false;
+                keys.pressGestureKey();
+                clock.turn(1);
+                keys.pressKey();
+                keys.releaseGestureKey();
+            },
+            {} },
+        { "keys without the gesture key",
+            [&] {
+                keys.pressKey();
+                keys.pressModifier();
+                keys.releaseModifier();
+            },
+            {} },
+        { "events were missed",
+            [&] {
+                keys.pressGestureKey();
+                keys.interrupt();
+                clock.turn(1);
+                keys.releaseGestureKey();
+            },
+            { begin, discard } },
+        { "events were missed while recording",
+            [&] {
+                recording = true;
+                keys.pressGestureKey();
+                keys.interrupt();
+                keys.releaseGestureKey();
+            },
+            { armStop } },
+        { "the gesture is turned off in the middle",
+            [&] {
+                keys.pressGestureKey();
+                enabled = false;
+                keys.releaseGestureKey();
+                clock.turn(1);
+            },
+            { begin, discard } },
+        { "the gesture is off",
+            [&] {
+                enabled = false;
+                keys.pressGestureKey();
+                clock.turn(1);
+                keys.releaseGestureKey();
+            },
+            {} },
+        { "two taps",
+            [&] {
+                keys.pressGestureKey();
+                keys.releaseGestureKey();
+                recording = true;
+                keys.pressGestureKey();
+                keys.releaseGestureKey();
+            },
+            { begin, armStop, finish } },
+        { "a tap, and a hold before its timer would have run out",
+            [&] {
+                keys.pressGestureKey();
+                clock.turn(0.2);
+                keys.releaseGestureKey();
+                keys.pressGestureKey();
+                clock.turn(0.34);
+            },
+            { begin, begin } },
+    };
+    hotkeys.start();
+    for (const auto& [name, fingers, expected] : cases) {
+        SCOPED_TRACE(name);
+        enabled = startable = true;
+        recording = false;
+        hotkeys.resetFn();
+        actions.clear();
+        fingers();
+        EXPECT_EQ(actions, expected);
+    }
+}
+
+TEST_F(HotkeysTest, ReturnIsTheSendSignal)
+{
+    hotkeys.start();
+    keys.pressReturn();
+    EXPECT_EQ(sends, 1);
+    keys.pressReturn(true); // with Shift: a new line
+    EXPECT_EQ(sends, 1);
+    keys.pressKey();
+    EXPECT_EQ(sends, 1);
+    enabled = false; // of the gesture alone
+    keys.pressReturn();
+    EXPECT_EQ(sends, 2);
+}
+
+TEST_F(HotkeysTest, ReturnWithTheGestureKeyIsACombinationAndNoSendSignal)
+{
+    hotkeys.start();
+    keys.pressGestureKey();
+    keys.pressReturn();
+    EXPECT_EQ(sends, 0);
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin, FnShortcutAction::discard));
+}
+
+TEST_F(HotkeysTest, StoppingDiscardsTheGestureAndLetsGoOfTheKeys)
+{
+    hotkeys.start();
+    keys.pressGestureKey();
+    hotkeys.stop();
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin, FnShortcutAction::discard));
+    EXPECT_FALSE(shortcut.installed());
+    EXPECT_EQ(keys.watched, std::nullopt);
+    EXPECT_EQ(clock.armed(), 0U);
+}
+
+TEST(Hotkeys, LetGoOfTheKeysWhenTheyAreDestroyed)
+{
+    TestClock clock;
+    FakeGlobalShortcut shortcut;
+    FakeKeyMonitor keys;
+    {
+        Hotkeys hotkeys(shortcut, keys, clock);
+        hotkeys.fnEnabled = [] { return true; };
+        hotkeys.isRecording = [] { return false; };
+        hotkeys.canStart = [] { return true; };
+        hotkeys.gestureKey = [] { return GestureKey::fn; };
+        hotkeys.onFnAction = [](FnShortcutAction) { };
+        hotkeys.start();
+        keys.pressGestureKey();
+    }
+    EXPECT_FALSE(shortcut.installed());
+    EXPECT_EQ(keys.watched, std::nullopt);
+    clock.turn(1);
+}
+
+} // namespace
+
+} // namespace vesko

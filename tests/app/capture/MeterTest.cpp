@@ -1,0 +1,90 @@
+// What is shown of a running recording, and its limit.
+
+#include "tests/app/capture/AppModelTest.h"
+
+namespace vesko {
+
+namespace {
+
+class MeterTest : public AppModelTest {
+protected:
+    // The level after one step from silence.
+    double firstLevel(double decibels)
+    {
+        dictate();
+        machine.recorder.power = decibels;
+        machine.clock.turn(0.1);
+        const double level = model->level();
+        finish();
+        EXPECT_EQ(model->level(), 0);
+        return level;
+    }
+};
+
+TEST_F(MeterTest, TheLevelFollowsThePowerBetweenItsBounds)
+{
+    open();
+    EXPECT_EQ(firstLevel(-160), 0);
+    EXPECT_EQ(firstLevel(-50), 0);
+    EXPECT_NEAR(firstLevel(-27.5), 0.325, 1e-9);
+    EXPECT_NEAR(firstLevel(-5), 0.65, 1e-9);
+    EXPECT_NEAR(firstLevel(0), 0.65, 1e-9);
+}
+
+TEST_F(MeterTest, TheLevelIsSmoothed)
+{
+    open();
+    dictate();
+    machine.recorder.power = -5;
+    machine.clock.turn(0.2);
+    EXPECT_NEAR(model->level(), 0.65 + 0.35 * 0.65, 1e-9);
+    machine.recorder.power = -160;
+    machine.clock.turn(0.1);
+    EXPECT_NEAR(model->level(), 0.35 * (0.65 + 0.35 * 0.65), 1e-9);
+}
+
+TEST_F(MeterTest, ObserversHearOfChangesOnly)
+{
+    open();
+    dictate();
+    int levels = 0;
+    int seconds = 0;
+    QObject::connect(model.get(), &AppModel::levelChanged, [&] { ++levels; });
+    QObject::connect(model.get(), &AppModel::elapsedChanged, [&] { ++seconds; });
+    machine.clock.turn(1);
+    EXPECT_EQ(levels, 0);
+    EXPECT_EQ(seconds, 10);
+}
+
+TEST_F(MeterTest, ItStopsWithTheRecordingAndStartsAtNothing)
+{
+    open();
+    dictate();
+    machine.clock.turn(3);
+    EXPECT_NEAR(model->elapsed(), 3, 1e-6);
+    finish();
+    EXPECT_EQ(machine.clock.armed(), 0U);
+    dictate();
+    EXPECT_EQ(model->elapsed(), 0);
+}
+
+TEST_F(MeterTest, ARecordingIsFinishedAndTranscribedAfterFiveMinutes)
+{
+    open();
+    dictate();
+    machine.clock.turn(299.9);
+    EXPECT_EQ(model->phase(), Phase::recording);
+    machine.clock.turn(0.1);
+    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_FALSE(machine.recorder.running());
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_NEAR(onlyRecording().duration, 300, 1e-6);
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
+    EXPECT_EQ(onlyNote().body, "hello world");
+    EXPECT_EQ(model->errorMessage(), "");
+    EXPECT_EQ(machine.clock.armed(), 0U);
+}
+
+} // namespace
+
+} // namespace vesko

@@ -1,0 +1,132 @@
+// The program is asked to end, in every phase.
+
+#include "tests/app/capture/AppModelTest.h"
+
+namespace vesko {
+
+namespace {
+
+using QuitTest = AppModelTest;
+
+TEST_F(QuitTest, NothingHoldsItUpWhenIdle)
+{
+    open();
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+}
+
+TEST_F(QuitTest, NothingHoldsItUpBeforeTheLibraryIsOpen)
+{
+    start();
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+}
+
+TEST_F(QuitTest, ItIsRefusedWhileTheMicrophoneStarts)
+{
+    open();
+    machine.recorder.access.close();
+    model->toggleDictation();
+    EXPECT_FALSE(awaited(model->prepareToQuit()));
+    machine.recorder.access.open();
+    ASSERT_TRUE(reach(Phase::recording));
+    finish();
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
+}
+
+TEST_F(QuitTest, ARunningCaptureIsKeptAndNotTranscribed)
+{
+    open();
+    dictate();
+    machine.clock.turn(4);
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_FALSE(machine.recorder.running());
+    EXPECT_EQ(machine.clock.armed(), 0U);
+    model.reset();
+
+    const LibraryStore store(root(), machine.clock);
+    const auto& recording = store.snapshot().notes.back().recordings.back();
+    EXPECT_EQ(recording.status, RecordingStatus::recorded);
+    EXPECT_EQ(recording.duration, 4);
+    EXPECT_TRUE(recording.attempts.empty());
+    EXPECT_TRUE(std::filesystem::exists(root() / "recordings" / recording.fileName));
+}
+
+TEST_F(QuitTest, ItWaitsUntilTheFileIsWhole)
+{
+    open();
+    dictate();
+    machine.recorder.finishing.close();
+    std::optional<bool> answer;
+    TaskScope scope;
+    scope.spawn([](AppModel& of, std::optional<bool>& into) -> Task<> {
+        into = co_await of.prepareToQuit();
+    }(*model, answer));
+    drainEvents();
+    EXPECT_EQ(answer, std::nullopt);
+    machine.recorder.finishing.open();
+    ASSERT_TRUE(eventually([&] { return answer.has_value(); }));
+    EXPECT_EQ(answer, true);
+}
+
+TEST_F(QuitTest, ATriggerMeanwhileStartsNothing)
+{
+    open();
+    dictate();
+    machine.recorder.finishing.close();
+    std::optional<bool> answer;
+    TaskScope scope;
+    scope.spawn([](AppModel& of, std::optional<bool>& into) -> Task<> {
+        into = co_await of.prepareToQuit();
+    }(*model, answer));
+    model->toggleDictation();
+    model->recordNote(false);
+    model->handleFn(FnShortcutAction::begin);
+    machine.recorder.finishing.open();
+    ASSERT_TRUE(eventually([&] { return answer.has_value(); }));
+    EXPECT_EQ(answer, true);
+    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(machine.recorder.files.size(), 1U);
+    EXPECT_TRUE(machine.recognizer.audio.empty());
+}
+
+TEST_F(QuitTest, ACaptureThatCannotBeStoredRefusesIt)
+{
+    open();
+    dictate();
+    breakStore();
+    EXPECT_FALSE(awaited(model->prepareToQuit()));
+    EXPECT_EQ(model->errorMessage(),
+        "Vesko could not save this change. Check free disk space and access to the data folder.");
+    EXPECT_FALSE(machine.recorder.running());
+
+    // The program goes on, and a second try has nothing left to lose.
+    repairStore();
+    dictate();
+    finish();
+    EXPECT_EQ(model->library().notes.back().body, "hello world");
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+}
+
+TEST_F(QuitTest, ATranscriptionDoesNotHoldItUp)
+{
+    open();
+    machine.recognizer.hears.reset();
+    dictate();
+    model->toggleDictation();
+    ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_TRUE(machine.recognizer.running());
+    model.reset();
+    EXPECT_FALSE(machine.recognizer.running());
+
+    // The next start finds what was cut short.
+    const LibraryStore store(root(), machine.clock);
+    const auto& recording = store.snapshot().notes.back().recordings.back();
+    EXPECT_EQ(recording.status, RecordingStatus::interrupted);
+    EXPECT_EQ(recording.attempts.back().status, AttemptStatus::interrupted);
+}
+
+} // namespace
+
+} // namespace vesko

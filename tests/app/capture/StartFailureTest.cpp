@@ -1,0 +1,214 @@
+// Each step on the way to a running capture fails once.
+
+#include "tests/app/capture/AppModelTest.h"
+
+namespace vesko {
+
+namespace {
+
+constexpr const char* storageText
+    = "Vesko could not save this change. Check free disk space and access to the data folder.";
+constexpr const char* microphoneText
+    = "The microphone could not start. Check your audio input and try again.";
+
+class StartFailureTest : public AppModelTest {
+protected:
+    // What failed once is no reason for the next capture to fail.
+    void expectThatTheNextCaptureWorks()
+    {
+        dictate();
+        EXPECT_EQ(model->errorMessage(), "");
+        finish();
+        EXPECT_EQ(model->library().notes.back().body, "hello world");
+        EXPECT_EQ(model->errorMessage(), "");
+    }
+};
+
+TEST_F(StartFailureTest, ARefusedMicrophoneLeavesNeitherNoteNorRecording)
+{
+    open();
+    machine.recorder.grantsAccess = false;
+    model->toggleDictation();
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(model->errorMessage(),
+        "Allow Microphone for Vesko in System Settings > Privacy & Security > Microphone, then "
+        "try again.");
+    EXPECT_TRUE(machine.recorder.files.empty());
+    EXPECT_FALSE(machine.recorder.running());
+
+    machine.recorder.grantsAccess = true;
+    expectThatTheNextCaptureWorks();
+    EXPECT_EQ(model->library().notes.size(), 1U);
+}
+
+TEST_F(StartFailureTest, ANoteThatCannotBeSavedIsReported)
+{
+    open();
+    breakStore();
+    model->toggleDictation();
+    EXPECT_EQ(model->phase(), Phase::preparing);
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(model->errorMessage(), storageText);
+    EXPECT_TRUE(machine.recorder.files.empty());
+    EXPECT_FALSE(machine.recorder.running());
+
+    repairStore();
+    expectThatTheNextCaptureWorks();
+    EXPECT_EQ(model->library().notes.size(), 1U);
+}
+
+TEST_F(StartFailureTest, ANoteThatIsGoneCannotBeContinued)
+{
+    open();
+    model->selectedNote = Uuid::random();
+    model->recordNote(true);
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(model->errorMessage(), "This item is no longer available.");
+    EXPECT_TRUE(machine.recorder.files.empty());
+    EXPECT_FALSE(machine.recorder.running());
+    expectThatTheNextCaptureWorks();
+}
+
+TEST_F(StartFailureTest, AnUnknownProjectIsReported)
+{
+    open();
+    model->selectedProject = Uuid::random();
+    model->toggleDictation();
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(model->errorMessage(), "This item is no longer available.");
+    model->selectedProject.reset();
+    expectThatTheNextCaptureWorks();
+}
+
+TEST_F(StartFailureTest, ARecorderThatCannotStartMarksTheRecordingAsFailed)
+{
+    open();
+    machine.recorder.startFails = true;
+    model->toggleDictation();
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(model->errorMessage(), microphoneText);
+    ASSERT_TRUE(eventually([&] { return !model->library().notes.empty(); }));
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::failed);
+    EXPECT_EQ(onlyRecording().errorMessage, microphoneText);
+    EXPECT_EQ(machine.clock.armed(), 0U);
+
+    machine.recorder.startFails = false;
+    expectThatTheNextCaptureWorks();
+}
+
+TEST_F(StartFailureTest, TheFirstFailureIsWhatTheUserReadsEvenIfItCannotBeStored)
+{
+    open();
+    machine.recorder.starting.close();
+    machine.recorder.startFails = true;
+    model->toggleDictation();
+    ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
+    breakStore();
+    machine.recorder.starting.open();
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(model->errorMessage(), microphoneText);
+
+    repairStore();
+    machine.recorder.startFails = false;
+    expectThatTheNextCaptureWorks();
+}
+
+TEST_F(StartFailureTest, ARecordingThatEndsByItselfIsKeptAsFailed)
+{
+    struct Case {
+        RecorderFailure failure;
+        const char* text;
+    };
+    const std::vector<Case> cases{
+        { RecorderFailure::stoppedUnexpectedly,
+            "Recording stopped unexpectedly. Your original file was kept." },
+        { RecorderFailure::encoding,
+            "Recording was interrupted by an audio error. Your original file was kept." },
+    };
+    open();
+    for (const auto& [failure, text] : cases) {
+        SCOPED_TRACE(text);
+        dictate();
+        machine.recorder.power = -5;
+        machine.clock.turn(1);
+        ASSERT_GT(model->level(), 0);
+        machine.recorder.fail(failure);
+        EXPECT_EQ(model->phase(), Phase::idle);
+        EXPECT_EQ(model->level(), 0);
+        ASSERT_TRUE(eventually([&] { return model->errorMessage() == text; }));
+        const auto failed = [&] {
+            const auto& notes = model->library().notes;
+            return !notes.empty()
+                && notes.back().recordings.back().status == RecordingStatus::failed;
+        };
+        ASSERT_TRUE(eventually(failed));
+        const auto& recording = model->library().notes.back().recordings.back();
+        EXPECT_EQ(recording.errorMessage, text);
+        EXPECT_EQ(recording.duration, 0);
+        EXPECT_TRUE(recording.attempts.empty());
+        EXPECT_TRUE(std::filesystem::exists(root() / "recordings" / recording.fileName));
+    }
+    EXPECT_TRUE(machine.recognizer.audio.empty());
+    expectThatTheNextCaptureWorks();
+}
+
+TEST_F(StartFailureTest, AFailedRecordingIsReportedEvenIfThatCannotBeStored)
+{
+    open();
+    dictate();
+    breakStore();
+    machine.recorder.fail(RecorderFailure::encoding);
+    EXPECT_EQ(model->phase(), Phase::idle);
+    ASSERT_TRUE(eventually([&] {
+        return model->errorMessage()
+            == "Recording was interrupted by an audio error. Your original file was kept.";
+    }));
+    repairStore();
+    expectThatTheNextCaptureWorks();
+}
+
+TEST_F(StartFailureTest, ALateReportOfTheRecorderDoesNotTouchAFinishedCapture)
+{
+    open();
+    dictate();
+    model->toggleDictation();
+    machine.recorder.reportFailure(RecorderFailure::stoppedUnexpectedly);
+    EXPECT_EQ(model->phase(), Phase::processing);
+    ASSERT_TRUE(reach(Phase::idle));
+    machine.recorder.reportFailure(RecorderFailure::encoding);
+    expectThatTheNextCaptureWorks();
+    EXPECT_EQ(model->library().notes[0].recordings.back().status, RecordingStatus::ready);
+}
+
+TEST_F(StartFailureTest, ACaptureThatCannotBeFinishedIsNotTranscribed)
+{
+    open();
+    dictate();
+    breakStore();
+    model->toggleDictation();
+    EXPECT_EQ(model->phase(), Phase::processing);
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(model->errorMessage(), storageText);
+    EXPECT_TRUE(machine.recognizer.audio.empty());
+    EXPECT_EQ(machine.clipboard.text, std::nullopt);
+    repairStore();
+    expectThatTheNextCaptureWorks();
+}
+
+TEST_F(StartFailureTest, ACaptureIsNotFinishedBeforeItsFileIsWhole)
+{
+    open();
+    dictate();
+    machine.recorder.finishing.close();
+    model->toggleDictation();
+    drainEvents();
+    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_TRUE(machine.recognizer.audio.empty());
+    machine.recorder.finishing.open();
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
+}
+
+} // namespace
+
+} // namespace vesko

@@ -1,0 +1,262 @@
+// The field is noted when the dictation starts, and looked at once more before the paste.
+
+#include "VeskoApp/insertion/FocusDestination.h"
+#include "tests/fakes/EventLoop.h"
+#include "tests/fakes/FakeFocusedField.h"
+#include "tests/fakes/FakePasteKeystroke.h"
+#include "tests/fakes/TestClock.h"
+
+#include <QCoreApplication>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+namespace vesko {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// The lines that the log took.
+std::vector<std::string> lines;
+
+class FocusDestinationTest : public testing::Test {
+protected:
+    FocusDestinationTest()
+    {
+        lines.clear();
+        m_earlier = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext& context, const QString& text) {
+                EXPECT_STREQ(context.category, "app.vesko.mac.insertion");
+                lines.push_back(text.toStdString());
+            });
+    }
+    ~FocusDestinationTest() override { qInstallMessageHandler(m_earlier); }
+
+    std::optional<FocusDestination> capture() const
+    {
+        return FocusDestination::from(fields.reading, clock.now());
+    }
+    std::vector<std::string> paste(const FocusDestination& into)
+    {
+        return awaited(into.attemptPaste(fields, keystroke, clock));
+    }
+
+    TestClock clock;
+    FakeFocusedField fields;
+    FakePasteKeystroke keystroke;
+
+private:
+    QtMessageHandler m_earlier;
+};
+
+TEST_F(FocusDestinationTest, NotesTheFieldAndTheMoment)
+{
+    const auto field = capture();
+    ASSERT_TRUE(field);
+    EXPECT_EQ(field->pid, FakeFocusedField::editor);
+    EXPECT_TRUE(field->element->equals(FakeFieldElement(1)));
+    EXPECT_EQ(field->selection, (TextRange{ 5, 0 }));
+    EXPECT_EQ(field->originalValue, "Dear ");
+    EXPECT_EQ(field->capturedAt, clock.now());
+    EXPECT_THAT(lines, ElementsAre("capture_ok role=AXTextArea"));
+}
+
+TEST_F(FocusDestinationTest, SkipsWhatCannotBeComeBackTo)
+{
+    struct Case {
+        const char* name;
+        std::function<void(FieldReading&)> change;
+        const char* line;
+    };
+    const std::vector<Case> cases{
+        { "no permission", [](auto& r) { r.trusted = false; },
+            "capture_skipped reason=accessibility role=-" },
+        { "nothing in front", [](auto& r) { r.frontmost.reset(); },
+            "capture_skipped reason=vesko_frontmost role=-" },
+        { "this program in front",
+            [](auto& r) {
+                r.frontmost = static_cast<std::int32_t>(QCoreApplication::applicationPid());
+            },
+            "capture_skipped reason=vesko_frontmost role=-" },
+        { "no focus", [](auto& r) { r.element.reset(); },
+            "capture_skipped reason=no_focused_element role=-" },
+        { "no cursor", [](auto& r) { r.selection.reset(); },
+            "capture_skipped reason=no_cursor role=AXTextArea" },
+        { "no text", [](auto& r) { r.value.reset(); },
+            "capture_skipped reason=no_text_value role=AXTextArea" },
+        { "a password", [](auto& r) { r.subrole = "AXSecureTextField"; },
+            "capture_skipped reason=secure_field role=AXTextArea" },
+        { "a password whose text is not told",
+            [](auto& r) {
+                r.subrole = "AXSecureTextField";
+                r.value.reset();
+            },
+            "capture_skipped reason=secure_field role=AXTextArea" },
+        { "neither cursor nor role",
+            [](auto& r) {
+                r.selection.reset();
+                r.role.reset();
+            },
+            "capture_skipped reason=no_cursor role=-" },
+    };
+    const FieldReading whole = fields.reading;
+    for (const auto& [name, change, line] : cases) {
+        SCOPED_TRACE(name);
+        lines.clear();
+        fields.reading = whole;
+        change(fields.reading);
+        EXPECT_FALSE(capture());
+        EXPECT_THAT(lines, ElementsAre(line));
+    }
+}
+
+TEST_F(FocusDestinationTest, IsTakenForRolesThatWillBeRefusedLater)
+{
+    fields.reading.role = "AXStaticText";
+    EXPECT_TRUE(capture());
+    fields.reading.role.reset();
+    EXPECT_TRUE(capture());
+    fields.reading.subrole = "AXStandardWindow";
+    EXPECT_TRUE(capture());
+    EXPECT_EQ(lines.back(), "capture_ok role=-");
+}
+
+TEST_F(FocusDestinationTest, PastesIntoTheUnchangedField)
+{
+    const auto field = capture();
+    EXPECT_THAT(paste(*field), IsEmpty());
+    EXPECT_EQ(keystroke.sent, 1);
+    EXPECT_THAT(fields.reads, ElementsAre(FakeFocusedField::editor));
+    EXPECT_EQ(lines.back(), "paste_sent role=AXTextArea notes=");
+}
+
+TEST_F(FocusDestinationTest, NotesWhatChangedAndForbidsNothing)
+{
+    const auto field = capture();
+    fields.reading.selection = TextRange{ 5, 1 };
+    EXPECT_THAT(paste(*field), IsEmpty());
+    EXPECT_EQ(lines.back(), "paste_sent role=AXTextArea notes=cursor_moved");
+    fields.reading.selection = field->selection;
+    fields.reading.value = "Dear John";
+    EXPECT_THAT(paste(*field), IsEmpty());
+    EXPECT_EQ(lines.back(), "paste_sent role=AXTextArea notes=text_changed");
+    fields.reading.value.reset(); // unreadable is changed
+    EXPECT_THAT(paste(*field), IsEmpty());
+    EXPECT_EQ(lines.back(), "paste_sent role=AXTextArea notes=text_changed");
+}
+
+TEST_F(FocusDestinationTest, RefusesWithEveryReasonInItsOrder)
+{
+    struct Case {
+        const char* name;
+        std::function<void()> change;
+        std::vector<std::string> reasons;
+        const char* line;
+    };
+    const std::vector<Case> cases{
+        { "no element, whatever else", [&] { fields.reading = FieldReading{}; },
+            { "field_changed" }, "paste_refused reasons=field_changed role=-" },
+        { "no cursor, whatever else",
+            [&] {
+                fields.reading.selection.reset();
+                fields.reading.frontmost = 99;
+            },
+            { "no_cursor" }, "paste_refused reasons=no_cursor role=-" },
+        { "no permission", [&] { fields.reading.trusted = false; }, { "accessibility" },
+            "paste_refused reasons=accessibility role=AXTextArea" },
+        { "nothing in front", [&] { fields.reading.frontmost.reset(); }, { "app_changed" },
+            "paste_refused reasons=app_changed role=AXTextArea" },
+        { "no longer writable", [&] { fields.reading.role = "AXStaticText"; }, { "not_writable" },
+            "paste_refused reasons=not_writable role=AXStaticText" },
+        { "everything at once",
+            [&] {
+                fields.reading.trusted = false;
+                fields.reading.frontmost = 99;
+                fields.reading.element = std::make_shared<FakeFieldElement>(2);
+                fields.reading.role.reset();
+                fields.reading.subrole = "AXSecureTextField";
+                clock.changeDate(121);
+            },
+            { "accessibility", "app_changed", "field_changed", "not_writable", "secure_field",
+                "too_late" },
+            "paste_refused reasons=accessibility,app_changed,field_changed,not_writable,"
+            "secure_field,too_late role=-" },
+    };
+    const FieldReading whole = fields.reading;
+    for (const auto& [name, change, reasons, line] : cases) {
+        SCOPED_TRACE(name);
+        fields.reading = whole;
+        const auto field = capture();
+        ASSERT_TRUE(field);
+        change();
+        EXPECT_EQ(paste(*field), reasons);
+        EXPECT_EQ(lines.back(), line);
+    }
+    EXPECT_EQ(keystroke.sent, 0);
+}
+
+TEST_F(FocusDestinationTest, IsGoodForTwoMinutes)
+{
+    struct Case {
+        double elapsed; // seconds
+        bool permitted;
+    };
+    for (const auto& [elapsed, permitted] :
+        std::vector<Case>{ { 0, true }, { 120, true }, { 120.001, false }, { -0.001, false } }) {
+        SCOPED_TRACE(elapsed);
+        const auto field = capture();
+        clock.changeDate(elapsed);
+        EXPECT_EQ(paste(*field).empty(), permitted);
+    }
+}
+
+TEST_F(FocusDestinationTest, SaysWhenTheKeyCouldNotBeSent)
+{
+    const auto field = capture();
+    keystroke.works = false;
+    EXPECT_THAT(paste(*field), ElementsAre("event_failed"));
+    EXPECT_EQ(lines.back(), "paste_refused reasons=event_failed role=AXTextArea");
+}
+
+TEST(PasteMessage, FollowsTheFirstReason)
+{
+    constexpr const char* neutral = "Copied. Paste it when you are ready.";
+    constexpr const char* moved
+        = "Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.";
+    constexpr const char* unsupported
+        = "Copied. This field does not accept automatic paste. Paste it with Command V.";
+    const std::vector<std::pair<std::vector<std::string>, const char*>> cases{
+        { { "accessibility" },
+            "Copied. Allow Accessibility for Vesko in System Settings to paste automatically." },
+        { { "accessibility", "app_changed" },
+            "Copied. Allow Accessibility for Vesko in System Settings to paste automatically." },
+        { { "no_field" },
+            "Copied. No text field was focused when you started. Paste it with Command V." },
+        { { "app_changed" }, moved },
+        { { "field_changed", "too_late" }, moved },
+        { { "not_writable" }, unsupported },
+        { { "no_cursor" }, unsupported },
+        { { "no_text_value" }, unsupported },
+        { { "too_late" },
+            "Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command "
+            "V." },
+        { { "secure_field", "too_late" }, neutral },
+        { { "paste_off" }, neutral },
+        { { "event_failed" }, neutral },
+        { { "something new" }, neutral },
+        { {}, neutral },
+    };
+    for (const auto& [reasons, message] : cases) {
+        SCOPED_TRACE(reasons.empty() ? "no reason" : reasons.front());
+        EXPECT_EQ(pasteMessage(reasons), message);
+    }
+}
+
+} // namespace
+
+} // namespace vesko

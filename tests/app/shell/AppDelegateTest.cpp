@@ -1,0 +1,207 @@
+// The process around the controller.
+
+#include "VeskoApp/shell/AppDelegate.h"
+#include "tests/app/capture/AppModelTest.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace vesko {
+
+namespace {
+
+class AppDelegateTest : public AppModelTest {
+protected:
+    void launch()
+    {
+        delegate = std::make_unique<AppDelegate>(machine.all, *model);
+        delegate->showCaptureControl = [this](bool shown) { controlShown = shown; };
+        delegate->terminate = [this] { ++terminated; };
+        delegate->launch();
+    }
+    void open()
+    {
+        AppModelTest::open();
+        launch();
+    }
+    void expectStatus(const char* toolTip, const char* title, bool enabled) const
+    {
+        EXPECT_EQ(machine.statusItem.toolTip.toStdString(), toolTip);
+        EXPECT_EQ(machine.statusItem.captureTitle.toStdString(), title);
+        EXPECT_EQ(machine.statusItem.captureEnabled, enabled);
+    }
+
+    std::optional<bool> controlShown;
+    int terminated = 0;
+    std::unique_ptr<AppDelegate> delegate; // ends before the model
+};
+
+TEST_F(AppDelegateTest, TheStatusItemFollowsTheCapture)
+{
+    open();
+    expectStatus("Vesko: Ready", "Start dictation", true);
+
+    machine.recorder.access.close();
+    machine.statusItem.onCapture();
+    expectStatus("Vesko: Starting microphone", "Starting microphone", false);
+    EXPECT_EQ(machine.focusedField.reads.size(), 1U);
+    machine.recorder.access.open();
+    ASSERT_TRUE(reach(Phase::recording));
+    expectStatus("Vesko: Recording", "Stop dictation", true);
+
+    machine.recognizer.hears.reset();
+    machine.statusItem.onCapture();
+    expectStatus("Vesko: Transcribing", "Transcribing", false);
+    ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
+    machine.recognizer.report({ .text = "done", .isFinal = true });
+    ASSERT_TRUE(reach(Phase::idle));
+    expectStatus("Vesko: Ready", "Start dictation", true);
+}
+
+TEST_F(AppDelegateTest, NothingCanBeStartedUntilTheLibraryIsReady)
+{
+    start();
+    launch();
+    expectStatus("Vesko: Ready", "Start dictation", false);
+    machine.keys.pressGestureKey();
+    machine.keys.releaseGestureKey();
+    EXPECT_TRUE(machine.focusedField.reads.empty());
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    expectStatus("Vesko: Ready", "Start dictation", true);
+}
+
+TEST_F(AppDelegateTest, TheIconFollowsTheDesktopsAppearance)
+{
+    open();
+    const auto colour
+        = [&] { return machine.statusItem.icon.pixmap(54, 54).toImage().pixelColor(27, 27); };
+    const QPalette before = qGuiApp->palette();
+    QGuiApplication::setPalette(QPalette(QColor(Qt::black)));
+    drainEvents();
+    const QColor dark = colour();
+    QGuiApplication::setPalette(QPalette(QColor(Qt::white)));
+    drainEvents();
+    const QColor light = colour();
+    QGuiApplication::setPalette(before);
+    drainEvents();
+    EXPECT_GT(dark.lightnessF(), light.lightnessF());
+}
+
+TEST_F(AppDelegateTest, TheShortcutTogglesADictation)
+{
+    open();
+    machine.shortcut.press();
+    EXPECT_EQ(machine.focusedField.reads.size(), 1U);
+    ASSERT_TRUE(reach(Phase::recording));
+    machine.clock.turn(1);
+    machine.shortcut.press();
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(onlyNote().body, "hello world");
+    EXPECT_EQ(model->shortcutMessage(), "");
+}
+
+TEST_F(AppDelegateTest, AShortcutThatIsTakenIsReported)
+{
+    machine.shortcut.taken = true;
+    open();
+    EXPECT_EQ(model->shortcutMessage(),
+        "Command Shift Space is unavailable. Use the floating button or choose another system "
+        "shortcut.");
+}
+
+TEST_F(AppDelegateTest, TheFloatingControlIsShownAsTheSettingsSay)
+{
+    open();
+    EXPECT_EQ(controlShown, true);
+    model->preferences().showFloating.set(false);
+    EXPECT_EQ(controlShown, false);
+    model->preferences().showFloating.set(true);
+    EXPECT_EQ(controlShown, true);
+}
+
+TEST_F(AppDelegateTest, TheGestureKeyIsThatOfTheSettings)
+{
+    machine.keys.hasFn = false;
+    open();
+    EXPECT_EQ(machine.keys.watched, GestureKey::rightControl);
+    model->preferences().setGestureKey(GestureKey::scrollLock);
+    EXPECT_EQ(machine.keys.watched, GestureKey::scrollLock);
+    machine.keys.pressGestureKey();
+    ASSERT_TRUE(reach(Phase::recording));
+    // Another setting does not disturb a gesture.
+    model->preferences().soundsEnabled.set(false);
+    machine.clock.turn(1);
+    EXPECT_TRUE(model->pushToTalk());
+}
+
+TEST_F(AppDelegateTest, TheGestureCanBeTurnedOff)
+{
+    choose("fnEnabled", false);
+    open();
+    machine.keys.pressGestureKey();
+    EXPECT_EQ(model->phase(), Phase::idle);
+}
+
+TEST_F(AppDelegateTest, QuittingKeepsARunningCapture)
+{
+    open();
+    dictate();
+    machine.clock.turn(2);
+    machine.recorder.finishing.close();
+    machine.statusItem.onQuit();
+    machine.statusItem.onQuit(); // one is enough
+    drainEvents();
+    EXPECT_EQ(terminated, 0);
+    machine.recorder.finishing.open();
+    ASSERT_TRUE(eventually([&] { return terminated > 0; }));
+    EXPECT_EQ(terminated, 1);
+    delegate->willTerminate();
+    EXPECT_FALSE(machine.shortcut.installed());
+    EXPECT_EQ(machine.keys.watched, std::nullopt);
+    delegate.reset();
+    model.reset();
+
+    const LibraryStore store(root(), machine.clock);
+    EXPECT_EQ(store.snapshot().notes.back().recordings.back().status, RecordingStatus::recorded);
+}
+
+TEST_F(AppDelegateTest, ARefusedQuitCanBeAskedForAgain)
+{
+    open();
+    machine.recorder.access.close();
+    model->toggleDictation();
+    delegate->quit();
+    EXPECT_EQ(terminated, 0);
+    machine.recorder.access.open();
+    ASSERT_TRUE(reach(Phase::recording));
+    delegate->quit();
+    EXPECT_TRUE(eventually([&] { return terminated == 1; }));
+}
+
+TEST_F(AppDelegateTest, AKeyThatIsHeldAtTheEndDiscardsItsCapture)
+{
+    open();
+    machine.keys.pressGestureKey();
+    ASSERT_TRUE(reach(Phase::recording));
+    delegate->willTerminate();
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::recorded);
+    EXPECT_EQ(machine.clock.armed(), 0U);
+}
+
+TEST_F(AppDelegateTest, TheEndOfTheDelegateUnderAQuitIsNoHarm)
+{
+    open();
+    dictate();
+    machine.recorder.finishing.close();
+    delegate->quit();
+    delegate.reset();
+    machine.recorder.finishing.open();
+    drainEvents();
+    EXPECT_EQ(terminated, 0);
+}
+
+} // namespace
+
+} // namespace vesko

@@ -1,0 +1,52 @@
+#include "VeskoApp/shell/Deployment.h"
+#include "tests/fakes/Files.h"
+#include "tests/fakes/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace vesko {
+
+namespace {
+
+constexpr const char* whole = R"({
+    "CFBundleShortVersionString": "1.2.3",
+    "VeskoOpenRouterBaseURL": "https://openrouter.example/api/v1/",
+    "SomethingElse": 5
+})";
+
+class DeploymentTest : public testing::Test {
+protected:
+    void write(const std::string& text) const { putBytes(folder.path() / "Info.json", text); }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(DeploymentTest, IsReadFromTheFirstFolderThatHasOne)
+{
+    const TemporaryFolder empty;
+    const TemporaryFolder later;
+    putBytes(later.path() / "Info.json", "{}");
+    write(whole);
+    const auto deployment = Deployment::read({ empty.path(), folder.path(), later.path() });
+    EXPECT_EQ(deployment.version, "1.2.3");
+    EXPECT_EQ(deployment.openRouterBaseURL, "https://openrouter.example/api/v1/");
+}
+
+TEST_F(DeploymentTest, FailsWhenItIsMissingDamagedOrIncomplete)
+{
+    EXPECT_THROW(Deployment::read({}), std::runtime_error);
+    EXPECT_THROW(Deployment::read({ folder.path() }), std::runtime_error);
+    for (const char* text : { "", "[]", "{", R"({"CFBundleShortVersionString": "1"})",
+             R"({"CFBundleShortVersionString": "1", "VeskoOpenRouterBaseURL": ""})",
+             R"({"CFBundleShortVersionString": 1, "VeskoOpenRouterBaseURL": "https://x/"})" }) {
+        SCOPED_TRACE(text);
+        write(text);
+        EXPECT_THROW(Deployment::read({ folder.path() }), std::runtime_error);
+    }
+}
+
+} // namespace
+
+} // namespace vesko

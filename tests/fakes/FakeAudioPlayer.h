@@ -1,0 +1,44 @@
+#pragma once
+
+#include "VeskoApp/platform/AudioPlayer.h"
+#include "tests/fakes/Gate.h"
+
+#include <optional>
+#include <stdexcept>
+#include <vector>
+
+namespace vesko {
+
+// Loudspeakers that remember what they were given. As the real ones, it can't play what isn't
+// there, and a stop also ends a start that is under way.
+class FakeAudioPlayer final : public AudioPlayer {
+public:
+    double length = 3; // seconds
+    Gate starting;
+
+    std::vector<std::filesystem::path> played;
+    std::optional<std::filesystem::path> playing;
+
+    Task<double> play(std::filesystem::path file) override
+    {
+        const int request = ++m_request;
+        co_await starting.pass();
+        if (!std::filesystem::exists(file))
+            throw std::runtime_error("no such file");
+        if (request == m_request) {
+            played.push_back(file);
+            playing = file;
+        }
+        co_return length;
+    }
+    void stop() override
+    {
+        ++m_request;
+        playing.reset();
+    }
+
+private:
+    int m_request = 0;
+};
+
+} // namespace vesko

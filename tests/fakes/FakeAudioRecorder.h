@@ -1,0 +1,79 @@
+#pragma once
+
+#include "VeskoApp/platform/AudioRecorder.h"
+#include "tests/fakes/Files.h"
+#include "tests/fakes/Gate.h"
+#include "tests/fakes/TestClock.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <vector>
+
+namespace vesko {
+
+// A microphone whose recordings last as long as the clock is turned, from its opening on, and hold
+// a fixed text.
+class FakeAudioRecorder final : public AudioRecorder {
+public:
+    explicit FakeAudioRecorder(TestClock& clock)
+        : m_clock(clock)
+    {
+    }
+
+    bool grantsAccess = true;
+    bool startFails = false;
+    double power = -160; // decibels
+    std::string audio = "recorded sound";
+    Gate access; // the user's answer
+    Gate starting;
+    Gate finishing;
+
+    int accessRequests = 0;
+    std::vector<std::filesystem::path> files; // that a start was asked for
+
+    // Whether sound is being taken.
+    bool running() const { return m_openedAt.has_value(); }
+    // The recording ends by itself.
+    void fail(RecorderFailure failure)
+    {
+        m_openedAt.reset();
+        reportFailure(failure);
+    }
+    // The report alone, as it may come late.
+    void reportFailure(RecorderFailure failure) { onFailure(failure); }
+
+    Task<bool> requestAccess() override
+    {
+        ++accessRequests;
+        co_await access.pass();
+        co_return grantsAccess;
+    }
+    void open() override { m_openedAt = m_clock.uptime(); }
+    Task<> start(std::filesystem::path file) override
+    {
+        EXPECT_TRUE(m_openedAt) << "the microphone was not opened";
+        files.push_back(file);
+        co_await starting.pass();
+        if (startFails) {
+            m_openedAt.reset();
+            throw std::runtime_error("the sound server refused");
+        }
+        putBytes(file, audio);
+    }
+    double currentTime() const override { return m_openedAt ? m_clock.uptime() - *m_openedAt : 0; }
+    double averagePower() const override { return m_openedAt ? power : -160; }
+    double stop() override
+    {
+        const double duration = currentTime();
+        m_openedAt.reset();
+        return duration;
+    }
+    Eventual<std::monostate> finished() override { return finishing.pass(); }
+
+private:
+    TestClock& m_clock;
+    std::optional<double> m_openedAt;
+};
+
+} // namespace vesko

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "VeskoApp/platform/KeyInput.h"
+
+#include <optional>
+
+namespace vesko {
+
+class FakeGlobalShortcut final : public GlobalShortcut {
+public:
+    bool taken = false; // by another program
+
+    bool installed() const { return m_onPressed != nullptr; }
+    void press() { m_onPressed(); }
+
+    bool install(std::function<void()> onPressed) override
+    {
+        if (!taken)
+            m_onPressed = std::move(onPressed);
+        return !taken;
+    }
+    void remove() override { m_onPressed = nullptr; }
+
+private:
+    std::function<void()> m_onPressed;
+};
+
+// A keyboard under the test's fingers. Keys that nobody watches go unseen.
+class FakeKeyMonitor final : public KeyMonitor {
+public:
+    bool isPermitted = true;
+    bool hasFn = true;
+    std::optional<GestureKey> watched; // the gesture key that is being watched
+
+    void pressGestureKey(bool otherModifiers = false)
+    {
+        m_down = true;
+        flags(true, otherModifiers);
+    }
+    void releaseGestureKey(bool otherModifiers = false)
+    {
+        m_down = false;
+        flags(true, otherModifiers);
+    }
+    void pressModifier() { flags(false, true); }
+    void releaseModifier() { flags(false, false); }
+    void pressKey() { send({ .kind = KeyEvent::Kind::keyDown, .gestureKeyDown = m_down }); }
+    void pressReturn(bool shift = false)
+    {
+        send({ .kind = KeyEvent::Kind::keyDown,
+            .isReturn = true,
+            .gestureKeyDown = m_down,
+            .shiftDown = shift,
+            .otherModifiers = shift });
+    }
+    void interrupt() { send({ .kind = KeyEvent::Kind::interrupted }); }
+
+    bool permitted() const override { return isPermitted; }
+    bool reportsFn() const override { return hasFn; }
+    bool start(GestureKey key, std::function<void(const KeyEvent&)> onEvent) override
+    {
+        watched = key;
+        m_onEvent = std::move(onEvent);
+        return true;
+    }
+    void stop() override
+    {
+        watched.reset();
+        m_onEvent = nullptr;
+    }
+
+private:
+    void flags(bool isGestureKey, bool otherModifiers)
+    {
+        send({ .kind = KeyEvent::Kind::flagsChanged,
+            .isGestureKey = isGestureKey,
+            .gestureKeyDown = m_down,
+            .otherModifiers = otherModifiers });
+    }
+    void send(const KeyEvent& event)
+    {
+        if (m_onEvent)
+            m_onEvent(event);
+    }
+
+    bool m_down = false;
+    std::function<void(const KeyEvent&)> m_onEvent;
+};
+
+} // namespace vesko

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "VeskoApp/platform/OnDeviceRecognizer.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <set>
+#include <vector>
+
+namespace vesko {
+
+// A recogniser that hears what a test tells it to.
+class FakeOnDeviceRecognizer final : public OnDeviceRecognizer {
+public:
+    bool isAuthorized = true;
+    bool isAvailable = true;
+    std::set<std::string> installed{ "en-US" };
+    std::string system = "en-US";
+    // What every recording says; nothing leaves the recognition waiting for a report by hand.
+    std::optional<std::string> hears = "hello world";
+
+    std::vector<std::string> languages; // that recognitions were begun with
+    std::vector<std::filesystem::path> audio; // likewise
+
+    bool running() const { return m_report != nullptr; }
+    // A report of the running recognition, which may end it.
+    void report(const Report& report)
+    {
+        const auto to = m_report;
+        to(report);
+    }
+
+    bool authorized() const override { return isAuthorized; }
+    bool supports(const std::string& language) const override
+    {
+        return installed.contains(language);
+    }
+    std::string systemLanguage() const override { return system; }
+    bool available() const override { return isAvailable; }
+    std::unique_ptr<Recognition> recognize(const std::filesystem::path& file,
+        const std::string& language, std::function<void(const Report&)> to) override
+    {
+        audio.push_back(file);
+        languages.push_back(language);
+        m_report = std::move(to);
+        return std::make_unique<Running>(*this);
+    }
+
+private:
+    class Running : public Recognition {
+    public:
+        explicit Running(FakeOnDeviceRecognizer& owner)
+            : m_owner(owner)
+        {
+            if (owner.hears)
+                QTimer::singleShot(0, &m_context,
+                    [&owner] { owner.report({ .text = owner.hears, .isFinal = true }); });
+        }
+        ~Running() override { m_owner.m_report = nullptr; }
+
+    private:
+        FakeOnDeviceRecognizer& m_owner;
+        QObject m_context;
+    };
+
+    std::function<void(const Report&)> m_report;
+};
+
+} // namespace vesko

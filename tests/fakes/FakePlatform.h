@@ -1,0 +1,53 @@
+#pragma once
+
+#include "VeskoApp/platform/Platform.h"
+#include "tests/fakes/FakeAudioPlayer.h"
+#include "tests/fakes/FakeAudioRecorder.h"
+#include "tests/fakes/FakeClipboard.h"
+#include "tests/fakes/FakeFocusedField.h"
+#include "tests/fakes/FakeKeyInput.h"
+#include "tests/fakes/FakeLoginItem.h"
+#include "tests/fakes/FakeOnDeviceRecognizer.h"
+#include "tests/fakes/FakePasteKeystroke.h"
+#include "tests/fakes/FakeSecretStore.h"
+#include "tests/fakes/FakeSettingsStore.h"
+#include "tests/fakes/FakeStatusItem.h"
+#include "tests/fakes/TestClock.h"
+
+namespace vesko {
+
+// A whole machine in memory, on which everything works until a test breaks it.
+struct FakePlatform {
+    TestClock clock;
+    FakeAudioRecorder recorder{ clock };
+    FakeAudioPlayer player;
+    FakeOnDeviceRecognizer recognizer;
+    FakeFocusedField focusedField;
+    FakePasteKeystroke pasteKeystroke;
+    FakeClipboard clipboard;
+    FakeGlobalShortcut shortcut;
+    FakeKeyMonitor keys;
+    FakeSecretStore secrets;
+    FakeSettingsStore settings;
+    FakeLoginItem loginItem;
+    FakeStatusItem statusItem;
+
+    Platform all{
+        .clock = clock,
+        .recorder = recorder,
+        .player = player,
+        .recognizer = recognizer,
+        .focusedField = focusedField,
+        .pasteKeystroke = pasteKeystroke,
+        .clipboard = clipboard,
+        .shortcut = shortcut,
+        .keys = keys,
+        .secrets = secrets,
+        .settings = settings,
+        .loginItem = loginItem,
+        .statusItem = statusItem,
+        .userDataFolder = "/nowhere",
+    };
+};
+
+} // namespace vesko

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "VeskoApp/platform/SettingsStore.h"
+
+#include <map>
+
+namespace vesko {
+
+class FakeSettingsStore final : public SettingsStore {
+public:
+    std::map<std::string, SettingValue> values;
+    int writes = 0;
+
+    std::optional<SettingValue> value(const std::string& key) const override
+    {
+        const auto stored = values.find(key);
+        return stored == values.end() ? std::nullopt : std::optional(stored->second);
+    }
+    void set(const std::string& key, const SettingValue& value) override
+    {
+        ++writes;
+        values.insert_or_assign(key, value);
+    }
+    bool empty() const override { return values.empty(); }
+};
+
+} // namespace vesko
