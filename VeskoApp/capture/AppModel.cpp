@@ -26,7 +26,6 @@ AppModel::AppModel(Platform& platform, std::filesystem::path dataRoot, OpenRoute
     // Accounts, usage analytics, the cues and the review of a paste are made here once they exist.
     m_capture.onFailure = [this](std::string message) { recordingFailed(std::move(message)); };
     m_tasks.spawn(openLibrary());
-    m_tasks.spawn(chooseFirstProvider());
 }
 
 AppModel::~AppModel() = default;
@@ -41,6 +40,12 @@ std::filesystem::path AppModel::dataRoot(
 
 Task<> AppModel::openLibrary()
 {
+    // Captures are dropped until the library is ready, and only the first launch lets them wait
+    // for the secret store: whoever dictates at once gets what that launch chooses.
+    if (m_platform.settings.empty())
+        co_await chooseFirstProvider();
+    else
+        m_tasks.spawn(m_preferences.refreshKeys());
     std::exception_ptr failure;
     try {
         co_await m_store.open([root = m_dataRoot, &clock = m_platform.clock] {
@@ -60,11 +65,9 @@ Task<> AppModel::openLibrary()
 // installed, the first launch chooses it. Only the first: whatever the user decides later stays.
 Task<> AppModel::chooseFirstProvider()
 {
-    const bool fresh = m_platform.settings.empty();
-    if (fresh)
-        m_platform.settings.set("firstLaunchDone", SettingValue{ true });
+    m_platform.settings.set("firstLaunchDone", SettingValue{ true });
     co_await m_preferences.refreshKeys();
-    if (!fresh || m_preferences.hasKey() || m_preferences.hasVeskoAccess()
+    if (m_preferences.hasKey() || m_preferences.hasVeskoAccess()
         || !m_platform.recognizer.supports(m_platform.recognizer.systemLanguage()))
         co_return;
     m_preferences.provider.set("apple");
