@@ -8,8 +8,9 @@ import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, voice  # noqa: E402
+from lib import cases, media, settings, voice  # noqa: E402
 from lib.vesko import BINARY, Vesko  # noqa: E402
+from lib.waiting import human_pause  # noqa: E402
 
 KEY = "sk-or-a-key-that-must-stand-nowhere"
 
@@ -22,6 +23,18 @@ class NoSecrets(unittest.TestCase):
         self.assertEqual(done.returncode, 1)
         self.assertNotIn(KEY, done.stdout + done.stderr)
         self.assertEqual(files_with(KEY), [])
+
+    def test_says_so_when_a_key_is_needed_and_keeps_the_audio(self):
+        settings.write(provider="openrouter")
+        self.addCleanup(settings.remove)
+        with Vesko() as vesko:
+            vesko.dictate(lambda: human_pause(0.5))
+            vesko.wait_for_text("Audio saved. Transcription needs attention.")
+            vesko.wait_for_text("Vesko could not access your key in your password store (keyring). "
+                                "Unlock it and try again.")
+            recording = vesko.last_recording()
+            self.assertEqual(recording["status"], "failed")
+            self.assertGreater(media.decoded_seconds(recording["path"]), 0.4)
 
     def test_dictates_on_device(self):
         with Vesko() as vesko:

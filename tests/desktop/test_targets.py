@@ -215,6 +215,12 @@ class Targets(unittest.TestCase):
     def test_with_a_greek_layout(self):
         self.with_layout("gr", FeatherPad())
 
+    def test_with_a_greek_layout_and_no_other(self):
+        hands.load_layouts("gr")
+        self.addCleanup(hands.load_layouts)
+        self.into(FeatherPad())
+        self.into(Mousepad())
+
     def with_layout(self, layout, editor):
         with editor:
             hands.use_layout(layout)

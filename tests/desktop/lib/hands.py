@@ -114,9 +114,9 @@ def click(x, y):
 LAYOUTS = ("us", "ru", "gr")
 
 
-def load_layouts():
-    """Gives the keyboard all of LAYOUTS; the first is in use."""
-    subprocess.run(["setxkbmap", "-layout", ",".join(LAYOUTS)], check=True)
+def load_layouts(*names):
+    """Gives the keyboard these layouts, by default all of LAYOUTS; the first is in use."""
+    subprocess.run(["setxkbmap", "-layout", ",".join(names or LAYOUTS)], check=True)
     # The first key of a keyboard makes the server forget which layout was in use.
     tap("left shift")
 

@@ -64,29 +64,29 @@ class Program:
         self.kill()
 
 
-def _file(text, suffix):
-    handle, path = tempfile.mkstemp(suffix=suffix)
-    with os.fdopen(handle, "w") as file:
+def _file(name, text):
+    path = os.path.join(tempfile.mkdtemp(), name)
+    with open(path, "w") as file:
         file.write(text)
     return path
 
 
 class Mousepad(Program):
     def __init__(self, text=""):
-        super().__init__(["mousepad", "--disable-server", _file(text, ".txt")])
+        super().__init__(["mousepad", "--disable-server", _file("Letter.txt", text)])
         self.focus("text")
 
 
 class FeatherPad(Program):
     def __init__(self, text=""):
-        super().__init__(["featherpad", "--standalone", _file(text, ".txt")])
+        super().__init__(["featherpad", "--standalone", _file("Letter.txt", text)])
         self.focus("text")
 
 
 class Chromium(Program):
     def __init__(self, field="area"):
         super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
-                                     "--app=file://" + _file(PAGE, ".html")])
+                                     "--app=file://" + _file("fields.html", PAGE)])
         self.focus("password text" if field == "secret" else "entry", field)
 
 
