@@ -9,8 +9,9 @@ namespace {
 std::optional<std::size_t> indexFromText(std::string_view text)
 {
     std::size_t index = 0;
-    const char* end = text.data() + text.size();
-    const auto [stopped, error] = std::from_chars(text.data(), end, index);
+    const char* start = text.data();
+    const char* end = start + text.size();
+    const auto [stopped, error] = std::from_chars(start, end, index);
     if (error != std::errc() || stopped != end)
         return std::nullopt;
     return index;

@@ -98,7 +98,7 @@ public:
         // With it, a large body would wait a second for the server's leave.
         addHeader("Expect:");
         for (const auto& [name, value] : request.headers)
-            addHeader(name + ": " + value);
+            addHeader(std::string(name).append(": ").append(value));
         set(CURLOPT_URL, request.url.c_str());
         set(CURLOPT_PROTOCOLS_STR, "http,https");
         // HTTP/2 may repeat a refused request by itself.
@@ -171,8 +171,8 @@ private:
             = isOneLine(line) ? curl_slist_append(m_headers.get(), line.c_str()) : nullptr;
         if (!list)
             throw URLError(URLError::other);
-        static_cast<void>(m_headers.release());
-        m_headers.reset(list);
+        if (!m_headers)
+            m_headers.reset(list);
     }
 
     HTTPResult result()

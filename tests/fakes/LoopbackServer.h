@@ -37,13 +37,13 @@ public:
         stayOpen, // wait for the next request on this connection, or for its end
         close,
         reset, // the client sees "connection reset by peer"
-        repeatForever, // send `repeated` again and again until the client has gone
     };
     struct Reply {
         std::string bytes; // status line, headers and body; nothing is added
         Then then = Then::stayOpen;
         std::chrono::milliseconds pause{ 0 }; // after each byte; zero sends all at once
-        std::string repeated = {};
+        // Sent after the bytes, again and again until the client has gone.
+        std::optional<std::string> repeated = std::nullopt;
     };
 
     // A well-formed reply with the right Content-Length.

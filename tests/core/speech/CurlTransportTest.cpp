@@ -34,6 +34,11 @@ HttpRequest post(const LoopbackServer& server, std::string body = R"({"a":1})")
         .body = std::move(body) };
 }
 
+std::string megabytes(std::size_t count)
+{
+    return std::string(count * 1'000'000, 'x');
+}
+
 HTTPResult exchange(const HttpRequest& request)
 {
     return curlTransport()(request, {});
@@ -119,7 +124,7 @@ TEST(CurlTransport, SendsADelete)
 // libcurl asks for leave before a body of more than a megabyte, and waits a second for it.
 TEST(CurlTransport, SendsALargeBodyWithoutAskingForLeave)
 {
-    const std::string body(35'000'000, 'x');
+    const std::string body = megabytes(35);
     LoopbackServer server;
     server.reply(LoopbackServer::answer(200, "got it"));
 
@@ -333,6 +338,7 @@ TEST(CurlTransport, AHostWithoutAnAddressIsNotFound)
 TEST(CurlTransport, APortWhereNobodyListensCannotBeConnected)
 {
     const int held = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_GE(held, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -402,25 +408,17 @@ TEST(CurlTransport, AnEndlessAnswerIsCutOff)
         Reply reply;
     } rows[] = {
         { "endless body",
-            { .bytes = "HTTP/1.1 200 OK\r\n\r\n",
-                .then = Then::repeatForever,
-                .repeated = std::string(65536, 'x') } },
+            { .bytes = "HTTP/1.1 200 OK\r\n\r\n", .repeated = std::string(65536, 'x') } },
         { "endless chunks",
             { .bytes = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n",
-                .then = Then::repeatForever,
                 .repeated = "3e8\r\n" + std::string(1000, 'x') + "\r\n" } },
         { "endless headers",
             { .bytes = "HTTP/1.1 200 OK\r\n",
-                .then = Then::repeatForever,
                 .repeated = "X-Filler: " + std::string(1000, 'x') + "\r\n" } },
         { "endless header line",
-            { .bytes = "HTTP/1.1 200 OK\r\nX-Filler: ",
-                .then = Then::repeatForever,
-                .repeated = std::string(65536, 'x') } },
+            { .bytes = "HTTP/1.1 200 OK\r\nX-Filler: ", .repeated = std::string(65536, 'x') } },
         { "endless preliminary answers",
-            { .bytes = "",
-                .then = Then::repeatForever,
-                .repeated = "HTTP/1.1 100 Continue\r\nX-Filler: y\r\n\r\n" } },
+            { .bytes = "", .repeated = "HTTP/1.1 100 Continue\r\nX-Filler: y\r\n\r\n" } },
     };
     for (const auto& row : rows) {
         LoopbackServer server;
@@ -454,7 +452,7 @@ TEST(CurlTransport, AServerThatStopsReadingIsGivenUp)
 {
     LoopbackServer server;
     server.stopReading();
-    HttpRequest request = post(server, std::string(30'000'000, 'x'));
+    HttpRequest request = post(server, megabytes(30));
     request.timeout = 0.3;
     EXPECT_EQ(failure(request), URLError::timedOut);
 }
@@ -475,7 +473,7 @@ TEST(CurlTransport, AnAnswerMayTakeLongerThanTheIdleTimeAsLongAsItMoves)
 TEST(CurlTransport, SendingMayTakeLongerThanTheIdleTimeAsLongAsItMoves)
 {
     // More than the sockets between hold, and than is sipped in that time.
-    const std::string body(30'000'000, 'x');
+    const std::string body = megabytes(30);
     LoopbackServer server;
     server.readSlowlyFor(3s);
     server.reply(LoopbackServer::answer(200, "got it"));
@@ -488,10 +486,7 @@ TEST(CurlTransport, SendingMayTakeLongerThanTheIdleTimeAsLongAsItMoves)
 TEST(CurlTransport, AnExchangeThatMovesForeverEndsWithItsWholeTime)
 {
     LoopbackServer server;
-    server.reply({ .bytes = "HTTP/1.1 200 OK\r\n\r\n",
-        .then = Then::repeatForever,
-        .pause = 20ms,
-        .repeated = "x" });
+    server.reply({ .bytes = "HTTP/1.1 200 OK\r\n\r\n", .pause = 20ms, .repeated = "x" });
     const auto started = std::chrono::steady_clock::now();
     EXPECT_EQ(failure(post(server), curlTransport(0.5)), URLError::timedOut);
     EXPECT_LT(std::chrono::steady_clock::now() - started, 30s);
@@ -518,7 +513,7 @@ TEST(CurlTransport, AStopEndsTheExchangeWithinMoments)
         { "waiting for the answer", "x", true, "" },
         { "long asleep within the body", "x", true,
             "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nbody" },
-        { "while the server does not read", std::string(30'000'000, 'x'), false, "" },
+        { "while the server does not read", megabytes(30), false, "" },
     };
     for (const auto& row : rows) {
         LoopbackServer server;
@@ -555,6 +550,7 @@ TEST(CurlTransport, ExchangesOfManyThreadsDoNotMix)
     std::vector<HTTPResult> results(count);
     {
         std::vector<std::jthread> threads;
+        threads.reserve(count);
         for (HTTPResult& result : results)
             threads.emplace_back([&] { result = transport(post(server), {}); });
     }

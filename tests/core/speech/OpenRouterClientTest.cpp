@@ -37,7 +37,7 @@ struct Call {
     std::string audio = "audio";
     std::string format = "m4a";
     std::string model{ OpenRouterClient::defaultSTTModel };
-    std::optional<std::string> language = {};
+    std::optional<std::string> language = std::nullopt;
     std::string key = "test-key";
     bool allowProcessing = true;
 
