@@ -146,9 +146,16 @@ private:
     // AppModelRun.cpp
     Task<> transcribe(Recording recording, CaptureSettings settings,
         std::optional<Destination> destination, bool copyWhenDone);
-    Task<TranscriptResult> recognize(std::filesystem::path audio, CaptureSettings settings);
-    Task<TranscriptResult> runAttempt(
-        Uuid recordingID, Uuid attemptID, std::filesystem::path audio, CaptureSettings settings);
+    struct KeyOutcome {
+        std::optional<std::string> key;
+        std::exception_ptr failure;
+    };
+    using ServiceKey = Eventual<KeyOutcome>;
+    Task<> loadKey(std::string account, ServiceKey into);
+    Task<TranscriptResult> recognize(
+        std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key);
+    Task<TranscriptResult> runAttempt(Uuid recordingID, Uuid attemptID, std::filesystem::path audio,
+        CaptureSettings settings, std::optional<ServiceKey> key);
     Task<> deliver(std::string text, bool paste, std::optional<Destination> destination);
     Task<> runFailed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
 

@@ -27,6 +27,10 @@ Task<> AppModel::transcribe(Recording recording, CaptureSettings settings,
         co_return;
     }
     const bool apple = settings.provider == "apple";
+    // The secret store takes its time, and the library meanwhile its own.
+    std::optional<ServiceKey> key;
+    if (!apple)
+        m_tasks.spawn(loadKey(Preferences::keyAccount(settings.keySource), key.emplace()));
     std::optional<Uuid> attemptID;
     TranscriptResult result;
     std::exception_ptr failure;
@@ -43,7 +47,7 @@ Task<> AppModel::transcribe(Recording recording, CaptureSettings settings,
         co_await refreshLibrary();
         auto audio = co_await m_store.run(
             [recording](const LibraryStore& store) { return store.audioURL(recording); });
-        result = co_await runAttempt(recording.id, attempt.id, std::move(audio), settings);
+        result = co_await runAttempt(recording.id, attempt.id, std::move(audio), settings, key);
         co_await refreshLibrary();
     } catch (...) {
         failure = std::current_exception();
@@ -64,10 +68,10 @@ Task<> AppModel::transcribe(Recording recording, CaptureSettings settings,
 }
 
 // From speech to the final text; once completeAttempt has succeeded the transcript is safe.
-Task<TranscriptResult> AppModel::runAttempt(
-    Uuid recordingID, Uuid attemptID, std::filesystem::path audio, CaptureSettings settings)
+Task<TranscriptResult> AppModel::runAttempt(Uuid recordingID, Uuid attemptID,
+    std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key)
 {
-    TranscriptResult result = co_await recognize(std::move(audio), settings);
+    TranscriptResult result = co_await recognize(std::move(audio), settings, std::move(key));
     // The personal dictionary is applied to result.text here once there is one.
     co_await m_store.run([recordingID, attemptID, result](LibraryStore& store) {
         store.completeAttempt(recordingID, attemptID, result);
@@ -76,18 +80,33 @@ Task<TranscriptResult> AppModel::runAttempt(
     co_return result;
 }
 
-Task<TranscriptResult> AppModel::recognize(std::filesystem::path audio, CaptureSettings settings)
+Task<> AppModel::loadKey(std::string account, ServiceKey into)
 {
-    if (settings.provider == "apple")
+    KeyOutcome outcome;
+    try {
+        outcome.key = co_await m_keychain.load(std::move(account));
+    } catch (const std::exception&) {
+        outcome.failure = std::current_exception();
+    }
+    into.set(std::move(outcome));
+}
+
+// With a service's key by OpenRouter, else on this machine.
+Task<TranscriptResult> AppModel::recognize(
+    std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key)
+{
+    if (!key)
         co_return co_await m_apple.transcribe(std::move(audio), settings.language);
-    const auto key = co_await m_keychain.load(Preferences::keyAccount(settings.keySource));
-    if (!key || key->empty())
+    const KeyOutcome loaded = co_await *key;
+    if (loaded.failure)
+        std::rethrow_exception(loaded.failure);
+    if (!loaded.key || loaded.key->empty())
         throw VeskoError(VeskoError::missingKey);
-    co_return co_await m_network.run(
-        [client = m_client, audio = std::move(audio), settings, key = *key](std::stop_token stop) {
-            return client.transcribe(audioBytes(audio), "m4a", settings.model, settings.language,
-                key, settings.cloudAllowed, stop);
-        });
+    co_return co_await m_network.run([client = m_client, audio = std::move(audio), settings,
+                                         key = *loaded.key](std::stop_token stop) {
+        return client.transcribe(audioBytes(audio), "m4a", settings.model, settings.language, key,
+            settings.cloudAllowed, stop);
+    });
 }
 
 Task<> AppModel::deliver(std::string text, bool paste, std::optional<Destination> destination)

@@ -174,9 +174,14 @@ void RecordingPipeline::begin(const std::filesystem::path& file)
         const Element sink(gst_bin_get_by_name(GST_BIN(m_writer.get()), "sink"));
         g_object_set(sink.get(), "location", file.c_str(), nullptr);
         gst_bin_add(GST_BIN(m_pipeline.get()), m_writer.get());
-        started = gst_element_link(m_queue.get(), m_writer.get())
-            && gst_element_sync_state_with_parent(m_writer.get());
         GstPad* out = gst_element_get_static_pad(m_queue.get(), "src");
+        GstPad* in = gst_element_get_static_pad(m_writer.get(), "sink");
+        // Asked to choose its format anew, the source would begin again and lose what it hears.
+        constexpr auto quietly = static_cast<GstPadLinkCheck>(
+            GST_PAD_LINK_CHECK_DEFAULT | GST_PAD_LINK_CHECK_NO_RECONFIGURE);
+        started = gst_pad_link_full(out, in, quietly) == GST_PAD_LINK_OK
+            && gst_element_sync_state_with_parent(m_writer.get());
+        gst_object_unref(in);
         gst_pad_remove_probe(out, m_held);
         gst_object_unref(out);
     }
