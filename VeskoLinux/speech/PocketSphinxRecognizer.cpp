@@ -6,6 +6,7 @@
 #include <pocketsphinx.h>
 #include <sphinxbase/err.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <stdexcept>
@@ -19,12 +20,21 @@ struct Free {
     void operator()(ps_decoder_t* decoder) const { ps_free(decoder); }
 };
 
+// In place of the library's log, which tells what it heard. Behind a fatal error, such as a damaged
+// model, the library would end the program; leaving it by an exception costs some of its memory.
+void heedErrors(void*, err_lvl_t level, const char*, ...)
+{
+    if (level == ERR_FATAL)
+        throw std::runtime_error("the speech model is damaged");
+}
+
 std::unique_ptr<ps_decoder_t, Free> decoderFor(const SpeechModel& model)
 {
-    err_set_logfp(nullptr); // what it heard is no one else's business
-    const std::unique_ptr<cmd_ln_t, Free> config(cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm",
-        model.acoustic.c_str(), "-lm", model.language.c_str(), "-dict", model.dictionary.c_str(),
-        "-logfn", "/dev/null", nullptr));
+    err_set_logfp(
+        nullptr); // of this thread: the list of settings goes there past the function above
+    const std::unique_ptr<cmd_ln_t, Free> config(
+        cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", model.acoustic.c_str(), "-lm",
+            model.language.c_str(), "-dict", model.dictionary.c_str(), nullptr));
     std::unique_ptr<ps_decoder_t, Free> decoder(config ? ps_init(config.get()) : nullptr);
     if (!decoder)
         throw std::runtime_error("the speech model can't be loaded");
@@ -45,9 +55,11 @@ std::string heard(ps_decoder_t* decoder, std::span<const std::int16_t> piece)
 std::string recognized(
     const std::filesystem::path& audio, const SpeechModel& model, const std::stop_token& stop)
 {
-    const auto samples = speechSamples(audio, stop);
-    const auto decoder = decoderFor(model);
     std::string text;
+    const auto samples = speechSamples(audio, stop);
+    if (stop.stop_requested())
+        return text;
+    const auto decoder = decoderFor(model);
     for (const auto piece : speechPieces(samples)) {
         if (stop.stop_requested())
             break;
@@ -74,6 +86,7 @@ PocketSphinxRecognizer::PocketSphinxRecognizer()
 PocketSphinxRecognizer::PocketSphinxRecognizer(std::filesystem::path models)
     : m_models(std::move(models))
 {
+    err_set_callback(heedErrors, nullptr);
 }
 
 bool PocketSphinxRecognizer::supports(const std::string& language) const
@@ -81,7 +94,7 @@ bool PocketSphinxRecognizer::supports(const std::string& language) const
     return SpeechModel::find(m_models, language).has_value();
 }
 
-// The user's messages are in this language, by the rules of the environment.
+// By the rules of the environment: the language of the messages.
 std::string PocketSphinxRecognizer::systemLanguage() const
 {
     for (const char* variable : std::array{ "LC_ALL", "LC_MESSAGES", "LANG" }) {
@@ -89,8 +102,9 @@ std::string PocketSphinxRecognizer::systemLanguage() const
         if (!value || !*value)
             continue;
         const std::string locale(value);
-        const auto name = locale.substr(0, locale.find_first_of(".@"));
-        return name == "C" || name == "POSIX" ? "en" : name;
+        std::string tag = locale.substr(0, locale.find_first_of(".@"));
+        std::ranges::replace(tag, '_', '-');
+        return tag == "C" || tag == "POSIX" ? "en" : tag;
     }
     return "en";
 }
@@ -121,12 +135,14 @@ Task<> PocketSphinxRecognizer::run(std::shared_ptr<Ticket> ticket, std::filesyst
 {
     Report last;
     try {
-        last.text = co_await m_worker.run([models = m_models, audio, language, ticket] {
-            const auto model = SpeechModel::find(models, language);
-            if (!model)
-                throw std::runtime_error("there is no model for this language");
-            return recognized(audio, *model, ticket->stop.get_token());
-        });
+        last.text = co_await m_worker.run(
+            [models = m_models, audio, language, ticket](const std::stop_token& theEnd) {
+                const std::stop_callback also(theEnd, [&] { ticket->stop.request_stop(); });
+                const auto model = SpeechModel::find(models, language);
+                if (!model)
+                    throw std::runtime_error("there is no model for this language");
+                return recognized(audio, *model, ticket->stop.get_token());
+            });
         last.isFinal = true;
     } catch (const std::exception&) {
         last.failed = true;

@@ -49,6 +49,8 @@ std::optional<SpeechModel> SpeechModel::find(
     const std::filesystem::path& models, const std::string& tag)
 {
     const auto wanted = normalized(tag);
+    if (languageOf(wanted).empty())
+        return std::nullopt; // a hidden folder would seem to be named so
     std::vector<std::filesystem::path> folders;
     std::error_code ignored; // without the folder there are no models
     for (const auto& entry : std::filesystem::directory_iterator(models, ignored))

@@ -3,6 +3,7 @@
 #include <gst/app/gstappsink.h>
 #include <gst/gst.h>
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 
@@ -15,6 +16,8 @@ constexpr auto description
       " ! audioresample quality=10 ! audio/x-raw,format=S16LE,rate=16000,channels=1"
       " ! appsink name=sink sync=false max-buffers=64";
 constexpr std::size_t longest = std::size_t{ 3600 } * speechRate;
+constexpr GstClockTime glance = 50 * GST_MSECOND;
+constexpr int patience = 200; // glances in vain; a sound part gives its first sample in a few
 
 struct Unref {
     void operator()(GstElement* element) const { gst_object_unref(element); }
@@ -64,8 +67,11 @@ std::vector<std::int16_t> speechSamples(
         throw std::runtime_error("the recording is missing");
     if (!gst_init_check(nullptr, nullptr, nullptr))
         throw std::runtime_error("GStreamer can't start");
-    const std::unique_ptr<GstElement, Stopped> pipeline(gst_parse_launch(description, nullptr));
-    if (!pipeline)
+    GError* lack = nullptr;
+    const std::unique_ptr<GstElement, Stopped> pipeline(gst_parse_launch(description, &lack));
+    const bool whole = pipeline && !lack; // without one of its parts it is made all the same
+    g_clear_error(&lack);
+    if (!whole)
         throw std::runtime_error("a part of the decoder is not installed");
     const Owned<GstElement> source(gst_bin_get_by_name(GST_BIN(pipeline.get()), "file"));
     const Owned<GstElement> sink(gst_bin_get_by_name(GST_BIN(pipeline.get()), "sink"));
@@ -74,17 +80,21 @@ std::vector<std::int16_t> speechSamples(
     gst_element_set_state(pipeline.get(), GST_STATE_PLAYING);
 
     std::vector<std::int16_t> samples;
+    int inVain = 0;
     while (!stop.stop_requested()) {
-        constexpr GstClockTime glance = 50 * GST_MSECOND;
         const Owned<GstSample> sample(
             gst_app_sink_try_pull_sample(GST_APP_SINK(sink.get()), glance));
-        if (sample)
+        if (sample) {
             append(samples, sample.get());
-        else if (gst_app_sink_is_eos(GST_APP_SINK(sink.get())))
+            inVain = 0;
+        } else if (gst_app_sink_is_eos(GST_APP_SINK(sink.get()))) {
             break;
-        else if (const Owned<GstMessage> failed(gst_bus_pop_filtered(bus.get(), GST_MESSAGE_ERROR));
-            failed)
+        } else if (const Owned<GstMessage> failed(
+                       gst_bus_pop_filtered(bus.get(), GST_MESSAGE_ERROR));
+            failed || ++inVain == patience) {
+            // A stream without samples may bring neither an error nor an end.
             throw std::runtime_error("the recording can't be decoded");
+        }
     }
     return samples;
 }
@@ -95,9 +105,11 @@ std::vector<std::span<const std::int16_t>> speechPieces(std::span<const std::int
     constexpr std::size_t moment = speechRate * 3 / 10, step = speechRate / 50;
     std::vector<std::span<const std::int16_t>> pieces;
     while (samples.size() > longestPiece) {
+        // What remains is to be no crumb either.
+        const std::size_t end = std::min(longestPiece, samples.size() - shortest);
         std::size_t quietest = shortest;
         std::uint64_t least = UINT64_MAX;
-        for (std::size_t at = shortest; at + moment <= longestPiece; at += step)
+        for (std::size_t at = shortest; at + moment <= end; at += step)
             if (const auto loudness = energy(samples.subspan(at, moment)); loudness < least) {
                 least = loudness;
                 quietest = at;

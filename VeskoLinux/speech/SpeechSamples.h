@@ -11,13 +11,15 @@ namespace vesko {
 inline constexpr int speechRate = 16'000; // samples a second
 
 // The sound of a recording, AAC in m4a, as one channel of 16-bit samples at speechRate; nothing
-// but these formats is ever parsed. Blocks; a stop request ends it with what has come so far.
-// Throws std::runtime_error for a file that is absent, damaged, or longer than an hour.
+// but these formats is ever parsed. What still plays of a recording that was cut off is given.
+// Blocks; a stop request ends it with what has come so far. Throws std::runtime_error for a file
+// that is absent, no plain file, of no use to the decoder, or longer than an hour.
 std::vector<std::int16_t> speechSamples(
     const std::filesystem::path& audio, const std::stop_token& stop);
 
-// The sound cut into pieces of 5 to 12 seconds, each cut at the quietest moment, so that hardly
-// any word is cut in two and each piece is soon done with. What is shorter stays whole.
+// The sound cut into pieces of 5 to 12 seconds, each cut at the quietest moment there, so that
+// hardly any word is cut in two and each piece is soon done with. Sound that is shorter stays
+// whole; no sound is no piece.
 std::vector<std::span<const std::int16_t>> speechPieces(std::span<const std::int16_t> samples);
 
 } // namespace vesko

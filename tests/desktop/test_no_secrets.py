@@ -13,9 +13,16 @@ from lib.vesko import BINARY, Vesko  # noqa: E402
 from lib.waiting import human_pause  # noqa: E402
 
 KEY = "sk-or-a-key-that-must-stand-nowhere"
+# A language that no recogniser is installed for, so the first launch leaves OpenRouter chosen.
+GERMAN = "de_DE.UTF-8"
+NO_KEYRING = ("Vesko could not access your key in your password store (keyring). Unlock it and try "
+              "again.")
 
 
 class NoSecrets(unittest.TestCase):
+    def setUp(self):
+        settings.remove()
+
     def test_the_key_installer_says_no_and_writes_nothing(self):
         done = subprocess.run([BINARY, "--install-openrouter-key"], stdout=subprocess.PIPE,
                               stderr=subprocess.PIPE, text=True,
@@ -40,6 +47,24 @@ class NoSecrets(unittest.TestCase):
         with Vesko() as vesko:
             vesko.dictate(lambda: voice.say(voice.BROTHER))
             self.assertEqual(vesko.last_recording()["status"], "ready")
+
+    def test_says_that_the_keyring_is_missing_and_keeps_the_audio(self):
+        with Vesko(LANG=GERMAN, OPENROUTER_API_KEY=KEY) as vesko:
+            vesko.dictate(lambda: voice.say(voice.BROTHER))
+            vesko.wait_for_text(NO_KEYRING)
+            vesko.wait_for_text("Audio saved. Transcription needs attention.")
+            recording = vesko.last_recording()
+            self.assertEqual(recording["status"], "failed")
+            self.assertEqual([(attempt["provider"], attempt["status"])
+                              for attempt in recording["attempts"]], [("OpenRouter", "failed")])
+            self.assertEqual(recording["note"]["body"], "")
+            self.assertAlmostEqual(media.decoded_seconds(recording["path"]),
+                                   recording["duration"], delta=0.3)
+            # It is ready for the next one, and ends as it should.
+            vesko.wait_for("ready")
+            vesko.quit()
+        self.assertNotEqual(files_with("firstLaunchDone"), [], "the search finds what is written")
+        self.assertEqual(files_with(KEY), [])
 
 
 def files_with(text):

@@ -32,8 +32,13 @@ def install_key(key, binary=BINARY):
                           env={**os.environ, "OPENROUTER_API_KEY": key}).stdout
 
 
+def forget_key():
+    subprocess.run(["secret-tool", "clear", "service", "app.vesko.openrouter"], check=False)
+
+
 class Vesko:
-    def __init__(self, binary=BINARY, root=None, folder=None, arguments=("--background",)):
+    def __init__(self, binary=BINARY, root=None, folder=None, arguments=("--background",),
+                 **environment):
         self.root = root or tempfile.mkdtemp(prefix="library-")
         self.log_path = os.path.join(os.environ["SESSION_DIR"], "log",
                                      f"vesko-{time.monotonic_ns()}")
@@ -41,7 +46,8 @@ class Vesko:
         with open(self.log_path, "wb") as log:
             self.process = subprocess.Popen([binary, *arguments], cwd=folder, stdout=log,
                                             stderr=log,
-                                            env={**os.environ, "VESKO_DATA_ROOT": self.root})
+                                            env={**os.environ, "VESKO_DATA_ROOT": self.root,
+                                                 **environment})
         self.app = until("Vesko is accessible", self._application, deadline=30)
         self.panel, self.button = until("Vesko shows its floating button", self._find_panel)
 

@@ -1,0 +1,85 @@
+#!/usr/bin/python3
+"""Who recognises speech on a computer that Vesko is new to, and that it stays the user's choice."""
+
+import os
+import sys
+import unittest
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+
+from lib import cases, settings, voice  # noqa: E402
+from lib.service import OpenRouter  # noqa: E402
+from lib.vesko import Vesko, deployed, forget_key, install_key  # noqa: E402
+from lib.waiting import human_pause  # noqa: E402
+
+WELCOME = "Ready to capture. Speech is recognized on this computer, without a key."
+READY = "Ready to capture"
+NO_KEY = "Add your OpenRouter key in Settings. Your audio stays saved."
+HEARD = "Heard by the service."
+
+
+class FirstLaunch(unittest.TestCase):
+    def setUp(self):
+        settings.remove()
+        self.addCleanup(forget_key)
+
+    def shows_no_welcome(self, vesko):
+        vesko.wait_for("ready")
+        human_pause(1.0)  # it would come once the keyring has been asked
+        self.assertIn(READY, vesko.shown())
+        self.assertNotIn(WELCOME, vesko.shown())
+
+    def provider_of_a_dictation(self, vesko):
+        vesko.dictate(lambda: voice.say(voice.BROTHER))
+        attempt = vesko.last_recording()["attempts"][-1]
+        return attempt["provider"], attempt.get("text")
+
+    def test_on_device_speech_is_chosen_and_said_once(self):
+        with Vesko() as vesko:
+            vesko.wait_for_text(WELCOME)
+            self.assertEqual(self.provider_of_a_dictation(vesko),
+                             ("Apple on-device", voice.BROTHER))
+            vesko.quit()
+        with Vesko() as vesko:
+            self.shows_no_welcome(vesko)
+            self.assertEqual(self.provider_of_a_dictation(vesko),
+                             ("Apple on-device", voice.BROTHER))
+
+    def test_what_the_user_chooses_later_stays(self):
+        with Vesko() as vesko:
+            vesko.wait_for_text(WELCOME)
+            vesko.quit()
+        settings.write(firstLaunchDone=True, provider="openrouter")
+        for _ in range(2):
+            with Vesko() as vesko:
+                self.shows_no_welcome(vesko)
+                self.assertEqual(self.provider_of_a_dictation(vesko), ("OpenRouter", None))
+                vesko.wait_for_text(NO_KEY)
+                vesko.quit()
+
+    def test_a_language_that_nothing_is_installed_for_leaves_openrouter(self):
+        with Vesko(LANG="de_DE.UTF-8") as vesko:
+            self.shows_no_welcome(vesko)
+            self.assertEqual(self.provider_of_a_dictation(vesko), ("OpenRouter", None))
+            vesko.wait_for_text(NO_KEY)
+            vesko.quit()
+        # The chance is gone with the first launch, whatever becomes of the language.
+        with Vesko() as vesko:
+            self.shows_no_welcome(vesko)
+            self.assertEqual(self.provider_of_a_dictation(vesko), ("OpenRouter", None))
+
+    def test_a_key_that_is_there_first_leaves_openrouter(self):
+        with OpenRouter() as service:
+            service.answer(HEARD)
+            binary = deployed(service.url)
+            install_key("test-key", binary)
+            for _ in range(2):  # the second time without the installer's settings
+                with Vesko(binary) as vesko:
+                    self.shows_no_welcome(vesko)
+                    self.assertEqual(self.provider_of_a_dictation(vesko), ("OpenRouter", HEARD))
+                    vesko.quit()
+                settings.remove()
+
+
+if __name__ == "__main__":
+    cases.main()

@@ -1,0 +1,348 @@
+#include "VeskoLinux/speech/PocketSphinxRecognizer.h"
+
+#include "tests/fakes/Files.h"
+#include "tests/fakes/TemporaryFolder.h"
+#include "tests/linux/audio/EventLoop.h"
+#include "tests/linux/speech/Voice.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+namespace vesko {
+namespace {
+
+using std::filesystem::path;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Report = OnDeviceRecognizer::Report;
+using Recognition = std::unique_ptr<OnDeviceRecognizer::Recognition>;
+
+// A final text, or what was wrong.
+std::string said(const Report& report)
+{
+    if (report.failed)
+        return report.text || report.isFinal ? "failed, with something else" : "failed";
+    return report.isFinal && report.text ? *report.text : "not final";
+}
+
+// Tells that a file was opened, or closed, since this was made.
+class FileWatch {
+public:
+    FileWatch(const path& file, std::uint32_t event)
+        : m_descriptor(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    {
+        if (::inotify_add_watch(m_descriptor, file.c_str(), event) < 0)
+            throw std::runtime_error("inotify");
+    }
+    FileWatch(const FileWatch&) = delete;
+    FileWatch& operator=(const FileWatch&) = delete;
+    ~FileWatch() { ::close(m_descriptor); }
+
+    void wait() const
+    {
+        alignas(inotify_event) char event[sizeof(inotify_event) + NAME_MAX + 1];
+        runUntil([&] { return ::read(m_descriptor, event, sizeof event) > 0; });
+    }
+
+private:
+    int m_descriptor;
+};
+
+std::size_t openFiles()
+{
+    const auto all = std::filesystem::directory_iterator("/proc/self/fd");
+    return static_cast<std::size_t>(std::distance(begin(all), end(all)));
+}
+
+class WithRecognizer : public testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        s_folder = std::make_unique<TemporaryFolder>();
+        voice::speak({ voice::brother }, brother());
+        voice::speak({ voice::coffee }, coffee());
+        voice::speak({ voice::coffee, voice::brother, voice::coffee }, three(), 1.7);
+        voice::repeat(brother(), 300, endless());
+        voice::keepSilent(2, silence());
+    }
+    static void TearDownTestSuite() { s_folder.reset(); }
+
+    static path in(const std::string& name) { return s_folder->path() / name; }
+    static path brother() { return in("brother.m4a"); }
+    static path coffee() { return in("coffee.m4a"); }
+    static path three() { return in("three.m4a"); }
+    static path silence() { return in("silence.m4a"); }
+    // To decode all of it takes longer than any test may.
+    static path endless() { return in("endless.m4a"); }
+
+    Recognition begin(const path& audio, std::string name = "")
+    {
+        return recognizer->recognize(audio, "en",
+            [this, name](const Report& report) { reports.push_back(name + said(report)); });
+    }
+    // All that is reported until the first report has come.
+    std::vector<std::string> heard(const path& audio, const std::string& language = "en")
+    {
+        std::vector<std::string> all;
+        const auto recognition = recognizer->recognize(
+            audio, language, [&](const Report& report) { all.push_back(said(report)); });
+        EXPECT_THAT(all, IsEmpty()) << "never before it returns";
+        runUntil([&] { return !all.empty(); });
+        return all;
+    }
+
+    std::unique_ptr<PocketSphinxRecognizer> recognizer = std::make_unique<PocketSphinxRecognizer>();
+    std::vector<std::string> reports;
+
+private:
+    static inline std::unique_ptr<TemporaryFolder> s_folder;
+};
+
+TEST_F(WithRecognizer, isThereForTheInstalledLanguage)
+{
+    EXPECT_TRUE(recognizer->authorized());
+    EXPECT_TRUE(recognizer->available());
+    for (const char* tag : { "en", "en-US", "en_GB.UTF-8", "EN" })
+        EXPECT_TRUE(recognizer->supports(tag)) << tag;
+    for (const char* tag : { "xx", "" })
+        EXPECT_FALSE(recognizer->supports(tag)) << tag;
+}
+
+TEST_F(WithRecognizer, understandsWhatIsSaid)
+{
+    EXPECT_THAT(heard(brother()), ElementsAre(voice::brother));
+    EXPECT_THAT(heard(coffee()), ElementsAre(voice::coffee));
+}
+
+TEST_F(WithRecognizer, understandsALanguageInEveryFormOfItsTag)
+{
+    for (const char* tag : { "en-US", "en_GB.UTF-8", "EN" })
+        EXPECT_THAT(heard(brother(), tag), ElementsAre(voice::brother)) << tag;
+}
+
+TEST_F(WithRecognizer, understandsWhatIsCutIntoPieces)
+{
+    EXPECT_THAT(
+        heard(three()), ElementsAre(voice::coffee + " " + voice::brother + " " + voice::coffee));
+}
+
+TEST_F(WithRecognizer, hearsNothingInSilence)
+{
+    EXPECT_THAT(heard(silence()), ElementsAre(""));
+}
+
+TEST_F(WithRecognizer, hearsNothingInAMoment)
+{
+    voice::convert({ "-i", brother(), "-t", "0.02", "-c:a", "aac" }, in("moment.m4a"));
+    EXPECT_THAT(heard(in("moment.m4a")), ElementsAre(""));
+}
+
+TEST_F(WithRecognizer, failsWithoutARecording)
+{
+    const auto whole = bytesOf(brother());
+    putBytes(in("damaged.m4a"), whole.substr(0, 1000) + std::string(1000, '\xAB'));
+    EXPECT_THAT(heard(in("missing.m4a")), ElementsAre("failed")) << "missing";
+    EXPECT_THAT(heard(in("damaged.m4a")), ElementsAre("failed")) << "damaged";
+    EXPECT_THAT(heard(brother()), ElementsAre(voice::brother)) << "and goes on";
+}
+
+TEST_F(WithRecognizer, failsForALanguageWithoutAModel)
+{
+    EXPECT_THAT(heard(brother(), "de-DE"), ElementsAre("failed"));
+}
+
+TEST_F(WithRecognizer, finishesTwoAtOnce)
+{
+    const auto first = begin(brother(), "first: ");
+    const auto second = begin(coffee(), "second: ");
+    runUntil([&] { return reports.size() == 2; });
+    EXPECT_THAT(reports, ElementsAre("first: " + voice::brother, "second: " + voice::coffee));
+}
+
+// The worker takes one after the other: once a later one has reported, an earlier one won't.
+TEST_F(WithRecognizer, saysNothingOfOneThatIsCancelledBeforeItBegins)
+{
+    auto first = begin(endless(), "first: ");
+    auto second = begin(brother(), "second: ");
+    second.reset();
+    first.reset();
+    EXPECT_THAT(heard(silence()), ElementsAre(""));
+    EXPECT_THAT(reports, IsEmpty());
+}
+
+TEST_F(WithRecognizer, givesWayToTheNextWhenItIsCancelled)
+{
+    for (const auto& [event, moment] : { std::pair{ IN_OPEN, "while the sound is read" },
+             { IN_CLOSE, "while words are looked for" } }) {
+        const FileWatch watch(endless(), event);
+        auto recognition = begin(endless());
+        watch.wait();
+        recognition.reset();
+        EXPECT_THAT(heard(silence()), ElementsAre("")) << moment;
+        EXPECT_THAT(reports, IsEmpty()) << moment;
+    }
+}
+
+TEST_F(WithRecognizer, endsSoonWithTheProgram)
+{
+    for (const bool cancelled : { true, false }) {
+        recognizer = std::make_unique<PocketSphinxRecognizer>();
+        const FileWatch watch(endless(), IN_CLOSE);
+        auto recognition = begin(endless());
+        const auto waiting = begin(brother());
+        watch.wait();
+        const auto ending = processorTime();
+        if (cancelled)
+            recognition.reset();
+        recognizer.reset();
+        EXPECT_LT(processorTime() - ending, 10) << cancelled;
+        recognition.reset(); // may outlive it
+        EXPECT_THAT(reports, IsEmpty());
+    }
+}
+
+TEST_F(WithRecognizer, mayBeDroppedByItsOwnReport)
+{
+    Recognition recognition;
+    const auto held = std::make_shared<std::string>("alive");
+    recognition = recognizer->recognize(brother(), "en", [&, held](const Report& report) {
+        recognition.reset();
+        reports.push_back(said(report) + ", " + *held);
+    });
+    runUntil([&] { return !reports.empty(); });
+    EXPECT_THAT(heard(silence()), ElementsAre(""));
+    EXPECT_THAT(reports, ElementsAre(voice::brother + ", alive"));
+    EXPECT_EQ(held.use_count(), 1);
+}
+
+TEST_F(WithRecognizer, mayBeginTheNextFromAReport)
+{
+    Recognition first, second;
+    first = recognizer->recognize(brother(), "en", [&](const Report& report) {
+        reports.push_back(said(report));
+        second = begin(coffee());
+    });
+    runUntil([&] { return reports.size() == 2; });
+    EXPECT_THAT(reports, ElementsAre(voice::brother, voice::coffee));
+}
+
+TEST_F(WithRecognizer, leavesNoFileOpen)
+{
+    heard(brother()); // what is loaded once
+    heard(in("missing.m4a"));
+    const auto before = openFiles();
+    for (int i = 0; i < 3; ++i) {
+        heard(silence());
+        heard(in("missing.m4a"));
+    }
+    EXPECT_EQ(openFiles(), before);
+}
+
+// What was said would else stand in the journal.
+TEST_F(WithRecognizer, writesNothingToTheLog)
+{
+    const auto log = in("log");
+    putBytes(log, "");
+    const int file = ::open(log.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+    const std::array<int, 2> streams{ STDOUT_FILENO, STDERR_FILENO };
+    const std::array<int, 2> kept{ ::dup(STDOUT_FILENO), ::dup(STDERR_FILENO) };
+    for (const int stream : streams)
+        ::dup2(file, stream);
+    heard(brother());
+    heard(silence());
+    putBytes(in("damaged.m4a"), bytesOf(brother()).substr(0, 1000));
+    heard(in("damaged.m4a"));
+    std::fflush(nullptr);
+    for (std::size_t i = 0; i < streams.size(); ++i) {
+        ::dup2(kept[i], streams[i]);
+        ::close(kept[i]);
+    }
+    ::close(file);
+    EXPECT_EQ(bytesOf(log), "");
+}
+
+// In a process of its own: what a damaged model leaves behind is lost memory.
+TEST(DamagedModel, failsAndSparesTheProgram)
+{
+    const TemporaryFolder folder;
+    const auto audio = folder.path() / "silence.m4a";
+    const auto model = folder.path() / "en-us";
+    voice::keepSilent(1, audio);
+    const auto report = [&] {
+        PocketSphinxRecognizer recognizer(folder.path());
+        std::string heard;
+        const auto recognition
+            = recognizer.recognize(audio, "en", [&](const Report& of) { heard = said(of); });
+        runUntil([&] { return !heard.empty(); });
+        return heard;
+    };
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    for (const std::string content : { "", "no model\n" })
+        EXPECT_EXIT(
+            {
+                std::filesystem::create_directories(model / "acoustic");
+                for (const char* file : { "acoustic/mdef", "words.dict", "words.lm.bin" })
+                    putBytes(model / file, content);
+                const bool failed = report() == "failed";
+                std::filesystem::remove_all(folder.path());
+                ::_exit(failed ? 0 : 1);
+            },
+            testing::ExitedWithCode(0), "")
+            << content;
+}
+
+struct Environment {
+    const char* described;
+    const char* all;
+    const char* messages;
+    const char* lang;
+    const char* language;
+};
+
+TEST(SystemLanguage, isWhatTheEnvironmentSays)
+{
+    const Environment table[] = {
+        { "nothing set", nullptr, nullptr, nullptr, "en" },
+        { "all empty", "", "", "", "en" },
+        { "the usual", nullptr, nullptr, "en_US.UTF-8", "en-US" },
+        { "another language", nullptr, nullptr, "de_DE.UTF-8", "de-DE" },
+        { "without an encoding", nullptr, nullptr, "pt_BR", "pt-BR" },
+        { "without a region", nullptr, nullptr, "fr", "fr" },
+        { "with a variant", nullptr, nullptr, "ca_ES@valencia", "ca-ES" },
+        { "with both", nullptr, nullptr, "sr_RS.UTF-8@latin", "sr-RS" },
+        { "messages before the rest", nullptr, "de_AT.UTF-8", "en_US.UTF-8", "de-AT" },
+        { "all before messages", "fr_FR.UTF-8", "de_DE.UTF-8", "en_US.UTF-8", "fr-FR" },
+        { "an empty one says nothing", "", "", "de_DE.UTF-8", "de-DE" },
+        { "C", nullptr, nullptr, "C", "en" },
+        { "POSIX", nullptr, nullptr, "POSIX", "en" },
+        { "C with an encoding", nullptr, nullptr, "C.UTF-8", "en" },
+        { "C hides the rest", "C.UTF-8", "de_DE.UTF-8", "de_DE.UTF-8", "en" },
+    };
+    const std::array<const char*, 3> names{ "LC_ALL", "LC_MESSAGES", "LANG" };
+    std::array<std::optional<std::string>, 3> earlier;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (const char* value = std::getenv(names[i]))
+            earlier[i] = value;
+    const auto put = [](const char* name, const char* value) {
+        value ? ::setenv(name, value, 1) : ::unsetenv(name);
+    };
+
+    const PocketSphinxRecognizer recognizer;
+    for (const auto& row : table) {
+        put("LC_ALL", row.all);
+        put("LC_MESSAGES", row.messages);
+        put("LANG", row.lang);
+        EXPECT_EQ(recognizer.systemLanguage(), row.language) << row.described;
+    }
+
+    for (std::size_t i = 0; i < names.size(); ++i)
+        put(names[i], earlier[i] ? earlier[i]->c_str() : nullptr);
+}
+
+} // namespace
+} // namespace vesko

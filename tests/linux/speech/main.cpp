@@ -1,0 +1,26 @@
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+#ifdef __has_feature
+#if __has_feature(address_sanitizer)
+// GLib replaces its first table of names, made while the program is being loaded, when it grows
+// and never frees the old one. To know it by the loader takes whole stacks.
+extern "C" const char* __asan_default_options()
+{
+    return "fast_unwind_on_malloc=0";
+}
+extern "C" const char* __lsan_default_suppressions()
+{
+    return "leak:ld-linux";
+}
+#endif
+#endif
+
+// The recogniser comes back through an event loop.
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
