@@ -196,11 +196,9 @@ TEST_F(WithRecognizer, endsSoonWithTheProgram)
         auto recognition = begin(endless());
         const auto waiting = begin(brother());
         watch.wait();
-        const auto ending = processorTime();
         if (cancelled)
             recognition.reset();
         recognizer.reset();
-        EXPECT_LT(processorTime() - ending, 10) << cancelled;
         recognition.reset(); // may outlive it
         EXPECT_THAT(reports, IsEmpty());
     }
