@@ -2,6 +2,7 @@
 
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/library/LibraryStore.h"
+#include "bench/BenchFolder.h"
 #include "bench/Budget.h"
 #include "bench/SampleLibrary.h"
 
@@ -11,30 +12,9 @@
 
 using namespace vesko;
 
-namespace {
-
-// A folder of its own on the disk that holds the working directory, gone at the end.
-class BenchFolder {
-public:
-    BenchFolder()
-    {
-        std::string name = (std::filesystem::current_path() / "bench.XXXXXX").string();
-        if (!mkdtemp(name.data()))
-            throw std::system_error(errno, std::generic_category());
-        m_path = name;
-    }
-    ~BenchFolder() { std::filesystem::remove_all(m_path); }
-    const std::filesystem::path& path() const { return m_path; }
-
-private:
-    std::filesystem::path m_path;
-};
-
-} // namespace
-
 int main()
 {
-    const BenchFolder folder;
+    const bench::BenchFolder folder;
     const auto root = folder.path() / "library";
     const SystemClock clock;
     auto& files = FileSystem::posix();

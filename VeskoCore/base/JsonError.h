@@ -5,10 +5,17 @@
 namespace vesko {
 
 // A text is no JSON or not the JSON that was asked for, or a record holds what JSON can't. It says
-// no more, since the words of a document are the user's.
+// no more than a fixed text, since the words of a document are the user's.
 class JsonError : public std::exception {
 public:
-    const char* what() const noexcept override { return "JsonError"; }
+    explicit JsonError(const char* message = "JsonError")
+        : m_message(message)
+    {
+    }
+    const char* what() const noexcept override { return m_message; }
+
+private:
+    const char* m_message;
 };
 
 } // namespace vesko

@@ -34,12 +34,23 @@ inline constexpr NoJsonForm jsonFields{};
 template <class Enumeration>
 inline constexpr NoJsonForm jsonNames{};
 
+// The keys of the alternatives of a std::variant, or of a class derived from one, specialised
+// beside it: an array in the order of the alternatives. The JSON form is an object with the key of
+// the alternative at hand, under it an object with the alternative's own form as "_0".
+template <class Variant>
+inline constexpr NoJsonForm jsonCases{};
+
+inline constexpr std::string_view jsonPayloadKey = "_0";
+
 template <class T>
 concept JsonRecord = !std::is_same_v<std::remove_cv_t<decltype(jsonFields<T>)>, NoJsonForm>;
 
 template <class T>
 concept JsonEnumeration
     = std::is_enum_v<T> && !std::is_same_v<std::remove_cv_t<decltype(jsonNames<T>)>, NoJsonForm>;
+
+template <class T>
+concept JsonVariant = !std::is_same_v<std::remove_cv_t<decltype(jsonCases<T>)>, NoJsonForm>;
 
 // Whether the keys stand in the order in which they have to be written, each of them once.
 template <JsonRecord Record>

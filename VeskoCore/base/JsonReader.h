@@ -9,7 +9,9 @@
 #include <algorithm>
 #include <bitset>
 #include <concepts>
+#include <memory>
 #include <optional>
+#include <set>
 #include <simdjson.h>
 #include <string>
 #include <utility>
@@ -91,9 +93,44 @@ private:
     template <class T>
     static void read(Element from, SharedArray<T>& to)
     {
-        std::vector<T> elements;
-        read(from, elements);
+        std::vector<std::shared_ptr<const T>> elements;
+        for (const Element element : get<simdjson::dom::array>(from)) {
+            auto value = std::make_shared<T>();
+            read(element, *value);
+            elements.push_back(std::move(value));
+        }
         to = SharedArray<T>(std::move(elements));
+    }
+    // An array in any order, and an element may be repeated.
+    template <class T>
+    static void read(Element from, std::set<T>& to)
+    {
+        for (const Element element : get<simdjson::dom::array>(from)) {
+            T value{};
+            read(element, value);
+            to.insert(std::move(value));
+        }
+    }
+    template <JsonVariant T>
+    static void read(Element from, T& to)
+    {
+        constexpr auto& keys = jsonCases<T>;
+        std::size_t found = 0, alternative = 0;
+        Element payload;
+        for (const auto member : get<simdjson::dom::object>(from)) {
+            const auto key = std::ranges::find(keys, member.key);
+            if (key == keys.end())
+                continue;
+            ++found;
+            alternative = static_cast<std::size_t>(key - keys.begin());
+            payload = member.value;
+        }
+        if (found != 1)
+            throw JsonError("Invalid number of keys found, expected one.");
+        [&]<std::size_t... Index>(std::index_sequence<Index...>) {
+            ((Index == alternative ? readPayload(payload, to.template emplace<Index>()) : void()),
+                ...);
+        }(std::make_index_sequence<keys.size()>());
     }
     template <JsonRecord T>
     static void read(Element from, T& to)
@@ -123,6 +160,21 @@ private:
                 ((!seen[index++] && mustBeThere(field) ? throw JsonError() : void()), ...);
             },
             fields);
+    }
+
+    template <class T>
+    static void readPayload(Element from, T& to)
+    {
+        bool seen = false;
+        for (const auto member : get<simdjson::dom::object>(from)) {
+            if (member.key != jsonPayloadKey)
+                continue;
+            if (std::exchange(seen, true))
+                throw JsonError();
+            read(member.value, to);
+        }
+        if (!seen)
+            throw JsonError();
     }
 
     template <class T>

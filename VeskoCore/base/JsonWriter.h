@@ -15,6 +15,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 
 namespace vesko {
 
@@ -90,6 +91,19 @@ private:
         }(std::make_index_sequence<std::tuple_size_v<decltype(jsonFields<T>)>>());
         close('}');
     }
+    template <JsonVariant T>
+    void put(const T& value)
+    {
+        static_assert(std::ranges::all_of(
+            jsonCases<T>, [](std::string_view key) { return key.size() < shortText; }));
+        open('{');
+        putKey(jsonCases<T>[value.index()]);
+        open('{');
+        putKey(jsonPayloadKey);
+        std::visit([&](const auto& held) { put(held); }, value);
+        close('}');
+        close('}');
+    }
     template <class Array>
         requires requires(const Array& array) { array.begin() != array.end(); }
     void put(const Array& array)
@@ -137,9 +151,7 @@ private:
     {
         constexpr auto key = std::get<index>(jsonFields<Record>).key;
         static_assert(key.size() < shortText);
-        nextElement();
-        appendQuoted(key);
-        append(m_pretty ? " : " : ":");
+        putKey(key);
         put(value);
     }
     template <class Record, std::size_t index, class T>
@@ -149,6 +161,12 @@ private:
             putField<Record, index>(*value);
     }
 
+    [[gnu::always_inline]] void putKey(std::string_view key)
+    {
+        nextElement();
+        appendQuoted(key);
+        append(m_pretty ? " : " : ":");
+    }
     void open(char bracket)
     {
         if (m_depth == deepest)

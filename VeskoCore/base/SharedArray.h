@@ -80,6 +80,11 @@ public:
             table.push_back(std::make_shared<const T>(std::move(element)));
         adopt(std::move(table));
     }
+    // Of elements that other arrays may hold as well; none is null.
+    explicit SharedArray(std::vector<std::shared_ptr<const T>> elements)
+    {
+        adopt(std::move(elements));
+    }
 
     std::size_t size() const { return m_table ? m_table->size() : 0; }
     bool empty() const { return size() == 0; }

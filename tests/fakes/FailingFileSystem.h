@@ -13,6 +13,7 @@ public:
     enum class Fault {
         none,
         error, // the call does nothing and fails with `number`
+        errors, // and so do all after it, as if the process had ended there
         shortWrite, // a write takes half of the bytes; any other call goes well
         deathBefore, // the process ends where the call would begin
         deathWithin, // the process ends with half a write done, or right after any other call
@@ -53,7 +54,7 @@ public:
     void close(int file) override
     {
         // A close that fails has closed all the same.
-        if (calls == at && fault == Fault::error)
+        if (fails())
             m_real.close(file);
         call([&] { return m_real.close(file), 0; });
     }
@@ -85,13 +86,21 @@ public:
     }
 
 private:
+    // Whether the next call is to fail with the error.
+    bool fails() const
+    {
+        return (fault == Fault::error && calls == at) || (fault == Fault::errors && calls >= at);
+    }
+
     template <class Work>
     auto call(Work work) -> decltype(work())
     {
-        if (calls++ != at || fault == Fault::none || fault == Fault::shortWrite)
-            return work();
-        if (fault == Fault::error)
+        if (fails()) {
+            ++calls;
             throw std::system_error(number, std::generic_category());
+        }
+        if (calls++ != at || (fault != Fault::deathBefore && fault != Fault::deathWithin))
+            return work();
         if (fault == Fault::deathWithin)
             work();
         _exit(0);
