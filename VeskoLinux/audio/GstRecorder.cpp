@@ -4,23 +4,17 @@
 
 #include <QTimer>
 
-#include <chrono>
 #include <stdexcept>
 #include <utility>
 
 namespace vesko {
 
-namespace {
-
 // A Bluetooth headset takes seconds to open its microphone; a server that hangs takes for ever.
-constexpr std::chrono::seconds startLimit{ 6 };
-
-} // namespace
-
-GstRecorder::GstRecorder()
-    : m_next(nextPipeline())
+GstRecorder::GstRecorder(std::chrono::milliseconds patience)
+    : m_patience(patience)
+    , m_next(nextPipeline())
 {
-    m_tasks.spawn(build(m_next));
+    m_tasks.spawn(buildFirst());
 }
 
 GstRecorder::~GstRecorder()
@@ -83,14 +77,21 @@ Task<> GstRecorder::start(std::filesystem::path file)
     } state{ *this, pipeline };
 
     Eventual<std::exception_ptr> outcome;
-    QTimer::singleShot(startLimit, &m_home, [outcome] {
-        outcome.set(
-            std::make_exception_ptr(std::runtime_error("The microphone gave no sound in time")));
-    });
+    m_tasks.spawn(giveUpLate(outcome));
     m_tasks.spawn(begin(pipeline, std::move(file), outcome));
     if (const auto failure = co_await outcome)
         std::rethrow_exception(failure);
     state.begun = true;
+}
+
+Task<> GstRecorder::giveUpLate(Eventual<std::exception_ptr> begun)
+{
+    //co_await m_firstBuilt;
+    co_await Eventual<std::monostate>::of({});
+    QTimer::singleShot(m_patience, &m_home, [begun] {
+        begun.set(
+            std::make_exception_ptr(std::runtime_error("The microphone gave no sound in time")));
+    });
 }
 
 Task<> GstRecorder::begin(
@@ -165,6 +166,14 @@ Task<> GstRecorder::openMicrophone(Pipeline pipeline)
         co_await m_worker.run([pipeline = std::move(pipeline)] { pipeline->open(); });
     } catch (const std::runtime_error&) {
     }
+}
+
+// The first time on a machine, GStreamer looks through all its plugins, which takes longer than any
+// microphone.
+Task<> GstRecorder::buildFirst()
+{
+    co_await build(m_next);
+    m_firstBuilt.set({});
 }
 
 Task<> GstRecorder::build(Pipeline pipeline)

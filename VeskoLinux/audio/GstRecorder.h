@@ -6,6 +6,7 @@
 
 #include <QObject>
 
+#include <chrono>
 #include <exception>
 #include <memory>
 
@@ -21,7 +22,8 @@ class RecordingPipeline;
 // Destroying it ends a running recording and waits for its file.
 class GstRecorder final : public AudioRecorder {
 public:
-    GstRecorder();
+    // A start that has no sound after this long fails.
+    explicit GstRecorder(std::chrono::milliseconds patience = std::chrono::seconds(6));
     ~GstRecorder() override;
 
     Task<bool> requestAccess() override;
@@ -36,13 +38,17 @@ private:
     using Pipeline = std::shared_ptr<RecordingPipeline>;
 
     Pipeline nextPipeline();
+    Task<> buildFirst();
     Task<> build(Pipeline pipeline);
+    Task<> giveUpLate(Eventual<std::exception_ptr> begun);
     Task<> openMicrophone(Pipeline pipeline);
     Task<> begin(Pipeline pipeline, std::filesystem::path file, Eventual<std::exception_ptr> begun);
     Task<> attend(Pipeline pipeline);
     void endedByItself(RecorderFailure failure);
     Task<> end(Pipeline pipeline, Eventual<std::monostate> finished);
 
+    std::chrono::milliseconds m_patience;
+    Eventual<std::monostate> m_firstBuilt;
     QObject m_home; // what other threads post to; outlives them all
     Pipeline m_next; // for the coming recording
     Pipeline m_current; // between open and stop

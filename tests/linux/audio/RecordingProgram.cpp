@@ -1,5 +1,5 @@
 // Records into the file that it is given until it is killed, and prints how many tenths of a second
-// it has heard.
+// it has heard. Gives up if there is no sound within the milliseconds that it is given.
 
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoLinux/audio/GstRecorder.h"
@@ -7,12 +7,14 @@
 #include <QCoreApplication>
 #include <QTimer>
 
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
-    vesko::GstRecorder recorder;
+    vesko::GstRecorder recorder{ std::chrono::milliseconds(std::atoi(argv[2])) };
     vesko::TaskScope tasks;
     recorder.open();
     tasks.spawn(recorder.start(argv[1]));
