@@ -28,6 +28,7 @@
 #include <QtQml/QQmlExtensionPlugin>
 
 #include <cstdlib>
+#include <future>
 #include <iostream>
 #include <span>
 #include <string_view>
@@ -78,6 +79,13 @@ QQuickWindow* makeCapturePanel(QQmlApplicationEngine& engine, AppModel& model)
 
 int runApplication(int argc, char** argv)
 {
+    // Reading a large library takes as long as all else of the start, and goes on beside it.
+    QtClock clock;
+    auto library = std::async(std::launch::async,
+        [&clock, root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder())] {
+            return std::make_unique<LibraryStore>(root, clock);
+        });
+
     // Two small windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QApplication application(argc, argv);
@@ -90,7 +98,6 @@ int runApplication(int argc, char** argv)
     if (wording.load(QStringLiteral(":/i18n/vesko_linux_en.qm")))
         QApplication::installTranslator(&wording);
 
-    QtClock clock;
     GstRecorder recorder;
     GstPlayer player;
     PocketSphinxRecognizer recognizer;
@@ -105,10 +112,10 @@ int runApplication(int argc, char** argv)
     XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
     Platform platform{ clock, recorder, player, recognizer, focusedField, pasteKeystroke, clipboard,
-        shortcut, keys, secrets, settings, loginItem, statusItem, dataFolder() };
+        shortcut, keys, secrets, settings, loginItem, statusItem };
 
-    AppModel model(platform,
-        AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), platform.userDataFolder),
+    AppModel model(
+        platform, [&library] { return library.get(); },
         OpenRouterClient(deployment.openRouterBaseURL));
     QQmlApplicationEngine engine;
     QQuickWindow* const panel = makeCapturePanel(engine, model);

@@ -24,7 +24,9 @@ int main(int argc, char** argv)
 
     FakePlatform platform;
     platform.settings.set("provider", SettingValue{ std::string("apple") });
-    AppModel model(platform.all, root, OpenRouterClient("https://provider.example/api/v1/"));
+    AppModel model(
+        platform.all, [&] { return std::make_unique<LibraryStore>(root, platform.clock); },
+        OpenRouterClient("https://provider.example/api/v1/"));
     if (!eventually([&] { return model.libraryReady(); }))
         return 1;
     std::vector<double> taken;

@@ -11,9 +11,8 @@ namespace vesko {
 
 Q_LOGGING_CATEGORY(captureLog, "app.vesko.mac.capture")
 
-AppModel::AppModel(Platform& platform, std::filesystem::path dataRoot, OpenRouterClient client)
+AppModel::AppModel(Platform& platform, LibraryOpening open, OpenRouterClient client)
     : m_platform(platform)
-    , m_dataRoot(std::move(dataRoot))
     , m_client(std::move(client))
     , m_keychain(platform.secrets)
     , m_preferences(platform.settings, m_keychain, platform.loginItem)
@@ -25,7 +24,7 @@ AppModel::AppModel(Platform& platform, std::filesystem::path dataRoot, OpenRoute
 {
     // Accounts, usage analytics, the cues and the review of a paste are made here once they exist.
     m_capture.onFailure = [this](std::string message) { recordingFailed(std::move(message)); };
-    m_tasks.spawn(openLibrary());
+    m_tasks.spawn(openLibrary(std::move(open)));
 }
 
 AppModel::~AppModel() = default;
@@ -38,7 +37,7 @@ std::filesystem::path AppModel::dataRoot(
     return userDataFolder / "Vesko";
 }
 
-Task<> AppModel::openLibrary()
+Task<> AppModel::openLibrary(LibraryOpening open)
 {
     // Captures are dropped until the library is ready, and only the first launch lets them wait
     // for the secret store: whoever dictates at once gets what that launch chooses.
@@ -48,9 +47,7 @@ Task<> AppModel::openLibrary()
         m_tasks.spawn(m_preferences.refreshKeys());
     std::exception_ptr failure;
     try {
-        co_await m_store.open([root = m_dataRoot, &clock = m_platform.clock] {
-            return std::make_unique<LibraryStore>(root, clock);
-        });
+        co_await m_store.open(std::move(open));
         co_await refreshLibrary();
         assign(m_libraryReady, true, &AppModel::libraryReadyChanged);
         qCInfo(captureLog, "library_ready");

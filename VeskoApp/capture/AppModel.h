@@ -16,6 +16,9 @@
 
 #include <QObject>
 
+#include <functional>
+#include <memory>
+
 namespace vesko {
 
 // The one central controller: turns a trigger into a recording that stands in the library, the
@@ -36,9 +39,9 @@ class AppModel : public QObject {
     Q_PROPERTY(bool libraryReady READ libraryReady NOTIFY libraryReadyChanged)
 
 public:
-    // Opens the library in the folder, off the main thread; captures are dropped until it is
-    // ready.
-    AppModel(Platform& platform, std::filesystem::path dataRoot, OpenRouterClient client);
+    // Opens the library by `open`, off the main thread; captures are dropped until it is ready.
+    using LibraryOpening = std::move_only_function<std::unique_ptr<LibraryStore>()>;
+    AppModel(Platform& platform, LibraryOpening open, OpenRouterClient client);
     ~AppModel() override;
 
     // The data folder: VESKO_DATA_ROOT if it is an absolute path, else "Vesko" in the user's data
@@ -113,7 +116,7 @@ private:
     };
 
     // AppModel.cpp
-    Task<> openLibrary();
+    Task<> openLibrary(LibraryOpening open);
     Task<> chooseFirstProvider();
     Task<> refreshLibrary();
     void setPhase(Phase phase);
@@ -163,7 +166,6 @@ private:
     Task<> startPlayback(Recording recording, Uuid token);
 
     Platform& m_platform;
-    std::filesystem::path m_dataRoot;
     OpenRouterClient m_client;
 
     Keychain m_keychain;

@@ -13,8 +13,6 @@
 #include "VeskoApp/platform/SettingsStore.h"
 #include "VeskoApp/platform/StatusItem.h"
 
-#include <filesystem>
-
 namespace vesko {
 
 // Everything the program reaches of the machine, handed in at its start. What it refers to must
@@ -33,7 +31,6 @@ struct Platform {
     SettingsStore& settings;
     LoginItem& loginItem;
     StatusItem& statusItem;
-    std::filesystem::path userDataFolder; // where programs keep their data; absolute
 };
 
 } // namespace vesko

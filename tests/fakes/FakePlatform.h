@@ -46,7 +46,6 @@ struct FakePlatform {
         .settings = settings,
         .loginItem = loginItem,
         .statusItem = statusItem,
-        .userDataFolder = "/nowhere",
     };
 };
 

@@ -36,7 +36,8 @@ protected:
     void start()
     {
         model = std::make_unique<AppModel>(
-            machine.all, root(), OpenRouterClient(openRouterURL, openRouterTransport));
+            machine.all, [this] { return std::make_unique<LibraryStore>(root(), machine.clock); },
+            OpenRouterClient(openRouterURL, openRouterTransport));
     }
 
     void dictate()
