@@ -21,7 +21,7 @@
 #include "VeskoLinux/secrets/SecretServiceStore.h"
 #include "VeskoLinux/speech/PocketSphinxRecognizer.h"
 
-#include <QApplication>
+#include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <QTranslator>
@@ -88,15 +88,15 @@ int runApplication(int argc, char** argv)
 
     // Two small windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("vesko"));
-    QApplication::setDesktopFileName(QStringLiteral("app.vesko.Vesko"));
-    QApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationName(QStringLiteral("vesko"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("app.vesko.Vesko"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
     const auto deployment = Deployment::read(deploymentFolders());
-    QApplication::setApplicationVersion(QString::fromStdString(deployment.version));
+    QGuiApplication::setApplicationVersion(QString::fromStdString(deployment.version));
     QTranslator wording;
     if (wording.load(QStringLiteral(":/i18n/vesko_linux_en.qm")))
-        QApplication::installTranslator(&wording);
+        QGuiApplication::installTranslator(&wording);
 
     GstRecorder recorder;
     GstPlayer player;
@@ -121,11 +121,11 @@ int runApplication(int argc, char** argv)
     QQuickWindow* const panel = makeCapturePanel(engine, model);
     AppDelegate delegate(platform, model);
     delegate.showCaptureControl = [panel](bool shown) { panel->setVisible(shown); };
-    delegate.terminate = [] { QApplication::exit(); };
+    delegate.terminate = [] { QGuiApplication::exit(); };
     const TerminationSignals signals([&delegate] { delegate.quit(); });
-    QObject::connect(&application, &QApplication::aboutToQuit, [&] { delegate.willTerminate(); });
+    QObject::connect(&application, &QGuiApplication::aboutToQuit, [&] { delegate.willTerminate(); });
     delegate.launch();
-    return QApplication::exec();
+    return QGuiApplication::exec();
 }
 
 } // namespace

@@ -43,8 +43,6 @@ Task<> AppModel::openLibrary(LibraryOpening open)
     // for the secret store: whoever dictates at once gets what that launch chooses.
     if (m_platform.settings.empty())
         co_await chooseFirstProvider();
-    else
-        m_tasks.spawn(m_preferences.refreshKeys());
     std::exception_ptr failure;
     try {
         co_await m_store.open(std::move(open));

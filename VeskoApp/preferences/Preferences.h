@@ -11,7 +11,7 @@
 namespace vesko {
 
 // Every setting of the user, read when it is made and written through at each assignment, with
-// what the secret store and the login items say. The keys themselves are never held here. Main
+// what the login items say, and the secret store once it has been asked. The keys themselves are never held here. Main
 // thread.
 class Preferences : public QObject {
     Q_OBJECT
@@ -77,7 +77,9 @@ public:
     GestureKey gestureKey(bool keyboardReportsFn) const;
     void setGestureKey(GestureKey key);
 
-    bool hasKey() const { return m_hasKey; } // a personal key exists and can be read
+    // Whether a personal key, or one of Vesko's own, exists and can be read: false until the secret
+    // store has been asked, which may make the desktop ask the user for a password.
+    bool hasKey() const { return m_hasKey; }
     bool hasVeskoAccess() const { return m_hasVeskoAccess; }
     LoginStatus loginStatus() const { return m_loginStatus; }
 

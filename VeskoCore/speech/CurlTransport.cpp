@@ -1,12 +1,12 @@
 #include "VeskoCore/speech/CurlTransport.h"
 
 #include "VeskoCore/library/VeskoError.h"
+#include "VeskoCore/speech/Curl.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cmath>
-#include <curl/curl.h>
 #include <memory>
 #include <simdjson.h>
 #include <string_view>
@@ -22,13 +22,13 @@ using Seconds = std::chrono::duration<double>;
 constexpr std::size_t headerLimit = std::size_t{ 256 } * 1024; // bytes of all header lines
 
 struct EasyDeleter {
-    void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+    void operator()(CURL* handle) const { curl().easyCleanup(handle); }
 };
 struct MultiDeleter {
-    void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
+    void operator()(CURLM* handle) const { curl().multiCleanup(handle); }
 };
 struct ListDeleter {
-    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+    void operator()(curl_slist* list) const { curl().slistFreeAll(list); }
 };
 using Easy = std::unique_ptr<CURL, EasyDeleter>;
 using Multi = std::unique_ptr<CURLM, MultiDeleter>;
@@ -47,7 +47,7 @@ URLError::Kind kindOf(CURLcode code, CURL* easy)
         return URLError::cannotFindHost;
     case CURLE_COULDNT_CONNECT: {
         long number = 0;
-        curl_easy_getinfo(easy, CURLINFO_OS_ERRNO, &number);
+        curl().easyGetinfo(easy, CURLINFO_OS_ERRNO, &number);
         return number == ENETUNREACH ? URLError::notConnectedToInternet
                                      : URLError::cannotConnectToHost;
     }
@@ -88,8 +88,8 @@ public:
     Exchange(const HttpRequest& request, double resourceTimeout, std::size_t bodyLimit)
         : m_request(request)
         , m_bodyLimit(bodyLimit)
-        , m_easy(curl_easy_init())
-        , m_multi(curl_multi_init())
+        , m_easy(curl().easyInit())
+        , m_multi(curl().multiInit())
     {
         if (!m_easy || !m_multi)
             throw URLError(URLError::other);
@@ -121,15 +121,15 @@ public:
         set(CURLOPT_WRITEDATA, this);
         set(CURLOPT_HEADERFUNCTION, &Exchange::takeHeader);
         set(CURLOPT_HEADERDATA, this);
-        curl_multi_add_handle(m_multi.get(), m_easy.get());
+        curl().multiAddHandle(m_multi.get(), m_easy.get());
     }
-    ~Exchange() { curl_multi_remove_handle(m_multi.get(), m_easy.get()); }
+    ~Exchange() { curl().multiRemoveHandle(m_multi.get(), m_easy.get()); }
     Exchange(const Exchange&) = delete;
     Exchange& operator=(const Exchange&) = delete;
 
     HTTPResult perform(const std::stop_token& stop)
     {
-        const std::stop_callback wake(stop, [this] { curl_multi_wakeup(m_multi.get()); });
+        const std::stop_callback wake(stop, [this] { curl().multiWakeup(m_multi.get()); });
         const Seconds idleLimit(m_request.timeout);
         auto lastProgress = SteadyClock::now();
         curl_off_t moved = 0;
@@ -137,7 +137,7 @@ public:
             if (stop.stop_requested())
                 throw URLError(URLError::cancelled);
             int running = 0;
-            if (curl_multi_perform(m_multi.get(), &running) != CURLM_OK)
+            if (curl().multiPerform(m_multi.get(), &running) != CURLM_OK)
                 throw URLError(URLError::other);
             if (running == 0)
                 return result();
@@ -151,7 +151,7 @@ public:
                 throw URLError(URLError::timedOut);
             constexpr double longestPoll = 60; // keeps the milliseconds within an int
             const double wait = std::ceil(std::min(left.count(), longestPoll) * 1000);
-            if (curl_multi_poll(m_multi.get(), nullptr, 0, static_cast<int>(wait), nullptr)
+            if (curl().multiPoll(m_multi.get(), nullptr, 0, static_cast<int>(wait), nullptr)
                 != CURLM_OK)
                 throw URLError(URLError::other);
         }
@@ -161,14 +161,14 @@ private:
     template <typename Value>
     void set(CURLoption option, Value value)
     {
-        if (curl_easy_setopt(m_easy.get(), option, value) != CURLE_OK)
+        if (curl().easySetopt(m_easy.get(), option, value) != CURLE_OK)
             throw URLError(URLError::other);
     }
 
     void addHeader(const std::string& line)
     {
         curl_slist* list
-            = isOneLine(line) ? curl_slist_append(m_headers.get(), line.c_str()) : nullptr;
+            = isOneLine(line) ? curl().slistAppend(m_headers.get(), line.c_str()) : nullptr;
         if (!list)
             throw URLError(URLError::other);
         if (!m_headers)
@@ -178,7 +178,7 @@ private:
     HTTPResult result()
     {
         int left = 0;
-        const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left);
+        const CURLMsg* message = curl().multiInfoRead(m_multi.get(), &left);
         if (!message || message->msg != CURLMSG_DONE)
             throw URLError(URLError::other);
         const CURLcode code = message->data.result;
@@ -197,7 +197,7 @@ private:
             .status = static_cast<int>(number(CURLINFO_RESPONSE_CODE)),
             .requestID = std::nullopt };
         curl_header* header = nullptr;
-        if (curl_easy_header(m_easy.get(), "X-Generation-Id", 0, CURLH_HEADER, -1, &header)
+        if (curl().easyHeader(m_easy.get(), "X-Generation-Id", 0, CURLH_HEADER, -1, &header)
             == CURLHE_OK)
             result.requestID = headerText(header->value);
         return result;
@@ -206,14 +206,14 @@ private:
     long number(CURLINFO info)
     {
         long value = 0;
-        curl_easy_getinfo(m_easy.get(), info, &value);
+        curl().easyGetinfo(m_easy.get(), info, &value);
         return value;
     }
 
     curl_off_t bytesMoved()
     {
         curl_off_t sent = 0;
-        curl_easy_getinfo(m_easy.get(), CURLINFO_SIZE_UPLOAD_T, &sent);
+        curl().easyGetinfo(m_easy.get(), CURLINFO_SIZE_UPLOAD_T, &sent);
         return sent + static_cast<curl_off_t>(m_headerBytes + m_body.size());
     }
 
@@ -256,7 +256,7 @@ private:
 HttpTransport curlTransport(double resourceTimeout, std::size_t bodyLimit)
 {
     return [=](const HttpRequest& request, const std::stop_token& stop) {
-        static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
+        static const CURLcode ready = curl().globalInit(CURL_GLOBAL_DEFAULT);
         if (ready != CURLE_OK)
             throw URLError(URLError::other);
         return Exchange(request, resourceTimeout, bodyLimit).perform(stop);

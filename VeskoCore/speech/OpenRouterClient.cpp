@@ -3,10 +3,10 @@
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/base/Text.h"
 #include "VeskoCore/library/VeskoError.h"
+#include "VeskoCore/speech/Curl.h"
 #include "VeskoCore/speech/CurlTransport.h"
 
 #include <cstdlib>
-#include <curl/curl.h>
 #include <memory>
 #include <openssl/evp.h>
 #include <simdjson.h>
@@ -50,8 +50,10 @@ namespace dom = simdjson::dom;
 // Standard base64 with padding, in one line.
 std::string base64(std::string_view bytes)
 {
+    static const DynamicLibrary crypto("libcrypto.so.3");
+    static const decltype(&EVP_EncodeBlock) encode = crypto["EVP_EncodeBlock"];
     std::string text((bytes.size() + 2) / 3 * 4, '\0');
-    EVP_EncodeBlock(reinterpret_cast<unsigned char*>(text.data()),
+    encode(reinterpret_cast<unsigned char*>(text.data()),
         reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));
     return text;
 }
@@ -114,8 +116,9 @@ TranscriptResult transcriptOf(const HTTPResult& result)
 
 void requireURL(const std::string& url)
 {
-    const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> parts(curl_url(), &curl_url_cleanup);
-    if (curl_url_set(parts.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK)
+    const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> parts(
+        curl().url(), curl().urlCleanup);
+    if (curl().urlSet(parts.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK)
         std::abort(); // a fault of this program: its addresses are its own
 }
 

@@ -6,6 +6,11 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformmenu.h>
+#include <qpa/qplatformsystemtrayicon.h>
+#include <qpa/qplatformtheme.h>
+
 namespace vesko {
 
 namespace {
@@ -19,17 +24,7 @@ const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
 TrayStatusItem::TrayStatusItem()
     : m_watcher(
           watcherName, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForOwnerChange)
-    , m_capture(m_menu.addAction(QString()))
 {
-    connect(m_capture, &QAction::triggered, this, [this] {
-        if (onCapture)
-            onCapture();
-    });
-    add(QT_TRANSLATE_NOOP("Vesko", "Open Vesko"), &StatusItem::onOpen);
-    add(QT_TRANSLATE_NOOP("Vesko", "Settings…"), &StatusItem::onSettings);
-    m_menu.addSeparator();
-    add(QT_TRANSLATE_NOOP("Vesko", "Quit Vesko"), &StatusItem::onQuit);
-
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString&, const QString&, const QString& owner) {
             setHostPresent(false);
@@ -45,6 +40,8 @@ TrayStatusItem::TrayStatusItem()
     askForHost();
 }
 
+TrayStatusItem::~TrayStatusItem() = default;
+
 void TrayStatusItem::show(const QIcon& icon, const QString& toolTip)
 {
     m_icon = icon;
@@ -55,17 +52,10 @@ void TrayStatusItem::show(const QIcon& icon, const QString& toolTip)
 
 void TrayStatusItem::setCapture(const QString& title, bool enabled)
 {
-    m_capture->setText(title);
-    m_capture->setEnabled(enabled);
-}
-
-void TrayStatusItem::add(const char* title, std::function<void()> StatusItem::* action)
-{
-    const auto* item = m_menu.addAction(QCoreApplication::translate("Vesko", title));
-    connect(item, &QAction::triggered, this, [this, action] {
-        if (this->*action)
-            (this->*action)();
-    });
+    m_captureTitle = title;
+    m_captureEnabled = enabled;
+    if (m_menu)
+        showCapture();
 }
 
 void TrayStatusItem::askForHost()
@@ -93,21 +83,67 @@ void TrayStatusItem::update()
 {
     if (!m_wanted || !m_hostPresent) {
         m_tray.reset();
+        m_menu.reset();
+        m_items.clear();
         return;
     }
-    if (!m_tray) {
-        // Not earlier: Qt asks for a host when the first one is made, and never again.
-        m_tray = std::make_unique<QSystemTrayIcon>();
-        m_tray->setContextMenu(&m_menu);
-        connect(m_tray.get(), &QSystemTrayIcon::activated, this,
-            [this](QSystemTrayIcon::ActivationReason reason) {
-                if (reason == QSystemTrayIcon::Trigger && onOpen)
-                    onOpen();
-            });
-    }
-    m_tray->setIcon(m_icon);
-    m_tray->setToolTip(m_toolTip);
-    m_tray->show();
+    if (!m_tray)
+        makeTray();
+    if (!m_tray)
+        return;
+    m_tray->updateIcon(m_icon);
+    m_tray->updateToolTip(m_toolTip);
+}
+
+// Not earlier than a host is there: Qt asks for one when the first icon is made, and never again.
+void TrayStatusItem::makeTray()
+{
+    auto* theme = QGuiApplicationPrivate::platformTheme();
+    m_tray.reset(theme ? theme->createPlatformSystemTrayIcon() : nullptr);
+    if (!m_tray)
+        return;
+    connect(m_tray.get(), &QPlatformSystemTrayIcon::activated, this,
+        [this](QPlatformSystemTrayIcon::ActivationReason reason) {
+            if (reason == QPlatformSystemTrayIcon::Trigger && onOpen)
+                onOpen();
+        });
+    m_tray->init();
+    makeMenu();
+}
+
+void TrayStatusItem::makeMenu()
+{
+    m_menu.reset(m_tray->createMenu());
+    if (!m_menu)
+        return;
+    add(m_captureTitle, &StatusItem::onCapture);
+    showCapture();
+    add(QCoreApplication::translate("Vesko", "Open Vesko"), &StatusItem::onOpen);
+    add(QCoreApplication::translate("Vesko", "Settings…"), &StatusItem::onSettings);
+    add({}, nullptr)->setIsSeparator(true);
+    add(QCoreApplication::translate("Vesko", "Quit Vesko"), &StatusItem::onQuit);
+    m_tray->updateMenu(m_menu.get());
+}
+
+QPlatformMenuItem* TrayStatusItem::add(
+    const QString& title, std::function<void()> StatusItem::* action)
+{
+    auto* const item = m_items.emplace_back(m_menu->createMenuItem()).get();
+    item->setText(title);
+    connect(item, &QPlatformMenuItem::activated, this, [this, action] {
+        if (action && this->*action)
+            (this->*action)();
+    });
+    m_menu->insertMenuItem(item, nullptr);
+    return item;
+}
+
+void TrayStatusItem::showCapture()
+{
+    QPlatformMenuItem* const capture = m_items.front().get();
+    capture->setText(m_captureTitle);
+    capture->setEnabled(m_captureEnabled);
+    m_menu->syncMenuItem(capture);
 }
 
 } // namespace vesko

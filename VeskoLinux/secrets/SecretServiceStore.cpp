@@ -1,15 +1,51 @@
 #include "VeskoLinux/secrets/SecretServiceStore.h"
 
+#include "VeskoCore/base/DynamicLibrary.h"
+
 #include <libsecret/secret.h>
 
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <stdexcept>
 #include <thread>
 
 namespace vesko {
 
 namespace {
+
+// The functions of libsecret, which brings those of GLib's input and output and of encryption.
+struct LibSecret {
+    DynamicLibrary library{ "libsecret-1.so.0" };
+    decltype(&g_bus_get_sync) busGetSync = library["g_bus_get_sync"];
+    decltype(&g_dbus_connection_set_exit_on_close) setExitOnClose
+        = library["g_dbus_connection_set_exit_on_close"];
+    decltype(&g_cancellable_new) cancellableNew = library["g_cancellable_new"];
+    decltype(&g_cancellable_cancel) cancel = library["g_cancellable_cancel"];
+    decltype(&g_cancellable_is_cancelled) isCancelled = library["g_cancellable_is_cancelled"];
+    decltype(&secret_attributes_build) attributesBuild = library["secret_attributes_build"];
+    decltype(&secret_service_get_type) serviceType = library["secret_service_get_type"];
+    decltype(&secret_service_open_sync) serviceOpen = library["secret_service_open_sync"];
+    decltype(&secret_service_search_sync) serviceSearch = library["secret_service_search_sync"];
+    decltype(&secret_service_store_sync) serviceStore = library["secret_service_store_sync"];
+    decltype(&secret_item_get_secret) itemGetSecret = library["secret_item_get_secret"];
+    decltype(&secret_item_set_secret_sync) itemSetSecret = library["secret_item_set_secret_sync"];
+    decltype(&secret_item_delete_sync) itemDelete = library["secret_item_delete_sync"];
+    decltype(&secret_value_new) valueNew = library["secret_value_new"];
+    decltype(&secret_value_get) valueGet = library["secret_value_get"];
+    decltype(&secret_value_unref) valueUnref = library["secret_value_unref"];
+};
+
+// Loads it when the first secret is asked for.
+const LibSecret& libsecret()
+{
+    try {
+        static const LibSecret library;
+        return library;
+    } catch (const std::runtime_error&) {
+        throw KeychainFailure();
+    }
+}
 
 struct Unref {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -23,7 +59,7 @@ struct FreeItems {
 using Items = std::unique_ptr<GList, FreeItems>;
 
 struct UnrefValue {
-    void operator()(SecretValue* value) const { secret_value_unref(value); }
+    void operator()(SecretValue* value) const { libsecret().valueUnref(value); }
 };
 using Value = std::unique_ptr<SecretValue, UnrefValue>;
 
@@ -41,7 +77,7 @@ const SecretSchema schema{ "app.vesko.openrouter", SECRET_SCHEMA_DONT_MATCH_NAME
 
 Attributes attributesOf(const std::string& account)
 {
-    return Attributes(secret_attributes_build(
+    return Attributes(libsecret().attributesBuild(
         &schema, "service", "app.vesko.openrouter", "account", account.c_str(), nullptr));
 }
 
@@ -49,12 +85,12 @@ Attributes attributesOf(const std::string& account)
 class Deadline {
 public:
     explicit Deadline(std::chrono::milliseconds patience)
-        : m_cancellable(g_cancellable_new())
+        : m_cancellable(libsecret().cancellableNew())
         , m_thread([this, patience](const std::stop_token& done) {
             std::unique_lock lock(m_mutex);
             m_waiting.wait_for(lock, done, patience, [] { return false; });
             if (!done.stop_requested())
-                g_cancellable_cancel(m_cancellable.get());
+                libsecret().cancel(m_cancellable.get());
         })
     {
     }
@@ -73,13 +109,13 @@ class Conversation {
 public:
     explicit Conversation(std::chrono::milliseconds patience)
         : m_deadline(patience)
-        , m_bus(g_bus_get_sync(G_BUS_TYPE_SESSION, m_deadline.cancellable(), nullptr))
+        , m_bus(libsecret().busGetSync(G_BUS_TYPE_SESSION, m_deadline.cancellable(), nullptr))
     {
         if (!m_bus)
             throw KeychainFailure();
         // GLib would end the whole program, a recording included, when the bus goes away.
-        g_dbus_connection_set_exit_on_close(m_bus.get(), FALSE);
-        m_service.reset(secret_service_open_sync(SECRET_TYPE_SERVICE, nullptr,
+        libsecret().setExitOnClose(m_bus.get(), FALSE);
+        m_service.reset(libsecret().serviceOpen(libsecret().serviceType(), nullptr,
             SECRET_SERVICE_OPEN_SESSION, m_deadline.cancellable(), nullptr));
         if (!m_service)
             throw KeychainFailure();
@@ -93,10 +129,10 @@ public:
         const auto attributes = attributesOf(account);
         // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, which combine
         const auto combined = static_cast<SecretSearchFlags>(flags | SECRET_SEARCH_UNLOCK);
-        Items items(secret_service_search_sync(m_service.get(), &schema, attributes.get(), combined,
+        Items items(libsecret().serviceSearch(m_service.get(), &schema, attributes.get(), combined,
             m_deadline.cancellable(), &error));
         // The search swallows a cancelled unlock.
-        if (error || g_cancellable_is_cancelled(m_deadline.cancellable())) {
+        if (error || libsecret().isCancelled(m_deadline.cancellable())) {
             g_clear_error(&error);
             throw KeychainFailure();
         }
@@ -131,11 +167,11 @@ std::optional<std::string> SecretServiceStore::load(const std::string& account)
     const auto items = store.find(account, SECRET_SEARCH_LOAD_SECRETS);
     if (!items)
         return std::nullopt;
-    const Value value(secret_item_get_secret(SECRET_ITEM(items->data)));
+    const Value value(libsecret().itemGetSecret(static_cast<SecretItem*>(items->data)));
     if (!value)
         throw KeychainFailure();
     gsize length = 0;
-    const char* bytes = secret_value_get(value.get(), &length);
+    const char* bytes = libsecret().valueGet(value.get(), &length);
     if (!isUtf8(bytes, length))
         throw KeychainFailure();
     return std::string(bytes, length);
@@ -148,15 +184,15 @@ void SecretServiceStore::save(const std::string& value, const std::string& accou
     Conversation store(m_patience);
     // libsecret keeps its copy in memory that is never swapped and wipes it.
     const Value secret(
-        secret_value_new(value.data(), static_cast<gssize>(value.size()), "text/plain"));
+        libsecret().valueNew(value.data(), static_cast<gssize>(value.size()), "text/plain"));
     if (const auto items = store.find(account, SECRET_SEARCH_NONE)) {
-        require(secret_item_set_secret_sync(
-            SECRET_ITEM(items->data), secret.get(), store.cancellable(), nullptr));
+        require(libsecret().itemSetSecret(
+            static_cast<SecretItem*>(items->data), secret.get(), store.cancellable(), nullptr));
         return;
     }
     const auto attributes = attributesOf(account);
     const auto label = "Vesko: " + account;
-    require(secret_service_store_sync(store.service(), &schema, attributes.get(),
+    require(libsecret().serviceStore(store.service(), &schema, attributes.get(),
         SECRET_COLLECTION_DEFAULT, label.c_str(), secret.get(), store.cancellable(), nullptr));
 }
 
@@ -165,7 +201,8 @@ void SecretServiceStore::remove(const std::string& account)
     Conversation store(m_patience);
     const auto items = store.find(account, SECRET_SEARCH_ALL);
     for (const GList* item = items.get(); item; item = item->next)
-        require(secret_item_delete_sync(SECRET_ITEM(item->data), store.cancellable(), nullptr));
+        require(libsecret().itemDelete(
+            static_cast<SecretItem*>(item->data), store.cancellable(), nullptr));
 }
 
 } // namespace vesko

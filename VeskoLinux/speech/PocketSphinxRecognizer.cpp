@@ -1,5 +1,6 @@
 #include "VeskoLinux/speech/PocketSphinxRecognizer.h"
 
+#include "VeskoCore/base/DynamicLibrary.h"
 #include "VeskoLinux/speech/SpeechModel.h"
 #include "VeskoLinux/speech/SpeechSamples.h"
 
@@ -15,9 +16,32 @@ namespace vesko {
 
 namespace {
 
+// The functions of the library, which brings those of linear algebra with it.
+struct PocketSphinx {
+    DynamicLibrary library{ "libpocketsphinx.so.3" };
+    decltype(&err_set_callback) errSetCallback = library["err_set_callback"];
+    decltype(&err_set_logfp) errSetLogfp = library["err_set_logfp"];
+    decltype(&ps_args) args = library["ps_args"];
+    decltype(&cmd_ln_init) configInit = library["cmd_ln_init"];
+    decltype(&cmd_ln_free_r) configFree = library["cmd_ln_free_r"];
+    decltype(&ps_init) init = library["ps_init"];
+    decltype(&ps_free) free = library["ps_free"];
+    decltype(&ps_start_utt) startUtterance = library["ps_start_utt"];
+    decltype(&ps_process_raw) processRaw = library["ps_process_raw"];
+    decltype(&ps_end_utt) endUtterance = library["ps_end_utt"];
+    decltype(&ps_get_hyp) hypothesis = library["ps_get_hyp"];
+};
+
+// Loads it with the first recognition.
+const PocketSphinx& pocketSphinx()
+{
+    static const PocketSphinx library;
+    return library;
+}
+
 struct Free {
-    void operator()(cmd_ln_t* config) const { cmd_ln_free_r(config); }
-    void operator()(ps_decoder_t* decoder) const { ps_free(decoder); }
+    void operator()(cmd_ln_t* config) const { pocketSphinx().configFree(config); }
+    void operator()(ps_decoder_t* decoder) const { pocketSphinx().free(decoder); }
 };
 
 // In place of the library's log, which tells what it heard. Behind a fatal error, such as a damaged
@@ -30,12 +54,14 @@ void heedErrors(void*, err_lvl_t level, const char*, ...)
 
 std::unique_ptr<ps_decoder_t, Free> decoderFor(const SpeechModel& model)
 {
-    err_set_logfp(
-        nullptr); // of this thread: the list of settings goes there past the function above
+    const PocketSphinx& sphinx = pocketSphinx();
+    sphinx.errSetCallback(heedErrors, nullptr);
+    // Of this thread: the list of settings goes there past the function above.
+    sphinx.errSetLogfp(nullptr);
     const std::unique_ptr<cmd_ln_t, Free> config(
-        cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", model.acoustic.c_str(), "-lm",
+        sphinx.configInit(nullptr, sphinx.args(), TRUE, "-hmm", model.acoustic.c_str(), "-lm",
             model.language.c_str(), "-dict", model.dictionary.c_str(), nullptr));
-    std::unique_ptr<ps_decoder_t, Free> decoder(config ? ps_init(config.get()) : nullptr);
+    std::unique_ptr<ps_decoder_t, Free> decoder(config ? sphinx.init(config.get()) : nullptr);
     if (!decoder)
         throw std::runtime_error("the speech model can't be loaded");
     return decoder;
@@ -44,11 +70,12 @@ std::unique_ptr<ps_decoder_t, Free> decoderFor(const SpeechModel& model)
 // A piece is decoded as a whole, which takes the level of all of it into account.
 std::string heard(ps_decoder_t* decoder, std::span<const std::int16_t> piece)
 {
-    if (ps_start_utt(decoder) < 0
-        || ps_process_raw(decoder, piece.data(), piece.size(), FALSE, TRUE) < 0
-        || ps_end_utt(decoder) < 0)
+    const PocketSphinx& sphinx = pocketSphinx();
+    if (sphinx.startUtterance(decoder) < 0
+        || sphinx.processRaw(decoder, piece.data(), piece.size(), FALSE, TRUE) < 0
+        || sphinx.endUtterance(decoder) < 0)
         throw std::runtime_error("the decoder failed");
-    const char* words = ps_get_hyp(decoder, nullptr);
+    const char* words = sphinx.hypothesis(decoder, nullptr);
     return words ? words : "";
 }
 
@@ -86,7 +113,6 @@ PocketSphinxRecognizer::PocketSphinxRecognizer()
 PocketSphinxRecognizer::PocketSphinxRecognizer(std::filesystem::path models)
     : m_models(std::move(models))
 {
-    err_set_callback(heedErrors, nullptr);
 }
 
 bool PocketSphinxRecognizer::supports(const std::string& language) const

@@ -23,9 +23,16 @@ public:
         m_items[account] = value;
     }
 
+    int loads() const
+    {
+        const std::scoped_lock guard(m_mutex);
+        return m_loads;
+    }
+
     std::optional<std::string> load(const std::string& account) override
     {
         const std::scoped_lock guard(m_mutex);
+        ++m_loads;
         requireUnlocked();
         const auto item = m_items.find(account);
         return item == m_items.end() ? std::nullopt : std::optional(item->second);
@@ -57,6 +64,7 @@ private:
 
     mutable std::mutex m_mutex;
     bool m_locked = false;
+    int m_loads = 0;
     std::map<std::string, std::string> m_items;
 };
 

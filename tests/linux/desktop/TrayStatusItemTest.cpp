@@ -2,7 +2,7 @@
 #include "tests/linux/PrivateBus.h"
 #include "tests/linux/PrivateDisplay.h"
 
-#include <QApplication>
+#include <QGuiApplication>
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -32,7 +32,7 @@ public:
         static int count = 1;
         static char name[] = "test";
         static char* arguments[] = { name, nullptr };
-        m_application = std::make_unique<QApplication>(count, arguments);
+        m_application = std::make_unique<QGuiApplication>(count, arguments);
     }
     void TearDown() override
     {
@@ -44,7 +44,7 @@ public:
 private:
     std::unique_ptr<PrivateDisplay> m_display;
     std::unique_ptr<PrivateBus> m_bus;
-    std::unique_ptr<QApplication> m_application;
+    std::unique_ptr<QGuiApplication> m_application;
 };
 
 const auto* const desktop = testing::AddGlobalTestEnvironment(new Desktop);
