@@ -18,12 +18,13 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "../tests/desktop"))
 
 from lib import clipboard, hands, library  # noqa: E402
-from lib.programs import Mousepad  # noqa: E402
+from lib.programs import Chromium, Mousepad  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import BINARY, Vesko, deployed, install_key  # noqa: E402
 from lib.waiting import Late, human_pause, until  # noqa: E402
 
 BARE = os.path.join(HERE, "../build/release/bench/bare_window")
+FIELD_CAPTURE = os.path.join(HERE, "../build/release/bench/field_capture")
 NOTES = 10_000
 ROUNDS = 9
 IDLE = 10  # seconds of doing nothing
@@ -69,6 +70,12 @@ def stop_to_text():
                     continue
     report("stop to text in the editor, vs a script of xclip and xdotool",
            statistics.median(ours), statistics.median(script), 1, "ms")
+
+
+def field_capture():
+    for editor in (Mousepad, Chromium):
+        with editor():
+            subprocess.run([FIELD_CAPTURE, editor.__name__], check=True)
 
 
 class Started:
@@ -141,5 +148,5 @@ def idle():
 
 
 if __name__ == "__main__":
-    for measure in (idle, start_to_ready, stop_to_text):
+    for measure in (idle, start_to_ready, field_capture, stop_to_text):
         measure()
