@@ -1,8 +1,11 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstdio>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -36,21 +39,51 @@ inline void report(const std::string& name, double ours, double yardstick, doubl
     std::fflush(stdout);
 }
 
-// Ours against a yardstick of the same run. The two take turns, so that whatever else the machine
-// does meets both; the first round warms up and doesn't count.
+// The seconds that each of the two took, in every round.
+class Rounds : public benchmark::BenchmarkReporter {
+public:
+    bool ReportContext(const Context&) override { return true; }
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs)
+            if (run.run_type == Run::RT_Iteration)
+                m_taken[run.run_name.function_name].push_back(run.real_accumulated_time);
+    }
+    double medianOf(const std::string& name) { return median(m_taken.at(name)); }
+
+private:
+    std::map<std::string, std::vector<double>> m_taken;
+};
+
+// Ours against a yardstick of the same run, each a function that gives the seconds it took. Their
+// rounds are shuffled, so that whatever else the machine does meets both; a first round of each
+// warms up and doesn't count.
 template <class Ours, class Yardstick>
 void compare(const std::string& name, Ours ours, Yardstick yardstick, double aim)
 {
-    std::vector<double> mine, theirs;
-    for (int round = 0; round <= rounds; ++round) {
-        const double a = ours();
-        const double b = yardstick();
-        if (round == 0)
-            continue;
-        mine.push_back(a);
-        theirs.push_back(b);
-    }
-    report(name, median(mine), median(theirs), aim);
+    ours();
+    yardstick();
+    char program[] = "bench", shuffled[] = "--benchmark_enable_random_interleaving=true";
+    std::array arguments{ program, shuffled };
+    int count = arguments.size();
+    benchmark::Initialize(&count, arguments.data());
+    benchmark::ClearRegisteredBenchmarks();
+    const auto measure = [](const char* which, auto& work) {
+        benchmark::RegisterBenchmark(which,
+            [&work](benchmark::State& state) {
+                for ([[maybe_unused]] const auto turn : state)
+                    state.SetIterationTime(work());
+            })
+            ->UseManualTime()
+            ->Iterations(1)
+            ->Repetitions(rounds);
+    };
+    measure("ours", ours);
+    measure("yardstick", yardstick);
+    benchmark::SetBenchmarkFilter("all");
+    Rounds taken;
+    benchmark::RunSpecifiedBenchmarks(&taken);
+    report(name, taken.medianOf("ours"), taken.medianOf("yardstick"), aim);
 }
 
 } // namespace vesko::bench

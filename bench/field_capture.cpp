@@ -1,5 +1,5 @@
-// Reading the field that has the focus, as it is done at a key press. Started by desktop.py while an
-// editor has it; the argument names the editor.
+// Reading the field that has the focus, as it is done at a key press. Started by desktop.py while
+// an editor has it; the argument names the editor.
 
 #include "VeskoLinux/accessibility/AtspiFocusedField.h"
 #include "bench/Budget.h"
