@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QUrl>
 
 #include <stdexcept>
 
@@ -20,6 +21,18 @@ std::string text(const QJsonObject& values, const char* key)
     return value.toString().toStdString();
 }
 
+// An address that can't be one would only show at the first dictation.
+std::string webAddress(const QJsonObject& values, const char* key)
+{
+    const auto address = text(values, key);
+    const QUrl url(QString::fromStdString(address), QUrl::StrictMode);
+    const bool web
+        = url.scheme() == QLatin1StringView("https") || url.scheme() == QLatin1StringView("http");
+    if (!url.isValid() || !web || url.host().isEmpty())
+        throw std::runtime_error(std::string("Info.json holds no web address in ") + key);
+    return address;
+}
+
 } // namespace
 
 Deployment Deployment::read(const std::vector<std::filesystem::path>& folders)
@@ -34,7 +47,7 @@ Deployment Deployment::read(const std::vector<std::filesystem::path>& folders)
         const QJsonObject values = document.object();
         return {
             .version = text(values, "CFBundleShortVersionString"),
-            .openRouterBaseURL = text(values, "VeskoOpenRouterBaseURL"),
+            .openRouterBaseURL = webAddress(values, "VeskoOpenRouterBaseURL"),
         };
     }
     throw std::runtime_error("Info.json is missing");

@@ -47,6 +47,18 @@ TEST_F(DeploymentTest, FailsWhenItIsMissingDamagedOrIncomplete)
     }
 }
 
+TEST_F(DeploymentTest, FailsWhenTheServiceHasNoWebAddress)
+{
+    for (const char* address :
+        { "openrouter", "//openrouter.example/", "ftp://openrouter.example/", "https://",
+            "https:///api/v1/", "https://open router/", "http://[::1/", "file:///etc/passwd" }) {
+        SCOPED_TRACE(address);
+        write(std::string(R"({"CFBundleShortVersionString": "1", "VeskoOpenRouterBaseURL": ")")
+            + address + "\"}");
+        EXPECT_THROW(Deployment::read({ folder.path() }), std::runtime_error);
+    }
+}
+
 } // namespace
 
 } // namespace vesko
