@@ -2,6 +2,7 @@
 
 #include "VeskoApp/capture/AppModel.h"
 #include "tests/fakes/EventLoop.h"
+#include "tests/fakes/FailingFileSystem.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/TemporaryFolder.h"
 
@@ -36,7 +37,8 @@ protected:
     void start()
     {
         model = std::make_unique<AppModel>(
-            machine.all, [this] { return std::make_unique<LibraryStore>(root(), machine.clock); },
+            machine.all,
+            [this] { return std::make_unique<LibraryStore>(root(), machine.clock, files); },
             OpenRouterClient(openRouterURL, openRouterTransport));
     }
 
@@ -91,6 +93,7 @@ protected:
     }
 
     TemporaryFolder folder;
+    FailingFileSystem files; // as the library sees it
     FakePlatform machine;
     std::string openRouterURL = "http://127.0.0.1:1/api/v1/";
     HttpTransport openRouterTransport;

@@ -57,6 +57,41 @@ TEST_F(StartFailureTest, ANoteThatCannotBeSavedIsReported)
     EXPECT_EQ(model->library().notes.size(), 1U);
 }
 
+// The note and its recording are two changes; the disk can fail within each and between them.
+TEST_F(StartFailureTest, ADiskThatFailsAtAnyMomentOfTheStartLeavesNothingHalfMade)
+{
+    open();
+    int failures = 0;
+    bool failing = true;
+    for (int call = 0; failing; ++call) {
+        SCOPED_TRACE(call);
+        const auto captured = machine.recorder.files.size();
+        files.at = call;
+        files.number = ENOSPC;
+        files.calls = 0;
+        files.fault = FailingFileSystem::Fault::error;
+        model->toggleDictation();
+        ASSERT_TRUE(eventually(
+            [&] { return model->phase() == Phase::recording || model->phase() == Phase::idle; }));
+        drainEvents();
+        files.fault = FailingFileSystem::Fault::none;
+        failing = files.calls > call;
+        if (model->phase() == Phase::recording) {
+            finish(); // what failed was of no consequence
+            continue;
+        }
+        ++failures;
+        EXPECT_EQ(model->errorMessage(), storageText);
+        EXPECT_EQ(machine.recorder.files.size(), captured);
+        EXPECT_FALSE(machine.recorder.running());
+        for (const Note& note : model->library().notes)
+            for (const Recording& recording : note.recordings)
+                EXPECT_EQ(recording.status, RecordingStatus::ready);
+        expectThatTheNextCaptureWorks();
+    }
+    EXPECT_GT(failures, 8); // what makes, fills, syncs and renames a file, twice
+}
+
 TEST_F(StartFailureTest, ANoteThatIsGoneCannotBeContinued)
 {
     open();
