@@ -1,7 +1,11 @@
 #include "VeskoCore/base/Text.h"
 
 #include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <unicode/brkiter.h>
 #include <unicode/uchar.h>
+#include <unicode/utext.h>
 #include <unicode/utf8.h>
 
 namespace vesko {
@@ -43,6 +47,23 @@ std::string_view trimmed(std::string_view text)
         last = previous;
     }
     return text.substr(static_cast<std::size_t>(first), static_cast<std::size_t>(last - first));
+}
+
+std::string_view firstCharacters(std::string_view text, int count)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<UText, decltype(&utext_close)> units(
+        utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status),
+        &utext_close);
+    const std::unique_ptr<icu::BreakIterator> characters(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    if (U_SUCCESS(status))
+        characters->setText(units.get(), status);
+    if (U_FAILURE(status))
+        throw std::runtime_error("ICU has no character boundaries");
+    characters->first();
+    const std::int32_t end = characters->next(count);
+    return end == icu::BreakIterator::DONE ? text : text.substr(0, static_cast<std::size_t>(end));
 }
 
 std::size_t utf16Length(std::string_view text)

@@ -5,14 +5,11 @@
 #include "VeskoCore/library/VeskoError.h"
 #include "VeskoCore/speech/Curl.h"
 #include "VeskoCore/speech/CurlTransport.h"
+#include "VeskoCore/speech/ServiceAnswer.h"
 
 #include <cstdlib>
 #include <memory>
 #include <openssl/evp.h>
-#include <simdjson.h>
-#include <stdexcept>
-#include <unicode/brkiter.h>
-#include <unicode/utext.h>
 
 namespace vesko {
 
@@ -45,8 +42,6 @@ inline constexpr std::tuple jsonFields<SpeechRequest>{
 
 namespace {
 
-namespace dom = simdjson::dom;
-
 // Standard base64 with padding, in one line.
 std::string base64(std::string_view bytes)
 {
@@ -58,52 +53,11 @@ std::string base64(std::string_view bytes)
     return text;
 }
 
-// The first two extended grapheme clusters.
-std::string_view firstTwoCharacters(std::string_view text)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<UText, decltype(&utext_close)> units(
-        utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status),
-        &utext_close);
-    const std::unique_ptr<icu::BreakIterator> characters(
-        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    if (U_SUCCESS(status))
-        characters->setText(units.get(), status);
-    if (U_FAILURE(status))
-        throw std::runtime_error("ICU has no character boundaries");
-    characters->first();
-    const std::int32_t end = characters->next(2);
-    return end == icu::BreakIterator::DONE ? text : text.substr(0, static_cast<std::size_t>(end));
-}
-
-// A number under "cost" in the object "usage". Both may be missing or null; anything else in
-// their place makes the whole answer unreadable.
-std::optional<double> costOf(const dom::object& answer)
-{
-    dom::element usage;
-    if (answer["usage"].get(usage) != simdjson::SUCCESS || usage.is_null())
-        return std::nullopt;
-    dom::object figures;
-    if (usage.get(figures) != simdjson::SUCCESS)
-        throw VeskoError(VeskoError::invalidResponse);
-    dom::element cost;
-    if (figures["cost"].get(cost) != simdjson::SUCCESS || cost.is_null())
-        return std::nullopt;
-    double number = 0;
-    if (cost.get(number) != simdjson::SUCCESS)
-        throw VeskoError(VeskoError::invalidResponse);
-    return number;
-}
-
 TranscriptResult transcriptOf(const HTTPResult& result)
 {
-    dom::parser parser;
-    dom::object answer;
-    std::string_view text;
-    if (parser.parse(result.data).get(answer) != simdjson::SUCCESS
-        || answer["text"].get(text) != simdjson::SUCCESS)
-        throw VeskoError(VeskoError::invalidResponse);
-    const std::optional<double> cost = costOf(answer);
+    const ServiceAnswer answer(result.data);
+    const auto text = answer.required<std::string_view>(answer.root(), "text");
+    const std::optional<double> cost = answer.cost();
     const std::string words(trimmed(text));
     if (words.empty())
         throw VeskoError(VeskoError::emptyTranscript);
@@ -171,7 +125,7 @@ TranscriptResult OpenRouterClient::transcribe(const std::string& audio, const st
         .model = model,
         .responseFormat = "json" };
     if (language && !language->empty() && *language != "auto")
-        request.language = firstTwoCharacters(*language);
+        request.language = firstCharacters(*language, 2);
     auto body = JsonWriter::write(request, JsonWriter::Form::compact);
     return transcriptOf(send("audio/transcriptions", key, std::move(body), std::move(stop)));
 }

@@ -2,8 +2,10 @@
 
 #include "VeskoCore/library/TranscriptResult.h"
 #include "VeskoCore/speech/HttpTransport.h"
+#include "VeskoCore/speech/ProviderModel.h"
 
 #include <string_view>
+#include <vector>
 
 namespace vesko {
 
@@ -31,6 +33,22 @@ public:
     // invalidResponse, http, emptyTranscript for the answer) and URLError.
     TranscriptResult transcribe(const std::string& audio, const std::string& format,
         const std::string& model, const std::optional<std::string>& language,
+        const std::string& key, bool allowProcessing, std::stop_token stop) const;
+
+    // The models for transcription, or all of them, sorted by name as the user's locale sorts, with
+    // numbers by their value; never none. Needs no key. Throws VeskoError (http, invalidResponse)
+    // and URLError.
+    std::vector<ProviderModel> models(bool transcription, std::stop_token stop) const;
+
+    // The transcript cleaned up, translated into the language of a tag, or both, by a chat model in
+    // one exchange: translated from its `text`, else from its `rawText`. Never throws: whatever
+    // goes wrong, the transcript comes back as it was, with a `warning`. The cost of both steps is
+    // known only if each is. Asked for neither, it gives the transcript back.
+    TranscriptResult transform(TranscriptResult transcript, const std::string& model,
+        const std::string& key, bool allowProcessing, bool cleanup,
+        const std::optional<std::string>& translateTo, std::stop_token stop) const;
+    // Cleaned up only.
+    TranscriptResult clean(TranscriptResult transcript, const std::string& model,
         const std::string& key, bool allowProcessing, std::stop_token stop) const;
 
 private:

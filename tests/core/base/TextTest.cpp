@@ -28,6 +28,29 @@ TEST(Text, TrimsWhiteSpaceAndLineEndsAtBothEnds)
         EXPECT_EQ(trimmed(text), expected) << name;
 }
 
+TEST(Text, TakesTheFirstCharacters)
+{
+    struct Case {
+        const char* name;
+        std::string_view text;
+        int count;
+        std::string_view expected;
+    };
+    for (const auto& [name, text, count, expected] : {
+             Case{ "some of them", "abc"sv, 2, "ab"sv },
+             Case{ "all of them", "abc"sv, 3, "abc"sv },
+             Case{ "more than there are", "abc"sv, 4, "abc"sv },
+             Case{ "of nothing", ""sv, 1, ""sv },
+             Case{ "a combining mark belongs to its letter", "e\u0301a"sv, 1, "e\u0301"sv },
+             Case{ "a family is one", "\U0001F468\u200D\U0001F469\u200D\U0001F467!"sv, 1,
+                 "\U0001F468\u200D\U0001F469\u200D\U0001F467"sv },
+             Case{
+                 "a flag is one", "\U0001F1E9\U0001F1EA\U0001F1EB"sv, 1, "\U0001F1E9\U0001F1EA"sv },
+             Case{ "a line end of two is one", "\r\na"sv, 1, "\r\n"sv },
+         })
+        EXPECT_EQ(firstCharacters(text, count), expected) << name;
+}
+
 TEST(Text, CountsUtf16Units)
 {
     EXPECT_EQ(utf16Length(""), 0U);

@@ -1,12 +1,10 @@
 #include "VeskoCore/speech/OpenRouterClient.h"
 
-#include "VeskoCore/library/VeskoError.h"
-#include "tests/fakes/LoopbackServer.h"
+#include "tests/core/speech/OpenRouterCalls.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <simdjson.h>
 #include <utility>
 #include <vector>
 
@@ -47,18 +45,6 @@ struct Call {
     }
 };
 
-// The failure of an action, as a VeskoError; notFound, which this client never throws, for none.
-template <typename Action>
-VeskoError failure(const Action& action)
-{
-    try {
-        action();
-    } catch (const VeskoError& error) {
-        return error;
-    }
-    return VeskoError::notFound;
-}
-
 std::optional<std::string> header(const HttpRequest& request, const std::string& name)
 {
     std::optional<std::string> found;
@@ -71,25 +57,11 @@ std::optional<std::string> header(const HttpRequest& request, const std::string&
     return found;
 }
 
-// The body of the only request, read by a JSON reader that is not the client's writer.
-class SentBody {
-public:
-    explicit SentBody(const Network& network)
-    {
-        EXPECT_EQ(network.requests.size(), 1U);
-        m_root = m_parser.parse(network.requests.at(0).body.value());
-    }
-    bool has(std::string_view key) const { return m_root[key].error() == simdjson::SUCCESS; }
-    std::string text(std::string_view key) const
-    {
-        return std::string(m_root.at_pointer(key).get_string().value());
-    }
-    std::size_t size() const { return m_root.get_object().value().size(); }
-
-private:
-    simdjson::dom::parser m_parser;
-    simdjson::dom::element m_root;
-};
+const std::string& onlyBody(const Network& network)
+{
+    EXPECT_EQ(network.requests.size(), 1U);
+    return network.requests.at(0).body.value();
+}
 
 TEST(OpenRouterClient, NamesItsDefaultModels)
 {
@@ -239,14 +211,14 @@ TEST(OpenRouterClientTranscribe, TheAudioIsStandardBase64WithPaddingAndNoLineBre
     for (const auto& row : rows) {
         Network network;
         Call{ .audio = row.audio }.on(network.client());
-        EXPECT_EQ(SentBody(network).text("/input_audio/data"), row.encoded);
+        EXPECT_EQ(SentBody(onlyBody(network)).text("/input_audio/data"), row.encoded);
     }
     Network network;
     Call{ .audio = std::string(3000, 'f') }.on(network.client());
     std::string encoded;
     for (int group = 0; group < 1000; ++group)
         encoded += "ZmZm";
-    EXPECT_EQ(SentBody(network).text("/input_audio/data"), encoded);
+    EXPECT_EQ(SentBody(onlyBody(network)).text("/input_audio/data"), encoded);
 }
 
 TEST(OpenRouterClientTranscribe, ModelAndFormatTravelAsGiven)
@@ -254,7 +226,7 @@ TEST(OpenRouterClientTranscribe, ModelAndFormatTravelAsGiven)
     const std::string odd = " a\"b\\c/d\n\t\x01\x1f\x7f \u00e9 \U0001F600 ";
     Network network;
     Call{ .format = odd, .model = odd }.on(network.client());
-    const SentBody body(network);
+    const SentBody body(onlyBody(network));
     EXPECT_EQ(body.text("/model"), odd);
     EXPECT_EQ(body.text("/input_audio/format"), odd);
     EXPECT_EQ(network.requests[0].body->find('\n'), std::string::npos);
@@ -285,7 +257,7 @@ TEST(OpenRouterClientTranscribe, TheLanguageIsItsFirstTwoCharacters)
     for (const auto& row : rows) {
         Network network;
         Call{ .language = row.language }.on(network.client());
-        const SentBody body(network);
+        const SentBody body(onlyBody(network));
         EXPECT_EQ(body.has("language"), row.sent.has_value()) << row.what;
         EXPECT_EQ(body.size(), row.sent ? 4U : 3U) << row.what;
         if (row.sent && body.has("language"))
@@ -328,7 +300,7 @@ TEST(OpenRouterClientTranscribe, TheLargestAudioIsSent)
     Network network;
     Call{ .audio = std::string(OpenRouterClient::audioLimit, 'f') }.on(network.client());
     // 26,214,400 bytes leave one in the last group of three.
-    const std::string encoded = SentBody(network).text("/input_audio/data");
+    const std::string encoded = SentBody(onlyBody(network)).text("/input_audio/data");
     EXPECT_EQ(encoded.size(), 34'952'536U);
     EXPECT_EQ(encoded.substr(encoded.size() - 8), "ZmZmZg==");
 }
@@ -441,11 +413,6 @@ TEST(OpenRouterClientTranscribe, AFailedStatusWinsOverTheBody)
 }
 
 // Without a transport of its own the client speaks to a real server.
-
-OpenRouterClient clientOf(const LoopbackServer& server)
-{
-    return OpenRouterClient(server.url() + "/api/v1/");
-}
 
 TEST(OpenRouterClientOnTheWire, ASpeechCallFromBothSides)
 {
