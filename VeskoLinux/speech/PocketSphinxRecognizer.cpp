@@ -1,15 +1,13 @@
 #include "VeskoLinux/speech/PocketSphinxRecognizer.h"
 
 #include "VeskoCore/base/DynamicLibrary.h"
+#include "VeskoLinux/speech/PreferredLanguages.h"
 #include "VeskoLinux/speech/SpeechModel.h"
 #include "VeskoLinux/speech/SpeechSamples.h"
 
 #include <pocketsphinx.h>
 #include <sphinxbase/err.h>
 
-#include <algorithm>
-#include <array>
-#include <cstdlib>
 #include <stdexcept>
 
 namespace vesko {
@@ -120,19 +118,10 @@ bool PocketSphinxRecognizer::supports(const std::string& language) const
     return SpeechModel::find(m_models, language).has_value();
 }
 
-// By the rules of the environment: the language of the messages.
 std::string PocketSphinxRecognizer::systemLanguage() const
 {
-    for (const char* variable : std::array{ "LC_ALL", "LC_MESSAGES", "LANG" }) {
-        const char* value = std::getenv(variable);
-        if (!value || !*value)
-            continue;
-        const std::string locale(value);
-        std::string tag = locale.substr(0, locale.find_first_of(".@"));
-        std::ranges::replace(tag, '_', '-');
-        return tag == "C" || tag == "POSIX" ? "en" : tag;
-    }
-    return "en";
+    const auto languages = preferredLanguages();
+    return languages.empty() ? "en" : languages.front();
 }
 
 std::unique_ptr<OnDeviceRecognizer::Recognition> PocketSphinxRecognizer::recognize(

@@ -7,7 +7,6 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <sys/inotify.h>
@@ -292,54 +291,6 @@ TEST(DamagedModel, failsAndSparesTheProgram)
             },
             testing::ExitedWithCode(0), "")
             << content;
-}
-
-struct Environment {
-    const char* described;
-    const char* all;
-    const char* messages;
-    const char* lang;
-    const char* language;
-};
-
-TEST(SystemLanguage, isWhatTheEnvironmentSays)
-{
-    const Environment table[] = {
-        { "nothing set", nullptr, nullptr, nullptr, "en" },
-        { "all empty", "", "", "", "en" },
-        { "the usual", nullptr, nullptr, "en_US.UTF-8", "en-US" },
-        { "another language", nullptr, nullptr, "de_DE.UTF-8", "de-DE" },
-        { "without an encoding", nullptr, nullptr, "pt_BR", "pt-BR" },
-        { "without a region", nullptr, nullptr, "fr", "fr" },
-        { "with a variant", nullptr, nullptr, "ca_ES@valencia", "ca-ES" },
-        { "with both", nullptr, nullptr, "sr_RS.UTF-8@latin", "sr-RS" },
-        { "messages before the rest", nullptr, "de_AT.UTF-8", "en_US.UTF-8", "de-AT" },
-        { "all before messages", "fr_FR.UTF-8", "de_DE.UTF-8", "en_US.UTF-8", "fr-FR" },
-        { "an empty one says nothing", "", "", "de_DE.UTF-8", "de-DE" },
-        { "C", nullptr, nullptr, "C", "en" },
-        { "POSIX", nullptr, nullptr, "POSIX", "en" },
-        { "C with an encoding", nullptr, nullptr, "C.UTF-8", "en" },
-        { "C hides the rest", "C.UTF-8", "de_DE.UTF-8", "de_DE.UTF-8", "en" },
-    };
-    const std::array<const char*, 3> names{ "LC_ALL", "LC_MESSAGES", "LANG" };
-    std::array<std::optional<std::string>, 3> earlier;
-    for (std::size_t i = 0; i < names.size(); ++i)
-        if (const char* value = std::getenv(names[i]))
-            earlier[i] = value;
-    const auto put = [](const char* name, const char* value) {
-        value ? ::setenv(name, value, 1) : ::unsetenv(name);
-    };
-
-    const PocketSphinxRecognizer recognizer;
-    for (const auto& row : table) {
-        put("LC_ALL", row.all);
-        put("LC_MESSAGES", row.messages);
-        put("LANG", row.lang);
-        EXPECT_EQ(recognizer.systemLanguage(), row.language) << row.described;
-    }
-
-    for (std::size_t i = 0; i < names.size(); ++i)
-        put(names[i], earlier[i] ? earlier[i]->c_str() : nullptr);
 }
 
 } // namespace
