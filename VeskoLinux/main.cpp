@@ -19,7 +19,9 @@
 #include "VeskoLinux/input/X11KeyMonitor.h"
 #include "VeskoLinux/input/X11PasteKeystroke.h"
 #include "VeskoLinux/secrets/SecretServiceStore.h"
+#include "VeskoLinux/speech/Cld2LanguageRecognizer.h"
 #include "VeskoLinux/speech/PocketSphinxRecognizer.h"
+#include "VeskoLinux/speech/PreferredLanguages.h"
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
@@ -105,6 +107,7 @@ int runApplication(int argc, char** argv)
     GstRecorder recorder;
     GstPlayer player;
     PocketSphinxRecognizer recognizer;
+    Cld2LanguageRecognizer textLanguage;
     AtspiFocusedField focusedField;
     SentKeys sentKeys(clock);
     X11KeyMonitor keys(sentKeys, clock);
@@ -115,8 +118,9 @@ int runApplication(int argc, char** argv)
     CborSettings settings(configFolder());
     XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
-    Platform platform{ clock, recorder, player, recognizer, focusedField, pasteKeystroke, clipboard,
-        shortcut, keys, secrets, settings, loginItem, statusItem };
+    Platform platform{ clock, recorder, player, recognizer, textLanguage, focusedField,
+        pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
+        preferredLanguages() };
 
     AppModel model(
         platform, [&library] { return library.get(); },

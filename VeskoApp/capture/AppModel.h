@@ -5,6 +5,7 @@
 #include "VeskoApp/capture/AppleTranscriber.h"
 #include "VeskoApp/capture/AudioCapture.h"
 #include "VeskoApp/capture/CaptureSettings.h"
+#include "VeskoApp/capture/LanguageQuestion.h"
 #include "VeskoApp/capture/Phase.h"
 #include "VeskoApp/insertion/FocusDestination.h"
 #include "VeskoApp/platform/Platform.h"
@@ -15,6 +16,7 @@
 #include "VeskoCore/speech/OpenRouterClient.h"
 
 #include <QObject>
+#include <QVariant>
 
 #include <functional>
 #include <memory>
@@ -37,6 +39,13 @@ class AppModel : public QObject {
     Q_PROPERTY(QString errorMessage READ errorText NOTIFY errorMessageChanged)
     Q_PROPERTY(QString shortcutMessage READ shortcutText NOTIFY shortcutMessageChanged)
     Q_PROPERTY(bool libraryReady READ libraryReady NOTIFY libraryReadyChanged)
+    // "options", each with its "tag" and "name", and a "note"; undefined if there is none.
+    Q_PROPERTY(QVariant languageQuestion READ shownLanguageQuestion NOTIFY languageQuestionChanged)
+    // Rows with "id" and "name".
+    Q_PROPERTY(QVariantList sttModels READ shownSTTModels NOTIFY catalogChanged)
+    Q_PROPERTY(QVariantList textModels READ shownTextModels NOTIFY catalogChanged)
+    Q_PROPERTY(bool catalogLoading READ catalogLoading NOTIFY catalogLoadingChanged)
+    Q_PROPERTY(QString catalogMessage READ catalogText NOTIFY catalogMessageChanged)
 
 public:
     // Opens the library by `open`, off the main thread; captures are dropped until it is ready.
@@ -56,6 +65,13 @@ public:
     void handleFn(FnShortcutAction action);
     // Transcribes a stored recording again, with today's settings.
     void retry(const Recording& recording, bool copyWhenDone);
+    // Answers the language question. An answer other than what was detected transcribes the
+    // recording again, if nothing else is under way.
+    Q_INVOKABLE void chooseLanguage(const QString& code);
+    // The other answer: the language stays to be detected, and nobody asks again.
+    Q_INVOKABLE void keepAutomaticLanguage();
+    // Loads both lists of models anew, unless that is under way. The choices of the user stay.
+    Q_INVOKABLE void refreshCatalog();
     // Plays a stored recording, or stops it if it is the one that plays.
     void play(const Recording& recording);
     void stopPlayback();
@@ -77,6 +93,12 @@ public:
     bool pushToTalk() const { return m_pushToTalk; }
     bool libraryReady() const { return m_libraryReady; }
     std::optional<Uuid> playingID() const { return m_playingID; }
+    const std::optional<LanguageQuestion>& languageQuestion() const { return m_languageQuestion; }
+    // Empty until loaded.
+    const std::vector<ProviderModel>& sttModels() const { return m_sttModels; }
+    const std::vector<ProviderModel>& textModels() const { return m_textModels; }
+    bool catalogLoading() const { return m_catalogLoading; }
+    const std::string& catalogMessage() const { return m_catalogMessage; } // empty for none
     // The status and error lines, as keys of the catalogues; an empty error line is none.
     const std::string& message() const { return m_message; }
     const std::string& errorMessage() const { return m_errorMessage; }
@@ -85,6 +107,10 @@ public:
     QString messageText() const;
     QString errorText() const;
     QString shortcutText() const;
+    QVariant shownLanguageQuestion() const;
+    QVariantList shownSTTModels() const;
+    QVariantList shownTextModels() const;
+    QString catalogText() const;
 
     // What the library window shows.
     std::optional<Uuid> selectedNote;
@@ -103,6 +129,10 @@ Q_SIGNALS:
     void libraryReadyChanged();
     void libraryChanged();
     void playingChanged();
+    void languageQuestionChanged();
+    void catalogChanged();
+    void catalogLoadingChanged();
+    void catalogMessageChanged();
 
 private:
     // The field of a capture: settled at the trigger, read by the time the text is ready.
@@ -157,10 +187,24 @@ private:
     Task<> loadKey(std::string account, ServiceKey into);
     Task<TranscriptResult> recognize(
         std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key);
-    Task<TranscriptResult> runAttempt(Uuid recordingID, Uuid attemptID, std::filesystem::path audio,
-        CaptureSettings settings, std::optional<ServiceKey> key);
+    Task<TranscriptResult> runAttempt(Recording recording, Uuid attemptID,
+        std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key);
     Task<> deliver(std::string text, bool paste, std::optional<Destination> destination);
     Task<> runFailed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
+
+    // AppModelTransform.cpp
+    Task<TranscriptResult> transformTranscript(
+        Uuid recordingID, Uuid attemptID, TranscriptResult result, CaptureSettings settings);
+    Task<std::optional<std::string>> transformKey(std::string keySource);
+
+    // AppModelLanguage.cpp
+    void askLanguage(const std::string& text, const Recording& recording);
+    void setLanguageQuestion(std::optional<LanguageQuestion> question);
+
+    // AppModelCatalog.cpp
+    using LoadedModels = Eventual<std::optional<std::vector<ProviderModel>>>;
+    Task<> loadCatalog();
+    Task<> loadModels(Worker& network, bool transcription, LoadedModels into);
 
     // AppModelPlayback.cpp
     Task<> startPlayback(Recording recording, Uuid token);
@@ -190,6 +234,13 @@ private:
     bool m_fnFinishAfterStart = false; // its key came up during that start
     bool m_fnDiscardPending = false; // it became a combination during that start
 
+    std::optional<LanguageQuestion> m_languageQuestion;
+
+    std::vector<ProviderModel> m_sttModels;
+    std::vector<ProviderModel> m_textModels;
+    bool m_catalogLoading = false;
+    std::string m_catalogMessage;
+
     std::optional<Uuid> m_playingID;
     std::optional<Uuid> m_playbackToken; // tells the latest request from a stale one
     Timer m_playbackEnd;
@@ -197,6 +248,8 @@ private:
     // Last, so that tasks end before what they use, and the workers before the tasks' objects.
     Serialized<LibraryStore> m_store;
     Worker m_network;
+    Worker m_sttCatalog; // the two lists are loaded at the same time, and beside a dictation
+    Worker m_textCatalog;
     TaskScope m_tasks;
 };
 

@@ -47,7 +47,7 @@ Task<> AppModel::transcribe(Recording recording, CaptureSettings settings,
         co_await refreshLibrary();
         auto audio = co_await m_store.run(
             [recording](const LibraryStore& store) { return store.audioURL(recording); });
-        result = co_await runAttempt(recording.id, attempt.id, std::move(audio), settings, key);
+        result = co_await runAttempt(recording, attempt.id, std::move(audio), settings, key);
         co_await refreshLibrary();
     } catch (...) {
         failure = std::current_exception();
@@ -68,15 +68,18 @@ Task<> AppModel::transcribe(Recording recording, CaptureSettings settings,
 }
 
 // From speech to the final text; once completeAttempt has succeeded the transcript is safe.
-Task<TranscriptResult> AppModel::runAttempt(Uuid recordingID, Uuid attemptID,
+Task<TranscriptResult> AppModel::runAttempt(Recording recording, Uuid attemptID,
     std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key)
 {
     TranscriptResult result = co_await recognize(std::move(audio), settings, std::move(key));
     // The personal dictionary is applied to result.text here once there is one.
-    co_await m_store.run([recordingID, attemptID, result](LibraryStore& store) {
-        store.completeAttempt(recordingID, attemptID, result);
+    co_await m_store.run([id = recording.id, attemptID, result](LibraryStore& store) {
+        store.completeAttempt(id, attemptID, result);
     });
-    // The language question is raised here, and cleanup and translation follow, once they exist.
+    if (settings.language == "auto")
+        askLanguage(result.rawText, recording);
+    if (settings.cleanup || settings.translateTo)
+        result = co_await transformTranscript(recording.id, attemptID, result, settings);
     co_return result;
 }
 

@@ -12,6 +12,10 @@
 #include "VeskoApp/platform/SecretStore.h"
 #include "VeskoApp/platform/SettingsStore.h"
 #include "VeskoApp/platform/StatusItem.h"
+#include "VeskoApp/platform/TextLanguageRecognizer.h"
+
+#include <string>
+#include <vector>
 
 namespace vesko {
 
@@ -22,6 +26,7 @@ struct Platform {
     AudioRecorder& recorder;
     AudioPlayer& player;
     OnDeviceRecognizer& recognizer;
+    TextLanguageRecognizer& textLanguage;
     FocusedField& focusedField;
     PasteKeystroke& pasteKeystroke;
     Clipboard& clipboard;
@@ -31,6 +36,7 @@ struct Platform {
     SettingsStore& settings;
     LoginItem& loginItem;
     StatusItem& statusItem;
+    std::vector<std::string> preferredLanguages; // tags, the user's first language first
 };
 
 } // namespace vesko

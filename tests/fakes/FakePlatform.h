@@ -12,6 +12,7 @@
 #include "tests/fakes/FakeSecretStore.h"
 #include "tests/fakes/FakeSettingsStore.h"
 #include "tests/fakes/FakeStatusItem.h"
+#include "tests/fakes/FakeTextLanguageRecognizer.h"
 #include "tests/fakes/TestClock.h"
 
 namespace vesko {
@@ -22,6 +23,7 @@ struct FakePlatform {
     FakeAudioRecorder recorder{ clock };
     FakeAudioPlayer player;
     FakeOnDeviceRecognizer recognizer;
+    FakeTextLanguageRecognizer textLanguage;
     FakeFocusedField focusedField;
     FakePasteKeystroke pasteKeystroke;
     FakeClipboard clipboard;
@@ -37,6 +39,7 @@ struct FakePlatform {
         .recorder = recorder,
         .player = player,
         .recognizer = recognizer,
+        .textLanguage = textLanguage,
         .focusedField = focusedField,
         .pasteKeystroke = pasteKeystroke,
         .clipboard = clipboard,
@@ -46,6 +49,7 @@ struct FakePlatform {
         .settings = settings,
         .loginItem = loginItem,
         .statusItem = statusItem,
+        .preferredLanguages = { "en-US" },
     };
 };
 
