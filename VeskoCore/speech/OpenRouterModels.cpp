@@ -72,10 +72,12 @@ void sortByName(std::vector<ProviderModel>& models)
         throw std::runtime_error("ICU has no order of texts");
     // The number of a model keeps those of one name in their order.
     std::vector<std::pair<std::string, std::size_t>> keys;
+    keys.reserve(models.size());
     for (const auto& model : models)
         keys.emplace_back(sortKey(*order, model.name), keys.size());
     std::ranges::sort(keys);
     std::vector<ProviderModel> sorted;
+    sorted.reserve(models.size());
     for (const auto& [key, index] : keys)
         sorted.push_back(std::move(models[index]));
     models = std::move(sorted);

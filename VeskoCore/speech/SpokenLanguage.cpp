@@ -9,7 +9,6 @@
 #include <unicode/uchar.h>
 #include <unicode/uloc.h>
 #include <unicode/unistr.h>
-#include <unicode/utf8.h>
 #include <utility>
 
 namespace vesko::SpokenLanguage {
@@ -108,13 +107,10 @@ std::string displayName(
 
 std::size_t letters(std::string_view text)
 {
-    const auto* data = reinterpret_cast<const std::uint8_t*>(text.data());
-    const auto size = static_cast<std::int32_t>(text.size());
+    const auto units = icu::UnicodeString::fromUTF8(text);
     std::size_t count = 0;
-    for (std::int32_t at = 0; at < size;) {
-        UChar32 character;
-        U8_NEXT(data, at, size, character);
-        if (character >= 0 && (U_GET_GC_MASK(character) & (U_GC_L_MASK | U_GC_M_MASK)))
+    for (std::int32_t at = 0; at < units.length(); at = units.moveIndex32(at, 1)) {
+        if (U_GET_GC_MASK(units.char32At(at)) & (U_GC_L_MASK | U_GC_M_MASK))
             ++count;
     }
     return count;

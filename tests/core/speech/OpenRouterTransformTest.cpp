@@ -362,7 +362,9 @@ TEST_F(OpenRouterTransform, ACancelledExchangeKeepsTheTranscript)
 
 TEST_F(OpenRouterTransform, ALongAnswerArrivesWhole)
 {
-    const std::string words(10'000'000, 'x');
+    std::string words;
+    while (words.size() < 10'000'000)
+        words += "words that follow words";
     EXPECT_EQ(answered(said(words)).text, words);
 }
 

@@ -1,14 +1,14 @@
 #include "VeskoCore/speech/SpokenLanguage.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace vesko {
 namespace {
 
 using namespace SpokenLanguage;
 using namespace std::string_view_literals;
-using testing::ElementsAre;
 using Tags = std::vector<std::string>;
 
 TEST(SpokenLanguage, TheCodeIsThePartBeforeTheFirstHyphen)
