@@ -83,13 +83,13 @@ QVariant AppModel::shownLanguageQuestion() const
 {
     if (!m_languageQuestion)
         return {};
-    const auto& [detected, tags, recording] = *m_languageQuestion;
+    const LanguageQuestion& question = *m_languageQuestion;
     QVariantList options;
-    for (const auto& tag : tags)
+    for (const auto& tag : question.options)
         options << QVariantMap{ { QStringLiteral("tag"), QString::fromStdString(tag) },
             { QStringLiteral("name"), shownName(tag) } };
-    const bool redoes = std::ranges::any_of(
-        tags, [&](const std::string& tag) { return SpokenLanguage::needsRedo(tag, detected); });
+    const bool redoes = std::ranges::any_of(question.options,
+        [&](const std::string& tag) { return SpokenLanguage::needsRedo(tag, question.detected); });
     const char* note = redoes
         ? L10N_KEY("Vesko",
               "Vesko will use it for dictation. Another language transcribes the last recording "

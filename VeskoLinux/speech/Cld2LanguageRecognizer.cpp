@@ -30,10 +30,9 @@ Detection detected(std::string_view text)
     int letters = 0;
     bool reliable = false;
     int valid = 0;
-    const auto size = static_cast<int>(text.size());
-    CLD2::ExtDetectLanguageSummaryCheckUTF8(text.data(), size, true, &none, 0, languages.data(),
-        percents.data(), scores.data(), nullptr, &letters, &reliable, &valid);
-    if (valid < size)
+    CLD2::ExtDetectLanguageSummaryCheckUTF8(text.data(), static_cast<int>(text.size()), true, &none,
+        0, languages.data(), percents.data(), scores.data(), nullptr, &letters, &reliable, &valid);
+    if (static_cast<std::size_t>(valid) < text.size())
         return {};
     return { .language = languages[0], .percent = percents[0], .reliable = reliable };
 }

@@ -201,6 +201,7 @@ TEST_F(TransformTest, WithoutAKeyTheTranscriptIsKeptAndNobodyIsAsked)
         take(machine.secrets);
         run();
         expectKept(warning);
+        EXPECT_EQ(lastRecording().attempts.back().errorMessage, std::nullopt);
     }
     EXPECT_EQ(server.connections(), 0U);
 }
