@@ -138,11 +138,19 @@ private:
     // The field of a capture: settled at the trigger, read by the time the text is ready.
     using Destination = Eventual<std::optional<FocusDestination>>;
 
+    // What the secret store gives for a service's key.
+    struct KeyOutcome {
+        std::optional<std::string> key;
+        std::exception_ptr failure;
+    };
+    using ServiceKey = Eventual<KeyOutcome>;
+
     struct ActiveCapture {
         Recording recording;
         bool dictation = false; // ends on the clipboard and in a field
         std::optional<Destination> destination;
         CaptureSettings settings;
+        std::optional<ServiceKey> key; // being fetched while the user speaks
     };
 
     // AppModel.cpp
@@ -178,13 +186,11 @@ private:
 
     // AppModelRun.cpp
     Task<> transcribe(Recording recording, CaptureSettings settings,
-        std::optional<Destination> destination, bool copyWhenDone);
-    struct KeyOutcome {
-        std::optional<std::string> key;
-        std::exception_ptr failure;
-    };
-    using ServiceKey = Eventual<KeyOutcome>;
-    Task<> loadKey(std::string account, ServiceKey into);
+        std::optional<Destination> destination, bool copyWhenDone,
+        std::optional<ServiceKey> early = std::nullopt);
+    std::optional<ServiceKey> fetchKey(
+        const CaptureSettings& settings, std::optional<ServiceKey> early = std::nullopt);
+    Task<> loadKey(std::string account, std::optional<ServiceKey> early, ServiceKey into);
     Task<TranscriptResult> recognize(
         std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key);
     Task<TranscriptResult> runAttempt(Recording recording, Uuid attemptID,

@@ -106,7 +106,9 @@ Task<> AppModel::startRecording(
         co_return;
     }
 
-    m_active = ActiveCapture{ *recording, dictation, std::move(destination), std::move(frozen) };
+    auto key = fetchKey(frozen);
+    m_active = ActiveCapture{ *recording, dictation, std::move(destination), std::move(frozen),
+        std::move(key) };
     if (fromFn) {
         m_fnTarget = recording->id;
         m_fnPendingStart = false;
@@ -209,7 +211,7 @@ Task<> AppModel::finishAndTranscribe(ActiveCapture capture, double duration)
         co_return;
     }
     co_await transcribe(capture.recording, capture.settings,
-        capture.dictation ? capture.destination : std::nullopt, capture.dictation);
+        capture.dictation ? capture.destination : std::nullopt, capture.dictation, capture.key);
 }
 
 void AppModel::recordingFailed(std::string message)

@@ -20,17 +20,14 @@ void AppModel::retry(const Recording& recording, bool copyWhenDone)
 }
 
 Task<> AppModel::transcribe(Recording recording, CaptureSettings settings,
-    std::optional<Destination> destination, bool copyWhenDone)
+    std::optional<Destination> destination, bool copyWhenDone, std::optional<ServiceKey> early)
 {
     if (!m_libraryReady) {
         setPhase(Phase::idle);
         co_return;
     }
     const bool apple = settings.provider == "apple";
-    // The secret store takes its time, and the library meanwhile its own.
-    std::optional<ServiceKey> key;
-    if (!apple)
-        m_tasks.spawn(loadKey(Preferences::keyAccount(settings.keySource), key.emplace()));
+    const auto key = fetchKey(settings, std::move(early));
     std::optional<Uuid> attemptID;
     TranscriptResult result;
     std::exception_ptr failure;
@@ -83,13 +80,30 @@ Task<TranscriptResult> AppModel::runAttempt(Recording recording, Uuid attemptID,
     co_return result;
 }
 
-Task<> AppModel::loadKey(std::string account, ServiceKey into)
+// None where no service needs one.
+std::optional<AppModel::ServiceKey> AppModel::fetchKey(
+    const CaptureSettings& settings, std::optional<ServiceKey> early)
+{
+    if (settings.provider == "apple")
+        return std::nullopt;
+    ServiceKey key;
+    m_tasks.spawn(loadKey(Preferences::keyAccount(settings.keySource), std::move(early), key));
+    return key;
+}
+
+Task<> AppModel::loadKey(std::string account, std::optional<ServiceKey> early, ServiceKey into)
 {
     KeyOutcome outcome;
-    try {
-        outcome.key = co_await m_keychain.load(std::move(account));
-    } catch (const std::exception&) {
-        outcome.failure = std::current_exception();
+    if (early)
+        outcome = co_await *early;
+    // What was missing when the recording began may be there by now.
+    if (!outcome.key || outcome.key->empty()) {
+        outcome = {};
+        try {
+            outcome.key = co_await m_keychain.load(std::move(account));
+        } catch (const std::exception&) {
+            outcome.failure = std::current_exception();
+        }
     }
     into.set(std::move(outcome));
 }

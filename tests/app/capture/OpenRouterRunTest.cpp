@@ -69,6 +69,31 @@ TEST_F(OpenRouterRunTest, TheAudioIsSentAndTheTextDelivered)
     EXPECT_TRUE(machine.recognizer.audio.empty());
 }
 
+TEST_F(OpenRouterRunTest, TheKeyIsFetchedWhileTheUserSpeaks)
+{
+    open();
+    say("hello");
+    dictate();
+    ASSERT_TRUE(eventually([&] { return machine.secrets.loads() == 1; }));
+    drainEvents();
+    machine.secrets.lock();
+    finish();
+    EXPECT_EQ(onlyNote().body, "hello");
+}
+
+TEST_F(OpenRouterRunTest, AKeyThatIsEnteredWhileTheUserSpeaksCounts)
+{
+    machine.secrets.remove("vesko-access");
+    open();
+    say("hello");
+    dictate();
+    ASSERT_TRUE(eventually([&] { return machine.secrets.loads() == 1; }));
+    machine.secrets.put("vesko-access", "sk-late");
+    finish();
+    EXPECT_EQ(server.onlyRequest().header("Authorization"), "Bearer sk-late");
+    EXPECT_EQ(onlyNote().body, "hello");
+}
+
 TEST_F(OpenRouterRunTest, AnUnknownProviderMeansOpenRouter)
 {
     choose("provider", std::string("carrier pigeon"));
