@@ -9,6 +9,21 @@ namespace vesko {
 // Bytes that are not UTF-8 count as characters that are not white space.
 std::string_view trimmed(std::string_view text);
 
+// The first piece of the text that is not empty when it is cut at line ends of every kind: LF, CR,
+// CR LF, vertical tab, form feed, next line, line and paragraph separator. Empty if there is none.
+std::string_view firstLine(std::string_view text);
+
+// The text's beginning of up to so many characters, that is extended grapheme clusters.
+std::string_view firstCharacters(std::string_view text, std::size_t count);
+std::size_t characterCount(std::string_view text);
+
+// Whether the two show the same text: a letter with its accent may be encoded as one code point or
+// as two (canonical equivalence).
+bool sameText(std::string_view a, std::string_view b);
+// The same, and upper and lower case count as one, also where a letter's other case is two ("ß" and
+// "SS"). Independent of the language.
+bool sameIgnoringCase(std::string_view a, std::string_view b);
+
 // How many UTF-16 code units the text takes; accessibility offsets count in these.
 std::size_t utf16Length(std::string_view text);
 

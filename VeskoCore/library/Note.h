@@ -18,6 +18,13 @@ struct Note {
     std::optional<Date> deletedAt; // set: the note is in the Trash
     std::vector<Recording> recordings; // in creation order
 
+    // The note with the title and body of an editor's draft. When the editor's text is based on
+    // another body than the note has now (`baseBody`, if known), and the last to change the note
+    // was a transcript, the draft is joined with it: what was added at the end is added to the
+    // draft, and any other body follows the draft whole, below a line that says so. The dates stay.
+    Note applyingDraft(const std::string& draftTitle, const std::string& draftBody,
+        const std::optional<std::string>& baseBody) const;
+
     bool operator==(const Note&) const = default;
 };
 

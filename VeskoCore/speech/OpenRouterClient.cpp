@@ -10,9 +10,6 @@
 #include <memory>
 #include <openssl/evp.h>
 #include <simdjson.h>
-#include <stdexcept>
-#include <unicode/brkiter.h>
-#include <unicode/utext.h>
 
 namespace vesko {
 
@@ -54,24 +51,6 @@ std::string base64(std::string_view bytes)
     EVP_EncodeBlock(reinterpret_cast<unsigned char*>(text.data()),
         reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));
     return text;
-}
-
-// The first two extended grapheme clusters.
-std::string_view firstTwoCharacters(std::string_view text)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<UText, decltype(&utext_close)> units(
-        utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(text.size()), &status),
-        &utext_close);
-    const std::unique_ptr<icu::BreakIterator> characters(
-        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    if (U_SUCCESS(status))
-        characters->setText(units.get(), status);
-    if (U_FAILURE(status))
-        throw std::runtime_error("ICU has no character boundaries");
-    characters->first();
-    const std::int32_t end = characters->next(2);
-    return end == icu::BreakIterator::DONE ? text : text.substr(0, static_cast<std::size_t>(end));
 }
 
 // A number under "cost" in the object "usage". Both may be missing or null; anything else in
@@ -168,7 +147,7 @@ TranscriptResult OpenRouterClient::transcribe(const std::string& audio, const st
         .model = model,
         .responseFormat = "json" };
     if (language && !language->empty() && *language != "auto")
-        request.language = firstTwoCharacters(*language);
+        request.language = firstCharacters(*language, 2);
     auto body = JsonWriter::write(request, JsonWriter::Form::compact);
     return transcriptOf(send("audio/transcriptions", key, std::move(body), std::move(stop)));
 }
