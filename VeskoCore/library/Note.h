@@ -25,6 +25,19 @@ struct Note {
     Note applyingDraft(const std::string& draftTitle, const std::string& draftBody,
         const std::optional<std::string>& baseBody) const;
 
+    // What the note is called: its title, else the first line of its body, up to 80 characters of
+    // it, else a key that says there is neither.
+    std::string displayTitle() const;
+    // What kind of note it is in words, a key; the prompt where a title could stand.
+    const char* untitledLabel() const;
+    // What a list calls it: a capture without a title is shown as its kind, not as its text.
+    std::string listTitle() const;
+    // Title and text, or the one there is. The text is the body, else the newest that was heard.
+    std::string clipboardText() const;
+    // The file that an export writes: title, project, body and every raw transcript, nothing
+    // escaped.
+    std::string markdown(const std::optional<std::string>& project) const;
+
     bool operator==(const Note&) const = default;
 };
 
