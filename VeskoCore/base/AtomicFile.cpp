@@ -73,6 +73,20 @@ void AtomicFile::write(const Producer& producer)
     dropPrevious();
 }
 
+void AtomicFile::renewBackup()
+{
+    // A copy, not a second name: whatever befalls the one file must not befall the other.
+    const auto fresh = temporaryFor(m_previous);
+    try {
+        copy(m_path, fresh);
+        m_files.rename(fresh, m_previous);
+        syncFolder();
+    } catch (...) {
+        discard(fresh);
+        throw;
+    }
+}
+
 void AtomicFile::dropPrevious()
 {
     if (!m_keepsPrevious)
@@ -121,9 +135,14 @@ void AtomicFile::linkOrCopy(const std::filesystem::path& from, const std::filesy
             m_files.setPermissions(file, ownerOnly);
     } catch (const std::system_error&) {
         // Not every file system has links, nor may everybody's files be linked.
-        if (const auto bytes = readFile(m_files, from, std::numeric_limits<off_t>::max()))
-            fill(to, [&](const Output& output) { output(*bytes); });
+        copy(from, to);
     }
+}
+
+void AtomicFile::copy(const std::filesystem::path& from, const std::filesystem::path& to)
+{
+    if (const auto bytes = readFile(m_files, from, std::numeric_limits<off_t>::max()))
+        fill(to, [&](const Output& output) { output(*bytes); });
 }
 
 void AtomicFile::syncFolder()

@@ -31,10 +31,15 @@ public:
     using Producer = std::function<void(const Output&)>;
     void write(const Producer& producer);
 
+    // Makes the backup a copy of the content as it stands, so that nothing older is kept. Throws
+    // std::system_error, and then the backup is either this or the one before.
+    void renewBackup();
+
 private:
     void fill(const std::filesystem::path& path, const Producer& producer);
     void duplicate(const std::filesystem::path& from, const std::filesystem::path& to);
     void linkOrCopy(const std::filesystem::path& from, const std::filesystem::path& to);
+    void copy(const std::filesystem::path& from, const std::filesystem::path& to);
     void dropPrevious();
     void syncFolder();
     void discard(const std::filesystem::path& path);

@@ -16,6 +16,13 @@ struct Library {
     SharedArray<Note> notes; // in creation order
     SharedArray<DictionaryEntry> dictionary; // in insertion order, at most 1,000
 
+    // The notes in the Trash or those outside it, of one project or of all, that contain the query
+    // in their title, their body or a raw transcript (as TextSearch finds it, in the current
+    // locale; an empty query is in every note). Newest change first, notes of one moment in the
+    // order of the library.
+    SharedArray<Note> filtered(
+        const std::optional<Uuid>& projectID, std::string_view query, bool trash) const;
+
     bool operator==(const Library&) const = default;
 };
 

@@ -142,12 +142,17 @@ LibraryStore::Location LibraryStore::location(const Uuid& recordingID) const
     throw VeskoError(VeskoError::notFound);
 }
 
+std::size_t LibraryStore::noteIndex(const Uuid& id) const
+{
+    const auto found = std::ranges::find(m_library.notes, id, &Note::id);
+    if (found == m_library.notes.end())
+        throw VeskoError(VeskoError::notFound);
+    return static_cast<std::size_t>(found - m_library.notes.begin());
+}
+
 Note LibraryStore::createNote(NoteKind kind, std::optional<Uuid> projectID)
 {
-    if (projectID
-        && std::ranges::find(m_library.projects, *projectID, &Project::id)
-            == m_library.projects.end())
-        throw VeskoError(VeskoError::notFound);
+    requireProject(projectID);
     Note note;
     note.id = Uuid::random();
     note.kind = kind;

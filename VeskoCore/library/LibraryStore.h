@@ -5,6 +5,7 @@
 #include "VeskoCore/base/FileLock.h"
 #include "VeskoCore/base/FileSystem.h"
 #include "VeskoCore/base/JsonCache.h"
+#include "VeskoCore/library/DictionarySuggestion.h"
 #include "VeskoCore/library/Library.h"
 #include "VeskoCore/library/TranscriptResult.h"
 #include "VeskoCore/library/VeskoError.h"
@@ -31,6 +32,36 @@ public:
 
     // A new empty note at the end. notFound for an unknown project.
     Note createNote(NoteKind kind, std::optional<Uuid> projectID);
+    // Takes title and body from an editor that started with `baseBody`, as Note::applyingDraft
+    // does.
+    void editNote(const Uuid& id, const std::string& title, const std::string& body,
+        const std::optional<std::string>& baseBody);
+    // Moves the note to a project, or out of all. notFound for an unknown one.
+    void assignNote(const Uuid& id, std::optional<Uuid> projectID);
+    // Into the Trash and out of it. libraryBusy while the note is captured or transcribed.
+    void trashNote(const Uuid& id);
+    void restoreNote(const Uuid& id);
+    // Removes a note in the Trash with its audio, from the document and from its backup; notFound
+    // for a note elsewhere. First goes the audio: when that fails, with unsafePath or with the
+    // system's std::system_error, the note stays, without the files that are gone by then. When
+    // only the backup fails, with storage, the note is gone and the backup may still hold it until
+    // the next change.
+    void deletePermanently(const Uuid& id);
+
+    // Names are trimmed and have 1 to 80 characters, else invalidProject. duplicateProject when
+    // another project has the name, ignoring case.
+    Project createProject(const std::string& name);
+    void renameProject(const Uuid& id, const std::string& name);
+
+    // Adds the entry, or replaces the one with its id. The terms are trimmed; invalidDictionary
+    // unless they differ, have 1 to 80 characters in one line, and there is room for a new entry.
+    // duplicateDictionary when another entry is for this original, ignoring case.
+    void saveDictionaryEntry(const DictionaryEntry& entry);
+    // An unknown entry is fine.
+    void removeDictionaryEntry(const Uuid& id);
+    // Adds an entry for each suggestion whose original has none yet, ignoring case, while there is
+    // room: enabled if it is automatic, else for the user to decide. How many were added.
+    std::size_t learnCorrections(const std::vector<DictionarySuggestion>& suggestions);
 
     // A new recording in a note that is not in the Trash, on disk before the first sample.
     Recording beginRecording(const Uuid& noteID);
@@ -62,8 +93,14 @@ private:
     };
 
     void open();
-    // Throws notFound.
+    // These throw notFound.
     Location location(const Uuid& recordingID) const;
+    std::size_t noteIndex(const Uuid& id) const;
+    void requireProject(const std::optional<Uuid>& id) const;
+
+    void setTrash(const Uuid& id, std::optional<Date> date);
+    // The system's error, unless there is no such file.
+    void removeAudio(const std::filesystem::path& path);
     // Saves a changed copy of the document and, only when that went well, makes it the document.
     void save(Library changed);
     // Saves the document with a note that `change` has worked on.

@@ -17,6 +17,7 @@ protected:
 
     // A note with two recordings: one waits for an attempt, the other has a finished one. A running
     // attempt is begun by the test itself, since opening would repair one that stands in the file.
+    // And another note, a project and an entry.
     void given()
     {
         idle = recordingWith(RecordingStatus::recorded);
@@ -31,6 +32,13 @@ protected:
         noteID = note.id;
         Library library;
         library.notes = { note };
+        spare.id = Uuid::random();
+        spare.createdAt = spare.updatedAt = note.createdAt;
+        library.notes.append(spare);
+        project = { Uuid::random(), "Work", note.createdAt };
+        library.projects = { project };
+        entry = { Uuid::random(), "a", "b", true, DictionaryEntry::Source::manual, note.createdAt };
+        library.dictionary = { entry };
         std::filesystem::remove_all(root);
         put(library);
     }
@@ -57,11 +65,31 @@ protected:
                 [&](LibraryStore& store) {
                     store.failAttempt(done.id, done.attempts[0].id, "x");
                 } },
+            { "editNote",
+                [&](LibraryStore& store) { store.editNote(noteID, "x", "y", std::nullopt); } },
+            { "assignNote", [&](LibraryStore& store) { store.assignNote(noteID, project.id); } },
+            { "trashNote", [&](LibraryStore& store) { store.trashNote(spare.id); } },
+            { "restoreNote", [&](LibraryStore& store) { store.restoreNote(spare.id); } },
+            { "createProject", [](LibraryStore& store) { store.createProject("x"); } },
+            { "renameProject", [&](LibraryStore& store) { store.renameProject(project.id, "y"); } },
+            { "saveDictionaryEntry",
+                [&](LibraryStore& store) {
+                    auto edited = entry;
+                    edited.replacement = "c";
+                    store.saveDictionaryEntry(edited);
+                } },
+            { "removeDictionaryEntry",
+                [&](LibraryStore& store) { store.removeDictionaryEntry(entry.id); } },
+            { "learnCorrections",
+                [](LibraryStore& store) { store.learnCorrections({ { "x", "y", true } }); } },
         };
     }
 
     Recording idle, done;
     Uuid noteID, running;
+    Note spare;
+    Project project;
+    DictionaryEntry entry;
 };
 
 TEST_F(LibraryStoreFaultTest, MemoryAndDiskAgreeWhicheverCallOfASaveFails)
@@ -86,7 +114,10 @@ TEST_F(LibraryStoreFaultTest, MemoryAndDiskAgreeWhicheverCallOfASaveFails)
                     told = true;
                     EXPECT_EQ(error.kind(), VeskoError::storage);
                 }
-                EXPECT_EQ(store.snapshot() == before, told);
+                if (told)
+                    EXPECT_EQ(store.snapshot(), before);
+                else if (operation.name != std::string("restoreNote"))
+                    EXPECT_NE(store.snapshot(), before);
                 EXPECT_EQ(saved(), onDisk(store.snapshot()));
                 if (files.calls <= at)
                     break; // the operation was over before the fault's turn came
@@ -96,6 +127,70 @@ TEST_F(LibraryStoreFaultTest, MemoryAndDiskAgreeWhicheverCallOfASaveFails)
                     EXPECT_NO_THROW(operation.run(store));
                 EXPECT_EQ(saved(), onDisk(store.snapshot()));
             }
+}
+
+// Whichever call of a deletion fails, it is told, and one of three states follows: the note stands,
+// perhaps without its audio; or it is gone and at most the backup has it; or it is gone altogether.
+TEST_F(LibraryStoreFaultTest, ADeletionThatFailsLeavesTheNoteOrOnlyItsBackup)
+{
+    const std::string secret = "a secret";
+    const auto has
+        = [&](const char* file) { return bytesOf(root / file).find(secret) != std::string::npos; };
+    int keptByTheSystemsError = 0, keptByTheSave = 0, gone = 0;
+    for (const int number : { ENOSPC, EIO, EACCES })
+        for (int at = 0;; ++at) {
+            SCOPED_TRACE(at);
+            given();
+            FailingFileSystem files;
+            LibraryStore store(root, clock, files);
+            for (const auto& recording : { idle, done })
+                putBytes(store.audioURL(recording), "sound");
+            store.editNote(noteID, secret, "", std::nullopt);
+            store.trashNote(noteID);
+            const Library before = store.snapshot();
+            files.fault = Fault::error;
+            files.number = number;
+            files.at = at;
+            files.calls = 0;
+            bool storage = false, system = false;
+            try {
+                store.deletePermanently(noteID);
+            } catch (const VeskoError& error) {
+                storage = true;
+                EXPECT_EQ(error.kind(), VeskoError::storage);
+            } catch (const std::system_error& error) {
+                system = true;
+                EXPECT_EQ(error.code().value(), number);
+            }
+            files.fault = Fault::none;
+            const bool noteStands = store.snapshot() == before;
+            EXPECT_EQ(saved(), onDisk(store.snapshot()));
+            EXPECT_EQ(has("library.json"), noteStands);
+            keptByTheSystemsError += system;
+            keptByTheSave += storage && noteStands;
+            gone += storage && !noteStands;
+            if (system) {
+                EXPECT_TRUE(noteStands);
+            }
+            if (!noteStands) {
+                EXPECT_EQ(store.snapshot().notes.size(), 1U);
+                EXPECT_FALSE(exists(store.audioURL(idle)) || exists(store.audioURL(done)));
+            }
+            if (noteStands) {
+                // The deletion can be asked for again.
+                EXPECT_NO_THROW(store.deletePermanently(noteID));
+            } else if (storage) {
+                // The next change takes what the backup may still hold.
+                EXPECT_NO_THROW(store.createProject("x"));
+            }
+            for (const auto& [name, bytes] : contentOf(root))
+                EXPECT_EQ(bytes.find(secret), std::string::npos) << name;
+            if (files.calls <= at)
+                break;
+        }
+    EXPECT_GT(keptByTheSystemsError, 0);
+    EXPECT_GT(keptByTheSave, 0);
+    EXPECT_GT(gone, 0);
 }
 
 TEST_F(LibraryStoreFaultTest, AShortWriteIsCarriedOn)

@@ -1,0 +1,291 @@
+#include "VeskoCore/library/TextSearch.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+#include <unicode/bytestream.h>
+#include <unicode/normalizer2.h>
+#include <unicode/utf8.h>
+
+namespace vesko {
+
+namespace {
+
+constexpr std::uint8_t firstNonAscii = 0x80;
+constexpr std::uint8_t firstLead = 0xC0; // the bytes from here on begin a longer character
+constexpr std::uint8_t firstOfFour = 0xF0; // and these one of four bytes
+
+const std::uint8_t* bytes(std::string_view text)
+{
+    return reinterpret_cast<const std::uint8_t*>(text.data());
+}
+
+bool isAscii(std::string_view text, std::size_t at)
+{
+    return bytes(text)[at] < firstNonAscii;
+}
+
+// The code point at the position, which moves behind it.
+char32_t read(std::string_view text, std::size_t& at)
+{
+    const auto* data = bytes(text);
+    UChar32 codePoint;
+    U8_NEXT_OR_FFFD(data, at, text.size(), codePoint);
+    return static_cast<char32_t>(codePoint);
+}
+
+bool joins(char32_t codePoint)
+{
+    return SearchLetters::page(codePoint).joins(codePoint);
+}
+
+// Where what the position stands in, and composition looks at as a whole, begins.
+std::size_t beginOfUnit(std::string_view text, std::size_t at)
+{
+    const auto* data = bytes(text);
+    auto begin = static_cast<std::int32_t>(at);
+    while (begin > 0) {
+        auto next = static_cast<std::size_t>(begin);
+        if (!joins(read(text, next)))
+            break;
+        U8_BACK_1(data, 0, begin);
+    }
+    return static_cast<std::size_t>(begin);
+}
+
+using Block = ByteFilter::Block;
+
+Block load(const std::uint8_t* from)
+{
+    Block block;
+    std::memcpy(&block, from, sizeof block);
+    return block;
+}
+
+// The bytes of a text that ends there, and zeros behind them.
+Block loadEnd(std::string_view text, std::size_t from)
+{
+    std::array<std::uint8_t, sizeof(Block)> bytes{};
+    text.substr(std::min(from, text.size()))
+        .copy(reinterpret_cast<char*>(bytes.data()), bytes.size());
+    return load(bytes.data());
+}
+
+// The bits of eight bytes each, the first byte's lowest.
+std::array<std::uint64_t, 2> bits(Block block)
+{
+    auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(block);
+    if constexpr (std::endian::native == std::endian::big)
+        for (auto& half : halves)
+            half = std::byteswap(half);
+    return halves;
+}
+
+} // namespace
+
+TextSearch::TextSearch(std::string_view query, std::string_view language)
+{
+    for (char32_t ascii = 0; ascii < m_ascii.size(); ++ascii) {
+        const auto letters = SearchLetters::page(ascii).letters(ascii);
+        m_ascii[ascii] = letters.empty() ? 0 : letters.front();
+    }
+    if (language == "tr" || language == "az") {
+        constexpr char32_t dotlessI = U'\u0131';
+        m_ascii['I'] = SearchLetters::page(dotlessI).letters(dotlessI).front();
+    }
+    for (std::size_t at = 0; at < query.size();)
+        at = appendUnit(query, at);
+    m_query = std::move(m_letters);
+    if (m_query.empty())
+        return;
+    std::array<ByteFilter::Set, 3> sets;
+    for (std::size_t at = 0; at < sets.size() && at < m_query.size(); ++at)
+        sets[at] = asciiForms(m_query[at]);
+    m_filter = ByteFilter(sets, leads());
+    learnTwoByteCharacters();
+}
+
+std::string TextSearch::asciiForms(SearchLetter letter) const
+{
+    std::string forms;
+    for (std::size_t ascii = 0; ascii < m_ascii.size(); ++ascii)
+        if (m_ascii[ascii] == letter)
+            forms += static_cast<char>(ascii);
+    return forms;
+}
+
+bool TextSearch::foundIn(std::string_view text)
+{
+    if (m_query.empty())
+        return true;
+    for (std::size_t at = 0; (at = nextCandidate(text, at)) < text.size();) {
+        m_letters.clear();
+        // All that stands in the unit is tried at once, so none is looked at twice.
+        const auto begin = beginOfUnit(text, at);
+        at = appendUnit(text, begin);
+        if (beginsAmongLetters(text, at))
+            return true;
+    }
+    return false;
+}
+
+bool TextSearch::beginsAmongLetters(std::string_view text, std::size_t next)
+{
+    const auto starts = m_letters.size();
+    for (std::size_t start = 0; start < starts; ++start) {
+        std::size_t same = 0;
+        while (same < m_query.size()) {
+            if (start + same == m_letters.size()) {
+                if (next == text.size())
+                    break;
+                next = appendUnit(text, next);
+            } else if (m_letters[start + same] == m_query[same]) {
+                ++same;
+            } else {
+                break;
+            }
+        }
+        if (same == m_query.size())
+            return true;
+    }
+    return false;
+}
+
+std::size_t TextSearch::nextCandidate(std::string_view text, std::size_t from) const
+{
+    constexpr std::uint64_t oneOfEach = 0x8080808080808080;
+    const auto filter = m_filter; // in registers, since the compiler can't know that it stays
+    const auto* data = bytes(text);
+    for (std::size_t at = from; at < text.size(); at += sizeof(Block)) {
+        const auto marks = text.size() - at >= sizeof(Block) + 2
+            ? filter.marks(load(data + at), load(data + at + 1), load(data + at + 2))
+            : filter.marks(loadEnd(text, at), loadEnd(text, at + 1), loadEnd(text, at + 2));
+        auto halves = bits(marks);
+        if ((halves[0] | halves[1]) == 0)
+            continue;
+        for (std::size_t half = 0; half < halves.size(); ++half)
+            for (auto left = halves[half] & oneOfEach; left != 0; left &= left - 1) {
+                const auto marked
+                    = at + 8 * half + static_cast<std::size_t>(std::countr_zero(left) / 8);
+                if (marked < text.size() && isCandidate(text, marked))
+                    return marked;
+            }
+    }
+    return text.size();
+}
+
+bool TextSearch::isCandidate(std::string_view text, std::size_t at) const
+{
+    constexpr std::uint8_t firstOfThree = 0xE0;
+    const auto* data = bytes(text);
+    if (data[at] < firstNonAscii)
+        return !isOther(text, at, 0);
+    if (data[at] >= firstOfThree || at + 1 == text.size())
+        return mayBeginWith(read(text, at));
+    switch (m_twoBytes[(data[at] & 0x1FU) << 6 | (data[at + 1] & 0x3FU)]) {
+    case Beginning::impossible:
+        return false;
+    case Beginning::possible:
+        return true;
+    case Beginning::letter:
+        break;
+    }
+    return !isOther(text, at + 2, 1);
+}
+
+bool TextSearch::isOther(std::string_view text, std::size_t at, std::size_t letter) const
+{
+    const auto* data = bytes(text);
+    for (; letter < m_query.size(); ++letter, ++at) {
+        // Where anything else than two ASCII characters stands, it takes a closer look.
+        if (at + 1 >= text.size() || data[at] >= firstNonAscii || data[at + 1] >= firstNonAscii
+            || m_ascii[data[at]] == 0)
+            return false;
+        if (m_ascii[data[at]] != m_query[letter])
+            return true;
+    }
+    return false;
+}
+
+void TextSearch::learnTwoByteCharacters()
+{
+    for (char32_t codePoint = firstNonAscii; codePoint < m_twoBytes.size(); ++codePoint) {
+        const auto& page = SearchLetters::page(codePoint);
+        if (page.letters(codePoint).size() == 1 && page.letters(codePoint)[0] == m_query[0]
+            && !page.composes(codePoint))
+            m_twoBytes[codePoint] = Beginning::letter;
+        else if (mayBeginWith(codePoint))
+            m_twoBytes[codePoint] = Beginning::possible;
+    }
+}
+
+bool TextSearch::mayBeginWith(char32_t codePoint) const
+{
+    const auto& page = SearchLetters::page(codePoint);
+    const auto letters = page.letters(codePoint);
+    return page.composes(codePoint) || std::ranges::find(letters, m_query[0]) != letters.end();
+}
+
+std::array<bool, 0x100> TextSearch::leads() const
+{
+    constexpr char32_t twoBytes = 0x800, fourBytes = 0x10000;
+    std::array<bool, 0x100> isLead{};
+    std::fill(isLead.begin() + firstOfFour, isLead.end(), true); // too many to ask for each
+    for (char32_t codePoint = firstNonAscii; codePoint < fourBytes; ++codePoint)
+        if (mayBeginWith(codePoint))
+            isLead[codePoint < twoBytes ? firstLead | codePoint >> 6 : 0xE0 | codePoint >> 12]
+                = true;
+
+    return isLead;
+}
+
+std::size_t TextSearch::appendUnit(std::string_view text, std::size_t from)
+{
+    auto end = from;
+    const auto codePoint = read(text, end);
+    bool isAlone = true;
+    while (end < text.size() && !isAscii(text, end)) {
+        auto next = end;
+        if (!joins(read(text, next)))
+            break;
+        end = next;
+        isAlone = false;
+    }
+    if (isAlone)
+        append(codePoint);
+    else
+        appendComposed(text.substr(from, end - from));
+    return end;
+}
+
+void TextSearch::appendComposed(std::string_view unit)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const auto* composition = icu::Normalizer2::getNFCInstance(status);
+    const icu::StringPiece piece(unit.data(), static_cast<std::int32_t>(unit.size()));
+    std::string composed;
+    if (U_SUCCESS(status) && !composition->isNormalizedUTF8(piece, status)) {
+        icu::StringByteSink<std::string> sink(&composed);
+        composition->normalizeUTF8(0, piece, sink, nullptr, status);
+        unit = composed;
+    }
+    if (U_FAILURE(status))
+        throw std::runtime_error("ICU can't compose");
+    for (std::size_t at = 0; at < unit.size();)
+        append(read(unit, at));
+}
+
+void TextSearch::append(char32_t codePoint)
+{
+    if (codePoint < m_ascii.size()) {
+        if (m_ascii[codePoint] != 0)
+            m_letters.push_back(m_ascii[codePoint]);
+        return;
+    }
+    const auto letters = SearchLetters::page(codePoint).letters(codePoint);
+    m_letters.insert(m_letters.end(), letters.begin(), letters.end());
+}
+
+} // namespace vesko
