@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoApp/async/Eventual.h"
+#include "VeskoCore/base/TextRange.h"
 
 #include <cstdint>
 #include <memory>
@@ -8,14 +9,6 @@
 #include <string>
 
 namespace vesko {
-
-// In UTF-16 code units.
-struct TextRange {
-    std::int64_t location = 0;
-    std::int64_t length = 0;
-
-    bool operator==(const TextRange&) const = default;
-};
 
 // Another program's user interface element, alive or not. Immutable; any thread.
 class FieldElement {
