@@ -8,6 +8,7 @@
 #include "VeskoApp/capture/LanguageQuestion.h"
 #include "VeskoApp/capture/Phase.h"
 #include "VeskoApp/insertion/FocusDestination.h"
+#include "VeskoApp/insertion/InsertionReview.h"
 #include "VeskoApp/platform/Platform.h"
 #include "VeskoApp/preferences/Keychain.h"
 #include "VeskoApp/preferences/Preferences.h"
@@ -38,6 +39,7 @@ class AppModel : public QObject {
     Q_PROPERTY(QString message READ messageText NOTIFY messageChanged)
     Q_PROPERTY(QString errorMessage READ errorText NOTIFY errorMessageChanged)
     Q_PROPERTY(QString shortcutMessage READ shortcutText NOTIFY shortcutMessageChanged)
+    Q_PROPERTY(QString dictionaryMessage READ dictionaryMessage NOTIFY dictionaryMessageChanged)
     Q_PROPERTY(bool libraryReady READ libraryReady NOTIFY libraryReadyChanged)
     // "options", each with its "tag" and "name", and a "note"; undefined if there is none.
     Q_PROPERTY(QVariant languageQuestion READ shownLanguageQuestion NOTIFY languageQuestionChanged)
@@ -77,11 +79,14 @@ public:
     void stopPlayback();
     // Makes the program safe to end: a running capture is kept. False if it can't end now.
     Task<bool> prepareToQuit();
+    // Takes the corrections of the last review that was not seen to be sent into the dictionary.
+    void learnPendingCorrections();
     // Puts text on the clipboard; false, with the reason in the error line, if that failed.
     bool copy(const std::string& text);
 
     CaptureSettings settings() const;
     Preferences& preferences() { return m_preferences; }
+    InsertionReview& insertionReview() { return m_insertionReview; }
     const Library& library() const { return m_library; }
 
     Phase phase() const { return m_phase; }
@@ -93,6 +98,11 @@ public:
     bool pushToTalk() const { return m_pushToTalk; }
     bool libraryReady() const { return m_libraryReady; }
     std::optional<Uuid> playingID() const { return m_playingID; }
+    const std::vector<DictionarySuggestion>& pendingCorrections() const
+    {
+        return m_pendingCorrections;
+    }
+    const QString& dictionaryMessage() const { return m_dictionaryMessage; }
     const std::optional<LanguageQuestion>& languageQuestion() const { return m_languageQuestion; }
     // Empty until loaded.
     const std::vector<ProviderModel>& sttModels() const { return m_sttModels; }
@@ -126,6 +136,8 @@ Q_SIGNALS:
     void messageChanged();
     void errorMessageChanged();
     void shortcutMessageChanged();
+    void pendingCorrectionsChanged();
+    void dictionaryMessageChanged();
     void libraryReadyChanged();
     void libraryChanged();
     void playingChanged();
@@ -198,6 +210,12 @@ private:
     Task<> deliver(std::string text, bool paste, std::optional<Destination> destination);
     Task<> runFailed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
 
+    // AppModelLearning.cpp
+    void corrected(std::vector<DictionarySuggestion> corrections, bool sent);
+    void stopLearning();
+    Task<> learn(std::vector<DictionarySuggestion> corrections);
+    void setPendingCorrections(std::vector<DictionarySuggestion> corrections);
+
     // AppModelTransform.cpp
     Task<TranscriptResult> transformTranscript(
         Uuid recordingID, Uuid attemptID, TranscriptResult result, CaptureSettings settings);
@@ -222,6 +240,7 @@ private:
     Preferences m_preferences;
     AudioCapture m_capture;
     AppleTranscriber m_apple;
+    InsertionReview m_insertionReview;
 
     Phase m_phase = Phase::idle;
     double m_elapsed = 0;
@@ -230,6 +249,8 @@ private:
     std::string m_message;
     std::string m_errorMessage;
     std::string m_shortcutMessage;
+    QString m_dictionaryMessage;
+    std::vector<DictionarySuggestion> m_pendingCorrections;
     bool m_libraryReady = false;
     Library m_library;
 

@@ -62,7 +62,7 @@ Task<> AppModel::startRecording(
         co_return;
     setPhase(Phase::preparing);
     setErrorMessage({});
-    // A review of an earlier paste ends here once there is one.
+    m_insertionReview.stop();
     if (!fromFn) {
         clearFnGesture();
     } else if (m_fnDiscardPending) {

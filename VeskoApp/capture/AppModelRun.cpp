@@ -4,6 +4,7 @@
 #include "VeskoApp/capture/CaptureLog.h"
 #include "VeskoApp/capture/SafeMessage.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/insertion/PersonalDictionary.h"
 
 #include <utility>
 
@@ -69,7 +70,7 @@ Task<TranscriptResult> AppModel::runAttempt(Recording recording, Uuid attemptID,
     std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key)
 {
     TranscriptResult result = co_await recognize(std::move(audio), settings, std::move(key));
-    // The personal dictionary is applied to result.text here once there is one.
+    result.text = PersonalDictionary::apply(settings.dictionary, result.text);
     co_await m_store.run([id = recording.id, attemptID, result](LibraryStore& store) {
         store.completeAttempt(id, attemptID, result);
     });
@@ -131,10 +132,10 @@ Task<> AppModel::deliver(std::string text, bool paste, std::optional<Destination
     if (!copy(text))
         co_return;
     std::vector<std::string> reasons;
+    std::optional<FocusDestination> field;
     if (!paste) {
         reasons = { "paste_off" };
     } else {
-        std::optional<FocusDestination> field;
         if (destination)
             field = co_await *destination;
         if (field)
@@ -143,9 +144,16 @@ Task<> AppModel::deliver(std::string text, bool paste, std::optional<Destination
         else
             reasons = { "no_field" };
     }
-    // The review of the pasted fragment begins here once there is one.
-    setMessage(reasons.empty() ? L10N_KEY("Vesko", "Copied. Paste sent to the original field.")
-                               : pasteMessage(reasons));
+    if (!reasons.empty()) {
+        setMessage(pasteMessage(reasons));
+        co_return;
+    }
+    setMessage(L10N_KEY("Vesko", "Copied. Paste sent to the original field."));
+    if (m_preferences.learnCorrections.get())
+        m_insertionReview.start(std::move(*field), std::move(text),
+            [this](std::vector<DictionarySuggestion> corrections, bool sent) {
+                corrected(std::move(corrections), sent);
+            });
 }
 
 bool AppModel::copy(const std::string& text)

@@ -4,6 +4,7 @@
 #include "VeskoApp/capture/AppModel.h"
 
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/insertion/PersonalDictionary.h"
 
 #include <utility>
 
@@ -26,7 +27,7 @@ Task<TranscriptResult> AppModel::transformTranscript(
             return client.transform(result, settings.cleanupModel, key, settings.cloudAllowed,
                 settings.cleanup, settings.translateTo, std::move(stop));
         });
-    // The personal dictionary is applied to result.text here once more.
+    result.text = PersonalDictionary::apply(settings.dictionary, result.text);
     co_await m_store.run([recordingID, attemptID, result](LibraryStore& store) {
         store.updateCleanup(recordingID, attemptID, result);
     });

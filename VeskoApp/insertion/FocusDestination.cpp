@@ -1,6 +1,7 @@
 #include "VeskoApp/insertion/FocusDestination.h"
 
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/base/Text.h"
 #include "VeskoCore/insertion/InsertionContext.h"
 
 #include <QCoreApplication>
@@ -15,6 +16,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(insertionLog, "app.vesko.mac.insertion")
 
+constexpr std::size_t longestWatched = 32'768; // UTF-16 units
 constexpr std::string_view secureSubrole = "AXSecureTextField";
 constexpr std::array<std::string_view, 4> writableRoles{
     "AXTextField",
@@ -110,6 +112,17 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
     qCInfo(insertionLog, "paste_sent role=%s notes=%s", shown(reading.role),
         joined(context.notes()).c_str());
     co_return std::vector<std::string>{};
+}
+
+Task<std::optional<std::string>> FocusDestination::currentValueIfFocused(FocusedField& fields) const
+{
+    FieldReading reading = co_await fields.read(pid);
+    const bool focused = reading.trusted && reading.frontmost == pid && reading.element
+        && reading.element->equals(*element);
+    if (!focused || reading.subrole == secureSubrole || !reading.value
+        || utf16Length(*reading.value) > longestWatched)
+        co_return std::nullopt;
+    co_return std::move(reading.value);
 }
 
 std::string pasteMessage(const std::vector<std::string>& reasons)

@@ -28,6 +28,10 @@ struct FocusDestination {
     // empty if and only if the keystroke was sent. Never fails.
     Task<std::vector<std::string>> attemptPaste(
         FocusedField& fields, PasteKeystroke& keystroke, const Clock& clock) const;
+
+    // The field's text, if the field has the focus in the active window and is one whose text may
+    // be watched: no password, and of 32,768 UTF-16 units at most.
+    Task<std::optional<std::string>> currentValueIfFocused(FocusedField& fields) const;
 };
 
 // What the user is told about text that was copied and not pasted, by the first reason: a key for

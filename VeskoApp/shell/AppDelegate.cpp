@@ -53,8 +53,7 @@ void AppDelegate::wireHotkeys()
     m_hotkeys.canStart = [this] { return canStart(); };
     m_hotkeys.gestureKey = [this] { return m_gestureKey; };
     m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.handleFn(action); };
-    // The review of a paste takes this as its send signal once there is one.
-    m_hotkeys.onSendIntent = [] { };
+    m_hotkeys.onSendIntent = [this] { m_model.insertionReview().armSend(); };
 }
 
 bool AppDelegate::canStart() const

@@ -58,6 +58,7 @@ TEST_F(MeterTest, ObserversHearOfChangesOnly)
 
 TEST_F(MeterTest, ItStopsWithTheRecordingAndStartsAtNothing)
 {
+    choose("learnCorrections", false); // no review afterwards
     open();
     dictate();
     machine.clock.turn(3);

@@ -11,6 +11,7 @@ protected:
     // Two recordings stand in the library.
     void open()
     {
+        choose("learnCorrections", false); // no review of the pastes
         AppModelTest::open();
         dictate();
         finish();

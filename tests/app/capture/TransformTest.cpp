@@ -84,6 +84,32 @@ TEST_F(TransformTest, TheCleanedTextIsDeliveredAndTheTranscriptStays)
     EXPECT_EQ(onlyAttempt().errorMessage, std::nullopt);
 }
 
+TEST_F(TransformTest, TheDictionaryIsAppliedBeforeAndOnceMoreAfterwards)
+{
+    {
+        LibraryStore store(root(), machine.clock);
+        DictionaryEntry before, after;
+        before.id = Uuid::random();
+        before.original = "world";
+        before.replacement = "Earth";
+        after.id = Uuid::random();
+        after.original = "planet";
+        after.replacement = "Planet";
+        store.saveDictionaryEntry(before);
+        store.saveDictionaryEntry(after);
+    }
+    open();
+    server.reply(answer("Hello, world, our planet."));
+    run();
+    EXPECT_EQ(machine.clipboard.text, "Hello, Earth, our Planet.");
+    EXPECT_EQ(onlyNote().body, "Hello, Earth, our Planet.");
+    EXPECT_EQ(onlyAttempt().rawText, "hello world");
+
+    server.reply(LoopbackServer::answer(500, ""));
+    run();
+    EXPECT_EQ(machine.clipboard.text, "hello Earth");
+}
+
 TEST_F(TransformTest, ATranslationIsDelivered)
 {
     choose("cleanupEnabled", false);
