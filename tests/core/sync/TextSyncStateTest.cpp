@@ -24,7 +24,7 @@ std::string quoted(const std::string& id)
     return '"' + id + '"';
 }
 
-std::string journal(const std::string& revisions, const std::string& schema = "1")
+std::string journalWith(const std::string& revisions, const std::string& schema = "1")
 {
     return R"({"revisions":[)" + revisions + R"(],"schema":)" + schema + "}";
 }
@@ -50,38 +50,41 @@ TEST_F(TextSyncStateTest, aFileThatBreaksARuleIsRefused)
     const std::vector<Case> cases{
         { "nothing", "", {} },
         { "no JSON", "{", {} },
-        { "something behind it", state(journal("")) + "{}", {} },
-        { "no UTF-8", "{\"\xFF\":1," + state(journal("")).substr(1), {} },
+        { "something behind it", state(journalWith("")) + "{}", {} },
+        { "no UTF-8", "{\"\xFF\":1," + state(journalWith("")).substr(1), {} },
         { "an array", "[]", {} },
         { "no journal", R"({"pending":[],"schema":1})", {} },
-        { "no pending", R"({"journal":)" + journal("") + R"(,"schema":1})", {} },
-        { "no schema", R"({"journal":)" + journal("") + R"(,"pending":[]})", {} },
+        { "no pending", R"({"journal":)" + journalWith("") + R"(,"schema":1})", {} },
+        { "no schema", R"({"journal":)" + journalWith("") + R"(,"pending":[]})", {} },
         { "no schema of the journal", state(R"({"revisions":[]})"), {} },
         { "no revisions", state(R"({"schema":1})"), {} },
-        { "a schema of another type", state(journal(""), "", "\"1\""), {} },
-        { "a pending that is no id", state(journal(one), "\"x\""), {} },
-        { "a revision that is damaged", state(journal(one + ",{}")), {} },
-        { "another schema", state(journal(""), "", "2"), Failure::unsupportedSchema },
-        { "schema 0", state(journal(""), "", "0"), Failure::unsupportedSchema },
-        { "another schema of the journal", state(journal("", "2")), Failure::unsupportedSchema },
-        { "another schema with other revisions", state(journal("{\"v\":2}", "2")),
+        { "a schema of another type", state(journalWith(""), "", "\"1\""), {} },
+        { "a pending that is no id", state(journalWith(one), "\"x\""), {} },
+        { "a revision that is damaged", state(journalWith(one + ",{}")), {} },
+        { "another schema", state(journalWith(""), "", "2"), Failure::unsupportedSchema },
+        { "schema 0", state(journalWith(""), "", "0"), Failure::unsupportedSchema },
+        { "another schema of the journal", state(journalWith("", "2")),
             Failure::unsupportedSchema },
-        { "something unknown that is pending", state(journal(one), quoted(second)),
+        { "another schema with other revisions", state(journalWith("{\"v\":2}", "2")),
+            Failure::unsupportedSchema },
+        { "something unknown that is pending", state(journalWith(one), quoted(second)),
             Failure::invalidRevision },
         { "a parent that is pending and not here",
-            state(journal(revision(second, quoted(first))), quoted(first)),
+            state(journalWith(revision(second, quoted(first))), quoted(first)),
             Failure::invalidRevision },
-        { "a revision that is its own parent", state(journal(revision(first, quoted(first)))),
+        { "a revision that is its own parent", state(journalWith(revision(first, quoted(first)))),
             Failure::invalidRevision },
         { "a cycle",
-            state(journal(revision(first, quoted(second)) + "," + revision(second, quoted(first)))),
+            state(journalWith(
+                revision(first, quoted(second)) + "," + revision(second, quoted(first)))),
             Failure::invalidRevision },
-        { "two revisions of one id", state(journal(one + "," + revision(first, quoted(second)))),
+        { "two revisions of one id",
+            state(journalWith(one + "," + revision(first, quoted(second)))),
             Failure::invalidRevision },
-        { "a journal and a state of another schema", state(journal("", "3"), "", "2"),
+        { "a journal and a state of another schema", state(journalWith("", "3"), "", "2"),
             Failure::unsupportedSchema },
         { "a broken journal in a state of another schema",
-            state(journal(revision(first, quoted(first))), "", "2"), Failure::invalidRevision },
+            state(journalWith(revision(first, quoted(first))), "", "2"), Failure::invalidRevision },
     };
     for (const auto& given : cases) {
         SCOPED_TRACE(given.name);
@@ -94,7 +97,7 @@ TEST_F(TextSyncStateTest, aFileThatBreaksARuleIsRefused)
         putJournal(given.text);
         EXPECT_ANY_THROW(opened());
         EXPECT_EQ(bytesOf(account / "journal.json"), given.text);
-        putJournal(state(journal("")));
+        putJournal(state(journalWith("")));
         EXPECT_NO_THROW(opened());
     }
 }
@@ -102,7 +105,7 @@ TEST_F(TextSyncStateTest, aFileThatBreaksARuleIsRefused)
 TEST_F(TextSyncStateTest, whatNobodyKnowsIsIgnoredAndRepeatsAreOne)
 {
     const auto one = revision(first, "");
-    auto text = state(journal(one + "," + one), quoted(first) + "," + quoted(first));
+    auto text = state(journalWith(one + "," + one), quoted(first) + "," + quoted(first));
     text.insert(1, "\"later\":{\"x\":[null]},");
     const auto decoded = TextSyncState::decode(text);
     EXPECT_EQ(decoded.journal.size(), 1u);

@@ -29,6 +29,15 @@ protected:
         putJournal(textOf(state));
     }
 
+    // Lets one of the calls from now on go wrong, counted from 0.
+    void inject(Fault fault, int at, int number = 0)
+    {
+        files.fault = fault;
+        files.at = at;
+        files.number = number;
+        files.calls = 0;
+    }
+
     const std::vector<Operation> operations{
         { "write",
             [](TextSyncStore& store) { store.write(projectNamed(idNumber(900'000), "Home")); } },
@@ -63,10 +72,7 @@ TEST_F(TextSyncStoreFaultTest, memoryAndDiskAgreeWhicheverCallOfACommitFails)
                     given(fresh);
                     auto store = opened();
                     const auto before = memory(store);
-                    files = {};
-                    files.fault = Fault::error;
-                    files.number = number;
-                    files.at = at;
+                    inject(Fault::error, at, number);
                     bool told = false;
                     try {
                         operation.run(store);
@@ -98,10 +104,7 @@ TEST_F(TextSyncStoreFaultTest, openingFailsCleanlyWhicheverCallFails)
         SCOPED_TRACE(at);
         given(false);
         const auto before = bytesOf(journal);
-        files = {};
-        files.fault = Fault::error;
-        files.number = EIO;
-        files.at = at;
+        inject(Fault::error, at, EIO);
         bool sizeUnknown = false;
         try {
             opened();
@@ -116,7 +119,7 @@ TEST_F(TextSyncStoreFaultTest, openingFailsCleanlyWhicheverCallFails)
         EXPECT_EQ(sizeUnknown, at == 0) << "the size is asked for first";
         EXPECT_EQ(bytesOf(journal), before);
         const bool over = files.calls <= at;
-        files = {};
+        files.fault = Fault::none;
         EXPECT_NO_THROW(opened()) << "the lock was let go";
         if (over)
             break;
@@ -138,9 +141,7 @@ TEST_F(TextSyncStoreFaultTest, aDeathDuringACommitLeavesTheOldStateOrTheNew)
                     const pid_t child = fork();
                     if (child == 0) {
                         auto store = opened();
-                        files = {};
-                        files.fault = fault;
-                        files.at = at;
+                        inject(fault, at);
                         operation.run(store);
                         _exit(1);
                     }
