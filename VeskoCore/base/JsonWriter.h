@@ -58,6 +58,7 @@ private:
     // that is no text.
     static constexpr std::size_t shortText = 100;
     static constexpr std::size_t deepest = 64;
+    static constexpr std::size_t usualIndent = 32;
     static constexpr std::size_t roomAfterEnd = 2 * deepest + 4 * shortText;
 
     JsonWriter(Form form, Output output, JsonCache* cache);
@@ -200,7 +201,11 @@ private:
         if (!m_pretty)
             return;
         *m_at++ = '\n';
-        m_at = static_cast<char*>(std::memset(m_at, ' ', 2 * m_depth)) + 2 * m_depth;
+        // Of a constant length, and mostly too long, so that the compiler makes it a move or two.
+        std::memset(m_at, ' ', usualIndent);
+        if (2 * m_depth > usualIndent)
+            std::memset(m_at + usualIndent, ' ', 2 * m_depth - usualIndent);
+        m_at += 2 * m_depth;
     }
 
     void append(std::string_view text)

@@ -27,6 +27,15 @@ constexpr auto digitValues = [] {
     return values;
 }();
 
+// The two digits of each byte.
+constexpr auto digitPairs = [] {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::array<std::array<char, 2>, 256> pairs{};
+    for (std::size_t byte = 0; byte < pairs.size(); ++byte)
+        pairs[byte] = { digits[byte >> 4], digits[byte & 0x0F] };
+    return pairs;
+}();
+
 } // namespace
 
 Uuid Uuid::random()
@@ -72,14 +81,13 @@ std::string Uuid::text() const
 
 std::array<char, 36> Uuid::characters() const
 {
-    static constexpr std::string_view digits = "0123456789ABCDEF";
-    std::array<char, textLength> text{};
-    std::size_t at = 0;
-    for (const auto byte : m_bytes) {
-        if (isDash(at))
-            text[at++] = '-';
-        text[at++] = digits[byte >> 4];
-        text[at++] = digits[byte & 0x0F];
+    std::array<char, textLength> text; // NOLINT: every character is set
+    char* to = text.data();
+    for (std::size_t at = 0; at < m_bytes.size(); ++at) {
+        if (at == 4 || at == 6 || at == 8 || at == 10)
+            *to++ = '-';
+        std::memcpy(to, digitPairs[m_bytes[at]].data(), 2);
+        to += 2;
     }
     return text;
 }

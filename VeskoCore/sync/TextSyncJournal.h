@@ -6,6 +6,8 @@
 #include "VeskoCore/sync/TextSyncFailure.h"
 #include "VeskoCore/sync/TextSyncRevision.h"
 
+#include <ranges>
+
 namespace vesko {
 
 // The graph of all revisions of all text of one account, without clock, device or network. Any
@@ -24,6 +26,13 @@ public:
     // All revisions, ascending by id, as in all lists of revisions here. The order means nothing,
     // except that it is the same everywhere.
     SharedArray<TextSyncRevision> revisions() const;
+    // The same to go through, as long as this journal is neither changed nor gone.
+    auto inOrder() const
+    {
+        return std::views::transform(m_nodes, [this](const Node& node) -> const TextSyncRevision& {
+            return *m_revisions[node.place];
+        });
+    }
     std::size_t size() const { return m_nodes.size(); }
     // The revision of that id, or null; it stays as long as this journal is not changed.
     const TextSyncRevision* find(const Uuid& id) const;

@@ -8,13 +8,16 @@ namespace {
 
 constexpr std::int64_t knownSchema = 1;
 
+// The revisions are a list to read into, or a view of what there is to write.
+template <class Revisions>
 struct JournalForm {
-    SharedArray<TextSyncRevision> revisions;
+    Revisions revisions;
     std::int64_t schema = knownSchema;
 };
 
+template <class Revisions>
 struct StateForm {
-    JournalForm journal;
+    JournalForm<Revisions> journal;
     std::vector<Uuid> pending; // read in any order, with repeats
     std::int64_t schema = knownSchema;
 };
@@ -27,17 +30,17 @@ void requireKnown(std::int64_t schema)
 
 } // namespace
 
-template <>
-inline constexpr std::tuple jsonFields<JournalForm>{
-    JsonField{ "revisions", &JournalForm::revisions },
-    JsonField{ "schema", &JournalForm::schema },
+template <class Revisions>
+inline constexpr std::tuple jsonFields<JournalForm<Revisions>>{
+    JsonField{ "revisions", &JournalForm<Revisions>::revisions },
+    JsonField{ "schema", &JournalForm<Revisions>::schema },
 };
 
-template <>
-inline constexpr std::tuple jsonFields<StateForm>{
-    JsonField{ "journal", &StateForm::journal },
-    JsonField{ "pending", &StateForm::pending },
-    JsonField{ "schema", &StateForm::schema },
+template <class Revisions>
+inline constexpr std::tuple jsonFields<StateForm<Revisions>>{
+    JsonField{ "journal", &StateForm<Revisions>::journal },
+    JsonField{ "pending", &StateForm<Revisions>::pending },
+    JsonField{ "schema", &StateForm<Revisions>::schema },
 };
 
 TextSyncState TextSyncState::decode(std::string text)
@@ -47,7 +50,7 @@ TextSyncState TextSyncState::decode(std::string text)
     std::int64_t schema = 0;
     if (document.root()["journal"]["schema"].get(schema) == simdjson::SUCCESS)
         requireKnown(schema);
-    auto form = document.as<StateForm>();
+    auto form = document.as<StateForm<SharedArray<TextSyncRevision>>>();
 
     TextSyncState state;
     state.journal.merge(form.journal.revisions);
@@ -64,7 +67,8 @@ TextSyncState TextSyncState::decode(std::string text)
 
 void TextSyncState::encode(const JsonWriter::Output& output) const
 {
-    const StateForm form{ { journal.revisions() }, { pending.begin(), pending.end() } };
+    auto revisions = journal.inOrder();
+    const StateForm<decltype(revisions)> form{ { revisions }, { pending.begin(), pending.end() } };
     std::size_t size = 0;
     JsonWriter::write(form, JsonWriter::Form::pretty, [&](std::string_view piece) {
         size += piece.size();

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
+#include <sstream>
 #include <string>
 
 namespace vesko {
@@ -11,8 +11,9 @@ namespace vesko {
 // Plain access for tests, which shares nothing with the code that they test.
 inline std::string bytesOf(const std::filesystem::path& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    return { std::istreambuf_iterator<char>(file), {} };
+    std::ostringstream bytes;
+    bytes << std::ifstream(path, std::ios::binary).rdbuf();
+    return bytes.str();
 }
 
 inline void putBytes(const std::filesystem::path& path, const std::string& bytes)

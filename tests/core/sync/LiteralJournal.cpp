@@ -6,13 +6,26 @@
 
 namespace vesko {
 
+namespace {
+
+template <class Predicate>
+std::vector<TextSyncRevision> sorted(const LiteralJournal& journal, Predicate belongs)
+{
+    std::map<std::string, const TextSyncRevision*> byText;
+    for (const auto& [id, revision] : journal.nodes)
+        if (belongs(revision))
+            byText[id.text()] = &revision;
+    std::vector<TextSyncRevision> list;
+    for (const auto& [text, revision] : byText)
+        list.push_back(*revision);
+    return list;
+}
+
+} // namespace
+
 std::vector<TextSyncRevision> LiteralJournal::revisions() const
 {
-    std::vector<TextSyncRevision> all;
-    for (const auto& [id, revision] : nodes)
-        all.push_back(revision);
-    std::ranges::sort(all, {}, [](const auto& revision) { return revision.id.text(); });
-    return all;
+    return sorted(*this, [](const TextSyncRevision&) { return true; });
 }
 
 bool LiteralJournal::isComplete() const
@@ -29,11 +42,20 @@ std::vector<TextSyncRevision> LiteralJournal::heads(const TextSyncID& entity) co
     for (const auto& [id, revision] : nodes)
         if (revision.entity == entity)
             superseded.insert(revision.parents.begin(), revision.parents.end());
-    auto heads = revisions();
-    std::erase_if(heads, [&](const TextSyncRevision& revision) {
-        return revision.entity != entity || superseded.contains(revision.id);
+    return sorted(*this, [&](const TextSyncRevision& revision) {
+        return revision.entity == entity && !superseded.contains(revision.id);
     });
-    return heads;
+}
+
+void LiteralJournal::change(
+    const Uuid& id, const TextSyncID& entity, const std::optional<TextSyncValue>& value)
+{
+    if (!isComplete())
+        throw TextSyncFailure(TextSyncFailure::incompleteHistory);
+    TextSyncRevision revision{ id, entity, {}, value };
+    for (const auto& head : heads(entity))
+        revision.parents.insert(head.id);
+    merge({ revision });
 }
 
 void LiteralJournal::merge(const std::vector<TextSyncRevision>& incoming)

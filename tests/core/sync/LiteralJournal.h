@@ -16,6 +16,9 @@ struct LiteralJournal {
     std::vector<TextSyncRevision> revisions() const;
     bool isComplete() const;
     std::vector<TextSyncRevision> heads(const TextSyncID& entity) const;
+    // What a local change adds, with this id for the new revision.
+    void change(
+        const Uuid& id, const TextSyncID& entity, const std::optional<TextSyncValue>& value);
     void merge(const std::vector<TextSyncRevision>& incoming);
 
     bool operator==(const LiteralJournal&) const = default;

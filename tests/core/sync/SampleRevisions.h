@@ -1,9 +1,11 @@
 #pragma once
 
+#include "VeskoCore/base/JsonError.h"
 #include "VeskoCore/sync/TextSyncJournal.h"
 
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace vesko {
@@ -43,6 +45,22 @@ std::optional<TextSyncFailure::Kind> failureOf(Work work)
         return failure.kind();
     }
     return std::nullopt;
+}
+
+// What came of it, in a word: "taken", or what it was refused with.
+template <class Work>
+std::string verdictOf(Work work)
+{
+    try {
+        work();
+        return "taken";
+    } catch (const TextSyncFailure& failure) {
+        return "failure " + std::to_string(failure.kind());
+    } catch (const JsonError&) {
+        return "JSON error";
+    } catch (const std::system_error&) {
+        return "system error";
+    }
 }
 
 void PrintTo(const TextSyncRevision& revision, std::ostream* out);
