@@ -7,6 +7,7 @@ namespace vesko {
 namespace {
 
 constexpr std::string_view pattern = "dddd-dd-ddTdd:dd:ddZ";
+static_assert(pattern.size() == Date::textLength);
 
 int number(std::string_view digits)
 {
@@ -16,10 +17,10 @@ int number(std::string_view digits)
     return value;
 }
 
-void putDigits(std::array<char, 20>& text, std::size_t at, std::size_t length, unsigned value)
+void putTwoDigits(char* place, unsigned value)
 {
-    for (; length > 0; --length, value /= 10)
-        text[at + length - 1] = static_cast<char>('0' + value % 10);
+    place[0] = static_cast<char>('0' + value / 10);
+    place[1] = static_cast<char>('0' + value % 10);
 }
 
 } // namespace
@@ -47,26 +48,27 @@ std::optional<Date> Date::parse(std::string_view text)
 
 std::string Date::text() const
 {
-    const auto text = characters();
-    return { text.data(), text.size() };
+    std::string text(textLength, ' ');
+    writeTo(text.data());
+    return text;
 }
 
-std::array<char, 20> Date::characters() const
+void Date::writeTo(char* place) const
 {
     using namespace std::chrono;
     const auto whole = floor<seconds>(time);
     const auto midnight = floor<days>(whole);
     const year_month_day day{ midnight };
     const hh_mm_ss clock{ whole - midnight };
-    std::array<char, 20> text{};
-    std::ranges::copy(pattern, text.begin());
-    putDigits(text, 0, 4, static_cast<unsigned>(static_cast<int>(day.year())));
-    putDigits(text, 5, 2, static_cast<unsigned>(day.month()));
-    putDigits(text, 8, 2, static_cast<unsigned>(day.day()));
-    putDigits(text, 11, 2, static_cast<unsigned>(clock.hours().count()));
-    putDigits(text, 14, 2, static_cast<unsigned>(clock.minutes().count()));
-    putDigits(text, 17, 2, static_cast<unsigned>(clock.seconds().count()));
-    return text;
+    std::ranges::copy(pattern, place);
+    const auto year = static_cast<unsigned>(static_cast<int>(day.year()));
+    putTwoDigits(place, year / 100);
+    putTwoDigits(place + 2, year % 100);
+    putTwoDigits(place + 5, static_cast<unsigned>(day.month()));
+    putTwoDigits(place + 8, static_cast<unsigned>(day.day()));
+    putTwoDigits(place + 11, static_cast<unsigned>(clock.hours().count()));
+    putTwoDigits(place + 14, static_cast<unsigned>(clock.minutes().count()));
+    putTwoDigits(place + 17, static_cast<unsigned>(clock.seconds().count()));
 }
 
 } // namespace vesko

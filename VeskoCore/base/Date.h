@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <chrono>
 #include <compare>
 #include <optional>
@@ -18,8 +17,9 @@ struct Date {
     // calendar has.
     static std::optional<Date> parse(std::string_view text);
     std::string text() const;
-    // The same without an allocation.
-    std::array<char, 20> characters() const;
+    static constexpr std::size_t textLength = 20;
+    // The same to a place that has so much room.
+    void writeTo(char* place) const;
 
     // Seconds from the other moment to this one.
     double since(const Date& other) const

@@ -12,7 +12,9 @@ namespace vesko {
 
 namespace {
 
-constexpr std::size_t pieceSize = 262'144;
+// Most values are short; of a long document a few large pieces are written faster than many.
+constexpr std::size_t firstPiece = 131'072;
+constexpr std::size_t laterPieces = 1'048'576;
 // What is escaped at one go; each of its bytes may become the six of "\u00xx".
 constexpr std::size_t escapeStep = 16'384;
 constexpr std::size_t longestEscape = 6;
@@ -118,11 +120,8 @@ JsonWriter::JsonWriter(Form form, Output output, JsonCache* cache)
     : m_pretty(form == Form::pretty)
     , m_output(std::move(output))
     , m_cache(cache)
-    , m_piece(std::make_unique_for_overwrite<char[]>(pieceSize))
-    , m_at(m_piece.get())
-    , m_end(m_at + pieceSize - roomAfterEnd)
-    , m_unchecked(m_at)
 {
+    startPieces(firstPiece);
 }
 
 void JsonWriter::put(std::int64_t value)
@@ -157,16 +156,20 @@ void JsonWriter::put(const std::string& value)
 
 void JsonWriter::put(const Uuid& value)
 {
-    const auto text = value.characters();
-    appendQuoted({ text.data(), text.size() });
+    *m_at++ = '"';
+    value.writeTo(m_at);
+    m_at += Uuid::textLength;
+    *m_at++ = '"';
 }
 
 void JsonWriter::put(const Date& value)
 {
     if (value < firstDate || value >= afterLastDate)
         throw JsonError();
-    const auto text = value.characters();
-    appendQuoted({ text.data(), text.size() });
+    *m_at++ = '"';
+    value.writeTo(m_at);
+    m_at += Date::textLength;
+    *m_at++ = '"';
 }
 
 void JsonWriter::appendChecked(std::string_view text)
@@ -187,6 +190,22 @@ void JsonWriter::check()
     if (!simdjson::validate_utf8(m_unchecked, static_cast<std::size_t>(m_at - m_unchecked)))
         throw JsonError();
     m_unchecked = m_at;
+}
+
+void JsonWriter::startPieces(std::size_t size)
+{
+    m_piece = std::make_unique_for_overwrite<char[]>(size);
+    m_size = size;
+    m_at = m_piece.get();
+    m_end = m_at + size - roomAfterEnd;
+    m_unchecked = m_at;
+}
+
+void JsonWriter::nextPiece()
+{
+    flush();
+    if (m_size < laterPieces)
+        startPieces(laterPieces);
 }
 
 void JsonWriter::flush()

@@ -224,21 +224,24 @@ private:
     void makeRoom(std::size_t bytes)
     {
         if (m_end - m_at < static_cast<std::ptrdiff_t>(bytes))
-            flush();
+            nextPiece();
     }
     // For a text of any length that this writer has made.
     void appendChecked(std::string_view text);
     // Makes sure that what was appended is UTF-8.
     void check();
     void flush();
+    void nextPiece();
+    void startPieces(std::size_t size);
 
     bool m_pretty;
     Output m_output;
     JsonCache* m_cache;
     std::unique_ptr<char[]> m_piece;
-    char* m_at;
-    char* m_end;
-    char* m_unchecked; // what was appended since the last check begins here
+    std::size_t m_size = 0; // of the piece
+    char* m_at = nullptr;
+    char* m_end = nullptr;
+    char* m_unchecked = nullptr; // what was appended since the last check begins here
     bool m_first = true; // nothing stands in the innermost array or object yet
     std::size_t m_depth = 0;
 };

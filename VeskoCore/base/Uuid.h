@@ -23,8 +23,9 @@ public:
     static std::optional<Uuid> parse(std::string_view text);
 
     std::string text() const;
-    // The same without an allocation.
-    std::array<char, 36> characters() const;
+    static constexpr std::size_t textLength = 36;
+    // The same to a place that has so much room.
+    void writeTo(char* place) const;
 
     friend constexpr auto operator<=>(const Uuid&, const Uuid&) = default;
 

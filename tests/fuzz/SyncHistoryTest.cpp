@@ -69,7 +69,7 @@ TEST(SyncHistoryTest, aFailingHistoryIsShortenedToTheStepsThatMatter)
 // and every step can be checked against the whole.
 TEST(TextSyncModelTest, replicasKeepEveryPromiseInRandomHistories)
 {
-    constexpr unsigned steps = 5'000, length = 50;
+    constexpr unsigned steps = 100'000, length = 100;
     SyncTally tally;
     for (unsigned seed = 1; seed <= steps / length; ++seed) {
         const auto history = randomHistory(seed, length);

@@ -1,22 +1,14 @@
 // Bytes stand as an account's file. Either they are refused with one of the errors that stand for
 // that, or what was read keeps every rule and reads the same when it is written again.
 
-#include "VeskoCore/base/JsonError.h"
-#include "VeskoCore/sync/TextSyncState.h"
 #include "tests/core/sync/LiteralJournal.h"
+#include "tests/core/sync/SampleRevisions.h"
 
 #include <cstdlib>
 
 using namespace vesko;
 
 namespace {
-
-std::string textOf(const TextSyncState& state)
-{
-    std::string text;
-    state.encode([&](std::string_view piece) { text += piece; });
-    return text;
-}
 
 void require(bool kept)
 {

@@ -86,6 +86,13 @@ TextSyncRevision revisionOfSize(const Uuid& id, std::size_t bytes)
     return revision;
 }
 
+std::string textOf(const TextSyncState& state)
+{
+    std::string text;
+    state.encode([&](std::string_view piece) { text += piece; });
+    return text;
+}
+
 std::vector<Uuid> idsOf(const SharedArray<TextSyncRevision>& revisions)
 {
     std::vector<Uuid> ids;

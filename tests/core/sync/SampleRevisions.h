@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VeskoCore/base/JsonError.h"
-#include "VeskoCore/sync/TextSyncJournal.h"
+#include "VeskoCore/sync/TextSyncState.h"
 
 #include <optional>
 #include <string>
@@ -33,6 +33,7 @@ std::vector<TextSyncRevision> chain(unsigned length);
 // A revision of a note whose pretty JSON form takes exactly so many bytes.
 TextSyncRevision revisionOfSize(const Uuid& id, std::size_t bytes);
 
+std::string textOf(const TextSyncState& state);
 std::vector<Uuid> idsOf(const SharedArray<TextSyncRevision>& revisions);
 
 // The failure that this ends in, or nothing.

@@ -12,6 +12,8 @@ using Fault = FailingFileSystem::Fault;
 
 class TextSyncStoreFaultTest : public TextSyncStoreFixture {
 protected:
+    TextSyncStoreFaultTest() { files.syncs = false; }
+
     struct Operation {
         const char* name;
         std::function<void(TextSyncStore&)> run;
@@ -169,7 +171,6 @@ TEST_F(TextSyncStoreFaultTest, nothingThatWasReportedIsLostInManyKills)
     constexpr int kills = 200;
     std::mt19937 random(20'261'121);
     std::size_t last = 0;
-    files.syncs = false;
     for (int round = 0; round < kills; ++round) {
         int reports[2];
         ASSERT_EQ(pipe(reports), 0);

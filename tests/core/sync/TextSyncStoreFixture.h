@@ -11,13 +11,6 @@
 
 namespace vesko {
 
-inline std::string textOf(const TextSyncState& state)
-{
-    std::string text;
-    state.encode([&](std::string_view piece) { text += piece; });
-    return text;
-}
-
 // A root folder that doesn't exist yet, and where the account named "account" will be below it.
 class TextSyncStoreFixture : public testing::Test {
 protected:

@@ -285,19 +285,24 @@ TEST_F(TextSyncStoreTest, aFileOfExactly32MiBIsReadAndOneByteMoreIsNot)
     EXPECT_THAT(failureOf([&] { opened(); }), Optional(Failure::tooLarge));
 }
 
-TEST_F(TextSyncStoreTest, aStateThatWouldTakeMoreThan32MiBIsRefused)
+TEST_F(TextSyncStoreTest, aStateOfExactly32MiBIsSavedAndOneByteMoreIsNot)
 {
     auto store = opened();
     std::vector<TextSyncRevision> revisions;
     for (unsigned number = 1; number <= 65; ++number)
         revisions.push_back(revisionOfSize(idNumber(number), 511'000));
     store.mergeRemote(SharedArray(revisions));
-    EXPECT_GT(std::filesystem::file_size(journal), 33'000'000u);
+    constexpr std::size_t trial = 300'000;
+    auto withTrial = TextSyncState{ store.snapshot(), {} };
+    withTrial.journal.merge({ revisionOfSize(idNumber(66), trial) });
+    const auto room = TextSyncState::mostBytes - textOf(withTrial).size();
+
     expectRefused(store, Failure::tooLarge,
-        [&] { store.mergeRemote({ revisionOfSize(idNumber(66), 511'000) }); });
-    expectRefused(store, Failure::tooLarge,
-        [&] { store.write(noteWithBody(idNumber(1), std::string(400'000, 'x'))); });
-    store.remove(projectID());
+        [&] { store.mergeRemote({ revisionOfSize(idNumber(66), trial + room + 1) }); });
+    store.mergeRemote({ revisionOfSize(idNumber(66), trial + room) });
+    EXPECT_EQ(std::filesystem::file_size(journal), 33'554'432u);
+    expectRefused(store, Failure::tooLarge, [&] { store.remove(projectID()); });
+    store.acknowledge({});
     EXPECT_EQ(store.snapshot().size(), 66u);
 }
 
