@@ -88,7 +88,8 @@ private:
 
     TextSyncRevision change(const TextSyncID& entity, std::optional<TextSyncValue> value);
 
-    SharedList<Pointer> m_revisions; // as they came
+    // As they came. Apart from the nodes, so that copying a block of those visits no revision.
+    SharedList<Pointer> m_revisions;
     SharedSet<Node> m_nodes;
     // What the graph would tell if it were gone through each time.
     SharedSet<Head> m_heads;
