@@ -30,6 +30,16 @@ struct Values {
     double number = 0;
 };
 
+// An object and a list for each, around nothing.
+template <int levels>
+struct Nest {
+    std::vector<Nest<levels - 1>> inner{ 1 };
+};
+template <>
+struct Nest<0> {
+    std::vector<Leaf> inner;
+};
+
 struct Nothing {
     std::optional<bool> none;
 };
@@ -55,6 +65,8 @@ inline constexpr std::tuple jsonFields<Values>{
     JsonField{ "id", &Values::id },
     JsonField{ "number", &Values::number },
 };
+template <int levels>
+inline constexpr std::tuple jsonFields<Nest<levels>>{ JsonField{ "inner", &Nest<levels>::inner } };
 template <>
 inline constexpr std::tuple jsonFields<Nothing>{ JsonField{ "none", &Nothing::none } };
 
@@ -201,6 +213,34 @@ TEST(JsonWriter, WritesTextsThatAreLongerThanAPiece)
         EXPECT_EQ(back, text);
     }
     EXPECT_EQ(written(std::string(100'000, '\x01')).size(), 600'002U);
+}
+
+TEST(JsonWriter, IndentsEachLevelAndRefusesTheSixtyFifth)
+{
+    const auto text = JsonWriter::write(Nest<31>(), JsonWriter::Form::pretty);
+    for (std::size_t level = 1; level < 64; ++level)
+        EXPECT_NE(text.find('\n' + std::string(2 * level, ' ') + (level % 2 == 1 ? "\"" : "{")),
+            std::string::npos)
+            << level;
+    EXPECT_THROW(JsonWriter::write(Nest<32>(), JsonWriter::Form::pretty), JsonError);
+}
+
+TEST(JsonWriter, ADocumentOfManyPiecesIsTheSumOfItsElements)
+{
+    const std::vector<Leaf> leaves(
+        40'000, Leaf{ "about a hundred bytes of text " + std::string(70, 'x') });
+    std::string expected = "[";
+    for (const auto& leaf : leaves)
+        expected += (expected.size() > 1 ? "," : "")
+            + JsonWriter::write(leaf, JsonWriter::Form::compact);
+    std::string text;
+    std::size_t pieces = 0;
+    JsonWriter::write(leaves, JsonWriter::Form::compact, [&](std::string_view piece) {
+        text += piece;
+        ++pieces;
+    });
+    EXPECT_TRUE(text == expected + "]");
+    EXPECT_GT(pieces, 3u);
 }
 
 TEST(JsonWriter, RefusesWhatJsonCannotHold)

@@ -120,3 +120,17 @@ TEST_F(TextSyncStateTest, aStateReadsAsItWasWritten)
     EXPECT_EQ(TextSyncState::decode(textOf(written)), written);
     EXPECT_EQ(TextSyncState::decode(textOf({})), TextSyncState());
 }
+
+TEST_F(TextSyncStateTest, filesAreWrittenAgainByteForByte)
+{
+    for (const char* const name : { "empty.json", "full.json" }) {
+        SCOPED_TRACE(name);
+        const auto text = bytesOf(std::filesystem::path(VESKO_TEST_DATA) / "sync" / name);
+        EXPECT_EQ(textOf(TextSyncState::decode(text)), text);
+    }
+    const auto full = TextSyncState::decode(
+        bytesOf(std::filesystem::path(VESKO_TEST_DATA) / "sync" / "full.json"));
+    EXPECT_EQ(full.journal.size(), 7u);
+    EXPECT_EQ(full.pending.size(), 2u);
+    EXPECT_FALSE(full.journal.isComplete());
+}
