@@ -48,8 +48,11 @@ Library longLibrary()
         const auto size = note.body.size() + missing;
         for (auto next = index; note.body.size() < size; ++next)
             note.body += '\n' + sample.notes[next % sample.notes.size()].body;
-        while (note.body.size() > size && (note.body.back() & 0x80) != 0)
-            note.body.pop_back();
+        const auto isContinuation = [](char byte) { return (byte & 0xC0) == 0x80; };
+        auto end = size;
+        while (isContinuation(note.body[end]))
+            --end;
+        note.body.resize(end);
         notes.push_back(std::move(note));
     }
     Library library;

@@ -25,19 +25,20 @@ SharedArray<Note> Library::filtered(
     const std::optional<Uuid>& projectID, std::string_view query, bool trash) const
 {
     TextSearch search(query, icu::Locale::getDefault().getLanguage());
-    std::vector<std::size_t> found;
+    // With the dates beside each other; sorting by those in the notes would go all over the memory.
+    std::vector<std::pair<Date, std::size_t>> found;
     for (std::size_t index = 0; index < notes.size(); ++index) {
         const auto& note = notes[index];
         if (note.deletedAt.has_value() == trash && (!projectID || note.projectID == projectID)
             && (query.empty() || isFound(search, note)))
-            found.push_back(index);
+            found.emplace_back(note.updatedAt, index);
     }
-    std::ranges::sort(found, [&](std::size_t a, std::size_t b) {
-        const auto newer = notes[a].updatedAt <=> notes[b].updatedAt;
-        return newer == 0 ? a < b : newer > 0;
+    std::ranges::sort(found, [](const auto& a, const auto& b) {
+        return a.first == b.first ? a.second < b.second : a.first > b.first;
     });
     std::vector<std::shared_ptr<const Note>> listed;
-    for (const auto index : found)
+    listed.reserve(found.size());
+    for (const auto& [updatedAt, index] : found)
         listed.push_back(notes.shared(index));
     return SharedArray<Note>(std::move(listed));
 }

@@ -15,7 +15,8 @@ namespace {
 
 constexpr std::uint8_t firstNonAscii = 0x80;
 constexpr std::uint8_t firstLead = 0xC0; // the bytes from here on begin a longer character
-constexpr std::uint8_t firstOfFour = 0xF0; // and these one of four bytes
+constexpr std::uint8_t firstOfThree = 0xE0; // of three bytes at least
+constexpr std::uint8_t firstOfFour = 0xF0; // of four
 
 const std::uint8_t* bytes(std::string_view text)
 {
@@ -87,14 +88,14 @@ std::array<std::uint64_t, 2> bits(Block block)
 
 TextSearch::TextSearch(std::string_view query, std::string_view language)
 {
-    for (char32_t ascii = 0; ascii < m_ascii.size(); ++ascii) {
-        const auto letters = SearchLetters::page(ascii).letters(ascii);
-        m_ascii[ascii] = letters.empty() ? 0 : letters.front();
+    for (char32_t codePoint = 0; codePoint < m_short.size(); ++codePoint) {
+        const auto& page = SearchLetters::page(codePoint);
+        const auto letters = page.letters(codePoint);
+        if (letters.size() == 1 && !page.joins(codePoint))
+            m_short[codePoint] = letters.front();
     }
-    if (language == "tr" || language == "az") {
-        constexpr char32_t dotlessI = U'\u0131';
-        m_ascii['I'] = SearchLetters::page(dotlessI).letters(dotlessI).front();
-    }
+    if (language == "tr" || language == "az")
+        m_short['I'] = m_short[U'\u0131'];
     for (std::size_t at = 0; at < query.size();)
         at = appendUnit(query, at);
     m_query = std::move(m_letters);
@@ -103,15 +104,14 @@ TextSearch::TextSearch(std::string_view query, std::string_view language)
     std::array<ByteFilter::Set, 3> sets;
     for (std::size_t at = 0; at < sets.size() && at < m_query.size(); ++at)
         sets[at] = asciiForms(m_query[at]);
-    m_filter = ByteFilter(sets, leads());
-    learnTwoByteCharacters();
+    m_filter = ByteFilter(sets, leads(query));
 }
 
 std::string TextSearch::asciiForms(SearchLetter letter) const
 {
     std::string forms;
-    for (std::size_t ascii = 0; ascii < m_ascii.size(); ++ascii)
-        if (m_ascii[ascii] == letter)
+    for (std::size_t ascii = 0; ascii < firstNonAscii; ++ascii)
+        if (m_short[ascii] == letter)
             forms += static_cast<char>(ascii);
     return forms;
 }
@@ -178,47 +178,35 @@ std::size_t TextSearch::nextCandidate(std::string_view text, std::size_t from) c
 
 bool TextSearch::isCandidate(std::string_view text, std::size_t at) const
 {
-    constexpr std::uint8_t firstOfThree = 0xE0;
-    const auto* data = bytes(text);
-    if (data[at] < firstNonAscii)
-        return !isOther(text, at, 0);
-    if (data[at] >= firstOfThree || at + 1 == text.size())
-        return mayBeginWith(read(text, at));
-    switch (m_twoBytes[(data[at] & 0x1FU) << 6 | (data[at + 1] & 0x3FU)]) {
-    case Beginning::impossible:
-        return false;
-    case Beginning::possible:
-        return true;
-    case Beginning::letter:
-        break;
-    }
-    return !isOther(text, at + 2, 1);
+    return bytes(text)[at] < firstOfThree ? !isOther(text, at) : mayBeginWith(read(text, at));
 }
 
-bool TextSearch::isOther(std::string_view text, std::size_t at, std::size_t letter) const
+bool TextSearch::isOther(std::string_view text, std::size_t at) const
 {
+    // The letter at the position, which moves behind it; 0 where it takes a closer look.
     const auto* data = bytes(text);
-    for (; letter < m_query.size(); ++letter, ++at) {
-        // Where anything else than two ASCII characters stands, it takes a closer look.
-        if (at + 1 >= text.size() || data[at] >= firstNonAscii || data[at + 1] >= firstNonAscii
-            || m_ascii[data[at]] == 0)
+    const auto next = [&]() -> SearchLetter {
+        if (at < text.size() && data[at] < firstNonAscii)
+            return m_short[data[at++]];
+        if (at + 1 >= text.size() || data[at] < firstLead || data[at] >= firstOfThree)
+            return 0;
+        at += 2;
+        return m_short[(data[at - 2] & 0x1FU) << 6 | (data[at - 1] & 0x3FU)];
+    };
+    auto letter = next();
+    for (const auto wanted : m_query) {
+        if (letter == 0)
             return false;
-        if (m_ascii[data[at]] != m_query[letter])
+        // Only when the next is known to join nothing, this one is what it seems.
+        const bool isAsciiNext = at < text.size() && isAscii(text, at);
+        const auto following = next();
+        if (following == 0 && !isAsciiNext)
+            return false;
+        if (letter != wanted)
             return true;
+        letter = following;
     }
     return false;
-}
-
-void TextSearch::learnTwoByteCharacters()
-{
-    for (char32_t codePoint = firstNonAscii; codePoint < m_twoBytes.size(); ++codePoint) {
-        const auto& page = SearchLetters::page(codePoint);
-        if (page.letters(codePoint).size() == 1 && page.letters(codePoint)[0] == m_query[0]
-            && !page.composes(codePoint))
-            m_twoBytes[codePoint] = Beginning::letter;
-        else if (mayBeginWith(codePoint))
-            m_twoBytes[codePoint] = Beginning::possible;
-    }
 }
 
 bool TextSearch::mayBeginWith(char32_t codePoint) const
@@ -228,16 +216,23 @@ bool TextSearch::mayBeginWith(char32_t codePoint) const
     return page.composes(codePoint) || std::ranges::find(letters, m_query[0]) != letters.end();
 }
 
-std::array<bool, 0x100> TextSearch::leads() const
+std::array<bool, 0x100> TextSearch::leads(std::string_view query) const
 {
     constexpr char32_t twoBytes = 0x800, fourBytes = 0x10000;
+    // The many ideographs, Korean syllables and private characters have no letter of shorter ones.
+    const bool isShort = std::ranges::all_of(
+        query, [](char byte) { return static_cast<std::uint8_t>(byte) <= firstOfThree; });
+    const auto isEastern = [](char32_t codePoint) {
+        return (codePoint >= 0x3400 && codePoint < 0xA000)
+            || (codePoint >= 0xAC00 && codePoint < 0xF900);
+    };
     std::array<bool, 0x100> isLead{};
     std::fill(isLead.begin() + firstOfFour, isLead.end(), true); // too many to ask for each
     for (char32_t codePoint = firstNonAscii; codePoint < fourBytes; ++codePoint)
-        if (mayBeginWith(codePoint))
-            isLead[codePoint < twoBytes ? firstLead | codePoint >> 6 : 0xE0 | codePoint >> 12]
+        if (!(isShort && isEastern(codePoint)) && mayBeginWith(codePoint))
+            isLead[codePoint < twoBytes ? firstLead | codePoint >> 6
+                                        : firstOfThree | codePoint >> 12]
                 = true;
-
     return isLead;
 }
 
@@ -279,9 +274,8 @@ void TextSearch::appendComposed(std::string_view unit)
 
 void TextSearch::append(char32_t codePoint)
 {
-    if (codePoint < m_ascii.size()) {
-        if (m_ascii[codePoint] != 0)
-            m_letters.push_back(m_ascii[codePoint]);
+    if (codePoint < m_short.size() && m_short[codePoint] != 0) {
+        m_letters.push_back(m_short[codePoint]);
         return;
     }
     const auto letters = SearchLetters::page(codePoint).letters(codePoint);

@@ -25,16 +25,16 @@ public:
 private:
     // The characters below 0x80 that are this letter.
     std::string asciiForms(SearchLetter letter) const;
+    // The first bytes of the characters beyond ASCII that the query may begin with.
+    std::array<bool, 0x100> leads(std::string_view query) const;
+
     // The next position where the text may begin to show the query, or the end.
     std::size_t nextCandidate(std::string_view text, std::size_t from) const;
     bool isCandidate(std::string_view text, std::size_t at) const;
-    // Which bytes the characters beyond ASCII that it may begin with begin with.
-    std::array<bool, 0x100> leads() const;
-    void learnTwoByteCharacters();
     // Whether the query may begin with a code point beyond ASCII, or with what it is composed to.
     bool mayBeginWith(char32_t codePoint) const;
-    // Whether the ASCII characters from here on are surely not the query from this letter on.
-    bool isOther(std::string_view text, std::size_t at, std::size_t letter) const;
+    // Whether the text from here on is surely not the query, as far as can be told at a glance.
+    bool isOther(std::string_view text, std::size_t at) const;
     // Whether the query begins with one of m_letters, behind which the text goes on at `next`.
     bool beginsAmongLetters(std::string_view text, std::size_t next);
 
@@ -44,15 +44,10 @@ private:
     void appendComposed(std::string_view unit);
     void append(char32_t codePoint);
 
-    std::array<SearchLetter, 0x80> m_ascii{}; // 0 for what is no letter
+    // The letters of the characters of up to two bytes, of which Latin texts are made. 0 for those
+    // that are none or several, or may be composed with what stands before them.
+    std::array<SearchLetter, 0x800> m_short{};
     std::vector<SearchLetter> m_query;
-    // Whether the query begins with a character of two bytes, of which Latin texts are full.
-    enum class Beginning : std::uint8_t {
-        impossible,
-        possible,
-        letter, // the character is the query's first letter and no more
-    };
-    std::array<Beginning, 0x800> m_twoBytes{};
     ByteFilter m_filter; // marks every byte where the query may begin
     std::vector<SearchLetter> m_letters; // those of the text from a candidate on
 };
