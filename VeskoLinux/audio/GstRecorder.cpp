@@ -86,8 +86,7 @@ Task<> GstRecorder::start(std::filesystem::path file)
 
 Task<> GstRecorder::giveUpLate(Eventual<std::exception_ptr> begun)
 {
-    //co_await m_firstBuilt;
-    co_await Eventual<std::monostate>::of({});
+    co_await m_firstBuilt;
     QTimer::singleShot(m_patience, &m_home, [begun] {
         begun.set(
             std::make_exception_ptr(std::runtime_error("The microphone gave no sound in time")));
