@@ -42,10 +42,15 @@ std::string socketPath()
     return (folder() / "native").string();
 }
 
-// Without norewinds a sink that no one hears works in blocks of two seconds.
+// Without norewinds a sink works in blocks of two seconds while no one hears it, and what is played
+// into one that has begun never reaches its monitor.
+std::string sink(const std::string& name)
+{
+    return "module-null-sink norewinds=1 sink_name=" + name;
+}
 std::string sinkOfMicrophone(const std::string& name)
 {
-    return "module-null-sink rate=48000 channels=1 norewinds=1 sink_name=" + name;
+    return sink(name) + " rate=48000 channels=1";
 }
 
 bool answers()
@@ -100,8 +105,7 @@ SoundServer::SoundServer(Microphone microphone)
     std::vector<std::string> command{ "env", "-u", "PULSE_SERVER", "HOME=" + folder().string(),
         "XDG_RUNTIME_DIR=" + folder().string(), "PULSE_RUNTIME_PATH=" + folder().string(),
         "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
-        "--log-target=file:" + (folder() / "log").string(), "-L",
-        "module-null-sink sink_name=vout" };
+        "--log-target=file:" + (folder() / "log").string(), "-L", sink("vout") };
     if (microphone == Microphone::present)
         command.insert(command.end(),
             { "-L", sinkOfMicrophone("vmic"), "-L",
