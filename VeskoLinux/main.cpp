@@ -6,6 +6,7 @@
 #include "VeskoApp/shell/Deployment.h"
 #include "VeskoApp/shell/KeyInstaller.h"
 #include "VeskoLinux/accessibility/AtspiFocusedField.h"
+#include "VeskoLinux/audio/GstCueEngine.h"
 #include "VeskoLinux/audio/GstPlayer.h"
 #include "VeskoLinux/audio/GstRecorder.h"
 #include "VeskoLinux/desktop/CborSettings.h"
@@ -106,6 +107,7 @@ int runApplication(int argc, char** argv)
 
     GstRecorder recorder;
     GstPlayer player;
+    GstCueEngine cues(deploymentFolders());
     PocketSphinxRecognizer recognizer;
     Cld2LanguageRecognizer textLanguage;
     AtspiFocusedField focusedField;
@@ -118,7 +120,7 @@ int runApplication(int argc, char** argv)
     CborSettings settings(configFolder());
     XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
-    Platform platform{ clock, recorder, player, recognizer, textLanguage, focusedField,
+    Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
         pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
         preferredLanguages() };
 
@@ -131,7 +133,8 @@ int runApplication(int argc, char** argv)
     delegate.showCaptureControl = [panel](bool shown) { panel->setVisible(shown); };
     delegate.terminate = [] { QGuiApplication::exit(); };
     const TerminationSignals signals([&delegate] { delegate.quit(); });
-    QObject::connect(&application, &QGuiApplication::aboutToQuit, [&] { delegate.willTerminate(); });
+    QObject::connect(
+        &application, &QGuiApplication::aboutToQuit, [&] { delegate.willTerminate(); });
     delegate.launch();
     return QGuiApplication::exec();
 }

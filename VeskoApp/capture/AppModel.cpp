@@ -17,13 +17,14 @@ AppModel::AppModel(Platform& platform, LibraryOpening open, OpenRouterClient cli
     , m_keychain(platform.secrets)
     , m_preferences(platform.settings, m_keychain, platform.loginItem)
     , m_capture(platform.recorder)
+    , m_cues(platform.cues)
     , m_apple(platform.recognizer, platform.clock)
     , m_insertionReview(platform.focusedField, platform.clock)
     , m_message(L10N_KEY("Vesko", "Ready to capture"))
     , m_meter(platform.clock)
     , m_playbackEnd(platform.clock)
 {
-    // Accounts, usage analytics and the cues are made here once they exist.
+    // Accounts and usage analytics are made here once they exist.
     m_capture.onFailure = [this](std::string message) { recordingFailed(std::move(message)); };
     connect(&m_preferences, &Preferences::changed, this, [this] {
         if (!m_preferences.learnCorrections.get())

@@ -4,6 +4,7 @@
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/capture/AppleTranscriber.h"
 #include "VeskoApp/capture/AudioCapture.h"
+#include "VeskoApp/capture/CaptureCues.h"
 #include "VeskoApp/capture/CaptureSettings.h"
 #include "VeskoApp/capture/LanguageQuestion.h"
 #include "VeskoApp/capture/Phase.h"
@@ -239,6 +240,7 @@ private:
     Keychain m_keychain;
     Preferences m_preferences;
     AudioCapture m_capture;
+    CaptureCues m_cues;
     AppleTranscriber m_apple;
     InsertionReview m_insertionReview;
 

@@ -89,13 +89,16 @@ Task<> AppModel::startRecording(
 
     // The user speaks from here on, while the note and the recording are being saved.
     m_capture.open();
+    if (m_preferences.soundsEnabled.get())
+        m_cues.prepare();
     std::optional<Recording> recording;
     std::exception_ptr failure;
     try {
         recording = co_await prepareRecording(noteID, dictation);
         auto file = co_await m_store.run(
             [record = *recording](const LibraryStore& store) { return store.audioURL(record); });
-        // The start cue is played here, and not waited for, once there are cues.
+        if (m_preferences.soundsEnabled.get())
+            m_cues.play(CaptureCues::Cue::start);
         co_await m_capture.start(std::move(file));
     } catch (...) {
         failure = std::current_exception();
@@ -187,7 +190,8 @@ void AppModel::stopRecording()
     ActiveCapture capture = *m_active;
     const double duration = endCapture();
     clearFnGesture();
-    // The stop cue is played here once there are cues.
+    if (m_preferences.soundsEnabled.get())
+        m_cues.play(CaptureCues::Cue::stop);
     setPhase(Phase::processing);
     setMessage(L10N_KEY("Vesko", "Original saved. Transcribing…"));
     m_tasks.spawn(finishAndTranscribe(std::move(capture), duration));

@@ -4,6 +4,7 @@
 #include "VeskoApp/platform/AudioPlayer.h"
 #include "VeskoApp/platform/AudioRecorder.h"
 #include "VeskoApp/platform/Clipboard.h"
+#include "VeskoApp/platform/CueEngine.h"
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoApp/platform/KeyInput.h"
 #include "VeskoApp/platform/LoginItem.h"
@@ -25,6 +26,7 @@ struct Platform {
     EventClock& clock;
     AudioRecorder& recorder;
     AudioPlayer& player;
+    CueEngine& cues;
     OnDeviceRecognizer& recognizer;
     TextLanguageRecognizer& textLanguage;
     FocusedField& focusedField;

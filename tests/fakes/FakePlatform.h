@@ -4,6 +4,7 @@
 #include "tests/fakes/FakeAudioPlayer.h"
 #include "tests/fakes/FakeAudioRecorder.h"
 #include "tests/fakes/FakeClipboard.h"
+#include "tests/fakes/FakeCueEngine.h"
 #include "tests/fakes/FakeFocusedField.h"
 #include "tests/fakes/FakeKeyInput.h"
 #include "tests/fakes/FakeLoginItem.h"
@@ -22,6 +23,7 @@ struct FakePlatform {
     TestClock clock;
     FakeAudioRecorder recorder{ clock };
     FakeAudioPlayer player;
+    FakeCueEngine cues{ clock };
     FakeOnDeviceRecognizer recognizer;
     FakeTextLanguageRecognizer textLanguage;
     FakeFocusedField focusedField;
@@ -38,6 +40,7 @@ struct FakePlatform {
         .clock = clock,
         .recorder = recorder,
         .player = player,
+        .cues = cues,
         .recognizer = recognizer,
         .textLanguage = textLanguage,
         .focusedField = focusedField,
