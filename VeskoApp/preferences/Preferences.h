@@ -11,8 +11,8 @@
 namespace vesko {
 
 // Every setting of the user, read when it is made and written through at each assignment, with
-// what the login items say, and the secret store once it has been asked. The keys themselves are never held here. Main
-// thread.
+// what the login items say, and the secret store once it has been asked. The keys themselves are
+// never held here. Main thread.
 class Preferences : public QObject {
     Q_OBJECT
 

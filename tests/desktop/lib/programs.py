@@ -7,6 +7,7 @@ import tempfile
 from . import eyes, hands
 from .waiting import until
 
+SERVICES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../services")
 CHROMIUM = ["chromium", "--force-renderer-accessibility", "--no-sandbox", "--disable-gpu",
             "--disable-quic", "--no-first-run", "--disable-background-networking",
             "--disable-component-update", "--disable-sync", "--disable-dev-shm-usage",
@@ -17,6 +18,21 @@ textarea { height: 160px }</style>
 <textarea aria-label="area"></textarea>
 <input aria-label="line"><input aria-label="other line">
 <input type="password" aria-label="secret">
+"""
+
+CHAT = """<!doctype html><meta charset="utf-8"><title>Chat</title>
+<style>body {{ font: 18px sans-serif }} textarea, input {{ display: block; width: 90%;
+margin: 12px }}</style>
+<textarea aria-label="message" rows="4">{before}</textarea><input aria-label="other">
+<script>
+const message = document.querySelector("textarea");
+message.addEventListener("keydown", event => {{
+    if (event.key === "Enter") {{ event.preventDefault(); message.value = ""; }}
+}});
+message.addEventListener("paste", () => {{
+    if ({alters}) setTimeout(() => {{ message.value = "» " + message.value; }});
+}});
+</script>
 """
 
 
@@ -88,6 +104,23 @@ class Chromium(Program):
         super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
                                      "--app=file://" + _file("fields.html", PAGE)])
         self.focus("password text" if field == "secret" else "entry", field)
+
+
+class ChatPage(Program):
+    """A page with a message in it: Return sends it, which empties the field. One that `alters`
+    puts a mark before what is pasted."""
+
+    def __init__(self, before="", alters=False):
+        page = CHAT.format(before=before, alters="true" if alters else "false")
+        super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
+                                     "--app=file://" + _file("chat.html", page)])
+        self.focus("entry", "message")
+
+
+class ChatWindow(Program):
+    def __init__(self):
+        super().__init__(["/usr/bin/python3", os.path.join(SERVICES, "chat.py")])
+        self.focus("text", "message")
 
 
 class Terminal(Program):

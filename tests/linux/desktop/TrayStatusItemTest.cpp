@@ -2,8 +2,8 @@
 #include "tests/linux/PrivateBus.h"
 #include "tests/linux/PrivateDisplay.h"
 
-#include <QGuiApplication>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -1,0 +1,137 @@
+#!/usr/bin/python3
+"""What Vesko learns when the user corrects a pasted text and sends it, and when it learns nothing.
+
+The service says the same misspelt word each time.
+"""
+
+import os
+import sys
+import unittest
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+
+from lib import cases, hands, library  # noqa: E402
+from lib.programs import ChatPage, ChatWindow  # noqa: E402
+from lib.service import OpenRouter  # noqa: E402
+from lib.vesko import Vesko, deployed, install_key  # noqa: E402
+from lib.waiting import human_pause, until  # noqa: E402
+
+SAID = "Please recieve the parcel"
+MEANT = "Please receive the parcel"
+LOOK = 0.25  # seconds between two looks at the field
+
+
+class Learning(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.service = OpenRouter()
+        cls.addClassCleanup(cls.service.stop)
+        cls.service.answer(SAID)
+        cls.binary = deployed(cls.service.url)
+        install_key("test-key", cls.binary)
+
+    def setUp(self):
+        self.vesko = Vesko(self.binary)
+        self.addCleanup(self.vesko.kill)
+
+    def dictate(self, program, expected=SAID):
+        self.vesko.dictate(lambda: human_pause(0.3))
+        until(f"the field holds {expected!r}, not {program.text!r}",
+              lambda: program.text == expected)
+        human_pause(2 * LOOK)  # nobody corrects a word sooner
+
+    def correct(self, program):
+        """Puts the letters of the misspelt word right."""
+        hands.tap("home")
+        for _ in range(SAID.index("ie")):
+            hands.tap("right")
+        hands.tap("delete")
+        hands.tap("delete")
+        hands.type_letters("ei")
+        until("the word is right", lambda: program.text.endswith(MEANT))
+        human_pause(2 * LOOK)
+
+    def send(self, program):
+        hands.tap("return")
+        until("the message has been sent", lambda: program.text == "")
+
+    def dictionary(self):
+        return library.read(self.vesko.root)["dictionary"]
+
+    def learns(self, program):
+        with program:
+            self.dictate(program)
+            self.correct(program)
+            self.send(program)
+            entry = until("the correction stands in the dictionary", self.dictionary)[0]
+            self.assertEqual((entry["original"], entry["replacement"]), ("recieve", "receive"))
+            self.assertTrue(entry["enabled"])
+            self.assertEqual(entry["source"], "learned")
+            self.dictate(program, expected=MEANT)
+
+    def learns_nothing(self):
+        human_pause(1)  # what would be learned is, within a look or two
+        self.assertEqual(self.dictionary(), [])
+
+    def test_a_correction_sent_in_a_gtk_window_acts_in_the_next_dictation(self):
+        self.learns(ChatWindow())
+
+    def test_a_correction_sent_in_a_chromium_page_acts_in_the_next_dictation(self):
+        self.learns(ChatPage())
+
+    def test_what_is_sent_as_it_was_pasted_teaches_nothing(self):
+        with ChatPage() as page:
+            self.dictate(page)
+            self.send(page)
+            self.learns_nothing()
+
+    def test_an_edit_outside_the_fragment_ends_the_review(self):
+        with ChatPage("before ") as page:
+            hands.tap("end")
+            self.dictate(page, expected="before " + SAID)
+            hands.tap("home")
+            hands.type_letters("x")
+            until("the edit is there", lambda: page.text == "xbefore " + SAID)
+            human_pause(2 * LOOK)
+            hands.tap("home")
+            for _ in range(len("xbefore ")):
+                hands.tap("delete")
+            self.correct(page)
+            self.send(page)
+            self.learns_nothing()
+
+    def test_a_lost_focus_ends_the_review(self):
+        with ChatPage() as page:
+            self.dictate(page)
+            message = page.field
+            page.focus("entry", "other")
+            human_pause(2 * LOOK)
+            page.focus("entry", "message")
+            self.assertEqual(page.field, message)
+            self.correct(page)
+            self.send(page)
+            self.learns_nothing()
+
+    def test_a_new_recording_ends_the_review(self):
+        with ChatPage() as page:
+            self.dictate(page)
+            self.correct(page)
+            self.vesko.begin()
+            self.send(page)
+            self.vesko.end()
+            self.vesko.wait_for("ready")
+            self.learns_nothing()
+
+    def test_a_field_that_alters_what_is_pasted_is_never_learned_from(self):
+        with ChatPage(alters=True) as page:
+            self.dictate(page, expected="» " + SAID)
+            hands.tap("home")
+            hands.tap("delete")
+            hands.tap("delete")
+            self.correct(page)
+            self.send(page)
+            self.learns_nothing()
+
+
+if __name__ == "__main__":
+    cases.main()
