@@ -150,7 +150,7 @@ Task<> AppModel::deliver(std::string text, bool paste, std::optional<Destination
     }
     setMessage(L10N_KEY("Vesko", "Copied. Paste sent to the original field."));
     if (m_preferences.learnCorrections.get())
-        m_insertionReview.start(std::move(*field), std::move(text),
+        m_insertionReview.start(std::move(*field), text,
             [this](std::vector<DictionarySuggestion> corrections, bool sent) {
                 corrected(std::move(corrections), sent);
             });

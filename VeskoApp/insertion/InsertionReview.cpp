@@ -26,7 +26,7 @@ InsertionReview::InsertionReview(FocusedField& fields, EventClock& clock)
 }
 
 void InsertionReview::start(
-    FocusDestination destination, std::string text, OnCorrections onCorrections)
+    FocusDestination destination, const std::string& text, OnCorrections onCorrections)
 {
     stop();
     auto scope = InsertedTextScope::from(destination.originalValue, destination.selection, text);
@@ -68,16 +68,11 @@ Task<> InsertionReview::look(std::shared_ptr<Review> review)
 
 void InsertionReview::awaitPaste(const std::optional<std::string>& value)
 {
-    if (!value) {
-        stop();
-    } else if (*value == m_review->scope.expectedValue()) {
+    if (value == m_review->scope.expectedValue()) {
         m_review->landed = true;
         m_review->lastEdited = m_review->scope.original;
-        if (m_clock.uptime() < m_review->end)
-            lookAfter(watchInterval);
-        else
-            finish(false);
-    } else if (++m_review->unequalReads == mostUnequalReads) {
+        goOnWatching();
+    } else if (!value || ++m_review->unequalReads == mostUnequalReads) {
         stop();
     } else {
         lookAfter(pasteInterval);
@@ -100,6 +95,11 @@ void InsertionReview::watch(const std::optional<std::string>& value)
         return;
     }
     m_review->lastEdited = std::move(*fragment);
+    goOnWatching();
+}
+
+void InsertionReview::goOnWatching()
+{
     if (m_clock.uptime() < m_review->end)
         lookAfter(watchInterval);
     else

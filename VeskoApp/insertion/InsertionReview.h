@@ -24,7 +24,7 @@ public:
 
     // After the paste of the text into the field. In place of whatever was running; nothing runs
     // if there is nothing that could be watched.
-    void start(FocusDestination destination, std::string text, OnCorrections onCorrections);
+    void start(FocusDestination destination, const std::string& text, OnCorrections onCorrections);
     // Return was pressed. If the fragment stands in the field, and the field is empty soon after,
     // it was sent.
     void armSend();
@@ -49,6 +49,7 @@ private:
     Task<> lookAtReturn(std::shared_ptr<Review> review);
     void awaitPaste(const std::optional<std::string>& value);
     void watch(const std::optional<std::string>& value);
+    void goOnWatching();
     bool inTimeToBeSent() const;
     void finish(bool sent);
 
