@@ -5,6 +5,7 @@
 #include "tests/fuzz/HostileRevisions.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace vesko {
 
@@ -29,10 +30,8 @@ std::filesystem::path fileBelow(const std::filesystem::path& root)
 
 std::vector<TextSyncRevision> listOf(const LiteralJournal& journal)
 {
-    std::vector<TextSyncRevision> list;
-    for (const auto& [id, revision] : journal.nodes)
-        list.push_back(revision);
-    return list;
+    const auto revisions = std::views::values(journal.nodes);
+    return { revisions.begin(), revisions.end() };
 }
 
 } // namespace
@@ -199,7 +198,7 @@ SyncWorld::Operation SyncWorld::anyChange(const Replica& replica, bool removal)
         } };
 }
 
-SyncWorld::Operation SyncWorld::mergeOf(std::vector<TextSyncRevision> batch)
+SyncWorld::Operation SyncWorld::mergeOf(const std::vector<TextSyncRevision>& batch)
 {
     return { "gets " + std::to_string(batch.size()),
         [=](TextSyncStore& store) {
@@ -230,7 +229,6 @@ SyncWorld::Operation SyncWorld::acknowledgementBy(const Replica& replica)
 void SyncWorld::send(std::size_t from)
 {
     const auto& replica = *m_replicas[from];
-    const auto all = listOf(replica.expected.journal);
     const auto to = (from + 1 + below(m_replicas.size() - 1)) % m_replicas.size();
     Batch batch{ to, {} };
     const bool onlyPending = below(2) == 0;
@@ -302,7 +300,7 @@ void SyncWorld::attack(Replica& replica, Trouble trouble)
     auto tried = replica.expected.journal;
     if (verdictOf([&] { tried.merge(batch); }) == taken)
         return;
-    auto operation = mergeOf(std::move(batch));
+    auto operation = mergeOf(batch);
     operation.name = "is attacked with " + std::to_string(attack.size());
     perform(replica, operation, trouble);
 }

@@ -65,7 +65,7 @@ private:
     };
 
     Operation anyChange(const Replica& replica, bool removal);
-    Operation mergeOf(std::vector<TextSyncRevision> batch);
+    Operation mergeOf(const std::vector<TextSyncRevision>& batch);
     Operation acknowledgementBy(const Replica& replica);
     void perform(Replica& replica, const Operation& operation, SyncStep::Trouble trouble);
 

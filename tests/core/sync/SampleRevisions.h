@@ -64,7 +64,9 @@ std::string verdictOf(Work work)
     }
 }
 
+// NOLINTBEGIN(readability-identifier-naming): GoogleTest's name
 void PrintTo(const TextSyncRevision& revision, std::ostream* out);
 void PrintTo(const Uuid& id, std::ostream* out);
+// NOLINTEND(readability-identifier-naming)
 
 } // namespace vesko
