@@ -9,6 +9,7 @@ namespace vesko {
 namespace {
 
 constexpr mode_t ownerOnly = 0600;
+constexpr std::size_t writtenAhead = 4 << 20; // bytes
 
 std::filesystem::path suffixed(std::filesystem::path path, const char* suffix)
 {
@@ -98,12 +99,19 @@ void AtomicFile::fill(const std::filesystem::path& path, const Producer& produce
     discard(path);
     OpenFile file(m_files, path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, ownerOnly);
     m_files.setPermissions(file, ownerOnly);
+    std::size_t since = 0; // bytes since the disk was last told to begin
     producer([&](std::string_view bytes) {
+        since += bytes.size();
         while (!bytes.empty()) {
             const auto written = m_files.write(file, bytes);
             if (written == 0)
                 throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
             bytes.remove_prefix(written);
+        }
+        // The disk works while the rest is still being made.
+        if (since >= writtenAhead) {
+            m_files.beginSync(file);
+            since = 0;
         }
     });
     m_files.sync(file);

@@ -82,6 +82,12 @@ public:
     {
         checked([&] { return ::fsync(file); });
     }
+    void beginSync([[maybe_unused]] int file) override
+    {
+#ifdef SYNC_FILE_RANGE_WRITE
+        ::sync_file_range(file, 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
+    }
     void close(int file) override
     {
         // Not repeated after a signal: Linux has let go of the descriptor by then.

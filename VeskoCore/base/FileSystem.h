@@ -38,6 +38,8 @@ public:
     virtual void setPermissions(int file, mode_t permissions) = 0;
     // Returns when the file's content, or the folder's entries, are on the disk.
     virtual void sync(int file) = 0;
+    // Lets what has been written so far begin its way to the disk. A hint, which may do nothing.
+    virtual void beginSync(int) { }
     // The descriptor is gone even when this fails.
     virtual void close(int file) = 0;
 
