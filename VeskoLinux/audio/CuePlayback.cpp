@@ -136,10 +136,10 @@ void playCue(const std::string& wav, const CueSound& sound, const std::stop_toke
         gst_bus_post(
             bus.get(), gst_message_new_application(nullptr, gst_structure_new_empty("stop")));
     });
+    const auto ends = static_cast<GstMessageType>( // NOLINT(*EnumCastOutOfRange): a set of flags
+        GST_MESSAGE_EOS | GST_MESSAGE_ERROR | GST_MESSAGE_APPLICATION);
     const Owned<GstMessage> end(
-        gst_bus_timed_pop_filtered(bus.get(), nanoseconds(sound.length + latestEnd),
-            static_cast<GstMessageType>(
-                GST_MESSAGE_EOS | GST_MESSAGE_ERROR | GST_MESSAGE_APPLICATION)));
+        gst_bus_timed_pop_filtered(bus.get(), nanoseconds(sound.length + latestEnd), ends));
     if (!end || GST_MESSAGE_TYPE(end.get()) == GST_MESSAGE_ERROR)
         throw std::runtime_error("the cue can't be played");
 }

@@ -3,6 +3,8 @@
 #include "VeskoApp/capture/CaptureCues.h"
 #include "tests/app/capture/AppModelTest.h"
 
+#include <algorithm>
+
 namespace vesko {
 
 namespace {
@@ -137,9 +139,8 @@ class CapturesAndCuesTest : public AppModelTest {
 protected:
     std::vector<std::string> heard() const
     {
-        std::vector<std::string> names;
-        for (const auto& cue : machine.cues.played)
-            names.push_back(cue.sample);
+        std::vector<std::string> names(machine.cues.played.size());
+        std::ranges::transform(machine.cues.played, names.begin(), &CueSound::sample);
         return names;
     }
 };
