@@ -20,10 +20,10 @@ using namespace std::chrono_literals;
 
 constexpr double silence = -160;
 
-// The queue holds the sound until there is a file, while the encoder opens and while the disk is
-// busy.
+// The source's own ring would lose what comes while a busy machine gives this program no time. The
+// queue holds the sound until there is a file, while the encoder opens and while the disk is busy.
 constexpr auto listening
-    = "pulsesrc name=source client-name=Vesko"
+    = "pulsesrc name=source client-name=Vesko buffer-time=10000000"
       " ! queue name=queue max-size-time=30000000000 max-size-buffers=0 max-size-bytes=0";
 // Fragments make the file playable while it grows; at the end it is rewritten as an ordinary one.
 constexpr auto writing
@@ -248,6 +248,7 @@ void RecordingPipeline::end()
         if (!std::exchange(m_running, false))
             return;
     }
+    awaitWhatIsUnderWay();
     // An end sent to the pipeline goes through the source, which may be stalled; one that enters
     // behind it always arrives. A full queue would keep it out.
     g_object_set(m_queue.get(), "max-size-time", guint64{ 0 }, nullptr);
@@ -260,6 +261,20 @@ void RecordingPipeline::end()
     std::unique_lock lock(m_mutex);
     m_noted.wait_for(lock, 10s, [this] { return m_endOfStream || m_failure; });
     m_noted.wait_for(lock, 2s, [this] { return m_endOfStream; });
+}
+
+// The last words before a stop are still on their way from the microphone: a buffer's length from a
+// built-in one, some hundred milliseconds from a headset without wires.
+void RecordingPipeline::awaitWhatIsUnderWay()
+{
+    GstClock* clock = gst_element_get_clock(m_pipeline.get());
+    if (!clock)
+        return;
+    const auto now = static_cast<long long>(
+        gst_clock_get_time(clock) - gst_element_get_base_time(m_pipeline.get()));
+    gst_object_unref(clock);
+    std::unique_lock lock(m_mutex);
+    m_noted.wait_for(lock, 500ms, [&] { return m_lastTime >= now || m_failure || m_endOfStream; });
 }
 
 double RecordingPipeline::capturedSeconds() const
@@ -308,11 +323,12 @@ void RecordingPipeline::noteCaptured(long long begin, long long end)
 {
     if (m_firstTime < 0)
         m_firstTime = begin;
-    if (m_lastTime.exchange(end) < 0) {
-        // With the lock, so that begin() can't miss it between its look and its sleep.
+    {
+        // With the lock, so that no one can miss it between his look and his sleep.
         const std::scoped_lock lock(m_mutex);
-        m_noted.notify_all();
+        m_lastTime = end;
     }
+    m_noted.notify_all();
 }
 
 // The first one counts: what follows is its consequence.

@@ -44,8 +44,8 @@ public:
     // Ends the recording if its microphone has gone or it has failed, and then tells why. The file
     // is as whole as it will be.
     std::optional<RecorderFailure> attend();
-    // Returns when everything taken until now stands in the file, and it is an ordinary one; or
-    // when that has failed.
+    // Returns when everything that the microphone has heard until now stands in the file, and it is
+    // an ordinary one; or when that has failed.
     void end();
 
     double capturedSeconds() const;
@@ -61,6 +61,7 @@ private:
     void note(GstMessage* message);
     void noteCaptured(long long begin, long long end);
     void noteFailure(RecorderFailure failure, std::string reason);
+    void awaitWhatIsUnderWay();
     bool hearsTheSpeakers() const;
 
     const std::function<void()> m_changed;

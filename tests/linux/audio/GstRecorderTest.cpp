@@ -10,8 +10,10 @@
 #include <fstream>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 using namespace vesko;
+using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
 namespace {
@@ -46,6 +48,20 @@ protected:
     static void waitForFile(GstRecorder& recorder)
     {
         await([](GstRecorder& of) -> Task<> { co_await of.finished(); }(recorder));
+    }
+    // All of this program, as on a machine that has no time for it; the sound server goes on.
+    static void standStill(std::chrono::nanoseconds time)
+    {
+        const timespec pause{ .tv_sec = time / 1s, .tv_nsec = (time % 1s).count() };
+        const pid_t tester = ::getpid();
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::kill(tester, SIGSTOP);
+            ::nanosleep(&pause, nullptr);
+            ::kill(tester, SIGCONT);
+            ::_exit(0);
+        }
+        ::waitpid(child, nullptr, 0);
     }
     // Until the sound server has no one left that listens to a microphone but the fixture.
     static void waitUntilReleased()
@@ -146,6 +162,40 @@ TEST_F(GstRecorderTest, WhatWasHeardBeforeTheFileHadAPlaceIsInIt)
     const auto sound = audiofile::decode(file);
     EXPECT_NEAR(vesko::seconds(sound), seconds, 0.1);
     EXPECT_NEAR(frequency(part(sound, 0.1, seconds - 0.1)), 440, 1);
+}
+
+TEST_F(GstRecorderTest, WhatIsHeardWhileTheMachineHasNoTimeIsInTheFile)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    begin(recorder);
+    recordUntil(recorder, 0.5);
+    standStill(1s);
+    recordUntil(recorder, 2);
+    const double seconds = end(recorder);
+
+    const auto sound = audiofile::decode(file);
+    EXPECT_NEAR(vesko::seconds(sound), seconds, 0.1);
+    EXPECT_NEAR(decibels(part(sound, 0.1, seconds - 0.1)), -20, 0.5);
+}
+
+TEST_F(GstRecorderTest, WhatWasSaidUntilTheStopIsInTheFileHoweverLateItComes)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    begin(recorder);
+    recordUntil(recorder, 0.5);
+    server.hang();
+    standStill(200ms);
+    recorder.stop();
+    server.goOn();
+    waitForFile(recorder);
+
+    const auto sound = audiofile::decode(file);
+    EXPECT_GE(vesko::seconds(sound), 0.68);
+    EXPECT_NEAR(decibels(part(sound, 0.1, 0.65)), -20, 0.5);
 }
 
 TEST_F(GstRecorderTest, AStopBeforeTheStartForgetsWhatWasHeard)

@@ -31,6 +31,7 @@ public:
     static std::string list(const std::string& kind);
 
     void hang() const { m_server->signal(19 /* SIGSTOP */); }
+    void goOn() const { m_server->signal(18 /* SIGCONT */); }
     void kill();
 
 private:
