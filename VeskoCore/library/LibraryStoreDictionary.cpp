@@ -9,14 +9,15 @@ namespace vesko {
 
 namespace {
 
-constexpr std::size_t mostCharacters = 80;
+constexpr std::size_t mostTermCharacters = 80;
 constexpr std::size_t mostEntries = 1000;
 
 // The term as it is stored. Throws invalidDictionary.
 std::string validTerm(std::string_view term)
 {
     term = trimmed(term);
-    if (term.empty() || firstLine(term) != term || firstCharacters(term, mostCharacters) != term)
+    if (term.empty() || firstLine(term) != term
+        || firstCharacters(term, mostTermCharacters) != term)
         throw VeskoError(VeskoError::invalidDictionary);
     return std::string(term);
 }

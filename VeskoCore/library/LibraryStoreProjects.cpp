@@ -9,13 +9,13 @@ namespace vesko {
 
 namespace {
 
-constexpr std::size_t mostCharacters = 80;
+constexpr std::size_t mostNameCharacters = 80;
 
 // The name as it is stored. Throws invalidProject.
 std::string validName(std::string_view name)
 {
     name = trimmed(name);
-    if (name.empty() || firstCharacters(name, mostCharacters) != name)
+    if (name.empty() || firstCharacters(name, mostNameCharacters) != name)
         throw VeskoError(VeskoError::invalidProject);
     return std::string(name);
 }

@@ -1,19 +1,13 @@
 #include "VeskoCore/insertion/InsertedTextScope.h"
 
+#include "tests/core/insertion/Repeated.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
 
 namespace vesko {
 namespace {
-
-std::string repeated(const std::string& text, int times)
-{
-    std::string all;
-    for (; times > 0; --times)
-        all += text;
-    return all;
-}
 
 TEST(InsertedTextScope, HoldsWhatStandsAroundTheSelection)
 {

@@ -1,5 +1,7 @@
 #include "tests/core/insertion/LiteralDictionary.h"
 
+#include "tests/core/insertion/IcuText.h"
+
 #include <algorithm>
 #include <optional>
 #include <set>
@@ -13,17 +15,6 @@ namespace vesko {
 namespace {
 
 using icu::UnicodeString;
-
-UnicodeString units(std::string_view text)
-{
-    return UnicodeString::fromUTF8({ text.data(), static_cast<std::int32_t>(text.size()) });
-}
-
-std::string utf8(const UnicodeString& text)
-{
-    std::string result;
-    return text.toUTF8String(result);
-}
 
 UnicodeString lowercased(UnicodeString text)
 {

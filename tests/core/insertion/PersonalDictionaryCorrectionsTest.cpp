@@ -1,5 +1,7 @@
 #include "VeskoCore/insertion/PersonalDictionary.h"
 
+#include "tests/core/insertion/Repeated.h"
+
 #include <gmock/gmock.h>
 
 namespace vesko {
@@ -17,21 +19,13 @@ using testing::IsEmpty;
 
 using Found = std::vector<DictionarySuggestion>;
 
-std::string repeated(const std::string& text, int times)
-{
-    std::string all;
-    for (; times > 0; --times)
-        all += text;
-    return all;
-}
-
-struct Case {
+struct CorrectionsCase {
     const char* name;
     std::string original, edited;
     Found expected;
 };
 
-void check(const std::vector<Case>& cases)
+void checkCorrections(const std::vector<CorrectionsCase>& cases)
 {
     for (const auto& row : cases)
         EXPECT_EQ(corrections(row.original, row.edited), row.expected) << row.name;
@@ -39,7 +33,7 @@ void check(const std::vector<Case>& cases)
 
 TEST(PersonalDictionaryCorrections, SomeTextsTellNothing)
 {
-    check({
+    checkCorrections({
         { "equal ones", "my wrld", "my wrld", {} },
         { "canonically equal ones", "caf\u00E9s", "cafe\u0301s", {} },
         { "empty ones", "", "", {} },
@@ -59,7 +53,7 @@ TEST(PersonalDictionaryCorrections, SomeTextsTellNothing)
 TEST(PersonalDictionaryCorrections, WhatOnlyLooksLikeAnAddressIsNone)
 {
     const Found world{ { "wrld", "world", true } };
-    check({
+    checkCorrections({
         { "a capital scheme", "HTTP://wrld", "HTTP://world", { { "wrld", "world", true } } },
         { "another scheme", "ftp://wrld", "ftp://world", world },
         { "an @ by itself", "wrld @ home", "world @ home", world },
@@ -75,7 +69,7 @@ TEST(PersonalDictionaryCorrections, TheLimitsOfATextAreInclusive)
         return std::string(word) + repeated(filler, characters - 4);
     };
     const Found pair{ { "wrld", "wxld", true } };
-    check({
+    checkCorrections({
         { "8,000 characters", filled("wrld", ".", 8'000), filled("wxld", ".", 8'000), pair },
         { "8,001 in the original", filled("wrld", ".", 8'001), filled("wxld", ".", 8'000), {} },
         { "8,001 in the edited one", filled("wrld", ".", 8'000), filled("wxld", ".", 8'001), {} },
@@ -95,7 +89,7 @@ TEST(PersonalDictionaryCorrections, TheLimitsOfATextAreInclusive)
 
 TEST(PersonalDictionaryCorrections, WordsAreLettersMarksApostrophesAndHyphens)
 {
-    check({
+    checkCorrections({
         { "digits end one", "abcd123", "abce123", { { "abcd", "abce", true } } },
         { "an underscore ends one", "abcd_efgh", "abcx_efgh", { { "abcd", "abcx", true } } },
         { "both apostrophes are part", "don't won’t", "dom't wom’t",
@@ -116,7 +110,7 @@ TEST(PersonalDictionaryCorrections, WordsAreLettersMarksApostrophesAndHyphens)
 
 TEST(PersonalDictionaryCorrections, OnlyOneForOneSubstitutionsPair)
 {
-    check({
+    checkCorrections({
         { "a word inserted before", "hello wrld", "oh hello world", { { "wrld", "world", true } } },
         { "a word removed", "hello big wrld", "hello world", { { "wrld", "world", true } } },
         { "a word split is its last part and one inserted", "goodmorning all", "good morning all",
@@ -139,7 +133,7 @@ TEST(PersonalDictionaryCorrections, OnlyOneForOneSubstitutionsPair)
 
 TEST(PersonalDictionaryCorrections, WhichPairsAreOffered)
 {
-    check({
+    checkCorrections({
         { "receive", "recieve", "receive", { { "recieve", "receive", true } } },
         { "a common replacement", "teh", "the", {} },
         { "a common original", "the", "thy", {} },
@@ -186,7 +180,7 @@ TEST(PersonalDictionaryCorrections, OneEditIsAllowedForThreeCharacters)
 
 TEST(PersonalDictionaryCorrections, TheLongerWordSetsTheAllowance)
 {
-    check({
+    checkCorrections({
         { "three characters more make nine", "abcdef", "abcdefghi",
             { { "abcdef", "abcdefghi", true } } },
         { "and the other way", "abcdefghi", "abcdef", { { "abcdefghi", "abcdef", true } } },

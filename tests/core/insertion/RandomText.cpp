@@ -1,5 +1,7 @@
 #include "tests/core/insertion/RandomText.h"
 
+#include "tests/core/insertion/IcuText.h"
+
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
 #include <unicode/unistr.h>
@@ -23,17 +25,6 @@ const std::vector<std::string_view> everyPiece{ "a", "b", "A", "e", "x", "f", "i
     "1", "9", "²", "Ⅷ", "ⅷ", "Ⓐ", "ⓐ", "٣", "𝟙", "_", "‿", " ", " ", " ", "\t", "\n", "\r\n",
     "\u00A0", "\u2028", "\u3000", ".", ",", "-", "'", "’", "+", "*", "?", "(", ")", "[", "]", "{",
     "}", "|", "\\", "^", "$", "#", "&", "/", ":", "@", "\"", "\\E", "\\p{L}" };
-
-icu::UnicodeString units(std::string_view text)
-{
-    return icu::UnicodeString::fromUTF8({ text.data(), static_cast<std::int32_t>(text.size()) });
-}
-
-std::string utf8(const icu::UnicodeString& text)
-{
-    std::string result;
-    return text.toUTF8String(result);
-}
 
 } // namespace
 

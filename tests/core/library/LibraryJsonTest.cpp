@@ -1,6 +1,7 @@
 #include "VeskoCore/base/JsonReader.h"
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/library/Library.h"
+#include "tests/core/library/Replaced.h"
 #include "tests/fakes/Files.h"
 
 #include <gtest/gtest.h>
@@ -29,13 +30,6 @@ std::string without(std::string text, const std::string& part)
     const auto at = text.find(part);
     EXPECT_NE(at, std::string::npos) << part;
     return text.erase(at, part.size());
-}
-
-std::string replaced(std::string text, const std::string& what, const std::string& by)
-{
-    const auto at = text.find(what);
-    EXPECT_NE(at, std::string::npos) << what;
-    return text.replace(at, what.size(), by);
 }
 
 TEST(LibraryJson, ADocumentWithEveryFieldReadsAndWritesBackByteForByte)

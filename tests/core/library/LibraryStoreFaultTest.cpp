@@ -282,7 +282,7 @@ TEST_F(LibraryStoreFaultTest, NothingThatWasReportedSavedIsLostInTwoThousandKill
         // The first report tells that the child is under way. Then it is left alone for a while of
         // anything from nothing to several saves.
         int reported = last;
-        ASSERT_EQ(read(reports[0], &reported, sizeof reported), sizeof reported);
+        ASSERT_EQ(::read(reports[0], &reported, sizeof reported), sizeof reported);
         const auto idleFor = random() % 400'000;
         for (volatile unsigned spin = 0; spin < idleFor;)
             spin = spin + 1;
@@ -290,7 +290,7 @@ TEST_F(LibraryStoreFaultTest, NothingThatWasReportedSavedIsLostInTwoThousandKill
         int status = 0;
         waitpid(child, &status, 0);
         ASSERT_TRUE(WIFSIGNALED(status));
-        while (read(reports[0], &reported, sizeof reported) == sizeof reported)
+        while (::read(reports[0], &reported, sizeof reported) == sizeof reported)
             ;
         close(reports[0]);
 

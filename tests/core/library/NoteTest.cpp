@@ -26,7 +26,7 @@ Note noteWith(const std::string& body, bool transcriptCameLast)
     return note;
 }
 
-struct Case {
+struct DraftCase {
     const char* name;
     const char* body;
     std::optional<std::string> base;
@@ -34,7 +34,7 @@ struct Case {
     bool transcriptCameLast = true;
 };
 
-class NoteDraftTest : public testing::TestWithParam<Case> { };
+class NoteDraftTest : public testing::TestWithParam<DraftCase> { };
 
 TEST_P(NoteDraftTest, IsJoinedWithWhatATranscriptAdded)
 {
@@ -53,27 +53,29 @@ TEST_P(NoteDraftTest, IsJoinedWithWhatATranscriptAdded)
 }
 
 INSTANTIATE_TEST_SUITE_P(Drafts, NoteDraftTest,
-    testing::Values(Case{ "WithoutABaseTheDraftStands", "A\n\nB", std::nullopt, "AX", "AX" },
-        Case{ "NobodyElseWrote", "A", "A", "AX", "AX" },
-        Case{ "BothWroteTheSame", "AX", "A", "AX", "AX" },
-        Case{ "BothWroteTheSameOnAnotherBase", "AX", "Z", "AX", "AX" },
-        Case{ "ATranscriptWasAppended", "A\n\nB", "A", "AX", "AX\n\nB" },
-        Case{ "ATranscriptCameIntoAnEmptyNote", "B", "", "X", "XB" },
-        Case{ "TheBodyNoLongerBeginsWithTheBase", "Z\n\nB", "A", "AX",
+    testing::Values(DraftCase{ "WithoutABaseTheDraftStands", "A\n\nB", std::nullopt, "AX", "AX" },
+        DraftCase{ "NobodyElseWrote", "A", "A", "AX", "AX" },
+        DraftCase{ "BothWroteTheSame", "AX", "A", "AX", "AX" },
+        DraftCase{ "BothWroteTheSameOnAnotherBase", "AX", "Z", "AX", "AX" },
+        DraftCase{ "ATranscriptWasAppended", "A\n\nB", "A", "AX", "AX\n\nB" },
+        DraftCase{ "ATranscriptCameIntoAnEmptyNote", "B", "", "X", "XB" },
+        DraftCase{ "TheBodyNoLongerBeginsWithTheBase", "Z\n\nB", "A", "AX",
             std::string("AX") + marker + "Z\n\nB" },
-        Case{
+        DraftCase{
             "TheCaseOfTheBaseDiffers", "a\n\nB", "A", "AX", std::string("AX") + marker + "a\n\nB" },
-        Case{ "TheBodyIsShorterThanTheBase", "A", "AB", "AX", std::string("AX") + marker + "A" },
-        Case{ "AUsersOwnLaterEditIsOverwritten", "A\n\nB", "A", "AX", "AX", false },
-        Case{ "AUsersOwnLaterEditElsewhereIsOverwritten", "Z\n\nB", "A", "AX", "AX", false },
-        Case{ "TheBaseIsEncodedDifferently", "caf\u00e9\n\nB", "cafe\u0301", "X", "X\n\nB" },
-        Case{ "TheBodyIsTheBaseEncodedDifferently", "caf\u00e9", "cafe\u0301", "X", "X" },
-        Case{ "TheBodyIsTheDraftEncodedDifferently", "caf\u00e9", "A", "cafe\u0301", "cafe\u0301" },
-        Case{ "TheBaseEndsWithinACharacter", "e\u0301\n\nB", "e", "X",
+        DraftCase{
+            "TheBodyIsShorterThanTheBase", "A", "AB", "AX", std::string("AX") + marker + "A" },
+        DraftCase{ "AUsersOwnLaterEditIsOverwritten", "A\n\nB", "A", "AX", "AX", false },
+        DraftCase{ "AUsersOwnLaterEditElsewhereIsOverwritten", "Z\n\nB", "A", "AX", "AX", false },
+        DraftCase{ "TheBaseIsEncodedDifferently", "caf\u00e9\n\nB", "cafe\u0301", "X", "X\n\nB" },
+        DraftCase{ "TheBodyIsTheBaseEncodedDifferently", "caf\u00e9", "cafe\u0301", "X", "X" },
+        DraftCase{
+            "TheBodyIsTheDraftEncodedDifferently", "caf\u00e9", "A", "cafe\u0301", "cafe\u0301" },
+        DraftCase{ "TheBaseEndsWithinACharacter", "e\u0301\n\nB", "e", "X",
             std::string("X") + marker + "e\u0301\n\nB" },
-        Case{ "TheBaseEndsWithinALineEnd", "A\r\nB", "A\r", "X",
+        DraftCase{ "TheBaseEndsWithinALineEnd", "A\r\nB", "A\r", "X",
             std::string("X") + marker + "A\r\nB" },
-        Case{ "CharactersOfManyBytes", "👩‍👩‍👧 한국\n\nB",
+        DraftCase{ "CharactersOfManyBytes", "👩‍👩‍👧 한국\n\nB",
             "👩‍👩‍👧 한국", "👍🏽", "👍🏽\n\nB" }),
     [](const auto& info) { return info.param.name; });
 

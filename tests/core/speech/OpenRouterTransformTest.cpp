@@ -28,7 +28,7 @@ TranscriptResult transcriptOf(const std::string& rawText, const std::string& tex
 const TranscriptResult transcript = transcriptOf("um hello  there", "um hello  Tere");
 
 // The arguments of a chat call, those of a cleanup unless a test says otherwise.
-struct Call {
+struct TransformCall {
     TranscriptResult of = transcript;
     std::string model{ OpenRouterClient::defaultCleanupModel };
     std::string key = "test-key";
@@ -62,7 +62,7 @@ TranscriptResult with(TranscriptResult result, const char* warning)
 
 class OpenRouterTransform : public testing::Test {
 protected:
-    TranscriptResult answered(const std::string& body, const Call& call = {})
+    TranscriptResult answered(const std::string& body, const TransformCall& call = {})
     {
         server.reply(ok(body));
         return call.on(clientOf(server));
@@ -143,7 +143,7 @@ TEST_F(OpenRouterTransform, ATranscriptReachesTheServiceUnchanged)
 
 TEST_F(OpenRouterTransform, TheAnswerIsTheTextAndAllElseStays)
 {
-    const Call calls[] = {
+    const TransformCall calls[] = {
         {},
         { .cleanup = false, .translateTo = "fr" },
         { .translateTo = "fr" },
@@ -204,8 +204,9 @@ TEST_F(OpenRouterTransform, TheCostIsKnownOnlyIfBothStepsTellTheirs)
 
 TEST_F(OpenRouterTransform, WithNothingToDoTheTranscriptComesBackAsItIs)
 {
-    EXPECT_EQ((Call{ .model = "", .key = "", .allowProcessing = false, .cleanup = false }.on(
-                  clientOf(server))),
+    EXPECT_EQ(
+        (TransformCall{ .model = "", .key = "", .allowProcessing = false, .cleanup = false }.on(
+            clientOf(server))),
         transcript);
     EXPECT_EQ(server.connections(), 0U);
 }
@@ -214,7 +215,7 @@ TEST_F(OpenRouterTransform, BadArgumentsKeepTheTranscriptAndAskNobody)
 {
     const struct {
         const char* what;
-        Call call;
+        TransformCall call;
         const char* warning;
     } rows[] = {
         { "no consent", { .allowProcessing = false }, consentWarning },
@@ -232,7 +233,7 @@ TEST_F(OpenRouterTransform, BadArgumentsKeepTheTranscriptAndAskNobody)
     };
     for (const auto& row : rows) {
         EXPECT_EQ(row.call.on(clientOf(server)), with(row.call.of, row.warning)) << row.what;
-        const Call warned{ .of = with(row.call.of, "earlier"),
+        const TransformCall warned{ .of = with(row.call.of, "earlier"),
             .model = row.call.model,
             .key = row.call.key,
             .allowProcessing = row.call.allowProcessing,
@@ -246,7 +247,7 @@ TEST_F(OpenRouterTransform, BadArgumentsKeepTheTranscriptAndAskNobody)
 TEST_F(OpenRouterTransform, AModelOfWhiteSpaceIsTheServicesToRefuse)
 {
     server.reply(LoopbackServer::answer(400, ""));
-    EXPECT_EQ(Call{ .model = " " }.on(clientOf(server)), with(transcript, cleanupWarning));
+    EXPECT_EQ(TransformCall{ .model = " " }.on(clientOf(server)), with(transcript, cleanupWarning));
     EXPECT_EQ(SentBody(server.onlyRequest().body).text("/model"), " ");
 }
 
@@ -320,7 +321,7 @@ TEST_F(OpenRouterTransform, ARefusalOfTheServiceKeepsTheTranscript)
 {
     for (const int status : { 199, 300, 307, 400, 401, 402, 403, 404, 429, 500, 503 }) {
         server.reply(LoopbackServer::answer(status, said("Hi.")));
-        EXPECT_EQ(Call().on(clientOf(server)), with(transcript, cleanupWarning)) << status;
+        EXPECT_EQ(TransformCall().on(clientOf(server)), with(transcript, cleanupWarning)) << status;
     }
     EXPECT_EQ(server.requests().size(), 11U); // each asked once: a repeat may be charged
 }
@@ -340,11 +341,12 @@ TEST_F(OpenRouterTransform, AFailedExchangeKeepsTheTranscript)
     };
     for (const auto& row : rows) {
         server.reply(row.reply);
-        EXPECT_EQ(
-            Call{ .translateTo = "de" }.on(clientOf(server)), with(transcript, translationWarning))
+        EXPECT_EQ(TransformCall{ .translateTo = "de" }.on(clientOf(server)),
+            with(transcript, translationWarning))
             << row.what;
     }
-    EXPECT_EQ(Call().on(OpenRouterClient("http://127.0.0.1:1/")), with(transcript, cleanupWarning))
+    EXPECT_EQ(TransformCall().on(OpenRouterClient("http://127.0.0.1:1/")),
+        with(transcript, cleanupWarning))
         << "nobody listens";
 }
 
@@ -353,7 +355,7 @@ TEST_F(OpenRouterTransform, ACancelledExchangeKeepsTheTranscript)
     server.stopReading();
     std::stop_source source;
     TranscriptResult result;
-    std::jthread caller([&] { result = Call().on(clientOf(server), source.get_token()); });
+    std::jthread caller([&] { result = TransformCall().on(clientOf(server), source.get_token()); });
     ASSERT_TRUE(server.waitForConnections(1));
     source.request_stop();
     caller.join();
