@@ -13,6 +13,9 @@
 
 namespace vesko {
 
+constexpr const char* storageText
+    = "Vesko could not save this change. Check free disk space and access to the data folder.";
+
 // A controller over a library in a temporary folder, on a machine that works, whose user has
 // chosen on-device speech.
 class AppModelTest : public testing::Test {

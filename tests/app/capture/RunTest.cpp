@@ -7,8 +7,6 @@ namespace vesko {
 namespace {
 
 constexpr const char* needsAttention = "Audio saved. Transcription needs attention.";
-constexpr const char* storageText
-    = "Vesko could not save this change. Check free disk space and access to the data folder.";
 
 class RunTest : public AppModelTest {
 protected:

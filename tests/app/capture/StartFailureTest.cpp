@@ -6,8 +6,6 @@ namespace vesko {
 
 namespace {
 
-constexpr const char* storageText
-    = "Vesko could not save this change. Check free disk space and access to the data folder.";
 constexpr const char* microphoneText
     = "The microphone could not start. Check your audio input and try again.";
 
