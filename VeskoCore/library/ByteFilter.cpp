@@ -63,9 +63,16 @@ ByteFilter::Form ByteFilter::formOf(const Set& set)
     return { all(anyBit), all(anyBit) };
 }
 
-ByteFilter::ByteFilter(const std::array<Set, 3>& sets, const std::array<bool, 0x100>& leads)
+ByteFilter::ByteFilter(const std::array<Set, mostSets>& sets, const std::array<bool, 0x100>& leads)
 {
-    std::ranges::transform(sets, m_forms.begin(), formOf);
+    std::transform(sets.begin(), sets.begin() + m_forms.size(), m_forms.begin(), formOf);
+    m_all = formOf(std::nullopt);
+    for (std::size_t at = 0; at < sets.size() && sets[at]; ++at) {
+        const auto form = formOf(sets[at]);
+        m_all.mask[at] = form.mask[at];
+        m_all.value[at] = form.value[at];
+        m_within[at] = m_within[at + 1] = anyBit;
+    }
     auto ranges = rangesOf(leads);
     while (ranges.size() > m_leads.size())
         joinNearest(ranges);

@@ -8,13 +8,22 @@ namespace vesko {
 
 namespace {
 
+// Whether the note begins with the transcript as it is, as most dictations do; then what stands in
+// the one stands in the other. Comparing is several times faster than searching.
+bool beginsWith(const Note& note, const std::string& transcript)
+{
+    return note.body.starts_with(transcript)
+        && (note.body.size() == transcript.size() || note.body[transcript.size()] == '\n');
+}
+
 bool isFound(TextSearch& search, const Note& note)
 {
     if (search.foundIn(note.title) || search.foundIn(note.body))
         return true;
     for (const auto& recording : note.recordings)
         for (const auto& attempt : recording.attempts)
-            if (attempt.rawText && search.foundIn(*attempt.rawText))
+            if (attempt.rawText && !beginsWith(note, *attempt.rawText)
+                && search.foundIn(*attempt.rawText))
                 return true;
     return false;
 }

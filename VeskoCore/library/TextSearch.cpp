@@ -101,7 +101,7 @@ TextSearch::TextSearch(std::string_view query, std::string_view language)
     m_query = std::move(m_letters);
     if (m_query.empty())
         return;
-    std::array<ByteFilter::Set, 3> sets;
+    std::array<ByteFilter::Set, ByteFilter::mostSets> sets;
     for (std::size_t at = 0; at < sets.size() && at < m_query.size(); ++at)
         sets[at] = asciiForms(m_query[at]);
     m_filter = ByteFilter(sets, leads(query));
@@ -158,6 +158,9 @@ std::size_t TextSearch::nextCandidate(std::string_view text, std::size_t from) c
     constexpr std::uint64_t oneOfEach = 0x8080808080808080;
     const auto filter = m_filter; // in registers, since the compiler can't know that it stays
     const auto* data = bytes(text);
+    const auto isExcluded = [&](std::size_t marked) {
+        return text.size() - marked >= sizeof(Block) && filter.excludes(load(data + marked));
+    };
     for (std::size_t at = from; at < text.size(); at += sizeof(Block)) {
         const auto marks = text.size() - at >= sizeof(Block) + 2
             ? filter.marks(load(data + at), load(data + at + 1), load(data + at + 2))
@@ -169,7 +172,7 @@ std::size_t TextSearch::nextCandidate(std::string_view text, std::size_t from) c
             for (auto left = halves[half] & oneOfEach; left != 0; left &= left - 1) {
                 const auto marked
                     = at + 8 * half + static_cast<std::size_t>(std::countr_zero(left) / 8);
-                if (marked < text.size() && isCandidate(text, marked))
+                if (marked < text.size() && !isExcluded(marked) && isCandidate(text, marked))
                     return marked;
             }
     }

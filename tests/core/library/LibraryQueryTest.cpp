@@ -94,6 +94,21 @@ TEST(LibraryQuery, LooksIntoTitleBodyAndRawTranscripts)
     EXPECT_EQ(found("caféx"), Titles{});
 }
 
+TEST(LibraryQuery, FindsInATranscriptWhatItsPlaceInTheBodyHides)
+{
+    auto note = noteWith("", 0s);
+    TranscriptionAttempt attempt;
+    attempt.rawText = "\u1112"; // a consonant, which the vowel behind it makes a syllable
+    note.recordings = { Recording() };
+    note.recordings[0].attempts = { attempt };
+    for (const auto* body : { "\u1112\u1161", "\u1112", "\u1112\n\nmore", "" }) {
+        note.body = body;
+        Library library;
+        library.notes = { note };
+        EXPECT_EQ(library.filtered(std::nullopt, "\u1112", false).size(), 1U) << body;
+    }
+}
+
 TEST(LibraryQuery, TakesTheQueryAsItIsGiven)
 {
     Library library;
