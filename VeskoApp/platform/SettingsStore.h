@@ -12,8 +12,8 @@ namespace vesko {
 using SettingValue
     = std::variant<bool, std::string, double, std::vector<double>, std::vector<std::byte>>;
 
-// The user's settings on this machine. Main thread only. A value is on disk when set returns, or
-// soon after; a damaged file is set aside, never overwritten.
+// The user's settings on this machine. Main thread only. A change is on disk when set or remove
+// returns, or soon after; a damaged file is set aside, never overwritten.
 class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
@@ -21,6 +21,8 @@ public:
     // Nothing if nothing is stored, or a value of no kind that is known.
     virtual std::optional<SettingValue> value(const std::string& key) const = 0;
     virtual void set(const std::string& key, const SettingValue& value) = 0;
+    // Nothing is stored under the key afterwards; does nothing if that is so already.
+    virtual void remove(const std::string& key) = 0;
     // Whether anything has ever been stored.
     virtual bool empty() const = 0;
 

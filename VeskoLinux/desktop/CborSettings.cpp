@@ -129,8 +129,8 @@ CborSettings::CborSettings(const std::filesystem::path& configurationFolder)
 std::optional<SettingValue> CborSettings::value(const std::string& key) const
 {
     const auto name = QString::fromStdString(key);
-    if (const auto unwritten = m_unwritten.value(name); !unwritten.isUndefined())
-        return decoded(unwritten);
+    if (m_unwritten.contains(name))
+        return decoded(m_unwritten.value(name));
     readIfChanged();
     return decoded(m_stored.value(name));
 }
@@ -140,9 +140,21 @@ void CborSettings::set(const std::string& key, const SettingValue& value)
     const auto name = QString::fromStdString(key);
     const auto content = encoded(value);
     readIfChanged();
-    if (m_unwritten.isEmpty() && m_stored.value(name) == content)
-        return;
-    m_unwritten.insert(name, content);
+    if (!m_unwritten.isEmpty() || m_stored.value(name) != content)
+        keep(name, content);
+}
+
+void CborSettings::remove(const std::string& key)
+{
+    const auto name = QString::fromStdString(key);
+    readIfChanged();
+    if (m_unwritten.contains(name) || m_stored.contains(name))
+        keep(name, {});
+}
+
+void CborSettings::keep(const QString& name, const QCborValue& value)
+{
+    m_unwritten.insert(name, value);
     try {
         write();
     } catch (const std::system_error& error) {
@@ -212,8 +224,12 @@ void CborSettings::write()
     if (m_state == State::unreadable)
         throw std::system_error(std::make_error_code(std::errc::io_error), "unreadable file");
     auto content = m_stored;
-    for (const auto& entry : std::as_const(m_unwritten))
-        content.insert(entry.first, entry.second);
+    for (const auto& entry : std::as_const(m_unwritten)) {
+        if (entry.second.isUndefined())
+            content.remove(entry.first);
+        else
+            content.insert(entry.first, entry.second);
+    }
     const auto bytes = QCborValue(content).toCbor();
     if (bytes.size() > sizeLimit)
         throw std::system_error(std::make_error_code(std::errc::file_too_large), "settings");

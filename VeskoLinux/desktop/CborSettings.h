@@ -28,6 +28,7 @@ public:
 
     std::optional<SettingValue> value(const std::string& key) const override;
     void set(const std::string& key, const SettingValue& value) override;
+    void remove(const std::string& key) override;
     // A damaged or unreadable file is not empty: something was stored there.
     bool empty() const override;
 
@@ -36,12 +37,13 @@ private:
 
     void read() const;
     void readIfChanged() const;
+    void keep(const QString& name, const QCborValue& value);
     void write();
     void setAside() const;
 
     std::filesystem::path m_folder;
     std::filesystem::path m_file;
-    QCborMap m_unwritten;
+    QCborMap m_unwritten; // changes; one to undefined is a removal
 
     // What the file held when it looked like this.
     mutable std::optional<struct stat> m_seen;

@@ -21,6 +21,7 @@ public:
         ++writes;
         values.insert_or_assign(key, value);
     }
+    void remove(const std::string& key) override { writes += static_cast<int>(values.erase(key)); }
     bool empty() const override { return values.empty(); }
 };
 

@@ -172,6 +172,55 @@ TEST_F(CborSettingsTest, writesNothingWhenTheValueStandsThere)
     EXPECT_TRUE(fs::equivalent(file, folder / "before"));
 }
 
+TEST_F(CborSettingsTest, aRemovedValueIsGoneFromTheFile)
+{
+    CborSettings settings(home);
+    settings.set("secret", std::string("6f9619ff"));
+    settings.set("kept", true);
+    settings.remove("secret");
+    EXPECT_EQ(settings.value("secret"), std::nullopt);
+    EXPECT_EQ(content(file), cbor({ { QStringLiteral("kept"), true } }));
+    settings.remove("kept");
+    EXPECT_TRUE(CborSettings(home).empty());
+    settings.set("secret", std::string("again"));
+    EXPECT_EQ(CborSettings(home).get<std::string>("secret"), "again");
+}
+
+TEST_F(CborSettingsTest, removingWhatIsNotThereWritesNothing)
+{
+    CborSettings settings(home);
+    settings.remove("a");
+    EXPECT_FALSE(fs::exists(folder));
+    settings.set("b", true);
+    fs::create_hard_link(file, folder / "before");
+    settings.remove("a");
+    EXPECT_TRUE(fs::equivalent(file, folder / "before"));
+}
+
+TEST_F(CborSettingsTest, aRemovalKeepsWhatAnotherProcessWroteSinceTheLastLook)
+{
+    CborSettings settings(home);
+    settings.set("a", true);
+    inAnotherProcess([&] { CborSettings(home).set("b", true); });
+    settings.remove("a");
+    EXPECT_EQ(content(file), cbor({ { QStringLiteral("b"), true } }));
+}
+
+TEST_F(CborSettingsTest, aRemovalThatCouldNotBeWrittenGoesWithTheNextWrite)
+{
+    CborSettings settings(home);
+    settings.set("secret", std::string("6f9619ff"));
+    fs::remove(folder / "settings.lock");
+    fs::create_directory(folder / "settings.lock");
+    settings.remove("secret");
+    EXPECT_EQ(settings.value("secret"), std::nullopt);
+    EXPECT_FALSE(settings.empty());
+    EXPECT_EQ(CborSettings(home).get<std::string>("secret"), "6f9619ff");
+    fs::remove(folder / "settings.lock");
+    settings.set("other", true);
+    EXPECT_EQ(content(file), cbor({ { QStringLiteral("other"), true } }));
+}
+
 TEST_F(CborSettingsTest, seesWhatAnotherProcessWrites)
 {
     CborSettings settings(home);
