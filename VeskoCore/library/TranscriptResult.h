@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <optional>
 #include <string>
 
@@ -15,5 +16,13 @@ struct TranscriptResult {
 
     bool operator==(const TranscriptResult&) const = default;
 };
+
+// Known only if both parts of it are. What no number can hold, no one was charged.
+inline std::optional<double> sumOfCosts(std::optional<double> a, std::optional<double> b)
+{
+    if (!a || !b || !std::isfinite(*a + *b))
+        return std::nullopt;
+    return *a + *b;
+}
 
 } // namespace vesko

@@ -5,6 +5,7 @@
 #include <optional>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -50,6 +51,14 @@ public:
 private:
     Kind m_kind;
 };
+
+// The address of a service's path, which begins without a slash, below the service's root.
+inline std::string serviceURL(std::string root, std::string_view path)
+{
+    if (!root.ends_with('/'))
+        root += '/';
+    return root.append(path);
+}
 
 // Performs one exchange, blocking; throws URLError, or VeskoError::invalidResponse for an answer
 // that is not HTTP. A stop request ends it within moments, as cancelled.

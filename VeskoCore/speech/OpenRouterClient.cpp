@@ -1,5 +1,6 @@
 #include "VeskoCore/speech/OpenRouterClient.h"
 
+#include "VeskoCore/base/Digest.h"
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/base/Text.h"
 #include "VeskoCore/library/VeskoError.h"
@@ -9,7 +10,6 @@
 
 #include <cstdlib>
 #include <memory>
-#include <openssl/evp.h>
 
 namespace vesko {
 
@@ -41,17 +41,6 @@ inline constexpr std::tuple jsonFields<SpeechRequest>{
 };
 
 namespace {
-
-// Standard base64 with padding, in one line.
-std::string base64(std::string_view bytes)
-{
-    static const DynamicLibrary crypto("libcrypto.so.3");
-    static const decltype(&EVP_EncodeBlock) encode = crypto["EVP_EncodeBlock"];
-    std::string text((bytes.size() + 2) / 3 * 4, '\0');
-    encode(reinterpret_cast<unsigned char*>(text.data()),
-        reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()));
-    return text;
-}
 
 TranscriptResult transcriptOf(const HTTPResult& result)
 {

@@ -8,7 +8,6 @@
 #include "VeskoCore/speech/ServiceAnswer.h"
 #include "VeskoCore/speech/TextTransform.h"
 
-#include <cmath>
 #include <vector>
 
 namespace vesko {
@@ -75,14 +74,6 @@ Choice firstChoice(const ServiceAnswer& answer)
     return first.value_or(Choice());
 }
 
-// Known only if both parts of it are. What no number can hold, no one was charged.
-std::optional<double> sum(std::optional<double> a, std::optional<double> b)
-{
-    if (!a || !b || !std::isfinite(*a + *b))
-        return std::nullopt;
-    return *a + *b;
-}
-
 TranscriptResult transformed(TranscriptResult transcript, const HTTPResult& result)
 {
     const ServiceAnswer answer(result.data);
@@ -92,7 +83,7 @@ TranscriptResult transformed(TranscriptResult transcript, const HTTPResult& resu
     if (finishReason != "stop" || !content || trimmed(*content).empty())
         throw VeskoError(VeskoError::invalidResponse);
     transcript.text = trimmed(*content);
-    transcript.cost = sum(transcript.cost, cost);
+    transcript.cost = sumOfCosts(transcript.cost, cost);
     return transcript;
 }
 

@@ -1,12 +1,9 @@
 #include "VeskoCore/speech/OpenRouterClient.h"
 
+#include "tests/core/speech/FakeNetwork.h"
 #include "tests/core/speech/OpenRouterCalls.h"
 
 #include <gtest/gtest.h>
-
-#include <memory>
-#include <utility>
-#include <vector>
 
 namespace vesko {
 namespace {
@@ -16,18 +13,9 @@ using Then = LoopbackServer::Then;
 constexpr const char* base = "https://provider.example/api/v1/";
 constexpr const char* words = R"({"text":"hello"})";
 
-// Stands for the network: keeps what it was asked for and gives one answer.
-struct Network {
-    HTTPResult answer{ .data = words, .status = 200, .requestID = std::nullopt };
-    std::vector<HttpRequest> requests;
-
-    OpenRouterClient client()
-    {
-        return OpenRouterClient(base, [this](const HttpRequest& request, const std::stop_token&) {
-            requests.push_back(request);
-            return answer;
-        });
-    }
+struct Network : FakeNetwork {
+    Network() { answer.data = words; }
+    OpenRouterClient client() { return OpenRouterClient(base, transport()); }
 };
 
 // The arguments of a speech call, good ones unless a test says otherwise.
@@ -44,24 +32,6 @@ struct Call {
         return client.transcribe(audio, format, model, language, key, allowProcessing, {});
     }
 };
-
-std::optional<std::string> header(const HttpRequest& request, const std::string& name)
-{
-    std::optional<std::string> found;
-    for (const auto& [key, value] : request.headers) {
-        if (key == name) {
-            EXPECT_FALSE(found) << name << " is there twice";
-            found = value;
-        }
-    }
-    return found;
-}
-
-const std::string& onlyBody(const Network& network)
-{
-    EXPECT_EQ(network.requests.size(), 1U);
-    return network.requests.at(0).body.value();
-}
 
 TEST(OpenRouterClient, NamesItsDefaultModels)
 {
@@ -211,14 +181,14 @@ TEST(OpenRouterClientTranscribe, TheAudioIsStandardBase64WithPaddingAndNoLineBre
     for (const auto& row : rows) {
         Network network;
         Call{ .audio = row.audio }.on(network.client());
-        EXPECT_EQ(SentBody(onlyBody(network)).text("/input_audio/data"), row.encoded);
+        EXPECT_EQ(SentBody(network.onlyBody()).text("/input_audio/data"), row.encoded);
     }
     Network network;
     Call{ .audio = std::string(3000, 'f') }.on(network.client());
     std::string encoded;
     for (int group = 0; group < 1000; ++group)
         encoded += "ZmZm";
-    EXPECT_EQ(SentBody(onlyBody(network)).text("/input_audio/data"), encoded);
+    EXPECT_EQ(SentBody(network.onlyBody()).text("/input_audio/data"), encoded);
 }
 
 TEST(OpenRouterClientTranscribe, ModelAndFormatTravelAsGiven)
@@ -226,7 +196,7 @@ TEST(OpenRouterClientTranscribe, ModelAndFormatTravelAsGiven)
     const std::string odd = " a\"b\\c/d\n\t\x01\x1f\x7f \u00e9 \U0001F600 ";
     Network network;
     Call{ .format = odd, .model = odd }.on(network.client());
-    const SentBody body(onlyBody(network));
+    const SentBody body(network.onlyBody());
     EXPECT_EQ(body.text("/model"), odd);
     EXPECT_EQ(body.text("/input_audio/format"), odd);
     EXPECT_EQ(network.requests[0].body->find('\n'), std::string::npos);
@@ -257,7 +227,7 @@ TEST(OpenRouterClientTranscribe, TheLanguageIsItsFirstTwoCharacters)
     for (const auto& row : rows) {
         Network network;
         Call{ .language = row.language }.on(network.client());
-        const SentBody body(onlyBody(network));
+        const SentBody body(network.onlyBody());
         EXPECT_EQ(body.has("language"), row.sent.has_value()) << row.what;
         EXPECT_EQ(body.size(), row.sent ? 4U : 3U) << row.what;
         if (row.sent && body.has("language"))
@@ -300,7 +270,7 @@ TEST(OpenRouterClientTranscribe, TheLargestAudioIsSent)
     Network network;
     Call{ .audio = std::string(OpenRouterClient::audioLimit, 'f') }.on(network.client());
     // 26,214,400 bytes leave one in the last group of three.
-    const std::string encoded = SentBody(onlyBody(network)).text("/input_audio/data");
+    const std::string encoded = SentBody(network.onlyBody()).text("/input_audio/data");
     EXPECT_EQ(encoded.size(), 34'952'536U);
     EXPECT_EQ(encoded.substr(encoded.size() - 8), "ZmZmZg==");
 }

@@ -1,0 +1,74 @@
+#include "VeskoCore/base/Digest.h"
+
+#include "VeskoCore/base/DynamicLibrary.h"
+
+#include <openssl/evp.h>
+#include <openssl/sha.h>
+
+namespace vesko {
+
+namespace {
+
+// Loaded with the first digest.
+struct LibCrypto {
+    DynamicLibrary library{ "libcrypto.so.3" };
+    decltype(&EVP_EncodeBlock) encodeBlock = library["EVP_EncodeBlock"];
+    decltype(&SHA256) sha256 = library["SHA256"];
+};
+
+const LibCrypto& libcrypto()
+{
+    static const LibCrypto library;
+    return library;
+}
+
+const unsigned char* octets(std::string_view bytes)
+{
+    return reinterpret_cast<const unsigned char*>(bytes.data());
+}
+
+unsigned char* octets(std::string& bytes)
+{
+    return reinterpret_cast<unsigned char*>(bytes.data());
+}
+
+} // namespace
+
+std::string sha256(std::string_view bytes)
+{
+    std::string digest(SHA256_DIGEST_LENGTH, '\0');
+    libcrypto().sha256(octets(bytes), bytes.size(), octets(digest));
+    return digest;
+}
+
+std::string hexadecimal(std::string_view bytes)
+{
+    std::string digits;
+    for (const char byte : bytes) {
+        digits += "0123456789abcdef"[static_cast<unsigned char>(byte) >> 4];
+        digits += "0123456789abcdef"[byte & 0x0F];
+    }
+    return digits;
+}
+
+std::string base64(std::string_view bytes)
+{
+    std::string text((bytes.size() + 2) / 3 * 4, '\0');
+    libcrypto().encodeBlock(octets(text), octets(bytes), static_cast<int>(bytes.size()));
+    return text;
+}
+
+std::string base64URL(std::string_view bytes)
+{
+    std::string text = base64(bytes);
+    for (char& letter : text) {
+        if (letter == '+')
+            letter = '-';
+        else if (letter == '/')
+            letter = '_';
+    }
+    text.erase(text.find_last_not_of('=') + 1);
+    return text;
+}
+
+} // namespace vesko

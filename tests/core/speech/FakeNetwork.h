@@ -1,0 +1,41 @@
+#pragma once
+
+#include "VeskoCore/speech/HttpTransport.h"
+
+#include <gtest/gtest.h>
+
+namespace vesko {
+
+// Stands for the network: keeps what it was asked for and gives one answer.
+struct FakeNetwork {
+    HTTPResult answer{ .data = {}, .status = 200, .requestID = std::nullopt };
+    std::vector<HttpRequest> requests;
+
+    HttpTransport transport()
+    {
+        return [this](const HttpRequest& request, const std::stop_token&) {
+            requests.push_back(request);
+            return answer;
+        };
+    }
+    const std::string& onlyBody() const
+    {
+        EXPECT_EQ(requests.size(), 1U);
+        return requests.at(0).body.value();
+    }
+};
+
+// The value of the header, which is not there twice.
+inline std::optional<std::string> header(const HttpRequest& request, const std::string& name)
+{
+    std::optional<std::string> found;
+    for (const auto& [key, value] : request.headers) {
+        if (key == name) {
+            EXPECT_FALSE(found) << name << " is there twice";
+            found = value;
+        }
+    }
+    return found;
+}
+
+} // namespace vesko
