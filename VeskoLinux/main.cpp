@@ -126,7 +126,7 @@ int runApplication(int argc, char** argv)
 
     AppModel model(
         platform, [&library] { return library.get(); },
-        OpenRouterClient(deployment.openRouterBaseURL));
+        OpenRouterClient(deployment.openRouterBaseURL), deployment.analytics);
     QQmlApplicationEngine engine;
     QQuickWindow* const panel = makeCapturePanel(engine, model);
     AppDelegate delegate(platform, model);

@@ -11,11 +11,13 @@ namespace vesko {
 
 Q_LOGGING_CATEGORY(captureLog, "app.vesko.mac.capture")
 
-AppModel::AppModel(Platform& platform, LibraryOpening open, OpenRouterClient client)
+AppModel::AppModel(
+    Platform& platform, LibraryOpening open, OpenRouterClient client, AnalyticsBundle analytics)
     : m_platform(platform)
     , m_client(std::move(client))
     , m_keychain(platform.secrets)
     , m_preferences(platform.settings, m_keychain, platform.loginItem)
+    , m_analytics(platform.settings, platform.clock, std::move(analytics))
     , m_capture(platform.recorder)
     , m_cues(platform.cues)
     , m_apple(platform.recognizer, platform.clock)
@@ -24,7 +26,7 @@ AppModel::AppModel(Platform& platform, LibraryOpening open, OpenRouterClient cli
     , m_meter(platform.clock)
     , m_playbackEnd(platform.clock)
 {
-    // Accounts and usage analytics are made here once they exist.
+    // Accounts are made here once they exist.
     m_capture.onFailure = [this](std::string message) { recordingFailed(std::move(message)); };
     connect(&m_preferences, &Preferences::changed, this, [this] {
         if (!m_preferences.learnCorrections.get())
@@ -81,6 +83,11 @@ Task<> AppModel::refreshLibrary()
 {
     m_library = co_await m_store.run([](const LibraryStore& store) { return store.snapshot(); });
     Q_EMIT libraryChanged();
+}
+
+void AppModel::track(UsageEvent event)
+{
+    m_analytics.track(event, m_platform.clock.now());
 }
 
 CaptureSettings AppModel::settings() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskoApp/analytics/Analytics.h"
 #include "VeskoApp/async/Serialized.h"
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/capture/AppleTranscriber.h"
@@ -53,7 +54,8 @@ class AppModel : public QObject {
 public:
     // Opens the library by `open`, off the main thread; captures are dropped until it is ready.
     using LibraryOpening = std::move_only_function<std::unique_ptr<LibraryStore>()>;
-    AppModel(Platform& platform, LibraryOpening open, OpenRouterClient client);
+    AppModel(Platform& platform, LibraryOpening open, OpenRouterClient client,
+        AnalyticsBundle analytics = {});
     ~AppModel() override;
 
     // The data folder: VESKO_DATA_ROOT if it is an absolute path, else "Vesko" in the user's data
@@ -85,8 +87,12 @@ public:
     // Puts text on the clipboard; false, with the reason in the error line, if that failed.
     bool copy(const std::string& text);
 
+    // Tells usage analytics, if the user allows it, that this happens now.
+    void track(UsageEvent event);
+
     CaptureSettings settings() const;
     Preferences& preferences() { return m_preferences; }
+    Analytics& analytics() { return m_analytics; }
     InsertionReview& insertionReview() { return m_insertionReview; }
     const Library& library() const { return m_library; }
 
@@ -239,6 +245,7 @@ private:
 
     Keychain m_keychain;
     Preferences m_preferences;
+    Analytics m_analytics;
     AudioCapture m_capture;
     CaptureCues m_cues;
     AppleTranscriber m_apple;

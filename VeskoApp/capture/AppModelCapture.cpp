@@ -119,6 +119,7 @@ Task<> AppModel::startRecording(
     assign(m_elapsed, 0.0, &AppModel::elapsedChanged);
     setPhase(Phase::recording);
     setMessage(L10N_KEY("Vesko", "Recording. Press the shortcut again to finish."));
+    track(UsageEvent::recordingStarted);
     qCInfo(captureLog, "capture_started");
     m_meter.start(meterInterval, [this] { meter(); });
     co_await refreshLibrary();
@@ -140,6 +141,7 @@ Task<Recording> AppModel::prepareRecording(std::optional<Uuid> noteID, bool dict
                   return store.createNote(kind, project);
               });
         noteID = note.id;
+        track(UsageEvent::noteCreated);
         if (!dictation) {
             showingTrash = false;
             query.clear();
@@ -204,6 +206,7 @@ Task<> AppModel::finishAndTranscribe(ActiveCapture capture, double duration)
         co_await m_capture.finished();
         co_await m_store.run([id = capture.recording.id, duration](
                                  LibraryStore& store) { store.finishRecording(id, duration); });
+        track(UsageEvent::recordingSaved);
         co_await refreshLibrary();
     } catch (...) {
         failure = std::current_exception();

@@ -62,6 +62,7 @@ Task<> AppModel::transcribe(Recording recording, CaptureSettings settings,
     if (result.warning)
         setErrorMessage(*result.warning);
     qCInfo(captureLog, "transcription_saved");
+    track(UsageEvent::transcriptionSucceeded);
     setPhase(Phase::idle);
 }
 
@@ -163,12 +164,14 @@ bool AppModel::copy(const std::string& text)
             "The text is saved, but the clipboard could not be updated. Copy it from your note."));
         return false;
     }
+    track(UsageEvent::textCopied);
     setMessage(L10N_KEY("Vesko", "Copied to clipboard"));
     return true;
 }
 
 Task<> AppModel::runFailed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message)
 {
+    track(UsageEvent::transcriptionFailed);
     if (attemptID) {
         try {
             co_await m_store.run([recordingID, id = *attemptID, message](LibraryStore& store) {

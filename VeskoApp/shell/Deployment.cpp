@@ -33,6 +33,25 @@ std::string webAddress(const QJsonObject& values, const char* key)
     return address;
 }
 
+std::optional<std::string> textIfThere(const QJsonObject& values, const char* key)
+{
+    const QJsonValue value = values[QLatin1StringView(key)];
+    return value.isString() ? std::optional(value.toString().toStdString()) : std::nullopt;
+}
+
+AnalyticsBundle analytics(const QJsonObject& values)
+{
+    AnalyticsBundle bundle;
+    bundle.appKey = textIfThere(values, "VeskoAnalyticsAppKey");
+    if (values.contains(QLatin1StringView("VeskoAnalyticsBaseURL")))
+        bundle.baseURL = webAddress(values, "VeskoAnalyticsBaseURL");
+    if (textIfThere(values, "VeskoAnalyticsEnvironment") == "production")
+        bundle.environment = AnalyticsEnvironment::production;
+    bundle.version = text(values, "CFBundleShortVersionString");
+    bundle.build = textIfThere(values, "CFBundleVersion").value_or(bundle.build);
+    return bundle;
+}
+
 } // namespace
 
 Deployment Deployment::read(const std::vector<std::filesystem::path>& folders)
@@ -48,6 +67,7 @@ Deployment Deployment::read(const std::vector<std::filesystem::path>& folders)
         return {
             .version = text(values, "CFBundleShortVersionString"),
             .openRouterBaseURL = webAddress(values, "VeskoOpenRouterBaseURL"),
+            .analytics = vesko::analytics(values),
         };
     }
     throw std::runtime_error("Info.json is missing");

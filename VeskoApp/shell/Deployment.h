@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VeskoApp/analytics/AnalyticsBundle.h"
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -10,6 +12,9 @@ namespace vesko {
 struct Deployment {
     std::string version; // CFBundleShortVersionString
     std::string openRouterBaseURL; // VeskoOpenRouterBaseURL, ends in "/api/v1/"
+    // VeskoAnalyticsAppKey, VeskoAnalyticsBaseURL, VeskoAnalyticsEnvironment ("production" or, with
+    // any other value, the sandbox), CFBundleVersion. None has to be there.
+    AnalyticsBundle analytics;
 
     // Reads Info.json from the first of the folders that has one. Throws std::runtime_error with
     // words for a developer when none has, or it is damaged or incomplete: the program was

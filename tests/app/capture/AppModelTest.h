@@ -42,7 +42,7 @@ protected:
         model = std::make_unique<AppModel>(
             machine.all,
             [this] { return std::make_unique<LibraryStore>(root(), machine.clock, files); },
-            OpenRouterClient(openRouterURL, openRouterTransport));
+            OpenRouterClient(openRouterURL, openRouterTransport), analytics);
     }
 
     void dictate()
@@ -100,6 +100,7 @@ protected:
     FakePlatform machine;
     std::string openRouterURL = "http://127.0.0.1:1/api/v1/";
     HttpTransport openRouterTransport;
+    AnalyticsBundle analytics;
     std::unique_ptr<AppModel> model; // ends before the machine
 };
 
