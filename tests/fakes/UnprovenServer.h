@@ -14,9 +14,9 @@
 
 namespace vesko {
 
-// A TLS server on 127.0.0.1 that takes one connection. It has a certificate that nobody has signed
-// but it itself, for its own name or for another, or none at all, and counts what it is told
-// nevertheless.
+// A TLS server on 127.0.0.1 that takes one connection. It has a certificate for its own name or for
+// another, that nobody has signed but it itself or that an authority of the tests has, or none at
+// all, and counts what it is told nevertheless.
 class UnprovenServer {
     template <auto Free>
     struct Deleter {

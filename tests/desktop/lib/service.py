@@ -1,4 +1,4 @@
-"""The speech service on loopback, started and told what to answer."""
+"""The services on loopback, started and told what to answer."""
 
 import json
 import os
@@ -7,37 +7,39 @@ import urllib.request
 
 from .waiting import until
 
-PROGRAM = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../services/openrouter.py")
+SERVICES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../services")
 
 
-class OpenRouter:
-    def __init__(self, key="test-key"):
-        self._process = subprocess.Popen(["/usr/bin/python3", PROGRAM, "--key", key],
-                                         stdout=subprocess.PIPE, text=True)
-        self._root = f"http://127.0.0.1:{self._process.stdout.readline().strip()}"
-        self.url = self._root + "/api/v1/"
+class Service:
+    """One of the programs in `services`; `root` is its address, without a slash at the end."""
+
+    def __init__(self, program, *arguments):
+        self._process = subprocess.Popen(
+            ["/usr/bin/python3", os.path.join(SERVICES, program), *arguments],
+            stdout=subprocess.PIPE, text=True)
+        self.root = f"http://127.0.0.1:{self._process.stdout.readline().strip()}"
 
     def _call(self, method, path, body=None):
         request = urllib.request.Request(
-            self._root + path, method=method,
+            self.root + path, method=method,
             data=None if body is None else json.dumps(body).encode())
         with urllib.request.urlopen(request, timeout=10) as answer:
             return json.load(answer)
 
-    def answer(self, text):
-        """From now on this is what was said."""
-        self._call("POST", "/control", {"text": text, "hold": False})
+    def control(self, **settings):
+        """What holds for the requests to come, in the names of the service."""
+        self._call("POST", "/control", settings)
 
     def hold(self):
         """Keeps answers back until release()."""
         self._call("DELETE", "/requests")
-        self._call("POST", "/control", {"hold": True})
+        self.control(hold=True)
 
     def wait_for_request(self):
-        until("the recording has reached the service", self.requests)
+        until("a request has reached the service", self.requests)
 
     def release(self):
-        self._call("POST", "/control", {"hold": False})
+        self.control(hold=False)
 
     def requests(self):
         """What was asked since the start or the last hold(), as the service tells it."""
@@ -52,3 +54,23 @@ class OpenRouter:
 
     def __exit__(self, *_):
         self.stop()
+
+
+class OpenRouter(Service):
+    def __init__(self, key="test-key"):
+        super().__init__("openrouter.py", "--key", key)
+        self.url = self.root + "/api/v1/"
+
+    def answer(self, text):
+        """From now on this is what was said."""
+        self.control(text=text, hold=False)
+
+
+class Analytics(Service):
+    def __init__(self, app_key="test-app-key"):
+        super().__init__("analytics.py", "--app-key", app_key)
+        self.app_key = app_key
+
+    def events(self):
+        """The names of all events that were taken or refused, in their order."""
+        return [name for request in self.requests() for name in request["events"]]

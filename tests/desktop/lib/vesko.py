@@ -14,12 +14,14 @@ REPOSITORY = os.path.abspath(os.path.join(os.path.dirname(__file__), "../../..")
 BINARY = os.path.join(REPOSITORY, "build/release/bin/vesko")
 
 
-def deployed(service_url):
-    """A copy of the program whose deployment values name this service."""
+def deployed(service_url=None, **more):
+    """A copy of the program whose deployment values name this speech service, and whatever more."""
     folder = tempfile.mkdtemp(prefix="deployed-")
     with open(os.path.join(os.path.dirname(BINARY), "Info.json")) as file:
         values = json.load(file)
-    values["VeskoOpenRouterBaseURL"] = service_url
+    if service_url:
+        values["VeskoOpenRouterBaseURL"] = service_url
+    values.update(more)
     with open(os.path.join(folder, "Info.json"), "w") as file:
         json.dump(values, file)
     return shutil.copy2(BINARY, folder)
