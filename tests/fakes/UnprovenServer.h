@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <arpa/inet.h>
 #include <atomic>
+#include <csignal>
 #include <memory>
 #include <netinet/in.h>
 #include <openssl/ssl.h>
@@ -14,9 +15,9 @@
 
 namespace vesko {
 
-// A TLS server on 127.0.0.1 that takes one connection. It has a certificate for its own name or for
-// another, that nobody has signed but it itself or that an authority of the tests has, or none at
-// all, and counts what it is told nevertheless.
+// A TLS server on 127.0.0.1 that takes one connection. It has a certificate that nobody has signed
+// but it itself, for its own name or for another, or none at all, and counts what it is told
+// nevertheless.
 class UnprovenServer {
     template <auto Free>
     struct Deleter {
@@ -71,12 +72,18 @@ public:
     }
 
     std::string url() const { return "https://localhost:" + std::to_string(m_port) + "/"; }
+    X509* certificate() const { return m_certificate.get(); }
     bool wasConnected() const { return m_connected; }
     int bytesRead() const { return m_bytesRead; }
 
 private:
     void serve()
     {
+        // A client that hangs up while it is being spoken to must not end the tests.
+        sigset_t pipe;
+        sigemptyset(&pipe);
+        sigaddset(&pipe, SIGPIPE);
+        pthread_sigmask(SIG_BLOCK, &pipe, nullptr);
         const int connection = accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC);
         if (connection < 0)
             return;
