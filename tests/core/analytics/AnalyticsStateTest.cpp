@@ -9,7 +9,7 @@ namespace {
 
 constexpr auto sandbox = AnalyticsEnvironment::sandbox;
 constexpr auto production = AnalyticsEnvironment::production;
-const Date noon = *Date::parse("2026-11-21T12:00:00Z");
+const Date moment = *Date::parse("2026-11-21T12:00:00Z");
 const Uuid known = *Uuid::parse("6F9619FF-8B86-D011-B42D-00C04FC964FF");
 
 bool isLowerCaseUuid(const std::string& text)
@@ -43,7 +43,7 @@ TEST(AnalyticsState, AnEventCarriesTheStateAndNothingElse)
     state.appVersion = "1.2.3";
     state.appBuildNumber = "45";
     UsageEnvelope expected;
-    expected.timestamp = noon;
+    expected.timestamp = moment;
     expected.sessionId = state.sessionID;
     expected.eventName = UsageEvent::textCopied;
     expected.systemProps = { .isDebug = false,
@@ -52,15 +52,15 @@ TEST(AnalyticsState, AnEventCarriesTheStateAndNothingElse)
         .appVersion = "1.2.3",
         .appBuildNumber = "45" };
     expected.props = { .iid = "6f9619ff-8b86-d011-b42d-00c04fc964ff", .environment = production };
-    EXPECT_EQ(state.event(UsageEvent::textCopied, noon), expected);
+    EXPECT_EQ(state.event(UsageEvent::textCopied, moment), expected);
 }
 
 TEST(AnalyticsState, IsDebugOutsideProduction)
 {
-    const auto inSandbox = AnalyticsState(sandbox, true, known).event({}, noon).value();
+    const auto inSandbox = AnalyticsState(sandbox, true, known).event({}, moment).value();
     EXPECT_TRUE(inSandbox.systemProps.isDebug);
     EXPECT_EQ(inSandbox.props.environment, sandbox);
-    const auto inProduction = AnalyticsState(production, true, known).event({}, noon).value();
+    const auto inProduction = AnalyticsState(production, true, known).event({}, moment).value();
     EXPECT_FALSE(inProduction.systemProps.isDebug);
     EXPECT_EQ(inProduction.props.environment, production);
 }
@@ -74,10 +74,10 @@ TEST(AnalyticsState, NoEventExistsUnlessAllIsThere)
     withoutIdentifier.iid.reset();
     auto withoutEnvironment = whole;
     withoutEnvironment.environment.reset();
-    EXPECT_TRUE(whole.event(UsageEvent::appStarted, noon));
+    EXPECT_TRUE(whole.event(UsageEvent::appStarted, moment));
     for (const auto& state : { withoutConsent, withoutIdentifier, withoutEnvironment,
              AnalyticsState(production, false, known) })
-        EXPECT_EQ(state.event(UsageEvent::appStarted, noon), std::nullopt);
+        EXPECT_EQ(state.event(UsageEvent::appStarted, moment), std::nullopt);
 }
 
 TEST(AnalyticsState, EachGrantOfConsentMakesANewIdentity)

@@ -14,18 +14,18 @@ namespace {
 
 using Mode = PlusGateway::TextMode;
 
-constexpr const char* base = "https://plus.example";
-constexpr const char* words = R"({"text":"hello","state":"done"})";
+constexpr const char* plusRoot = "https://plus.example";
+constexpr const char* plusWords = R"({"text":"hello","state":"done"})";
 
-struct Network : FakeNetwork {
-    Network() { answer.data = words; }
-    PlusGateway gateway() { return PlusGateway(base, transport()); }
+struct PlusNetwork : FakeNetwork {
+    PlusNetwork() { answer.data = plusWords; }
+    PlusGateway gateway() { return PlusGateway(plusRoot, transport()); }
 };
 
 TEST(PlusGatewaySend, WithABodyItPosts)
 {
-    Network network;
-    EXPECT_EQ(network.gateway().send("v1/plus/text", "token", "{}", {}), words);
+    PlusNetwork network;
+    EXPECT_EQ(network.gateway().send("v1/plus/text", "token", "{}", {}), plusWords);
     const HttpRequest& request = network.requests.at(0);
     EXPECT_EQ(request.url, "https://plus.example/v1/plus/text");
     EXPECT_EQ(request.method, "POST");
@@ -38,7 +38,7 @@ TEST(PlusGatewaySend, WithABodyItPosts)
 
 TEST(PlusGatewaySend, WithoutABodyItGetsAndNamesNoContentType)
 {
-    Network network;
+    PlusNetwork network;
     network.gateway().send("v1/plus/allowance", "token", std::nullopt, {});
     const HttpRequest& request = network.requests.at(0);
     EXPECT_EQ(request.method, "GET");
@@ -59,7 +59,7 @@ TEST(PlusGatewaySend, ThePathStandsBelowTheRoot)
         { "https://plus.example/below/", "https://plus.example/below/v1/x" },
     };
     for (const auto& row : rows) {
-        Network network;
+        PlusNetwork network;
         PlusGateway(row.root, network.transport()).send("v1/x", "token", std::nullopt, {});
         EXPECT_EQ(network.requests.at(0).url, row.url);
     }
@@ -68,7 +68,7 @@ TEST(PlusGatewaySend, ThePathStandsBelowTheRoot)
 TEST(PlusGatewaySend, TheTokenGoesOutAsItStands)
 {
     for (const char* token : { "", " token ", "to ken" }) {
-        Network network;
+        PlusNetwork network;
         network.gateway().send("path", token, std::nullopt, {});
         EXPECT_EQ(header(network.requests.at(0), "Authorization"), std::string("Bearer ") + token);
     }
@@ -77,12 +77,12 @@ TEST(PlusGatewaySend, TheTokenGoesOutAsItStands)
 TEST(PlusGatewaySend, OnlyAStatusFrom200To299IsASuccess)
 {
     for (const int status : { 200, 201, 204, 299 }) {
-        Network network;
+        PlusNetwork network;
         network.answer = { .data = R"({"error":"paused"})", .status = status, .requestID = {} };
         EXPECT_EQ(network.gateway().send("path", "token", "{}", {}), network.answer.data) << status;
     }
     for (const int status : { 199, 300, 302, 400, 404, 429 }) {
-        Network network;
+        PlusNetwork network;
         network.answer.status = status;
         EXPECT_EQ(plusFailure([&] { network.gateway().send("path", "token", "{}", {}); }),
             PlusFailure::invalidResponse)
@@ -119,7 +119,7 @@ TEST(PlusGatewaySend, TheCodeIsATextUnderErrorInAnObject)
                  std::pair(404, PlusFailure::invalidResponse),
                  std::pair(401, PlusFailure::signInRequired),
                  std::pair(503, PlusFailure::serviceBusy) }) {
-            Network network;
+            PlusNetwork network;
             network.answer = { .data = row.data, .status = status, .requestID = std::nullopt };
             EXPECT_EQ(plusFailure([&] { network.gateway().send("path", "token", "{}", {}); }),
                 row.known ? PlusFailure::paused : fallback)
@@ -132,10 +132,11 @@ TEST(PlusGatewaySend, TheTransportGetsTheStopTokenAndItsErrorsPassUnchanged)
 {
     std::stop_source source;
     std::stop_token given;
-    const PlusGateway gateway(base, [&](const HttpRequest&, std::stop_token stop) -> HTTPResult {
-        given = std::move(stop);
-        throw URLError(URLError::networkConnectionLost);
-    });
+    const PlusGateway gateway(
+        plusRoot, [&](const HttpRequest&, std::stop_token stop) -> HTTPResult {
+            given = std::move(stop);
+            throw URLError(URLError::networkConnectionLost);
+        });
     try {
         PlusSpeechCall().on(gateway, source.get_token());
         ADD_FAILURE() << "no error";
@@ -147,7 +148,7 @@ TEST(PlusGatewaySend, TheTransportGetsTheStopTokenAndItsErrorsPassUnchanged)
 
 TEST(PlusGatewayTranscribe, SendsTheAudioInOneDocument)
 {
-    Network network;
+    PlusNetwork network;
     PlusSpeechCall{ .language = "de-DE" }.on(network.gateway());
     EXPECT_EQ(network.requests.at(0).url, "https://plus.example/v1/plus/transcribe");
     EXPECT_EQ(network.onlyBody(),
@@ -163,7 +164,7 @@ TEST(PlusGatewayTranscribe, SecondsAreWholeAndAtLeastOne)
     } rows[] = { { 0, 1 }, { 0.2, 1 }, { 1, 1 }, { 1.0001, 2 }, { 3.1, 4 }, { 4, 4 }, { 300, 300 },
         { -5, 1 } };
     for (const auto& row : rows) {
-        Network network;
+        PlusNetwork network;
         PlusSpeechCall{ .seconds = row.seconds }.on(network.gateway());
         EXPECT_EQ(SentBody(network.onlyBody()).at("/seconds").get_int64().value(), row.sent)
             << row.seconds;
@@ -186,7 +187,7 @@ TEST(PlusGatewayTranscribe, TheLanguageGoesOutWholeUnlessItIsToBeFound)
         { "automatic with a blank", "auto ", true },
     };
     for (const auto& row : rows) {
-        Network network;
+        PlusNetwork network;
         PlusSpeechCall{ .language = row.language }.on(network.gateway());
         const SentBody body(network.onlyBody());
         EXPECT_EQ(body.has("language"), row.sent) << row.what;
@@ -199,7 +200,7 @@ TEST(PlusGatewayTranscribe, TheLanguageGoesOutWholeUnlessItIsToBeFound)
 TEST(PlusGatewayTranscribe, TextsTravelAsGiven)
 {
     const std::string odd = " a\"b\\c/d\n\x01 \u00e9 ";
-    Network network;
+    PlusNetwork network;
     PlusSpeechCall{ .format = odd, .model = odd, .requestID = odd }.on(network.gateway());
     const SentBody body(network.onlyBody());
     for (const char* pointer : { "/format", "/model", "/requestId" })
@@ -209,7 +210,7 @@ TEST(PlusGatewayTranscribe, TextsTravelAsGiven)
 
 TEST(PlusGatewayTranscribe, WhatJsonCannotHoldIsNotSent)
 {
-    Network network;
+    PlusNetwork network;
     const auto gateway = network.gateway();
     EXPECT_THROW(PlusSpeechCall{ .model = "\xff" }.on(gateway), JsonError);
     EXPECT_THROW(PlusSpeechCall{ .seconds = std::numeric_limits<double>::infinity() }.on(gateway),
@@ -221,7 +222,7 @@ TEST(PlusGatewayTranscribe, WhatJsonCannotHoldIsNotSent)
 
 TEST(PlusGatewayTranscribe, NoAudioOrTooMuchIsNotSent)
 {
-    Network network;
+    PlusNetwork network;
     const auto gateway = network.gateway();
     EXPECT_EQ(
         failure([&] { PlusSpeechCall{ .audio = "" }.on(gateway); }), VeskoError::emptyTranscript);
@@ -241,7 +242,7 @@ TEST(PlusGatewayTranscribe, AnAnswerBecomesAResult)
         std::string text;
         std::optional<double> cost;
     } rows[] = {
-        { "without cost", words, "hello", std::nullopt },
+        { "without cost", plusWords, "hello", std::nullopt },
         { "with cost", R"({"state":"done","costUsd":0.0125,"text":"hello"})", "hello", 0.0125 },
         { "a whole number as cost", R"({"state":"done","costUsd":2,"text":"hello"})", "hello",
             2.0 },
@@ -252,7 +253,7 @@ TEST(PlusGatewayTranscribe, AnAnswerBecomesAResult)
             std::nullopt },
     };
     for (const auto& row : rows) {
-        Network network;
+        PlusNetwork network;
         network.answer = { .data = row.data, .status = 200, .requestID = "of a header" };
         const TranscriptResult expected{ .rawText = row.text,
             .text = row.text,
@@ -267,7 +268,7 @@ TEST(PlusGatewayTranscribe, AnAnswerWithoutWordsIsAnEmptyTranscript)
 {
     for (const char* data :
         { R"({"text":"","state":"s"})", R"({"text":" \r\n\u2028","state":"s","costUsd":1})" }) {
-        Network network;
+        PlusNetwork network;
         network.answer.data = data;
         EXPECT_EQ(
             failure([&] { PlusSpeechCall().on(network.gateway()); }), VeskoError::emptyTranscript)
@@ -297,13 +298,13 @@ TEST(PlusGatewayTranscribe, AnUnreadableAnswerIsAnInvalidResponse)
         { "no words and no state", R"({"text":""})" },
         { "invalid UTF-8", "{\"text\":\"hel\xff\",\"state\":\"done\"}" },
         { "half a surrogate pair", R"({"text":"\ud83d","state":"done"})" },
-        { "something after it", std::string(words) + "{}" },
+        { "something after it", std::string(plusWords) + "{}" },
         { "a hundred thousand levels",
             R"({"text":"hello","state":"s","x":)" + std::string(100'000, '[')
                 + std::string(100'000, ']') + "}" },
     };
     for (const auto& row : rows) {
-        Network network;
+        PlusNetwork network;
         network.answer.data = row.data;
         EXPECT_EQ(plusFailure([&] { PlusSpeechCall().on(network.gateway()); }),
             PlusFailure::invalidResponse)
@@ -339,7 +340,7 @@ TEST(PlusGatewayTransform, SendsTheTextOfItsMode)
             R"("text":"um Hello"})" },
     };
     for (const auto& row : rows) {
-        Network network;
+        PlusNetwork network;
         PlusTextCall{ .mode = row.mode, .target = row.target }.on(network.gateway());
         EXPECT_EQ(network.requests.at(0).url, "https://plus.example/v1/plus/text") << row.what;
         EXPECT_EQ(network.onlyBody(), row.body) << row.what;
@@ -351,7 +352,7 @@ TEST(PlusGatewayTransform, WithoutALanguageToTranslateIntoNothingIsSent)
     for (const Mode mode : { Mode::translate, Mode::both }) {
         for (const std::optional<std::string>& target :
             { std::optional<std::string>(), std::optional<std::string>("off") }) {
-            Network network;
+            PlusNetwork network;
             EXPECT_EQ(plusFailure([&] {
                 PlusTextCall{ .mode = mode, .target = target }.on(network.gateway());
             }),
@@ -375,7 +376,7 @@ TEST(PlusGatewayTransform, OnlyTextAndCostChange)
         { 0, "0", 0 },
     };
     for (const auto& row : rows) {
-        Network network;
+        PlusNetwork network;
         network.answer.data
             = std::string(R"({"text":" Hello. ","state":"done","costUsd":)") + row.costUsd + "}";
         PlusTextCall call;
@@ -389,7 +390,7 @@ TEST(PlusGatewayTransform, OnlyTextAndCostChange)
 
 TEST(PlusGatewayTransform, ItsFailuresAreThrown)
 {
-    Network network;
+    PlusNetwork network;
     network.answer = { .data = R"({"error":"provider_refused"})", .status = 422, .requestID = {} };
     EXPECT_EQ(plusFailure([&] { PlusTextCall().on(network.gateway()); }), PlusFailure::refused);
     network.answer = { .data = R"({"text":" ","state":"done"})", .status = 200, .requestID = {} };
@@ -398,7 +399,7 @@ TEST(PlusGatewayTransform, ItsFailuresAreThrown)
 
 TEST(PlusGatewayAllowance, IsReadFromItsObject)
 {
-    Network network;
+    PlusNetwork network;
     network.answer.data = R"({"allowance":{"period":"2026-11","allowanceUsd":5,"usedUsd":1.25,)"
                           R"("reservedUsd":0.5,"remainingUsd":3.25,"more":true},"x":1})";
     const PlusAllowance expected{ .period = "2026-11",
@@ -433,7 +434,7 @@ TEST(PlusGatewayAllowance, AnUnreadableOneIsAnInvalidResponse)
         { "dollars of null", "1.25", "null" },
     };
     for (const auto& row : rows) {
-        Network network;
+        PlusNetwork network;
         network.answer.data = whole;
         network.answer.data.replace(whole.find(row.part), row.part.size(), row.by);
         EXPECT_EQ(plusFailure([&] { network.gateway().allowance("token", {}); }),

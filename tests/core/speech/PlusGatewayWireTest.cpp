@@ -16,7 +16,7 @@ using Reply = LoopbackServer::Reply;
 using Then = LoopbackServer::Then;
 using namespace std::chrono_literals;
 
-constexpr const char* words = R"({"text":"hello","state":"done"})";
+constexpr const char* plusAnswer = R"({"text":"hello","state":"done"})";
 
 PlusGateway gatewayOf(const LoopbackServer& server)
 {
@@ -35,12 +35,12 @@ std::string outcome(const PlusGateway& gateway)
     }
 }
 
-std::string plus(PlusFailure::Kind kind)
+std::string plusFailed(PlusFailure::Kind kind)
 {
     return "plus " + std::to_string(kind);
 }
 
-std::string network(URLError::Kind kind)
+std::string networkFailure(URLError::Kind kind)
 {
     return "network " + std::to_string(kind);
 }
@@ -48,7 +48,7 @@ std::string network(URLError::Kind kind)
 TEST(PlusGatewayOnTheWire, ASpeechCallFromBothSides)
 {
     LoopbackServer server;
-    server.reply(LoopbackServer::answer(200, words, { { "X-Generation-Id", "gen-7" } }));
+    server.reply(LoopbackServer::answer(200, plusAnswer, { { "X-Generation-Id", "gen-7" } }));
     const TranscriptResult result = PlusSpeechCall().on(gatewayOf(server));
     EXPECT_EQ(result.requestID, "req-1") << "no header of the answer counts";
     const std::string body = R"({"audio":"dm9pY2U=","format":"m4a","model":"vendor\/speech",)"
@@ -77,8 +77,8 @@ TEST(PlusGatewayOnTheWire, ARedirectIsAFailureAndTheTokenGoesNowhereElse)
         LoopbackServer elsewhere;
         LoopbackServer server;
         server.reply(
-            LoopbackServer::answer(status, words, { { "Location", elsewhere.url() + "/" } }));
-        EXPECT_EQ(outcome(gatewayOf(server)), plus(PlusFailure::invalidResponse)) << status;
+            LoopbackServer::answer(status, plusAnswer, { { "Location", elsewhere.url() + "/" } }));
+        EXPECT_EQ(outcome(gatewayOf(server)), plusFailed(PlusFailure::invalidResponse)) << status;
         EXPECT_EQ(server.requests().size(), 1U);
         EXPECT_EQ(elsewhere.connections(), 0U);
     }
@@ -107,48 +107,48 @@ TEST(PlusGatewayOnTheWire, EveryHostileAnswerEndsInItsFailureAndIsAskedForOnce)
         std::string outcome;
     } rows[] = {
         { "no answer", { .bytes = "", .then = Then::close },
-            network(URLError::networkConnectionLost) },
+            networkFailure(URLError::networkConnectionLost) },
         { "a reset", { .bytes = ok, .then = Then::reset },
-            network(URLError::networkConnectionLost) },
+            networkFailure(URLError::networkConnectionLost) },
         { "cut within the headers", { .bytes = ok + "Content-Le", .then = Then::close },
-            network(URLError::networkConnectionLost) },
+            networkFailure(URLError::networkConnectionLost) },
         { "shorter than its length",
-            { .bytes = ok + "Content-Length: 900\r\n\r\n" + words, .then = Then::close },
-            network(URLError::networkConnectionLost) },
+            { .bytes = ok + "Content-Length: 900\r\n\r\n" + plusAnswer, .then = Then::close },
+            networkFailure(URLError::networkConnectionLost) },
         { "longer than its length",
-            { .bytes = ok + "Content-Length: 31\r\n\r\n" + words + " and more",
+            { .bytes = ok + "Content-Length: 31\r\n\r\n" + plusAnswer + " and more",
                 .then = Then::close },
             "hello" },
         { "a length that is no number",
-            { .bytes = ok + "Content-Length: many\r\n\r\n" + words, .then = Then::close },
-            plus(PlusFailure::invalidResponse) },
+            { .bytes = ok + "Content-Length: many\r\n\r\n" + plusAnswer, .then = Then::close },
+            plusFailed(PlusFailure::invalidResponse) },
         { "no HTTP", { .bytes = "SSH-2.0-OpenSSH_9.2\r\n", .then = Then::close },
-            plus(PlusFailure::invalidResponse) },
+            plusFailed(PlusFailure::invalidResponse) },
         { "a gigabyte that was announced",
             { .bytes = ok + "Content-Length: 1073741824\r\n\r\n",
                 .repeated = std::string(65536, 'x') },
-            network(URLError::other) },
+            networkFailure(URLError::other) },
         { "an endless body", { .bytes = ok + "\r\n", .repeated = std::string(65536, 'x') },
-            network(URLError::other) },
+            networkFailure(URLError::other) },
         { "endless headers", { .bytes = ok, .repeated = "X-Filler: y\r\n" },
-            network(URLError::other) },
+            networkFailure(URLError::other) },
         { "the wrong types", LoopbackServer::answer(200, R"({"text":1,"state":[]})"),
-            plus(PlusFailure::invalidResponse) },
+            plusFailed(PlusFailure::invalidResponse) },
         { "deep nesting", LoopbackServer::answer(200, R"({"text":)" + std::string(1'000'000, '[')),
-            plus(PlusFailure::invalidResponse) },
+            plusFailed(PlusFailure::invalidResponse) },
         { "invalid UTF-8", LoopbackServer::answer(200, "{\"text\":\"\xff\",\"state\":\"s\"}"),
-            plus(PlusFailure::invalidResponse) },
+            plusFailed(PlusFailure::invalidResponse) },
         { "a failure of ten megabytes", LoopbackServer::answer(503, std::string(10'000'000, '{')),
-            plus(PlusFailure::serviceBusy) },
+            plusFailed(PlusFailure::serviceBusy) },
         { "a failure that is cut",
             { .bytes = "HTTP/1.1 402 No\r\nContent-Length: 90\r\n\r\n{\"error\":",
                 .then = Then::close },
-            network(URLError::networkConnectionLost) },
+            networkFailure(URLError::networkConnectionLost) },
     };
     for (const auto& row : rows) {
         LoopbackServer server;
         server.reply(row.reply);
-        server.reply(LoopbackServer::answer(200, words));
+        server.reply(LoopbackServer::answer(200, plusAnswer));
         EXPECT_EQ(outcome(gatewayOf(server)), row.outcome) << row.what;
         EXPECT_EQ(server.requests().size(), 1U) << row.what;
     }
@@ -158,7 +158,8 @@ TEST(PlusGatewayOnTheWire, AnAnswerByteByByteEndsWithTheExchangesTime)
 {
     LoopbackServer server;
     server.reply({ .bytes = "HTTP/1.1 200 OK\r\n\r\n", .pause = 20ms, .repeated = " " });
-    EXPECT_EQ(outcome(PlusGateway(server.url(), curlTransport(0.5))), network(URLError::timedOut));
+    EXPECT_EQ(
+        outcome(PlusGateway(server.url(), curlTransport(0.5))), networkFailure(URLError::timedOut));
 }
 
 TEST(PlusGatewayOnTheWire, AStopEndsACallUnderWay)
@@ -184,7 +185,7 @@ TEST(PlusGatewayOnTheWire, AServerThatCannotProveWhoItIsGetsNothing)
     setenv("no_proxy", "127.0.0.1,localhost", 1);
     for (const Proof proof : { Proof::selfSigned, Proof::selfSignedForAnother, Proof::none }) {
         UnprovenServer server(proof);
-        EXPECT_EQ(outcome(PlusGateway(server.url())), network(URLError::other));
+        EXPECT_EQ(outcome(PlusGateway(server.url())), networkFailure(URLError::other));
         EXPECT_TRUE(server.wasConnected());
         EXPECT_EQ(server.bytesRead(), 0);
     }
