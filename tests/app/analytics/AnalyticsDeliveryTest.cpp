@@ -264,6 +264,7 @@ TEST_F(AnalyticsDeliveryTest, AtTheEndOfTheProgramUnsentEventsAreLost)
     analytics.reset();
     EXPECT_EQ(clock.armed(), 0U);
     std::vector<std::string> stored;
+    stored.reserve(settings.values.size());
     for (const auto& [key, value] : settings.values)
         stored.push_back(key);
     EXPECT_THAT(stored, ElementsAre("analyticsConsent", "analyticsIID"));
