@@ -10,4 +10,11 @@ JsonDocument::JsonDocument(std::string text)
         throw JsonError();
 }
 
+void JsonDocument::parse(std::string_view text)
+{
+    constexpr bool copied = false;
+    if (m_parser.parse(text.data(), text.size(), copied).get(m_root) != simdjson::SUCCESS)
+        throw JsonError();
+}
+
 } // namespace vesko

@@ -23,8 +23,16 @@ namespace vesko {
 // nothing behind the value, UTF-8 throughout, at most 1,024 levels; numbers have to fit.
 class JsonDocument {
 public:
-    // Throws JsonError. A text with 64 bytes of spare capacity is not copied.
+    // The bytes behind a text that the parser may look at.
+    static constexpr std::size_t spare = simdjson::SIMDJSON_PADDING;
+
+    // Holds nothing yet.
+    JsonDocument() = default;
+    // Throws JsonError. A text with spare capacity is not copied.
     explicit JsonDocument(std::string text);
+    // Holds another text from now on, in the memory of the one before. Throws JsonError. The spare
+    // bytes behind it must be readable.
+    void parse(std::string_view text);
     JsonDocument(const JsonDocument&) = delete;
     JsonDocument& operator=(const JsonDocument&) = delete;
 

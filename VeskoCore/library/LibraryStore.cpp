@@ -1,8 +1,8 @@
 #include "VeskoCore/library/LibraryStore.h"
 
-#include "VeskoCore/base/JsonReader.h"
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/library/LibraryReader.h"
 
 #include <algorithm>
 #include <system_error>
@@ -28,14 +28,6 @@ FileLock claim(FileSystem& files, const std::filesystem::path& root)
     if (!lock)
         throw VeskoError(VeskoError::libraryBusy);
     return std::move(*lock);
-}
-
-// A later schema has to be told apart from damage, so it is looked for before anything is decoded.
-void requireKnownSchema(const JsonDocument& document)
-{
-    std::int64_t version = 0;
-    if (document.root()["schemaVersion"].get(version) != simdjson::SUCCESS || version != 1)
-        throw VeskoError(VeskoError::unsupportedSchema);
 }
 
 bool needsRepair(const Recording& recording)
@@ -98,11 +90,8 @@ LibraryStore::LibraryStore(std::filesystem::path root, const Clock& clock, FileS
 void LibraryStore::open()
 {
     Library library;
-    if (auto text = m_document.read(largestDocument)) {
-        const JsonDocument document(std::move(*text));
-        requireKnownSchema(document);
-        library = document.as<Library>();
-    }
+    if (auto text = m_document.read(largestDocument))
+        library = readLibrary(std::move(*text));
     makeFolders(m_files, m_root / recordingsFolder);
     if (repair(library, m_clock))
         save(std::move(library));

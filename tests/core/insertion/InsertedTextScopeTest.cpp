@@ -1,6 +1,6 @@
 #include "VeskoCore/insertion/InsertedTextScope.h"
 
-#include "tests/core/insertion/Repeated.h"
+#include "tests/core/Repeated.h"
 
 #include <gtest/gtest.h>
 

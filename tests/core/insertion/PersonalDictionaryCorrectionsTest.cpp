@@ -1,6 +1,6 @@
 #include "VeskoCore/insertion/PersonalDictionary.h"
 
-#include "tests/core/insertion/Repeated.h"
+#include "tests/core/Repeated.h"
 
 #include <gmock/gmock.h>
 

@@ -1,18 +1,11 @@
 #include "VeskoCore/base/Text.h"
+#include "tests/core/Repeated.h"
 #include "tests/core/library/LibraryFixture.h"
 
 namespace vesko {
 namespace {
 
 using namespace std::chrono_literals;
-
-std::string repeated(const std::string& text, int count)
-{
-    std::string all;
-    while (count-- > 0)
-        all += text;
-    return all;
-}
 
 class LibraryStoreProjectsTest : public LibraryFixture {
 protected:

@@ -1,5 +1,7 @@
 #include "VeskoCore/library/Note.h"
 
+#include "tests/core/Repeated.h"
+
 #include <gtest/gtest.h>
 
 namespace vesko {
@@ -25,14 +27,6 @@ Recording recordingWith(const std::vector<std::optional<std::string>>& texts)
         recording.attempts.back().text = text;
     }
     return recording;
-}
-
-std::string repeated(const std::string& text, int count)
-{
-    std::string all;
-    while (count-- > 0)
-        all += text;
-    return all;
 }
 
 TEST(NoteTitle, IsTheTitleOrTheFirstLineOrAKey)

@@ -1,0 +1,124 @@
+#include "VeskoCore/library/LibraryReader.h"
+
+#include "VeskoCore/base/JsonReader.h"
+#include "VeskoCore/base/JsonWriter.h"
+#include "VeskoCore/library/VeskoError.h"
+#include "tests/core/library/Replaced.h"
+#include "tests/fakes/Files.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace vesko {
+namespace {
+
+// What is read out of a text, or why nothing is.
+template <class Read>
+std::string outcome(Read read)
+{
+    try {
+        return JsonWriter::write(read(), JsonWriter::Form::compact);
+    } catch (const VeskoError& error) {
+        return error == VeskoError(VeskoError::unsupportedSchema) ? "later" : "other";
+    } catch (const JsonError&) {
+        return "damaged";
+    }
+}
+
+std::string outcomeOf(const std::string& text)
+{
+    return outcome([&] { return readLibrary(text); });
+}
+
+// The same by a look at the document as a whole.
+std::string plainOutcomeOf(const std::string& text)
+{
+    return outcome([&] {
+        const JsonDocument document(text);
+        std::int64_t version = 0;
+        if (document.root()["schemaVersion"].get(version) != simdjson::SUCCESS || version != 1)
+            throw VeskoError(VeskoError::unsupportedSchema);
+        return document.as<Library>();
+    });
+}
+
+const std::string& fullLibrary()
+{
+    static const auto text = bytesOf(VESKO_TEST_DATA "/library/full.json");
+    return text;
+}
+
+TEST(LibraryReader, ReadsEveryLayout)
+{
+    const auto& full = fullLibrary();
+    const auto compact = outcomeOf(full);
+    EXPECT_EQ(compact.front(), '{');
+    EXPECT_EQ(compact, plainOutcomeOf(full));
+    EXPECT_EQ(outcomeOf(compact), compact);
+    EXPECT_EQ(outcomeOf(replaced(full, "    },\n    {\n", "    }, {\n")), compact);
+    EXPECT_EQ(outcomeOf(replaced(full, "  \"notes\" : [\n", "  \"notes\" : [\n\n")), compact);
+    const auto empty = bytesOf(VESKO_TEST_DATA "/library/empty.json");
+    EXPECT_EQ(outcomeOf(empty), plainOutcomeOf(empty));
+}
+
+TEST(LibraryReader, IsNotMisledByWhatLooksLikeItsNotes)
+{
+    const auto& full = fullLibrary();
+    const auto begin = full.find("\n  \"notes\" : [");
+    const auto end = full.find("\n  ],", begin) + 5;
+    const auto list = full.substr(begin, end - begin - 1);
+    const auto none = full.substr(0, begin) + "\n  \"notes\" : []," + full.substr(end);
+    ASSERT_EQ(outcomeOf(none), plainOutcomeOf(none));
+    const std::string decoys[] = {
+        // The notes in an object that no one reads, before and behind the real ones.
+        "{\"other\" : {" + list + "\n}," + none.substr(1),
+        replaced(
+            none, "\n  \"schemaVersion\"", "\n\"other\" : {" + list + "},\n  \"schemaVersion\""),
+        "{\"other\" : {" + list + "\n}," + full.substr(1),
+        // Twice.
+        "{" + list + "," + full.substr(1),
+        // In the notes themselves.
+        replaced(full, "\n      \"body\"", "\n      \"other\" : {" + list + "},\n      \"body\""),
+        // A text for a note, several documents, half of one.
+        "{\"notes\" : [\"a\"]," + full.substr(1),
+        full + full,
+        full.substr(0, full.size() / 2),
+        full.substr(0, end),
+        "[" + full + "]",
+        list,
+        "",
+    };
+    for (const auto& text : decoys)
+        EXPECT_EQ(outcomeOf(text), plainOutcomeOf(text)) << text;
+}
+
+TEST(LibraryReader, TellsALaterSchemaFromDamage)
+{
+    const auto later = replaced(fullLibrary(), "\"schemaVersion\" : 1", "\"schemaVersion\" : 2");
+    EXPECT_EQ(outcomeOf(later), "later");
+    EXPECT_EQ(outcomeOf(replaced(later, "\"kind\"", "\"sort\"")), "later");
+    EXPECT_EQ(outcomeOf(replaced(later, "\"kind\"", "kind")), "damaged");
+    EXPECT_EQ(outcomeOf(replaced(fullLibrary(), "\"kind\"", "\"sort\"")), "damaged");
+}
+
+TEST(LibraryReader, GivesForEveryTextWhatALookAtTheWholeGives)
+{
+    const std::vector<std::string> pieces{ "{", "}", "[", "]", ",", ":", "\"", "\n", " ", "\\", "0",
+        "\n    }", "\n    {\n", "\n  ]", ",\n    {\n", "\n  \"notes\" : [", "\"a\" : 1,", "null",
+        "\xC3", "" };
+    std::mt19937 random(20260101);
+    const auto below = [&](std::size_t end) { return random() % end; };
+    int readable = 0;
+    for (int round = 0; round < 4'000; ++round) {
+        auto text = fullLibrary();
+        for (auto changes = below(3) + 1; changes > 0; --changes)
+            text.replace(below(text.size()), below(4), pieces[below(pieces.size())]);
+        const auto expected = plainOutcomeOf(text);
+        ASSERT_EQ(outcomeOf(text), expected) << text;
+        readable += expected.front() == '{';
+    }
+    EXPECT_GT(readable, 100);
+}
+
+} // namespace
+} // namespace vesko
