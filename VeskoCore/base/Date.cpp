@@ -46,6 +46,36 @@ std::optional<Date> Date::parse(std::string_view text)
     return Date{ sys_days{ day } + hours{ hour } + minutes{ minute } + seconds{ second } };
 }
 
+std::optional<Date> Date::parseInternet(std::string_view text)
+{
+    using namespace std::chrono;
+    constexpr std::size_t wholeLength = textLength - 1; // without the zone
+    auto date = parse(std::string(text.substr(0, wholeLength)) + 'Z');
+    if (!date)
+        return std::nullopt;
+    text.remove_prefix(wholeLength);
+    if (text.starts_with('.')) {
+        const auto digits = std::min(text.find_first_not_of("0123456789", 1), text.size()) - 1;
+        if (digits == 0)
+            return std::nullopt;
+        std::string fraction(text.substr(1, digits));
+        fraction.resize(6, '0');
+        date->time += microseconds(number(fraction));
+        text.remove_prefix(1 + digits);
+    }
+    if (text == "Z")
+        return date;
+    // The offset is read as the time of day that it looks like.
+    const auto offset = text.size() == 6 && (text[0] == '+' || text[0] == '-')
+        ? parse("1970-01-01T" + std::string(text.substr(1)) + ":00Z")
+        : std::nullopt;
+    if (!offset)
+        return std::nullopt;
+    const auto east = offset->time.time_since_epoch();
+    date->time -= text[0] == '+' ? east : -east;
+    return date;
+}
+
 std::string Date::text() const
 {
     std::string text(textLength, ' ');

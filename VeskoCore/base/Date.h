@@ -16,6 +16,9 @@ struct Date {
     // Nothing for every other form: a fraction, an offset, a lower-case letter, a day that no
     // calendar has.
     static std::optional<Date> parse(std::string_view text);
+    // The internet form as services write it (RFC 3339): with or without a fraction of a second,
+    // whose digits beyond microseconds are dropped, and with "Z" or an offset such as "+02:00".
+    static std::optional<Date> parseInternet(std::string_view text);
     std::string text() const;
     static constexpr std::size_t textLength = 20;
     // The same to a place that has so much room.

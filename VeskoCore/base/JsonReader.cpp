@@ -2,7 +2,8 @@
 
 namespace vesko {
 
-JsonDocument::JsonDocument(std::string text)
+JsonDocument::JsonDocument(std::string text, JsonOrigin origin)
+    : m_origin(origin)
 {
     // Gone with this scope: the parser keeps what it needs, and a large text weighs.
     const std::string own = std::move(text);

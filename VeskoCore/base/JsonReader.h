@@ -19,6 +19,12 @@
 
 namespace vesko {
 
+// Who wrote a JSON text.
+enum class JsonOrigin : bool {
+    file, // this program: dates are whole seconds in UTC, and nothing is null
+    service, // dates are as Date::parseInternet takes them, and an optional value may be null
+};
+
 // A parsed JSON text. Only what the standard allows is JSON: no byte order mark, no comma too many,
 // nothing behind the value, UTF-8 throughout, at most 1,024 levels; numbers have to fit.
 class JsonDocument {
@@ -29,7 +35,7 @@ public:
     // Holds nothing yet.
     JsonDocument() = default;
     // Throws JsonError. A text with spare capacity is not copied.
-    explicit JsonDocument(std::string text);
+    explicit JsonDocument(std::string text, JsonOrigin origin = JsonOrigin::file);
     // Holds another text from now on, in the memory of the one before. Throws JsonError. The spare
     // bytes behind it must be readable.
     void parse(std::string_view text);
@@ -61,14 +67,18 @@ private:
         return value;
     }
 
-    static void read(Element from, bool& to) { to = get<bool>(from); }
-    static void read(Element from, double& to) { to = get<double>(from); }
-    static void read(Element from, std::string& to) { to = get<std::string_view>(from); }
-    static void read(Element from, Uuid& to) { to = parsed<Uuid>(from); }
-    static void read(Element from, Date& to) { to = parsed<Date>(from); }
+    void read(Element from, bool& to) const { to = get<bool>(from); }
+    void read(Element from, double& to) const { to = get<double>(from); }
+    void read(Element from, std::string& to) const { to = get<std::string_view>(from); }
+    void read(Element from, Uuid& to) const { to = parsed(from, &Uuid::parse); }
+    void read(Element from, Date& to) const
+    {
+        const bool wholeSeconds = m_origin == JsonOrigin::file;
+        to = parsed(from, wholeSeconds ? &Date::parse : &Date::parseInternet);
+    }
 
     template <std::integral T>
-    static void read(Element from, T& to)
+    void read(Element from, T& to) const
     {
         const auto value = get<std::int64_t>(from);
         if (!std::in_range<T>(value))
@@ -76,7 +86,7 @@ private:
         to = static_cast<T>(value);
     }
     template <JsonEnumeration T>
-    static void read(Element from, T& to)
+    void read(Element from, T& to) const
     {
         const auto name = get<std::string_view>(from);
         const auto& names = jsonNames<T>;
@@ -86,12 +96,15 @@ private:
         to = static_cast<T>(found - names.begin());
     }
     template <class T>
-    static void read(Element from, std::optional<T>& to)
+    void read(Element from, std::optional<T>& to) const
     {
-        read(from, to.emplace());
+        if (m_origin == JsonOrigin::service && from.is_null())
+            to.reset();
+        else
+            read(from, to.emplace());
     }
     template <class T>
-    static void read(Element from, std::vector<T>& to)
+    void read(Element from, std::vector<T>& to) const
     {
         to.clear();
         // Nothing is reserved: a hostile text could claim far more than it goes on to fill.
@@ -99,7 +112,7 @@ private:
             read(element, to.emplace_back());
     }
     template <class T>
-    static void read(Element from, SharedArray<T>& to)
+    void read(Element from, SharedArray<T>& to) const
     {
         std::vector<std::shared_ptr<const T>> elements;
         for (const Element element : get<simdjson::dom::array>(from)) {
@@ -111,7 +124,7 @@ private:
     }
     // An array in any order, and an element may be repeated.
     template <class T>
-    static void read(Element from, std::set<T>& to)
+    void read(Element from, std::set<T>& to) const
     {
         for (const Element element : get<simdjson::dom::array>(from)) {
             T value{};
@@ -120,7 +133,7 @@ private:
         }
     }
     template <JsonVariant T>
-    static void read(Element from, T& to)
+    void read(Element from, T& to) const
     {
         constexpr auto& keys = jsonCases<T>;
         std::size_t found = 0, alternative = 0;
@@ -141,7 +154,7 @@ private:
         }(std::make_index_sequence<keys.size()>());
     }
     template <JsonRecord T>
-    static void read(Element from, T& to)
+    void read(Element from, T& to) const
     {
         constexpr auto& fields = jsonFields<T>;
         constexpr auto count = std::tuple_size_v<std::remove_cvref_t<decltype(fields)>>;
@@ -171,7 +184,7 @@ private:
     }
 
     template <class T>
-    static void readPayload(Element from, T& to)
+    void readPayload(Element from, T& to) const
     {
         bool seen = false;
         for (const auto member : get<simdjson::dom::object>(from)) {
@@ -186,9 +199,9 @@ private:
     }
 
     template <class T>
-    static T parsed(Element from)
+    static T parsed(Element from, std::optional<T> (*parse)(std::string_view))
     {
-        const auto value = T::parse(get<std::string_view>(from));
+        const auto value = parse(get<std::string_view>(from));
         if (!value)
             throw JsonError();
         return *value;
@@ -206,6 +219,7 @@ private:
 
     simdjson::dom::parser m_parser;
     simdjson::dom::element m_root;
+    JsonOrigin m_origin = JsonOrigin::file;
 };
 
 } // namespace vesko

@@ -97,6 +97,9 @@ public:
             throw URLError(URLError::other);
         // With it, a large body would wait a second for the server's leave.
         addHeader("Expect:");
+        // Else libcurl says of no body that it is a form.
+        if (!request.body)
+            addHeader("Content-Type:");
         for (const auto& [name, value] : request.headers)
             addHeader(std::string(name).append(": ").append(value));
         set(CURLOPT_URL, request.url.c_str());

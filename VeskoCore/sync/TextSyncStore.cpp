@@ -1,6 +1,7 @@
 #include "VeskoCore/sync/TextSyncStore.h"
 
-#include <openssl/sha.h>
+#include "VeskoCore/base/Digest.h"
+
 #include <system_error>
 
 namespace vesko {
@@ -13,15 +14,7 @@ std::filesystem::path folderFor(const std::filesystem::path& root, std::string_v
 {
     if (accountID.empty())
         throw TextSyncFailure(TextSyncFailure::invalidRevision);
-    std::array<unsigned char, SHA256_DIGEST_LENGTH> digest{};
-    SHA256(
-        reinterpret_cast<const unsigned char*>(accountID.data()), accountID.size(), digest.data());
-    std::string name;
-    for (const auto byte : digest) {
-        name += "0123456789abcdef"[byte >> 4];
-        name += "0123456789abcdef"[byte & 0x0F];
-    }
-    return root / "text-sync" / name;
+    return root / "text-sync" / hexadecimal(sha256(accountID));
 }
 
 FileLock claim(FileSystem& files, const std::filesystem::path& folder)

@@ -50,6 +50,45 @@ TEST(Date, RefusesEveryOtherForm)
         EXPECT_FALSE(Date::parse(text)) << text;
 }
 
+TEST(Date, ReadsTheInternetFormsOfServices)
+{
+    const auto whole = *Date::parse("2026-11-21T10:52:00Z");
+    const struct {
+        const char* what;
+        const char* text;
+        std::chrono::microseconds after;
+    } rows[] = {
+        { "whole seconds", "2026-11-21T10:52:00Z", 0us },
+        { "milliseconds", "2026-11-21T10:52:00.250Z", 250ms },
+        { "one digit", "2026-11-21T10:52:00.5Z", 500ms },
+        { "microseconds", "2026-11-21T10:52:00.000001Z", 1us },
+        { "nanoseconds, of which some are dropped", "2026-11-21T10:52:00.123456789Z", 123456us },
+        { "no offset in figures", "2026-11-21T10:52:00+00:00", 0us },
+        { "east of Greenwich", "2026-11-21T12:22:00+01:30", 0us },
+        { "west of Greenwich, on the day before", "2026-11-20T23:52:00.5-11:00", 500ms },
+    };
+    for (const auto& [what, text, after] : rows)
+        EXPECT_EQ(Date::parseInternet(text), (Date{ whole.time + after })) << what;
+}
+
+TEST(Date, RefusesWhatIsNoInternetForm)
+{
+    for (const std::string text : {
+             "", "tomorrow", "1732186320", // no date
+             "2026-11-21", // no time
+             "2026-11-21T10:52:00", // no zone
+             "2026-11-21T10:52:00.Z", // a point and no fraction
+             "2026-11-21T10:52:00,5Z", // a comma
+             "2026-11-21T10:52:00.5", // a fraction and no zone
+             "2026-11-21T10:52:00+0200", // an offset without its colon
+             "2026-11-21T10:52:00+24:00", // no such offset
+             "2026-11-21T10:52:00Z+01:00", // two zones
+             "2026-11-21T10:52:00 Z", "2026-11-21T10:52:00z", // not the form
+             "2026-02-29T10:52:00Z", // no such day
+         })
+        EXPECT_FALSE(Date::parseInternet(text)) << text;
+}
+
 TEST(Date, CountsSecondsBetweenMoments)
 {
     const auto start = *Date::parse("2026-11-21T10:52:00Z");

@@ -178,6 +178,26 @@ TEST(JsonReader, RefusesATextThatIsCutOffAnywhere)
         EXPECT_THROW(read(complete.substr(0, length)), JsonError) << length;
 }
 
+TEST(JsonReader, TakesTheDatesAndNullsOfServicesOnlyFromServices)
+{
+    const auto fraction = replaced("10:52:00Z", "10:52:00.5Z");
+    const auto offset = replaced("10:52:00Z", "12:52:00+02:00");
+    const auto null = replaced(R"("2026-11-21T10:52:00Z")", "null");
+    const auto date = *Date::parse("2026-11-21T10:52:00Z");
+    const auto dateIn = [](const std::string& text) {
+        return JsonDocument(text, JsonOrigin::service).as<Outer>().date;
+    };
+    EXPECT_EQ(dateIn(complete), date);
+    EXPECT_EQ(dateIn(fraction), (Date{ date.time + std::chrono::milliseconds(500) }));
+    EXPECT_EQ(dateIn(offset), date);
+    EXPECT_EQ(dateIn(null), std::nullopt);
+    for (const auto& text : { fraction, offset, null })
+        EXPECT_THROW(read(text), JsonError);
+    // What has to be there may not be null, whoever writes.
+    EXPECT_THROW(
+        JsonDocument(replaced("true", "null"), JsonOrigin::service).as<Outer>(), JsonError);
+}
+
 TEST(JsonReader, ReadsEscapes)
 {
     const auto outer = read(replaced("\"a\"", R"("\ud83d\ude00\u0000\/\"\n\u00e9")"));

@@ -79,6 +79,17 @@ TEST(CurlTransport, SendsADelete)
 }
 
 // libcurl asks for leave before a body of more than a megabyte, and waits a second for it.
+TEST(CurlTransport, SaysNothingOfTheKindOfABodyThatIsNotThere)
+{
+    LoopbackServer server;
+    server.reply(LoopbackServer::answer(200, ""));
+    HttpRequest request = post(server, "");
+    request.body.reset();
+    request.headers.clear();
+    exchange(request);
+    EXPECT_EQ(server.onlyRequest().header("Content-Type"), std::nullopt);
+}
+
 TEST(CurlTransport, SendsALargeBodyWithoutAskingForLeave)
 {
     const std::string body = megabytes(35);

@@ -1,0 +1,29 @@
+#include "VeskoCore/account/AuthNonce.h"
+
+#include "VeskoCore/base/Digest.h"
+
+#include <cerrno>
+#include <system_error>
+#include <unistd.h>
+
+namespace vesko {
+
+std::string AuthNonce::make()
+{
+    std::string bytes(32, '\0');
+    if (getentropy(bytes.data(), bytes.size()) != 0)
+        throw std::system_error(errno, std::generic_category(), "getentropy");
+    return base64URL(bytes);
+}
+
+std::string AuthNonce::sha256Hex(std::string_view text)
+{
+    return hexadecimal(sha256(text));
+}
+
+std::string AuthNonce::codeChallenge(std::string_view verifier)
+{
+    return base64URL(sha256(verifier));
+}
+
+} // namespace vesko
