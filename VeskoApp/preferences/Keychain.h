@@ -12,6 +12,7 @@ class Keychain {
 public:
     static constexpr const char* personal = "personal"; // the user's own OpenRouter key
     static constexpr const char* veskoAccess = "vesko-access"; // the Vesko access key
+    static constexpr const char* veskoSession = "vesko-session"; // the token of who is signed in
 
     explicit Keychain(SecretStore& store)
         : m_store(store)

@@ -115,5 +115,25 @@
         <source>Open Login Items</source>
         <translation>Open startup applications</translation>
     </message>
+    <message>
+        <source>You are offline. Your notes stay on this Mac. Reconnect to sign in.</source>
+        <translation>You are offline. Your notes stay on this computer. Reconnect to sign in.</translation>
+    </message>
+    <message>
+        <source>Signed out. Your notes stay on this Mac.</source>
+        <translation>Signed out. Your notes stay on this computer.</translation>
+    </message>
+    <message>
+        <source>Your Vesko account was deleted. Notes and recordings on this Mac were kept.</source>
+        <translation>Your Vesko account was deleted. Notes and recordings on this computer were kept.</translation>
+    </message>
+    <message>
+        <source>Your account is removed from Vesko's service. Notes and recordings on this Mac are kept.</source>
+        <translation>Your account is removed from Vesko's service. Notes and recordings on this computer are kept.</translation>
+    </message>
+    <message>
+        <source>Opens Google in a private sign-in window</source>
+        <translation>Opens Google in your browser</translation>
+    </message>
 </context>
 </TS>

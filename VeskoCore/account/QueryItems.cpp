@@ -35,9 +35,8 @@ std::string decoded(std::string_view text)
     for (std::size_t at = 0; at < text.size(); ++at) {
         unsigned char byte = 0;
         const auto pair = text.substr(at + 1, 2);
-        const auto* const end = pair.data() + pair.size();
         if (text[at] == '%' && pair.size() == 2
-            && std::from_chars(pair.data(), end, byte, 16).ptr == end) {
+            && std::from_chars(pair.begin(), pair.end(), byte, 16).ptr == pair.end()) {
             result += static_cast<char>(byte);
             at += 2;
         } else {

@@ -1,0 +1,24 @@
+#include "VeskoApp/account/KeychainSessionVault.h"
+
+namespace vesko {
+
+Task<> KeychainSessionVault::save(std::string token)
+{
+    co_await m_keychain.save(std::move(token), Keychain::veskoSession);
+}
+
+Task<std::optional<std::string>> KeychainSessionVault::load()
+{
+    co_return co_await m_keychain.load(Keychain::veskoSession);
+}
+
+Task<> KeychainSessionVault::remove()
+{
+    try {
+        co_await m_keychain.remove(Keychain::veskoSession);
+    } catch (const KeychainFailure&) {
+        // Whoever signs out is signed out, whatever the store says.
+    }
+}
+
+} // namespace vesko

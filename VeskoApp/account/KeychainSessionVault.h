@@ -1,0 +1,24 @@
+#pragma once
+
+#include "VeskoApp/account/SessionVault.h"
+#include "VeskoApp/preferences/Keychain.h"
+
+namespace vesko {
+
+// The token among the user's secrets.
+class KeychainSessionVault final : public SessionVault {
+public:
+    explicit KeychainSessionVault(Keychain& keychain)
+        : m_keychain(keychain)
+    {
+    }
+
+    Task<> save(std::string token) override;
+    Task<std::optional<std::string>> load() override;
+    Task<> remove() override;
+
+private:
+    Keychain& m_keychain;
+};
+
+} // namespace vesko

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "VeskoApp/async/Task.h"
+
+#include <optional>
+#include <string>
+
+namespace vesko {
+
+// Where the token of the session is kept from one run to the next. Main thread.
+class SessionVault {
+public:
+    virtual ~SessionVault() = default;
+
+    // Saving and loading throw when the token can't be kept, or got at.
+    virtual Task<> save(std::string token) = 0;
+    virtual Task<std::optional<std::string>> load() = 0;
+    // As well as it goes.
+    virtual Task<> remove() = 0;
+};
+
+} // namespace vesko
