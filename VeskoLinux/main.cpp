@@ -10,6 +10,7 @@
 #include "VeskoLinux/audio/GstPlayer.h"
 #include "VeskoLinux/audio/GstRecorder.h"
 #include "VeskoLinux/desktop/CborSettings.h"
+#include "VeskoLinux/desktop/DBusRunningInstance.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
 #include "VeskoLinux/desktop/TerminationSignals.h"
 #include "VeskoLinux/desktop/TrayStatusItem.h"
@@ -30,12 +31,16 @@
 #include <QTranslator>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <future>
 #include <iostream>
 #include <malloc.h>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 Q_IMPORT_QML_PLUGIN(Vesko_ViewsPlugin)
 
@@ -45,16 +50,28 @@ namespace {
 
 enum class Start { application, keyInstaller, refused };
 
-Start readArguments(std::span<char*> arguments)
+// Whether it begins with a scheme, as an address does that was opened with this program.
+bool isAddress(std::string_view argument)
+{
+    const auto letter = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; };
+    const auto scheme = argument.substr(0, argument.find(':'));
+    return scheme.size() < argument.size() && !scheme.empty() && letter(scheme[0])
+        && std::ranges::all_of(
+            scheme, [&](char c) { return letter(c) || c == '+' || c == '-' || c == '.'; });
+}
+
+Start readArguments(std::span<char*> arguments, std::vector<std::string>& addresses)
 {
     Start start = Start::application;
     for (const std::string_view argument : arguments.subspan(1)) {
         if (argument == "--install-openrouter-key") {
             start = Start::keyInstaller;
+        } else if (isAddress(argument)) {
+            addresses.emplace_back(argument);
         } else if (argument != "--background") {
             // The program starts in the background as long as it has no window to open.
             std::cerr << "vesko: unknown argument " << argument << "\n"
-                      << "usage: vesko [--background] [--install-openrouter-key]\n";
+                      << "usage: vesko [--background] [--install-openrouter-key] [ADDRESS...]\n";
             return Start::refused;
         }
     }
@@ -81,21 +98,41 @@ QQuickWindow* makeCapturePanel(QQmlApplicationEngine& engine, AppModel& model)
     return panel;
 }
 
-int runApplication(int argc, char** argv)
+// What it says, or throws, also goes to whom it is promised.
+bool claim(DBusRunningInstance& runningInstance, const std::vector<std::string>& addresses,
+    std::promise<bool>& claimed)
+{
+    try {
+        const bool isTheOne = runningInstance.claim(addresses);
+        claimed.set_value(isTheOne);
+        return isTheOne;
+    } catch (...) {
+        claimed.set_exception(std::current_exception());
+        return false;
+    }
+}
+
+int runApplication(int argc, char** argv, const std::vector<std::string>& addresses)
 {
     // Each growth of the heap halts the threads that start beside each other, so it grows in large
     // steps; memory that nobody has written to costs nothing.
     mallopt(M_TOP_PAD, 64 << 20);
-    // Reading a large library takes as long as all else of the start, and goes on beside it.
+    // Reading a large library takes as long as all else of the start, and goes on beside it. Only
+    // the one Vesko may begin, else two that start at once could keep each other from theirs.
     QtClock clock;
+    DBusRunningInstance runningInstance;
+    std::promise<bool> claimed;
     auto library = std::async(std::launch::async,
-        [&clock, root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder())] {
-            return std::make_unique<LibraryStore>(root, clock);
+        [&, root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder())] {
+            const bool isTheOne = claim(runningInstance, addresses, claimed);
+            return isTheOne ? std::make_unique<LibraryStore>(root, clock) : nullptr;
         });
 
     // Two small windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(argc, argv);
+    if (!claimed.get_future().get())
+        return 0;
     QGuiApplication::setApplicationName(QStringLiteral("vesko"));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.vesko.Vesko"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
@@ -122,7 +159,7 @@ int runApplication(int argc, char** argv)
     TrayStatusItem statusItem;
     Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
         pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        preferredLanguages() };
+        runningInstance, preferredLanguages() };
 
     AppModel model(
         platform, [&library] { return library.get(); },
@@ -147,9 +184,10 @@ int main(int argc, char** argv)
 {
     using namespace vesko;
     try {
-        switch (readArguments({ argv, static_cast<std::size_t>(argc) })) {
+        std::vector<std::string> addresses;
+        switch (readArguments({ argv, static_cast<std::size_t>(argc) }, addresses)) {
         case Start::application:
-            return runApplication(argc, argv);
+            return runApplication(argc, argv, addresses);
         case Start::keyInstaller:
             return installKeyFromEnvironment();
         case Start::refused:

@@ -10,6 +10,7 @@
 #include "VeskoApp/platform/LoginItem.h"
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
+#include "VeskoApp/platform/RunningInstance.h"
 #include "VeskoApp/platform/SecretStore.h"
 #include "VeskoApp/platform/SettingsStore.h"
 #include "VeskoApp/platform/StatusItem.h"
@@ -38,6 +39,7 @@ struct Platform {
     SettingsStore& settings;
     LoginItem& loginItem;
     StatusItem& statusItem;
+    RunningInstance& runningInstance;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
 };
 

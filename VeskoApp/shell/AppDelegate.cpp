@@ -23,6 +23,7 @@ void AppDelegate::launch()
     // The menus of the windows are set up here once there are windows.
     setupStatusItem();
     wireHotkeys();
+    m_platform.runningInstance.onActivate = [this] { applicationShouldHandleReopen(); };
     m_model.setShortcutMessage(m_hotkeys.start());
     showCaptureControl(m_model.preferences().showFloating.get());
     // Onboarding or the library window opens here once they exist.
@@ -79,6 +80,11 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
     if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
         showCaptureState();
     return false;
+}
+
+void AppDelegate::applicationShouldHandleReopen()
+{
+    // The library window opens here once it exists.
 }
 
 void AppDelegate::quit()

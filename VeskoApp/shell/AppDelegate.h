@@ -22,6 +22,9 @@ public:
     // Once, when the event loop is about to run. Afterwards the shortcut works.
     void launch();
 
+    // The user wants to see the program, which is running already.
+    void applicationShouldHandleReopen();
+
     // Ends the program as soon as a running capture is safe; a second request while the first is
     // being answered is dropped.
     Q_INVOKABLE void quit();

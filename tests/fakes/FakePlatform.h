@@ -10,6 +10,7 @@
 #include "tests/fakes/FakeLoginItem.h"
 #include "tests/fakes/FakeOnDeviceRecognizer.h"
 #include "tests/fakes/FakePasteKeystroke.h"
+#include "tests/fakes/FakeRunningInstance.h"
 #include "tests/fakes/FakeSecretStore.h"
 #include "tests/fakes/FakeSettingsStore.h"
 #include "tests/fakes/FakeStatusItem.h"
@@ -35,6 +36,7 @@ struct FakePlatform {
     FakeSettingsStore settings;
     FakeLoginItem loginItem;
     FakeStatusItem statusItem;
+    FakeRunningInstance runningInstance;
 
     Platform all{
         .clock = clock,
@@ -52,6 +54,7 @@ struct FakePlatform {
         .settings = settings,
         .loginItem = loginItem,
         .statusItem = statusItem,
+        .runningInstance = runningInstance,
         .preferredLanguages = { "en-US" },
     };
 };

@@ -1,0 +1,87 @@
+#include "VeskoLinux/desktop/DBusRunningInstance.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QUuid>
+
+#include <stdexcept>
+
+namespace vesko {
+
+namespace {
+
+const auto name = QStringLiteral("app.vesko.Vesko");
+const auto path = QStringLiteral("/app/vesko/Vesko"); // the name as the rules have it
+const auto interface = QStringLiteral("org.freedesktop.Application");
+
+constexpr int patience = 5000; // milliseconds
+constexpr int attempts = 3;
+
+// Whether the one that runs has taken it.
+bool tell(const QDBusConnection& bus, const std::vector<std::string>& addresses)
+{
+    auto call = QDBusMessage::createMethodCall(name, path, interface,
+        addresses.empty() ? QStringLiteral("Activate") : QStringLiteral("Open"));
+    call.setAutoStartService(false);
+    if (!addresses.empty()) {
+        QStringList list;
+        for (const auto& address : addresses)
+            list << QString::fromStdString(address);
+        call << list;
+    }
+    call << QVariantMap();
+    return bus.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+}
+
+} // namespace
+
+DBusRunningInstance::DBusRunningInstance()
+    : m_connection(QUuid::createUuid().toString())
+{
+}
+
+DBusRunningInstance::~DBusRunningInstance()
+{
+    QDBusConnection::disconnectFromBus(m_connection);
+}
+
+bool DBusRunningInstance::claim(const std::vector<std::string>& addresses)
+{
+    // Of its own, since Qt's shared one wants an application object first.
+    auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_connection);
+    if (!bus.isConnected())
+        return true;
+    // In this order: nobody may find the name and not the object.
+    bus.registerObject(path, this, QDBusConnection::ExportScriptableInvokables);
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (bus.registerService(name))
+            return true;
+        if (tell(bus, addresses))
+            return false;
+        // It may have ended just now, and then the name is free.
+    }
+    throw std::runtime_error("Vesko is running already, but does not answer");
+}
+
+void DBusRunningInstance::Activate(const QVariantMap&)
+{
+    if (onActivate)
+        onActivate();
+}
+
+void DBusRunningInstance::Open(const QStringList& addresses, const QVariantMap&)
+{
+    std::vector<std::string> list;
+    for (const auto& address : addresses)
+        list.push_back(address.toStdString());
+    if (onOpen)
+        onOpen(list);
+}
+
+void DBusRunningInstance::ActivateAction(const QString&, const QVariantList&, const QVariantMap&)
+{
+    if (calledFromDBus())
+        sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("there is no such action"));
+}
+
+} // namespace vesko

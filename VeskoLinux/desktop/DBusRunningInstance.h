@@ -1,0 +1,39 @@
+#pragma once
+
+#include "VeskoApp/platform/RunningInstance.h"
+
+#include <QDBusContext>
+#include <QObject>
+#include <QVariant>
+
+namespace vesko {
+
+// The one Vesko of a desktop session: whoever has the name "app.vesko.Vesko" on the session bus.
+// It can be called there as any application, which is how a second start, or another program,
+// reaches it.
+// https://specifications.freedesktop.org/desktop-entry-spec/latest/dbus.html
+class DBusRunningInstance final : public QObject, public RunningInstance, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    // Made on the main thread, on which the calls arrive; needs no application object yet.
+    DBusRunningInstance();
+    // The name is free again.
+    ~DBusRunningInstance() override;
+
+    // Becomes the one. False if another is, which has then been told to show itself, or, if there
+    // are addresses, of these. Without a bus there is nobody to find. Throws std::runtime_error if
+    // another one runs and does not answer. Blocks; any thread, once.
+    bool claim(const std::vector<std::string>& addresses);
+
+    Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
+    Q_SCRIPTABLE void Open(const QStringList& addresses, const QVariantMap& platformData);
+    Q_SCRIPTABLE void ActivateAction(
+        const QString& action, const QVariantList& parameter, const QVariantMap& platformData);
+
+private:
+    QString m_connection;
+};
+
+} // namespace vesko
