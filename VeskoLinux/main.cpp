@@ -11,6 +11,7 @@
 #include "VeskoLinux/audio/GstRecorder.h"
 #include "VeskoLinux/desktop/CborSettings.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
+#include "VeskoLinux/desktop/DesktopBrowser.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
 #include "VeskoLinux/desktop/TerminationSignals.h"
 #include "VeskoLinux/desktop/TrayStatusItem.h"
@@ -157,13 +158,14 @@ int runApplication(int argc, char** argv, const std::vector<std::string>& addres
     CborSettings settings(configFolder());
     XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
+    DesktopBrowser browser;
     Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
         pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        runningInstance, preferredLanguages() };
+        browser, runningInstance, preferredLanguages() };
 
     AppModel model(
         platform, [&library] { return library.get(); },
-        OpenRouterClient(deployment.openRouterBaseURL), deployment.analytics);
+        OpenRouterClient(deployment.openRouterBaseURL), deployment.analytics, deployment.account);
     QQmlApplicationEngine engine;
     QQuickWindow* const panel = makeCapturePanel(engine, model);
     AppDelegate delegate(platform, model);

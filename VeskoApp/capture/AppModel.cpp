@@ -11,13 +11,16 @@ namespace vesko {
 
 Q_LOGGING_CATEGORY(captureLog, "app.vesko.mac.capture")
 
-AppModel::AppModel(
-    Platform& platform, LibraryOpening open, OpenRouterClient client, AnalyticsBundle analytics)
+AppModel::AppModel(Platform& platform, LibraryOpening open, OpenRouterClient client,
+    AnalyticsBundle analytics, const AccountDeployment& accounts)
     : m_platform(platform)
     , m_client(std::move(client))
     , m_keychain(platform.secrets)
     , m_preferences(platform.settings, m_keychain, platform.loginItem)
     , m_analytics(platform.settings, platform.clock, std::move(analytics))
+    , m_vault(m_keychain)
+    , m_identities(platform.browser, platform.clock, accounts.google)
+    , m_accounts(accounts, m_vault, m_identities, platform.settings)
     , m_capture(platform.recorder)
     , m_cues(platform.cues)
     , m_apple(platform.recognizer, platform.clock)
@@ -26,12 +29,13 @@ AppModel::AppModel(
     , m_meter(platform.clock)
     , m_playbackEnd(platform.clock)
 {
-    // Accounts are made here once they exist.
+    m_accounts.onUsage = [this](UsageEvent event) { track(event); };
     m_capture.onFailure = [this](std::string message) { recordingFailed(std::move(message)); };
     connect(&m_preferences, &Preferences::changed, this, [this] {
         if (!m_preferences.learnCorrections.get())
             stopLearning();
     });
+    m_accounts.restoreAtLaunch();
     m_tasks.spawn(openLibrary(std::move(open)));
 }
 
@@ -88,6 +92,12 @@ Task<> AppModel::refreshLibrary()
 void AppModel::track(UsageEvent event)
 {
     m_analytics.track(event, m_platform.clock.now());
+}
+
+void AppModel::openAddresses(const std::vector<std::string>& addresses)
+{
+    for (const auto& address : addresses)
+        m_identities.handleRedirect(address);
 }
 
 CaptureSettings AppModel::settings() const

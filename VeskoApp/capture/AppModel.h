@@ -1,5 +1,8 @@
 #pragma once
 
+#include "VeskoApp/account/AccountStore.h"
+#include "VeskoApp/account/KeychainSessionVault.h"
+#include "VeskoApp/account/SystemIdentityProviders.h"
 #include "VeskoApp/analytics/Analytics.h"
 #include "VeskoApp/async/Serialized.h"
 #include "VeskoApp/async/TaskScope.h"
@@ -55,7 +58,7 @@ public:
     // Opens the library by `open`, off the main thread; captures are dropped until it is ready.
     using LibraryOpening = std::move_only_function<std::unique_ptr<LibraryStore>()>;
     AppModel(Platform& platform, LibraryOpening open, OpenRouterClient client,
-        AnalyticsBundle analytics = {});
+        AnalyticsBundle analytics = {}, const AccountDeployment& accounts = {});
     ~AppModel() override;
 
     // The data folder: VESKO_DATA_ROOT if it is an absolute path, else "Vesko" in the user's data
@@ -84,6 +87,8 @@ public:
     Task<bool> prepareToQuit();
     // Takes the corrections of the last review that was not seen to be sent into the dictionary.
     void learnPendingCorrections();
+    // These addresses were opened with the program, by whomever.
+    void openAddresses(const std::vector<std::string>& addresses);
     // Puts text on the clipboard; false, with the reason in the error line, if that failed.
     bool copy(const std::string& text);
 
@@ -93,6 +98,7 @@ public:
     CaptureSettings settings() const;
     Preferences& preferences() { return m_preferences; }
     Analytics& analytics() { return m_analytics; }
+    AccountStore& accounts() { return m_accounts; }
     InsertionReview& insertionReview() { return m_insertionReview; }
     const Library& library() const { return m_library; }
 
@@ -128,6 +134,9 @@ public:
     QVariantList shownSTTModels() const;
     QVariantList shownTextModels() const;
     QString catalogText() const;
+
+    // The user has to sign in before a dictation; shows where.
+    std::function<void()> onAccountNeeded;
 
     // What the library window shows.
     std::optional<Uuid> selectedNote;
@@ -246,6 +255,9 @@ private:
     Keychain m_keychain;
     Preferences m_preferences;
     Analytics m_analytics;
+    KeychainSessionVault m_vault;
+    SystemIdentityProviders m_identities;
+    AccountStore m_accounts;
     AudioCapture m_capture;
     CaptureCues m_cues;
     AppleTranscriber m_apple;

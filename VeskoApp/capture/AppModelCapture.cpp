@@ -24,7 +24,11 @@ void AppModel::toggleDictation()
     }
     if (m_phase != Phase::idle)
         return;
-    // The account that may be required is asked for here once accounts exist.
+    if (!m_accounts.admits()) {
+        if (onAccountNeeded)
+            onAccountNeeded();
+        return;
+    }
     m_tasks.spawn(startRecording(std::nullopt, true, captureField(), false));
 }
 

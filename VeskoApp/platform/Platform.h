@@ -3,6 +3,7 @@
 #include "VeskoApp/async/EventClock.h"
 #include "VeskoApp/platform/AudioPlayer.h"
 #include "VeskoApp/platform/AudioRecorder.h"
+#include "VeskoApp/platform/Browser.h"
 #include "VeskoApp/platform/Clipboard.h"
 #include "VeskoApp/platform/CueEngine.h"
 #include "VeskoApp/platform/FocusedField.h"
@@ -39,6 +40,7 @@ struct Platform {
     SettingsStore& settings;
     LoginItem& loginItem;
     StatusItem& statusItem;
+    Browser& browser;
     RunningInstance& runningInstance;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
 };

@@ -24,8 +24,16 @@ void AppDelegate::launch()
     setupStatusItem();
     wireHotkeys();
     m_platform.runningInstance.onActivate = [this] { applicationShouldHandleReopen(); };
+    m_platform.runningInstance.onOpen
+        = [this](const auto& addresses) { m_model.openAddresses(addresses); };
     m_model.setShortcutMessage(m_hotkeys.start());
     showCaptureControl(m_model.preferences().showFloating.get());
+    m_model.onAccountNeeded = [this] {
+        if (showOnboarding)
+            showOnboarding();
+    };
+    connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::observeAccess);
+    observeAccess();
     // Onboarding or the library window opens here once they exist.
     connect(&m_model.preferences(), &Preferences::changed, this, [this] {
         showCaptureControl(m_model.preferences().showFloating.get());
@@ -42,6 +50,7 @@ void AppDelegate::setupStatusItem()
     // "Open Vesko" and "Settings…" lead to their windows once these exist.
     for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged })
         connect(&m_model, changed, this, &AppDelegate::showCaptureState);
+    connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::showCaptureState);
     qGuiApp->installEventFilter(this);
     showCaptureState();
 }
@@ -59,7 +68,7 @@ void AppDelegate::wireHotkeys()
 
 bool AppDelegate::canStart() const
 {
-    return m_model.phase() == Phase::idle && m_model.libraryReady();
+    return m_model.phase() == Phase::idle && m_model.libraryReady() && m_model.accounts().admits();
 }
 
 void AppDelegate::showCaptureState()
@@ -72,6 +81,13 @@ void AppDelegate::showCaptureState()
         : m_model.phase() == Phase::idle ? translated(L10N_KEY("Vesko", "Start dictation"))
                                          : m_model.phaseTitle();
     m_platform.statusItem.setCapture(title, recording || canStart());
+}
+
+// Whoever has to sign in is asked to as soon as it is known that nobody has.
+void AppDelegate::observeAccess()
+{
+    if (m_model.accounts().signedOut() && !m_model.accounts().admits())
+        m_model.onAccountNeeded();
 }
 
 // The icon's strokes follow the desktop's change between light and dark.

@@ -33,6 +33,8 @@ public:
 
     // Shows or hides the floating control as the settings have it.
     std::function<void(bool)> showCaptureControl;
+    // Shows where a new user begins, and signs in; nothing as long as there is no such window.
+    std::function<void()> showOnboarding;
     // Ends the event loop.
     std::function<void()> terminate;
 
@@ -43,6 +45,7 @@ private:
     void setupStatusItem();
     void wireHotkeys();
     void showCaptureState();
+    void observeAccess();
     Task<> quitWhenSafe();
     bool canStart() const;
 

@@ -21,14 +21,19 @@ std::string text(const QJsonObject& values, const char* key)
     return value.toString().toStdString();
 }
 
+bool isWebAddress(const QString& text)
+{
+    const QUrl url(text, QUrl::StrictMode);
+    const bool web
+        = url.scheme() == QLatin1StringView("https") || url.scheme() == QLatin1StringView("http");
+    return url.isValid() && web && !url.host().isEmpty();
+}
+
 // An address that can't be one would only show at the first dictation.
 std::string webAddress(const QJsonObject& values, const char* key)
 {
     const auto address = text(values, key);
-    const QUrl url(QString::fromStdString(address), QUrl::StrictMode);
-    const bool web
-        = url.scheme() == QLatin1StringView("https") || url.scheme() == QLatin1StringView("http");
-    if (!url.isValid() || !web || url.host().isEmpty())
+    if (!isWebAddress(QString::fromStdString(address)))
         throw std::runtime_error(std::string("Info.json holds no web address in ") + key);
     return address;
 }
@@ -52,6 +57,27 @@ AnalyticsBundle analytics(const QJsonObject& values)
     return bundle;
 }
 
+std::optional<std::string> optionalAddress(const QJsonObject& values, const char* key)
+{
+    const QString address = values[QLatin1StringView(key)].toString();
+    return isWebAddress(address) ? std::optional(address.toStdString()) : std::nullopt;
+}
+
+AccountDeployment accountOf(const QJsonObject& values)
+{
+    AccountDeployment account;
+    account.baseURL = optionalAddress(values, "VeskoAuthBaseURL");
+    const auto clientID = values[QLatin1StringView("VeskoGoogleClientID")].toString().toStdString();
+    if (isGoogleClientID(clientID))
+        account.googleClientID = clientID;
+    account.required = values[QLatin1StringView("VeskoAccountRequired")].toBool();
+    GoogleEndpoints& google = account.google;
+    google.authorization
+        = optionalAddress(values, "VeskoGoogleAuthURL").value_or(google.authorization);
+    google.token = optionalAddress(values, "VeskoGoogleTokenURL").value_or(google.token);
+    return account;
+}
+
 } // namespace
 
 Deployment Deployment::read(const std::vector<std::filesystem::path>& folders)
@@ -68,6 +94,7 @@ Deployment Deployment::read(const std::vector<std::filesystem::path>& folders)
             .version = text(values, "CFBundleShortVersionString"),
             .openRouterBaseURL = webAddress(values, "VeskoOpenRouterBaseURL"),
             .analytics = vesko::analytics(values),
+            .account = accountOf(values),
         };
     }
     throw std::runtime_error("Info.json is missing");

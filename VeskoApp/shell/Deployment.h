@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskoApp/account/AccountDeployment.h"
 #include "VeskoApp/analytics/AnalyticsBundle.h"
 
 #include <filesystem>
@@ -15,6 +16,10 @@ struct Deployment {
     // VeskoAnalyticsAppKey, VeskoAnalyticsBaseURL, VeskoAnalyticsEnvironment ("production" or, with
     // any other value, the sandbox), CFBundleVersion. None has to be there.
     AnalyticsBundle analytics;
+    // VeskoAuthBaseURL, VeskoGoogleClientID, VeskoAccountRequired; what is missing there, or is not
+    // of its kind, is off. VeskoGoogleAuthURL and VeskoGoogleTokenURL name another Google, as
+    // tests need one.
+    AccountDeployment account;
 
     // Reads Info.json from the first of the folders that has one. Throws std::runtime_error with
     // words for a developer when none has, or it is damaged or incomplete: the program was

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """Files that are not what they should be: the program says so, and they stay as they were."""
 
+import fcntl
 import json
 import os
 import subprocess
@@ -48,11 +49,13 @@ class BadInput(unittest.TestCase):
         self.refuses(json.dumps({"schemaVersion": 2, "pages": []}).encode(), NEWER)
 
     def test_a_library_that_another_process_uses(self):
-        with Vesko() as first:
-            first.wait_for("ready")
-            with Vesko(root=first.root) as second:
-                second.wait_for_text(BUSY)
-            first.wait_for("ready")
+        root = tempfile.mkdtemp()
+        with open(os.path.join(root, ".lock"), "w") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            with Vesko(root=root) as vesko:
+                vesko.wait_for_text(BUSY)
+                self.assertEqual(vesko.phase, "busy")
+        self.assertEqual(os.listdir(root), [".lock"])
 
     def test_settings_of_the_wrong_kind(self):
         settings.write(pasteEnabled="yes", fnEnabled="no", sttModel=True, gestureKey="Hyper")

@@ -3,6 +3,7 @@
 #include "VeskoApp/platform/Platform.h"
 #include "tests/fakes/FakeAudioPlayer.h"
 #include "tests/fakes/FakeAudioRecorder.h"
+#include "tests/fakes/FakeBrowser.h"
 #include "tests/fakes/FakeClipboard.h"
 #include "tests/fakes/FakeCueEngine.h"
 #include "tests/fakes/FakeFocusedField.h"
@@ -36,6 +37,7 @@ struct FakePlatform {
     FakeSettingsStore settings;
     FakeLoginItem loginItem;
     FakeStatusItem statusItem;
+    FakeBrowser browser;
     FakeRunningInstance runningInstance;
 
     Platform all{
@@ -54,6 +56,7 @@ struct FakePlatform {
         .settings = settings,
         .loginItem = loginItem,
         .statusItem = statusItem,
+        .browser = browser,
         .runningInstance = runningInstance,
         .preferredLanguages = { "en-US" },
     };

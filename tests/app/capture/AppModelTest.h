@@ -42,7 +42,7 @@ protected:
         model = std::make_unique<AppModel>(
             machine.all,
             [this] { return std::make_unique<LibraryStore>(root(), machine.clock, files); },
-            OpenRouterClient(openRouterURL, openRouterTransport), analytics);
+            OpenRouterClient(openRouterURL, openRouterTransport), analytics, accounts);
     }
 
     void dictate()
@@ -101,6 +101,7 @@ protected:
     std::string openRouterURL = "http://127.0.0.1:1/api/v1/";
     HttpTransport openRouterTransport;
     AnalyticsBundle analytics;
+    AccountDeployment accounts;
     std::unique_ptr<AppModel> model; // ends before the machine
 };
 

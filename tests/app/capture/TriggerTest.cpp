@@ -97,6 +97,35 @@ TEST_F(TriggerTest, ATriggerWhileProcessingIsDropped)
     EXPECT_EQ(machine.recorder.files.size(), 1U);
 }
 
+TEST_F(TriggerTest, ATriggerOfWhoHasToSignInFirstShowsWhere)
+{
+    accounts.required = true;
+    open();
+    model->toggleDictation(); // nobody listens yet
+    int shown = 0;
+    model->onAccountNeeded = [&] { ++shown; };
+    model->toggleDictation();
+    EXPECT_EQ(shown, 1);
+    EXPECT_TRUE(machine.focusedField.reads.empty());
+    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->errorMessage(), "");
+
+    // A voice note belongs to the library window and asks for no account.
+    model->recordNote(false);
+    EXPECT_TRUE(reach(Phase::recording));
+    EXPECT_EQ(shown, 1);
+    model->toggleDictation(); // whatever runs can be ended
+    EXPECT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(shown, 1);
+}
+
+TEST_F(TriggerTest, TheSecretStoreIsLeftAloneAtALaunchWithoutAnAccount)
+{
+    open();
+    EXPECT_EQ(machine.secrets.loads(), 0);
+    EXPECT_TRUE(model->accounts().signedOut());
+}
+
 TEST_F(TriggerTest, ATriggerBeforeTheLibraryIsReadyIsDropped)
 {
     start();

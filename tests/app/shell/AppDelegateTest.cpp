@@ -1,7 +1,9 @@
 // The process around the controller.
 
 #include "VeskoApp/shell/AppDelegate.h"
+#include "VeskoCore/account/QueryItems.h"
 #include "tests/app/capture/AppModelTest.h"
+#include "tests/fakes/LoopbackServer.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -18,6 +20,7 @@ protected:
         delegate = std::make_unique<AppDelegate>(machine.all, *model);
         delegate->showCaptureControl = [this](bool shown) { controlShown = shown; };
         delegate->terminate = [this] { ++terminated; };
+        delegate->showOnboarding = [this] { ++onboardings; };
         delegate->launch();
     }
     void open()
@@ -34,6 +37,7 @@ protected:
 
     std::optional<bool> controlShown;
     int terminated = 0;
+    int onboardings = 0;
     std::unique_ptr<AppDelegate> delegate; // ends before the model
 };
 
@@ -69,6 +73,70 @@ TEST_F(AppDelegateTest, NothingCanBeStartedUntilTheLibraryIsReady)
     EXPECT_TRUE(machine.focusedField.reads.empty());
     ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
     expectStatus("Vesko: Ready", "Start dictation", true);
+}
+
+TEST_F(AppDelegateTest, WhoHasToSignInIsAskedToAtTheLaunchAndStartsNothingBefore)
+{
+    accounts.required = true;
+    open();
+    EXPECT_EQ(onboardings, 1);
+    expectStatus("Vesko: Ready", "Start dictation", false);
+    machine.keys.pressGestureKey();
+    machine.keys.releaseGestureKey();
+    EXPECT_TRUE(machine.focusedField.reads.empty());
+    machine.shortcut.press();
+    EXPECT_EQ(onboardings, 2);
+    EXPECT_TRUE(machine.focusedField.reads.empty());
+    EXPECT_EQ(model->phase(), Phase::idle);
+}
+
+TEST_F(AppDelegateTest, NobodyIsAskedWhoNeedNotSignInOrMayHave)
+{
+    open();
+    EXPECT_EQ(onboardings, 0);
+
+    // An earlier run had an account, and the secret store has not answered yet.
+    delegate.reset();
+    model.reset();
+    accounts.required = true;
+    choose("veskoAccount", std::vector<std::byte>());
+    start();
+    launch();
+    EXPECT_EQ(onboardings, 0);
+    expectStatus("Vesko: Ready", "Start dictation", false);
+    ASSERT_TRUE(eventually([&] { return model->accounts().signedOut(); }));
+    EXPECT_EQ(onboardings, 1);
+}
+
+TEST_F(AppDelegateTest, WhoHasSignedInMayStart)
+{
+    LoopbackServer server;
+    accounts.required = true;
+    accounts.baseURL = server.url();
+    accounts.googleClientID = "1-a.apps.googleusercontent.com";
+    accounts.google.token = server.url() + "/token";
+    open();
+    expectStatus("Vesko: Ready", "Start dictation", false);
+    server.reply(LoopbackServer::answer(200, R"({"id_token":"x"})"));
+    server.reply(LoopbackServer::answer(200,
+        R"({"session":{"token":"t","expiresAt":"2026-12-21T10:52:00Z"},"account":{"id":)"
+        R"("0123ABCD-4567-89EF-ABCD-EF0123456789","providers":["google"],"createdAt":)"
+        R"("2026-11-21T10:52:00Z"}})"));
+    model->accounts().run(model->accounts().signInWithGoogle());
+    ASSERT_EQ(machine.browser.pages.size(), 1U);
+    const auto items = *queryItems(machine.browser.pages.back());
+    const std::string redirect = *firstItem(items, "redirect_uri")->second
+        + "?code=4&state=" + *firstItem(items, "state")->second;
+    machine.runningInstance.onOpen({ "https://elsewhere.example/?code=4", redirect, redirect });
+    ASSERT_TRUE(eventually([&] { return model->accounts().signedIn(); }));
+    expectStatus("Vesko: Ready", "Start dictation", true);
+    EXPECT_EQ(machine.secrets.items().at("vesko-session"), "t");
+    EXPECT_EQ(server.requests().size(), 2U);
+
+    server.reply(LoopbackServer::answer(204, ""));
+    awaited(model->accounts().signOut());
+    expectStatus("Vesko: Ready", "Start dictation", false);
+    EXPECT_EQ(onboardings, 2);
 }
 
 TEST_F(AppDelegateTest, TheIconFollowsTheDesktopsAppearance)

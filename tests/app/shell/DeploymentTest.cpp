@@ -18,6 +18,11 @@ constexpr const char* whole = R"({
 
 class DeploymentTest : public testing::Test {
 protected:
+    static std::string with(const std::string& values)
+    {
+        std::string text = whole;
+        return text.insert(1, values + ",");
+    }
     void write(const std::string& text) const { putBytes(folder.path() / "Info.json", text); }
 
     TemporaryFolder folder;
@@ -79,6 +84,50 @@ TEST_F(DeploymentTest, OnlyProductionByItsExactNameIsProduction)
     write(R"({"CFBundleShortVersionString": "1", "VeskoAnalyticsAppKey": "",
               "VeskoOpenRouterBaseURL": "https://openrouter.example/"})");
     EXPECT_EQ(Deployment::read({ folder.path() }).analytics.appKey, "");
+}
+
+TEST_F(DeploymentTest, WithoutValuesForAccountsThereAreNone)
+{
+    write(whole);
+    EXPECT_EQ(Deployment::read({ folder.path() }).account, AccountDeployment());
+    EXPECT_EQ(
+        AccountDeployment().google.authorization, "https://accounts.google.com/o/oauth2/v2/auth");
+    EXPECT_EQ(AccountDeployment().google.token, "https://oauth2.googleapis.com/token");
+}
+
+TEST_F(DeploymentTest, SaysWhereAccountsAre)
+{
+    write(with(R"("VeskoAuthBaseURL": "https://account.example/api",
+        "VeskoGoogleClientID": "1-a.apps.googleusercontent.com", "VeskoAccountRequired": true,
+        "VeskoGoogleAuthURL": "http://127.0.0.1:1/auth",
+        "VeskoGoogleTokenURL": "http://127.0.0.1:1/token")"));
+    const auto account = Deployment::read({ folder.path() }).account;
+    EXPECT_EQ(account.baseURL, "https://account.example/api");
+    EXPECT_EQ(account.googleClientID, "1-a.apps.googleusercontent.com");
+    EXPECT_TRUE(account.required);
+    EXPECT_EQ(account.google.authorization, "http://127.0.0.1:1/auth");
+    EXPECT_EQ(account.google.token, "http://127.0.0.1:1/token");
+}
+
+TEST_F(DeploymentTest, AValueForAccountsThatIsNotOfItsKindIsOff)
+{
+    for (const char* values : {
+             R"("VeskoAuthBaseURL": 5)",
+             R"("VeskoAuthBaseURL": "")",
+             R"("VeskoAuthBaseURL": "not an address")",
+             R"("VeskoAuthBaseURL": "ftp://account.example/")",
+             R"("VeskoGoogleClientID": true)",
+             R"("VeskoGoogleClientID": "1-a")",
+             R"("VeskoGoogleClientID": "1-a.apps.googleusercontent.com.example")",
+             R"("VeskoAccountRequired": "true")",
+             R"("VeskoAccountRequired": 1)",
+             R"("VeskoAccountRequired": null)",
+             R"("VeskoGoogleAuthURL": "", "VeskoGoogleTokenURL": [])",
+         }) {
+        SCOPED_TRACE(values);
+        write(with(values));
+        EXPECT_EQ(Deployment::read({ folder.path() }).account, AccountDeployment());
+    }
 }
 
 TEST_F(DeploymentTest, FailsWhenItIsMissingDamagedOrIncomplete)
