@@ -21,7 +21,7 @@ class Service:
 
     def _call(self, method, path, body=None):
         request = urllib.request.Request(
-            self.root + path, method=method,
+            self.root + path, method=method, headers={"Content-Type": "application/json"},
             data=None if body is None else json.dumps(body).encode())
         with urllib.request.urlopen(request, timeout=10) as answer:
             return json.load(answer)
@@ -74,3 +74,25 @@ class Analytics(Service):
     def events(self):
         """The names of all events that were taken or refused, in their order."""
         return [name for request in self.requests() for name in request["events"]]
+
+
+class Account(Service):
+    CLIENT = "1234-test.apps.googleusercontent.com"
+
+    def __init__(self):
+        super().__init__("account.py", "--client", self.CLIENT)
+        self.deployment = {"VeskoAuthBaseURL": self.root + "/",
+                           "VeskoGoogleClientID": self.CLIENT,
+                           "VeskoGoogleAuthURL": self.root + "/google/auth",
+                           "VeskoGoogleTokenURL": self.root + "/google/token"}
+
+    def session(self, address="user@example.com"):
+        """Signs in as another computer would; the token and the account."""
+        self._call("POST", "/v1/auth/email/start", {"email": address})
+        code = self._call("GET", "/codes")[address]
+        reply = self._call("POST", "/v1/auth/email/verify", {"email": address, "code": code})
+        return reply["session"]["token"], reply["account"]
+
+    def asked(self, path):
+        """How the service answered those who asked for this."""
+        return [request["status"] for request in self.requests() if request["path"] == path]

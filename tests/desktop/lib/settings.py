@@ -18,12 +18,14 @@ def _head(kind, size):
 def _encoded(value):
     if isinstance(value, bool):
         return b"\xf5" if value else b"\xf4"
+    if isinstance(value, bytes):
+        return _head(2, len(value)) + value
     text = value.encode()
     return _head(3, len(text)) + text
 
 
 def write(**values):
-    """Replaces all settings by these texts and booleans."""
+    """Replaces all settings by these texts, bytes and booleans."""
     os.makedirs(os.path.dirname(path()), mode=0o700, exist_ok=True)
     with open(path(), "wb") as file:
         file.write(_head(5, len(values)) + b"".join(
