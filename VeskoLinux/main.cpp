@@ -5,6 +5,7 @@
 #include "VeskoApp/shell/AppDelegate.h"
 #include "VeskoApp/shell/Deployment.h"
 #include "VeskoApp/shell/KeyInstaller.h"
+#include "VeskoApp/views/Windows.h"
 #include "VeskoLinux/accessibility/AtspiFocusedField.h"
 #include "VeskoLinux/audio/GstCueEngine.h"
 #include "VeskoLinux/audio/GstPlayer.h"
@@ -12,9 +13,11 @@
 #include "VeskoLinux/desktop/CborSettings.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 #include "VeskoLinux/desktop/DesktopBrowser.h"
+#include "VeskoLinux/desktop/PortalAppearance.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
 #include "VeskoLinux/desktop/TerminationSignals.h"
 #include "VeskoLinux/desktop/TrayStatusItem.h"
+#include "VeskoLinux/desktop/X11Desktop.h"
 #include "VeskoLinux/desktop/XdgFolders.h"
 #include "VeskoLinux/desktop/XdgLoginItem.h"
 #include "VeskoLinux/input/SentKeys.h"
@@ -27,7 +30,7 @@
 #include "VeskoLinux/speech/PreferredLanguages.h"
 
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
+#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QTranslator>
 #include <QtQml/QQmlExtensionPlugin>
@@ -49,7 +52,7 @@ namespace vesko {
 
 namespace {
 
-enum class Start { application, keyInstaller, refused };
+enum class Start { application, background, keyInstaller, refused };
 
 // Whether it begins with a scheme, as an address does that was opened with this program.
 bool isAddress(std::string_view argument)
@@ -69,8 +72,10 @@ Start readArguments(std::span<char*> arguments, std::vector<std::string>& addres
             start = Start::keyInstaller;
         } else if (isAddress(argument)) {
             addresses.emplace_back(argument);
-        } else if (argument != "--background") {
-            // The program starts in the background as long as it has no window to open.
+        } else if (argument == "--background") {
+            if (start == Start::application)
+                start = Start::background;
+        } else {
             std::cerr << "vesko: unknown argument " << argument << "\n"
                       << "usage: vesko [--background] [--install-openrouter-key] [ADDRESS...]\n";
             return Start::refused;
@@ -84,19 +89,6 @@ int installKeyFromEnvironment()
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
     return installKey(std::getenv("OPENROUTER_API_KEY"), secrets, settings, std::cout, std::cerr);
-}
-
-// The floating control, shown without ever taking the focus from the user's field.
-QQuickWindow* makeCapturePanel(QQmlApplicationEngine& engine, AppModel& model)
-{
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    engine.setInitialProperties({ { QStringLiteral("model"), QVariant::fromValue(&model) } });
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Vesko/Views/CapturePanel.qml")));
-    auto* panel = qobject_cast<QQuickWindow*>(engine.rootObjects().value(0));
-    if (!panel)
-        throw std::runtime_error("the floating control could not be made");
-    panel->setProperty("_q_showWithoutActivating", true);
-    return panel;
 }
 
 // What it says, or throws, also goes to whom it is promised.
@@ -113,7 +105,8 @@ bool claim(DBusRunningInstance& runningInstance, const std::vector<std::string>&
     }
 }
 
-int runApplication(int argc, char** argv, const std::vector<std::string>& addresses)
+int runApplication(
+    int argc, char** argv, bool background, const std::vector<std::string>& addresses)
 {
     // Each growth of the heap halts the threads that start beside each other, so it grows in large
     // steps; memory that nobody has written to costs nothing.
@@ -123,13 +116,13 @@ int runApplication(int argc, char** argv, const std::vector<std::string>& addres
     QtClock clock;
     DBusRunningInstance runningInstance;
     std::promise<bool> claimed;
-    auto library = std::async(std::launch::async,
-        [&, root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder())] {
-            const bool isTheOne = claim(runningInstance, addresses, claimed);
-            return isTheOne ? std::make_unique<LibraryStore>(root, clock) : nullptr;
-        });
+    const auto root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder());
+    auto library = std::async(std::launch::async, [&] {
+        const bool isTheOne = claim(runningInstance, addresses, claimed);
+        return isTheOne ? std::make_unique<LibraryStore>(root, clock) : nullptr;
+    });
 
-    // Two small windows don't need a graphics driver, which costs more memory than all the rest.
+    // Quiet windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(argc, argv);
     if (!claimed.get_future().get())
@@ -159,22 +152,30 @@ int runApplication(int argc, char** argv, const std::vector<std::string>& addres
     XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
     DesktopBrowser browser;
+    X11Desktop desktop;
+    PortalAppearance appearance;
     Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
         pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        browser, runningInstance, preferredLanguages() };
+        browser, runningInstance, desktop, appearance, preferredLanguages(), root };
 
     AppModel model(
         platform, [&library] { return library.get(); },
         OpenRouterClient(deployment.openRouterBaseURL), deployment.analytics, deployment.account);
-    QQmlApplicationEngine engine;
-    QQuickWindow* const panel = makeCapturePanel(engine, model);
+    QQmlEngine engine;
+    prepareViews(engine);
+    const auto panel = makeCapturePanel(engine, model);
     AppDelegate delegate(platform, model);
-    delegate.showCaptureControl = [panel](bool shown) { panel->setVisible(shown); };
+    delegate.windows().make = [&](AppWindow kind) {
+        return makeWindow(engine, kind, platform, model, delegate);
+    };
+    delegate.showCaptureControl = [&panel](bool shown) { panel->setVisible(shown); };
     delegate.terminate = [] { QGuiApplication::exit(); };
     const TerminationSignals signals([&delegate] { delegate.quit(); });
     QObject::connect(
         &application, &QGuiApplication::aboutToQuit, [&] { delegate.willTerminate(); });
-    delegate.launch();
+    delegate.launch(background,
+        AppDelegate::Demo::from(std::getenv("VESKO_DATA_ROOT"), std::getenv("VESKO_DEMO_SCENE"),
+            std::getenv("VESKO_DEMO_APPEARANCE")));
     return QGuiApplication::exec();
 }
 
@@ -187,9 +188,11 @@ int main(int argc, char** argv)
     using namespace vesko;
     try {
         std::vector<std::string> addresses;
-        switch (readArguments({ argv, static_cast<std::size_t>(argc) }, addresses)) {
+        const auto start = readArguments({ argv, static_cast<std::size_t>(argc) }, addresses);
+        switch (start) {
         case Start::application:
-            return runApplication(argc, argv, addresses);
+        case Start::background:
+            return runApplication(argc, argv, start == Start::background, addresses);
         case Start::keyInstaller:
             return installKeyFromEnvironment();
         case Start::refused:

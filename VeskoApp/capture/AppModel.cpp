@@ -27,6 +27,7 @@ AppModel::AppModel(Platform& platform, LibraryOpening open, OpenRouterClient cli
     , m_insertionReview(platform.focusedField, platform.clock)
     , m_message(L10N_KEY("Vesko", "Ready to capture"))
     , m_meter(platform.clock)
+    , m_searches(std::make_shared<std::atomic<unsigned>>(0))
     , m_playbackEnd(platform.clock)
 {
     m_accounts.onUsage = [this](UsageEvent event) { track(event); };
@@ -87,6 +88,7 @@ Task<> AppModel::refreshLibrary()
 {
     m_library = co_await m_store.run([](const LibraryStore& store) { return store.snapshot(); });
     Q_EMIT libraryChanged();
+    refreshVisibleNotes();
 }
 
 void AppModel::track(UsageEvent event)
@@ -160,6 +162,11 @@ void AppModel::setMessage(std::string message)
 void AppModel::setErrorMessage(std::string message)
 {
     assign(m_errorMessage, std::move(message), &AppModel::errorMessageChanged);
+}
+
+void AppModel::setMenuBarIconHidden(bool hidden)
+{
+    assign(m_menuBarIconHidden, hidden, &AppModel::menuBarIconHiddenChanged);
 }
 
 void AppModel::setShortcutMessage(std::string message)

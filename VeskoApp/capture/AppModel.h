@@ -24,8 +24,10 @@
 #include <QObject>
 #include <QVariant>
 
+#include <atomic>
 #include <functional>
 #include <memory>
+#include <unordered_map>
 
 namespace vesko {
 
@@ -46,6 +48,7 @@ class AppModel : public QObject {
     Q_PROPERTY(QString shortcutMessage READ shortcutText NOTIFY shortcutMessageChanged)
     Q_PROPERTY(QString dictionaryMessage READ dictionaryMessage NOTIFY dictionaryMessageChanged)
     Q_PROPERTY(bool libraryReady READ libraryReady NOTIFY libraryReadyChanged)
+    Q_PROPERTY(bool menuBarIconHidden READ menuBarIconHidden NOTIFY menuBarIconHiddenChanged)
     // "options", each with its "tag" and "name", and a "note"; undefined if there is none.
     Q_PROPERTY(QVariant languageQuestion READ shownLanguageQuestion NOTIFY languageQuestionChanged)
     // Rows with "id" and "name".
@@ -69,7 +72,7 @@ public:
     // The one entry of shortcut, menu and floating control.
     Q_INVOKABLE void toggleDictation();
     // Records into a voice note: the selected note if `append`, else a new one.
-    void recordNote(bool append);
+    Q_INVOKABLE void recordNote(bool append);
     void handleFn(FnShortcutAction action);
     // Transcribes a stored recording again, with today's settings.
     void retry(const Recording& recording, bool copyWhenDone);
@@ -83,7 +86,46 @@ public:
     // Plays a stored recording, or stops it if it is the one that plays.
     void play(const Recording& recording);
     void stopPlayback();
-    // Makes the program safe to end: a running capture is kept. False if it can't end now.
+
+    // What an editor holds of a note and has not on disk.
+    struct PendingEdit {
+        std::string title;
+        std::string body;
+        std::string baseBody; // the body that the editing began with
+
+        bool operator==(const PendingEdit&) const = default;
+    };
+    using Saved = Eventual<std::exception_ptr>; // null when it went well
+
+    // A new text note in the selected project, which is then shown and selected.
+    Q_INVOKABLE void newNote();
+    // Remembers what was typed into a note until it is saved.
+    void setPendingEdit(const Uuid& id, PendingEdit edit);
+    const std::unordered_map<Uuid, PendingEdit>& pendingEdits() const { return m_pendingEdits; }
+    // Saves an edit. While another is pending by then, that one stays pending; a save that failed
+    // leaves it pending too.
+    Task<> editNote(Uuid id, PendingEdit edit);
+    // The same whatever becomes of the caller; a failure goes to the error line too.
+    Saved saveEdit(const Uuid& id, PendingEdit edit);
+    void createProject(const std::string& name);
+    void renameProject(const Uuid& id, const std::string& name);
+    void assign(const Note& note, std::optional<Uuid> project);
+    // To the Trash, or from there into nothing.
+    void trash(const Note& note, bool permanently);
+    void restore(const Note& note);
+    // Title and text as the user sees them, what is not saved yet included; none if there is none.
+    std::optional<std::string> noteClipboardText(const Uuid& id) const;
+    void copyNote(const Uuid& id);
+    // The name that is offered for the file of an export.
+    static std::string exportName(const Note& note);
+    // Writes the note as it is saved to a Markdown file.
+    void exportNote(const Uuid& id, const std::filesystem::path& file);
+    Q_INVOKABLE void openDataFolder();
+    // The user has read the error line.
+    Q_INVOKABLE void dismissError() { setErrorMessage({}); }
+
+    // Makes the program safe to end: a running capture and what was typed are kept. False if it
+    // can't end now.
     Task<bool> prepareToQuit();
     // Takes the corrections of the last review that was not seen to be sent into the dictionary.
     void learnPendingCorrections();
@@ -138,11 +180,27 @@ public:
     // The user has to sign in before a dictation; shows where.
     std::function<void()> onAccountNeeded;
 
-    // What the library window shows.
-    std::optional<Uuid> selectedNote;
-    std::optional<Uuid> selectedProject;
-    bool showingTrash = false;
-    std::string query;
+    // What the library window shows: of the notes of a project or of all, or of the Trash, those
+    // that contain the query. A search runs beside the main thread, and until it is done the notes
+    // stay as they were.
+    const SharedArray<Note>& visibleNotes() const;
+    // The selected note, if it is visible.
+    const Note* selectedNote() const;
+    const Note* note(const Uuid& id) const;
+    const std::optional<Uuid>& selectedNoteID() const { return m_selectedNoteID; }
+    void setSelectedNoteID(std::optional<Uuid> id);
+    const std::optional<Uuid>& selectedProjectID() const { return m_selectedProjectID; }
+    void setSelectedProjectID(std::optional<Uuid> id);
+    bool showingTrash() const { return m_showingTrash; }
+    void setShowingTrash(bool showing);
+    const std::string& query() const { return m_query; }
+    void setQuery(std::string query);
+    // The note that was copied a moment ago.
+    const std::optional<Uuid>& copiedNoteID() const { return m_copiedNoteID; }
+
+    // The desktop has no place for the status icon, or none that can be seen.
+    bool menuBarIconHidden() const { return m_menuBarIconHidden; }
+    void setMenuBarIconHidden(bool hidden);
 
 Q_SIGNALS:
     void phaseChanged();
@@ -156,6 +214,11 @@ Q_SIGNALS:
     void dictionaryMessageChanged();
     void libraryReadyChanged();
     void libraryChanged();
+    void visibleNotesChanged();
+    void selectionChanged(); // of the note, the project or the Trash
+    void queryChanged();
+    void copiedNoteChanged();
+    void menuBarIconHiddenChanged();
     void playingChanged();
     void languageQuestionChanged();
     void catalogChanged();
@@ -246,6 +309,19 @@ private:
     Task<> loadCatalog();
     Task<> loadModels(Worker& network, bool transcription, LoadedModels into);
 
+    // AppModelLibrary.cpp
+    Task<> createNote();
+    Task<> save(Uuid id, PendingEdit edit, Saved saved);
+    template <class Operation>
+    Task<> change(Operation operation);
+    Task<> deleteNote(Uuid id);
+    Task<> showCopied(Uuid id);
+    Task<> writeExport(std::string markdown, std::filesystem::path file);
+
+    // AppModelSelection.cpp
+    void refreshVisibleNotes();
+    Task<> search();
+
     // AppModelPlayback.cpp
     Task<> startPlayback(Recording recording, Uuid token);
 
@@ -284,6 +360,16 @@ private:
 
     std::optional<LanguageQuestion> m_languageQuestion;
 
+    std::optional<Uuid> m_selectedNoteID;
+    std::optional<Uuid> m_selectedProjectID;
+    bool m_showingTrash = false;
+    std::string m_query;
+    mutable std::optional<SharedArray<Note>> m_visibleNotes; // none until asked for
+    std::shared_ptr<std::atomic<unsigned>> m_searches; // how many have been asked for
+    std::unordered_map<Uuid, PendingEdit> m_pendingEdits;
+    std::optional<Uuid> m_copiedNoteID;
+    bool m_menuBarIconHidden = false;
+
     std::vector<ProviderModel> m_sttModels;
     std::vector<ProviderModel> m_textModels;
     bool m_catalogLoading = false;
@@ -298,6 +384,7 @@ private:
     Worker m_network;
     Worker m_sttCatalog; // the two lists are loaded at the same time, and beside a dictation
     Worker m_textCatalog;
+    Worker m_texts; // searches and exports
     TaskScope m_tasks;
 };
 

@@ -40,7 +40,7 @@ void AppModel::recordNote(bool append)
     }
     if (m_phase != Phase::idle)
         return;
-    m_tasks.spawn(startRecording(append ? selectedNote : std::nullopt, false, std::nullopt, false));
+    m_tasks.spawn(startRecording(append ? m_selectedNoteID : std::nullopt, false, std::nullopt, false));
 }
 
 // Which field it is, is settled here and now; everything that follows can move the focus or take
@@ -141,15 +141,15 @@ Task<Recording> AppModel::prepareRecording(std::optional<Uuid> noteID, bool dict
     if (!noteID) {
         const NoteKind kind = dictation ? NoteKind::dictation : NoteKind::voice;
         const Note note
-            = co_await m_store.run([kind, project = selectedProject](LibraryStore& store) {
+            = co_await m_store.run([kind, project = m_selectedProjectID](LibraryStore& store) {
                   return store.createNote(kind, project);
               });
         noteID = note.id;
         track(UsageEvent::noteCreated);
         if (!dictation) {
-            showingTrash = false;
-            query.clear();
-            selectedNote = note.id;
+            setShowingTrash(false);
+            setQuery({});
+            setSelectedNoteID(note.id);
         }
     }
     co_return co_await m_store.run(
@@ -283,7 +283,12 @@ Task<bool> AppModel::prepareToQuit()
             co_return false;
         }
     }
-    // Edits of notes that are not saved yet are saved here once notes can be edited.
+    // Others may be typed while these are being saved.
+    while (!m_pendingEdits.empty()) {
+        const auto [id, edit] = *m_pendingEdits.begin();
+        if (co_await saveEdit(id, edit))
+            co_return false;
+    }
     co_return true;
 }
 

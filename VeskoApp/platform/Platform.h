@@ -1,11 +1,13 @@
 #pragma once
 
 #include "VeskoApp/async/EventClock.h"
+#include "VeskoApp/platform/Appearance.h"
 #include "VeskoApp/platform/AudioPlayer.h"
 #include "VeskoApp/platform/AudioRecorder.h"
 #include "VeskoApp/platform/Browser.h"
 #include "VeskoApp/platform/Clipboard.h"
 #include "VeskoApp/platform/CueEngine.h"
+#include "VeskoApp/platform/Desktop.h"
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoApp/platform/KeyInput.h"
 #include "VeskoApp/platform/LoginItem.h"
@@ -17,6 +19,7 @@
 #include "VeskoApp/platform/StatusItem.h"
 #include "VeskoApp/platform/TextLanguageRecognizer.h"
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -42,7 +45,10 @@ struct Platform {
     StatusItem& statusItem;
     Browser& browser;
     RunningInstance& runningInstance;
+    Desktop& desktop;
+    Appearance& appearance;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
+    std::filesystem::path dataFolder; // where the library is
 };
 
 } // namespace vesko

@@ -23,6 +23,8 @@ public:
     std::function<void()> onOpen;
     std::function<void()> onSettings;
     std::function<void()> onQuit;
+    // visible() may have changed.
+    std::function<void()> onVisibleChanged;
 };
 
 } // namespace vesko

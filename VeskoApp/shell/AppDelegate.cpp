@@ -1,8 +1,10 @@
 #include "VeskoApp/shell/AppDelegate.h"
 
+#include "VeskoApp/capture/CaptureLog.h"
 #include "VeskoApp/shell/StatusIcon.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/shell/MenuBarPlacement.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -10,49 +12,139 @@
 
 namespace vesko {
 
+namespace {
+
+const std::string onboardingCompleted = "onboardingCompleted";
+
+// The desktop takes a moment to give the icon its place.
+constexpr double menuBarSettles = 2; // seconds
+
+} // namespace
+
 AppDelegate::AppDelegate(Platform& platform, AppModel& model)
     : m_platform(platform)
     , m_model(model)
     , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
+    , m_windows(platform)
     , m_gestureKey(model.preferences().gestureKey(platform.keys.reportsFn()))
+    , m_menuBarCheck(platform.clock)
 {
 }
 
-void AppDelegate::launch()
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::launch(bool background, const Demo& demo)
 {
-    // The menus of the windows are set up here once there are windows.
+    applyAppearance(demo.dark);
+    m_platform.appearance.onChanged = [this, forced = demo.dark] {
+        applyAppearance(forced);
+        Q_EMIT reduceMotionChanged();
+    };
     setupStatusItem();
+    observeMenuBarIcon();
     wireHotkeys();
     m_platform.runningInstance.onActivate = [this] { applicationShouldHandleReopen(); };
     m_platform.runningInstance.onOpen
         = [this](const auto& addresses) { m_model.openAddresses(addresses); };
     m_model.setShortcutMessage(m_hotkeys.start());
     showCaptureControl(m_model.preferences().showFloating.get());
-    m_model.onAccountNeeded = [this] {
-        if (showOnboarding)
-            showOnboarding();
-    };
+    m_model.onAccountNeeded = [this] { showOnboarding(); };
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::observeAccess);
     observeAccess();
-    // Onboarding or the library window opens here once they exist.
+    openFirstWindow(background);
     connect(&m_model.preferences(), &Preferences::changed, this, [this] {
         showCaptureControl(m_model.preferences().showFloating.get());
         const GestureKey key = m_model.preferences().gestureKey(m_platform.keys.reportsFn());
         if (std::exchange(m_gestureKey, key) != key)
             m_hotkeys.installFnMonitors();
     });
+    if (demo.scene)
+        m_tasks.spawn(showScene(*demo.scene));
+}
+
+void AppDelegate::openFirstWindow(bool background)
+{
+    const bool onboarded
+        = m_platform.settings.get<bool>(onboardingCompleted).value_or(false);
+    if (!onboarded && m_windows.show(AppWindow::onboarding))
+        return;
+    if (!background)
+        showLibrary();
+}
+
+void AppDelegate::newNote()
+{
+    showLibrary();
+    m_model.newNote();
+}
+
+void AppDelegate::openDictionary()
+{
+    m_windows.show(AppWindow::dictionary);
+}
+
+void AppDelegate::showLibrary()
+{
+    m_windows.show(AppWindow::library);
+}
+
+void AppDelegate::showSettings()
+{
+    m_windows.show(AppWindow::settings);
+}
+
+void AppDelegate::showOnboarding()
+{
+    m_windows.show(AppWindow::onboarding);
+}
+
+void AppDelegate::finishOnboarding()
+{
+    m_platform.settings.set(onboardingCompleted, SettingValue{ true });
+    m_windows.discard(AppWindow::onboarding);
+    showLibrary();
+}
+
+// Every window and the status icon follow the application's palette.
+void AppDelegate::applyAppearance(std::optional<bool> dark)
+{
+    if (!dark)
+        dark = m_platform.appearance.dark();
+    if (dark)
+        QGuiApplication::setPalette(QPalette(*dark ? QColor(0x2b, 0x2f, 0x31) : QColor(0xf0, 0xf0, 0xf0)));
 }
 
 void AppDelegate::setupStatusItem()
 {
-    m_platform.statusItem.onCapture = [this] { m_model.toggleDictation(); };
+    m_platform.statusItem.onCapture = [this] { toggleCapture(); };
+    m_platform.statusItem.onOpen = [this] { openLibrary(); };
+    m_platform.statusItem.onSettings = [this] { openSettings(); };
     m_platform.statusItem.onQuit = [this] { quit(); };
-    // "Open Vesko" and "Settings…" lead to their windows once these exist.
     for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged })
         connect(&m_model, changed, this, &AppDelegate::showCaptureState);
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::showCaptureState);
     qGuiApp->installEventFilter(this);
     showCaptureState();
+}
+
+void AppDelegate::observeMenuBarIcon()
+{
+    m_platform.statusItem.onVisibleChanged = [this] {
+        if (m_menuBarChecked)
+            checkMenuBarIcon();
+    };
+    m_menuBarCheck.start(menuBarSettles, [this] { checkMenuBarIcon(); });
+}
+
+// No panel of this desktop has a notch; what hides the icon here is a panel without a place for it.
+void AppDelegate::checkMenuBarIcon()
+{
+    const bool hidden = MenuBarPlacement::iconHidden(
+        0, 0, std::nullopt, m_platform.statusItem.visible());
+    if (hidden != m_model.menuBarIconHidden() || !m_menuBarChecked)
+        qCInfo(captureLog, "menu_bar_icon_hidden=%d", hidden);
+    m_menuBarChecked = true;
+    m_model.setMenuBarIconHidden(hidden);
 }
 
 void AppDelegate::wireHotkeys()
@@ -98,11 +190,6 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
     return false;
 }
 
-void AppDelegate::applicationShouldHandleReopen()
-{
-    // The library window opens here once it exists.
-}
-
 void AppDelegate::quit()
 {
     if (!std::exchange(m_quitting, true))
@@ -113,9 +200,10 @@ Task<> AppDelegate::quitWhenSafe()
 {
     const bool safe = co_await m_model.prepareToQuit();
     m_quitting = false;
-    // The library window, which shows why not, opens here once it exists.
     if (safe)
         terminate();
+    else
+        showLibrary(); // which says why not
 }
 
 void AppDelegate::willTerminate()

@@ -3,6 +3,8 @@
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/capture/AppModel.h"
 #include "VeskoApp/capture/Hotkeys.h"
+#include "VeskoApp/shell/AppWindows.h"
+#include "VeskoCore/shell/DemoScene.h"
 
 #include <QObject>
 
@@ -10,33 +12,65 @@
 
 namespace vesko {
 
-// The process around the controller: wires the global inputs, the status item and the floating
-// control to it, and ends the program when the controller says that nothing would be lost. Main
-// thread.
+// The process around the controller: wires the global inputs, the status item, the floating
+// control and the windows to it, and ends the program when the controller says that nothing would
+// be lost. Main thread.
 class AppDelegate : public QObject {
     Q_OBJECT
+    Q_PROPERTY(bool reduceMotion READ reduceMotion NOTIFY reduceMotionChanged)
+    // The rows of menuRows(), as the user reads them: "title", "keys" (as they are shown),
+    // "sequence" and "action"; a row without a title parts two groups.
+    Q_PROPERTY(QVariantList menu READ menu CONSTANT)
 
 public:
+    // What the environment asks the program to show, to be photographed.
+    struct Demo {
+        std::optional<DemoScene> scene;
+        std::optional<bool> dark;
+
+        // Nothing unless the data is not the user's own: then `dataRoot` is set.
+        static Demo from(const char* dataRoot, const char* scene, const char* appearance);
+    };
+
     AppDelegate(Platform& platform, AppModel& model);
+    ~AppDelegate() override;
 
-    // Once, when the event loop is about to run. Afterwards the shortcut works.
-    void launch();
+    // Once, when the event loop is about to run. Afterwards the shortcut works. In the background
+    // no window opens but that which the user has to see.
+    void launch(bool background, const Demo& demo = {});
 
-    // The user wants to see the program, which is running already.
-    void applicationShouldHandleReopen();
-
-    // Ends the program as soon as a running capture is safe; a second request while the first is
-    // being answered is dropped.
+    // The actions of the menus.
+    Q_INVOKABLE void toggleCapture() { m_model.toggleDictation(); }
+    Q_INVOKABLE void newNote();
+    Q_INVOKABLE void openLibrary() { showLibrary(); }
+    Q_INVOKABLE void openDictionary();
+    Q_INVOKABLE void openSettings() { showSettings(); }
+    Q_INVOKABLE void openTour() { showOnboarding(); }
+    // Ends the program as soon as a running capture and what was typed are safe; a second request
+    // while the first is being answered is dropped.
     Q_INVOKABLE void quit();
+
+    void showLibrary();
+    void showSettings();
+    void showOnboarding();
+    // The user has gone through onboarding to its end.
+    Q_INVOKABLE void finishOnboarding();
+    // The user wants to see the program, which is running already.
+    void applicationShouldHandleReopen() { showLibrary(); }
     // The program is about to end.
     void willTerminate();
 
+    QVariantList menu() const;
+    bool reduceMotion() const { return m_platform.appearance.reduceMotion(); }
+    AppWindows& windows() { return m_windows; }
+
     // Shows or hides the floating control as the settings have it.
     std::function<void(bool)> showCaptureControl;
-    // Shows where a new user begins, and signs in; nothing as long as there is no such window.
-    std::function<void()> showOnboarding;
     // Ends the event loop.
     std::function<void()> terminate;
+
+Q_SIGNALS:
+    void reduceMotionChanged();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -44,15 +78,26 @@ protected:
 private:
     void setupStatusItem();
     void wireHotkeys();
+    void openFirstWindow(bool background);
+    void observeMenuBarIcon();
+    void checkMenuBarIcon();
     void showCaptureState();
     void observeAccess();
+    void applyAppearance(std::optional<bool> dark);
     Task<> quitWhenSafe();
     bool canStart() const;
+
+    // AppDelegateScene.cpp
+    Task<> showScene(DemoScene scene);
+    void selectNote(std::size_t index);
 
     Platform& m_platform;
     AppModel& m_model;
     Hotkeys m_hotkeys;
+    AppWindows m_windows;
     GestureKey m_gestureKey;
+    Timer m_menuBarCheck;
+    bool m_menuBarChecked = false;
     bool m_quitting = false;
     TaskScope m_tasks;
 };

@@ -77,6 +77,8 @@ void TrayStatusItem::setHostPresent(bool present)
 {
     m_hostPresent = present;
     update();
+    if (onVisibleChanged)
+        onVisibleChanged();
 }
 
 void TrayStatusItem::update()

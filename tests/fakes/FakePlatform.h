@@ -1,11 +1,13 @@
 #pragma once
 
 #include "VeskoApp/platform/Platform.h"
+#include "tests/fakes/FakeAppearance.h"
 #include "tests/fakes/FakeAudioPlayer.h"
 #include "tests/fakes/FakeAudioRecorder.h"
 #include "tests/fakes/FakeBrowser.h"
 #include "tests/fakes/FakeClipboard.h"
 #include "tests/fakes/FakeCueEngine.h"
+#include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeFocusedField.h"
 #include "tests/fakes/FakeKeyInput.h"
 #include "tests/fakes/FakeLoginItem.h"
@@ -39,6 +41,8 @@ struct FakePlatform {
     FakeStatusItem statusItem;
     FakeBrowser browser;
     FakeRunningInstance runningInstance;
+    FakeDesktop desktop;
+    FakeAppearance appearance;
 
     Platform all{
         .clock = clock,
@@ -58,7 +62,10 @@ struct FakePlatform {
         .statusItem = statusItem,
         .browser = browser,
         .runningInstance = runningInstance,
+        .desktop = desktop,
+        .appearance = appearance,
         .preferredLanguages = { "en-US" },
+        .dataFolder = "/data/Vesko",
     };
 };
 

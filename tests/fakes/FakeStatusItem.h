@@ -10,6 +10,7 @@ public:
     QString toolTip;
     QString captureTitle;
     bool captureEnabled = false;
+    bool isVisible = true;
 
     void show(const QIcon& shown, const QString& tip) override
     {
@@ -21,7 +22,7 @@ public:
         captureTitle = title;
         captureEnabled = enabled;
     }
-    bool visible() const override { return true; }
+    bool visible() const override { return isVisible; }
 };
 
 } // namespace vesko

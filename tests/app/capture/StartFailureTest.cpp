@@ -93,7 +93,7 @@ TEST_F(StartFailureTest, ADiskThatFailsAtAnyMomentOfTheStartLeavesNothingHalfMad
 TEST_F(StartFailureTest, ANoteThatIsGoneCannotBeContinued)
 {
     open();
-    model->selectedNote = Uuid::random();
+    model->setSelectedNoteID(Uuid::random());
     model->recordNote(true);
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(model->errorMessage(), "This item is no longer available.");
@@ -105,11 +105,11 @@ TEST_F(StartFailureTest, ANoteThatIsGoneCannotBeContinued)
 TEST_F(StartFailureTest, AnUnknownProjectIsReported)
 {
     open();
-    model->selectedProject = Uuid::random();
+    model->setSelectedProjectID(Uuid::random());
     model->toggleDictation();
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(model->errorMessage(), "This item is no longer available.");
-    model->selectedProject.reset();
+    model->setSelectedProjectID(std::nullopt);
     expectThatTheNextCaptureWorks();
 }
 

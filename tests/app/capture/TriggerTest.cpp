@@ -246,12 +246,12 @@ TEST_F(TriggerTest, AFractionOfASecondIsKeptAsAnyOther)
 TEST_F(TriggerTest, ADictationLeavesTheLibraryWindowAlone)
 {
     open();
-    model->showingTrash = true;
-    model->query = "shopping";
+    model->setShowingTrash(true);
+    model->setQuery("shopping");
     dictate();
-    EXPECT_TRUE(model->showingTrash);
-    EXPECT_EQ(model->query, "shopping");
-    EXPECT_EQ(model->selectedNote, std::nullopt);
+    EXPECT_TRUE(model->showingTrash());
+    EXPECT_EQ(model->query(), "shopping");
+    EXPECT_EQ(model->selectedNoteID(), std::nullopt);
     finish();
     EXPECT_EQ(onlyNote().kind, NoteKind::dictation);
     EXPECT_EQ(onlyNote().body, "hello world");
@@ -260,14 +260,14 @@ TEST_F(TriggerTest, ADictationLeavesTheLibraryWindowAlone)
 TEST_F(TriggerTest, ANewVoiceNoteIsShownInTheLibraryWindow)
 {
     open();
-    model->showingTrash = true;
-    model->query = "shopping";
+    model->setShowingTrash(true);
+    model->setQuery("shopping");
     model->recordNote(false);
     ASSERT_TRUE(reach(Phase::recording));
-    EXPECT_FALSE(model->showingTrash);
-    EXPECT_EQ(model->query, "");
+    EXPECT_FALSE(model->showingTrash());
+    EXPECT_EQ(model->query(), "");
     ASSERT_TRUE(eventually([&] { return !model->library().notes.empty(); }));
-    EXPECT_EQ(model->selectedNote, onlyNote().id);
+    EXPECT_EQ(model->selectedNoteID(), onlyNote().id);
     EXPECT_EQ(onlyNote().kind, NoteKind::voice);
     EXPECT_TRUE(machine.focusedField.reads.empty());
 
@@ -285,11 +285,11 @@ TEST_F(TriggerTest, AVoiceNoteContinuesTheSelectedNote)
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(onlyNote().kind, NoteKind::voice);
 
-    model->query = "kept";
+    model->setQuery("kept");
     machine.recognizer.hears = "and more";
     model->recordNote(true);
     ASSERT_TRUE(reach(Phase::recording));
-    EXPECT_EQ(model->query, "kept");
+    EXPECT_EQ(model->query(), "kept");
     model->recordNote(true);
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(onlyNote().recordings.size(), 2U);

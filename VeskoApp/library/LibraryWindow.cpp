@@ -1,0 +1,269 @@
+#include "VeskoApp/library/LibraryWindow.h"
+
+#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+
+#include <QUrl>
+
+#include <algorithm>
+#include <utility>
+
+namespace vesko {
+
+namespace {
+
+QString shown(const std::optional<Uuid>& id)
+{
+    return id ? QString::fromStdString(id->text()) : QString();
+}
+
+std::optional<Uuid> identity(const QString& text)
+{
+    return Uuid::parse(text.toStdString());
+}
+
+QVariantMap words(const char* title, const char* text, const char* button)
+{
+    return { { QStringLiteral("title"), translated(title) },
+        { QStringLiteral("text"), translated(text) },
+        { QStringLiteral("button"), translated(button) } };
+}
+
+} // namespace
+
+LibraryWindow::LibraryWindow(AppModel& model, EventClock& clock)
+    : m_model(model)
+    , m_clock(clock)
+{
+    connect(&model, &AppModel::visibleNotesChanged, this, &LibraryWindow::showNotes);
+    connect(&model, &AppModel::libraryChanged, this, &LibraryWindow::sidebarChanged);
+    connect(&model, &AppModel::selectionChanged, this, [this] {
+        Q_EMIT sidebarChanged();
+        Q_EMIT emptyStateChanged();
+        showEditor();
+    });
+    connect(&model, &AppModel::queryChanged, this, [this] {
+        Q_EMIT queryChanged();
+        Q_EMIT emptyStateChanged();
+    });
+    for (const auto changed :
+        { &AppModel::phaseChanged, &AppModel::messageChanged, &AppModel::elapsedChanged })
+        connect(&model, changed, this, &LibraryWindow::statusLineChanged);
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged })
+        connect(&model, changed, this, &LibraryWindow::stateChanged);
+    connect(&model, &AppModel::copiedNoteChanged, this, &LibraryWindow::copiedChanged);
+    connect(&model, &AppModel::playingChanged, this, &LibraryWindow::playingChanged);
+    showNotes();
+}
+
+LibraryWindow::~LibraryWindow() = default;
+
+void LibraryWindow::showNotes()
+{
+    m_notes.setNotes(m_model.visibleNotes());
+    showEditor();
+    Q_EMIT emptyStateChanged();
+}
+
+// An editor belongs to one note; what it has not saved yet is saved when it goes.
+void LibraryWindow::showEditor()
+{
+    const Note* const note = m_model.selectedNote();
+    if (note && m_editor && m_editor->id() == note->id) {
+        m_editor->refresh(*note);
+        Q_EMIT notesChanged();
+        return;
+    }
+    auto former = std::exchange(
+        m_editor, note ? std::make_unique<NoteEditor>(m_model, m_clock, *note) : nullptr);
+    if (former)
+        former->flush();
+    if (former || m_editor)
+        Q_EMIT editorChanged();
+    if (former)
+        former.release()->deleteLater(); // its view may still be on its way out
+    Q_EMIT notesChanged();
+}
+
+QString LibraryWindow::listTitle() const
+{
+    if (m_model.showingTrash())
+        return translated(L10N_KEY("Vesko", "Trash"));
+    const auto& projects = m_model.library().projects;
+    const auto project = std::ranges::find_if(projects,
+        [this](const Project& candidate) { return candidate.id == m_model.selectedProjectID(); });
+    return project == projects.end() ? translated(L10N_KEY("Vesko", "All notes"))
+                                     : QString::fromStdString(project->name);
+}
+
+QString LibraryWindow::selectedProjectID() const
+{
+    return shown(m_model.selectedProjectID());
+}
+
+QVariantList LibraryWindow::projects() const
+{
+    QVariantList rows;
+    for (const auto& project : m_model.library().projects)
+        rows << QVariantMap{ { QStringLiteral("id"), shown(project.id) },
+            { QStringLiteral("name"), QString::fromStdString(project.name) } };
+    return rows;
+}
+
+int LibraryWindow::selectedRow() const
+{
+    const auto& id = m_model.selectedNoteID();
+    return id ? m_notes.rowOf(*id) : -1;
+}
+
+QVariantList LibraryWindow::editors() const
+{
+    return m_editor ? QVariantList{ QVariant::fromValue<QObject*>(m_editor.get()) }
+                    : QVariantList{};
+}
+
+QVariant LibraryWindow::emptyState() const
+{
+    if (m_notes.rowCount() > 0 || !m_model.libraryReady())
+        return {};
+    if (m_model.showingTrash())
+        return words(L10N_KEY("Vesko", "Trash is empty"),
+            L10N_KEY("Vesko", "Notes you move to Trash can be restored here."), "");
+    if (!m_model.query().empty())
+        return words(L10N_KEY("Vesko", "No matching notes"),
+            L10N_KEY("Vesko", "Try another search or clear the search field."),
+            L10N_KEY("Vesko", "Clear search"));
+    return words(L10N_KEY("Vesko", "A place for your next thought"),
+        L10N_KEY("Vesko",
+            "Record your voice or start a text note. Your originals stay on this Mac."),
+        L10N_KEY("Vesko", "New note"));
+}
+
+void LibraryWindow::fillEmptyState()
+{
+    if (m_model.query().empty())
+        m_model.newNote();
+    else
+        m_model.setQuery({});
+}
+
+QString LibraryWindow::statusLine() const
+{
+    switch (m_model.phase()) {
+    case Phase::recording:
+        return translated(L10N_KEY("Vesko", "Recording %1"))
+            .arg(shownDuration(m_model.elapsed()));
+    case Phase::idle:
+        return m_model.messageText();
+    case Phase::preparing:
+    case Phase::processing:
+        break;
+    }
+    return m_model.phaseTitle();
+}
+
+QString LibraryWindow::copiedNoteID() const
+{
+    return shown(m_model.copiedNoteID());
+}
+
+QString LibraryWindow::playingID() const
+{
+    return shown(m_model.playingID());
+}
+
+QString LibraryWindow::recordText() const
+{
+    return m_model.isRecording() ? translated(L10N_KEY("Vesko", "Finish recording"))
+                                 : translated(L10N_KEY("Vesko", "Record note"));
+}
+
+void LibraryWindow::showAllNotes()
+{
+    m_model.setShowingTrash(false);
+    m_model.setSelectedProjectID(std::nullopt);
+}
+
+void LibraryWindow::showTrash()
+{
+    m_model.setSelectedProjectID(std::nullopt);
+    m_model.setShowingTrash(true);
+}
+
+void LibraryWindow::showProject(const QString& id)
+{
+    m_model.setShowingTrash(false);
+    m_model.setSelectedProjectID(identity(id));
+}
+
+void LibraryWindow::selectRow(int row)
+{
+    const auto& notes = m_notes.notes();
+    if (row >= 0 && static_cast<std::size_t>(row) < notes.size())
+        m_model.setSelectedNoteID(notes[static_cast<std::size_t>(row)].id);
+}
+
+void LibraryWindow::saveProject(const QString& renameID, const QString& name)
+{
+    if (const auto id = identity(renameID))
+        m_model.renameProject(*id, name.toStdString());
+    else
+        m_model.createProject(name.toStdString());
+}
+
+void LibraryWindow::copyNote()
+{
+    if (m_editor)
+        m_model.copyNote(m_editor->id());
+}
+
+QString LibraryWindow::exportName() const
+{
+    const Note* const note = m_model.selectedNote();
+    return note ? QString::fromStdString(AppModel::exportName(*note)) : QString();
+}
+
+void LibraryWindow::exportNote(const QUrl& file)
+{
+    if (m_editor)
+        m_model.exportNote(m_editor->id(), file.toLocalFile().toStdString());
+}
+
+void LibraryWindow::assign(const QString& projectID)
+{
+    if (const Note* const note = m_model.selectedNote())
+        m_model.assign(*note, identity(projectID));
+}
+
+void LibraryWindow::trashNote()
+{
+    if (const Note* const note = m_model.selectedNote())
+        m_model.trash(*note, false);
+}
+
+void LibraryWindow::restoreNote()
+{
+    if (const Note* const note = m_model.selectedNote())
+        m_model.restore(*note);
+}
+
+void LibraryWindow::deletePermanently()
+{
+    if (const Note* const note = m_model.selectedNote())
+        m_model.trash(*note, true);
+}
+
+void LibraryWindow::play(const QString& recordingID)
+{
+    if (const auto* recording = m_editor ? m_editor->recordingList().find(recordingID) : nullptr)
+        m_model.play(*recording);
+}
+
+void LibraryWindow::retry(const QString& recordingID)
+{
+    if (const auto* recording = m_editor ? m_editor->recordingList().find(recordingID) : nullptr)
+        m_model.retry(*recording, false);
+}
+
+} // namespace vesko

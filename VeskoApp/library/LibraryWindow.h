@@ -1,0 +1,104 @@
+#pragma once
+
+#include "VeskoApp/library/NoteEditor.h"
+#include "VeskoApp/library/NoteListModel.h"
+
+#include <QObject>
+#include <QVariant>
+
+#include <memory>
+
+namespace vesko {
+
+// What the library window shows and does, over the controller. Ids are texts here; an empty one is
+// none. Main thread; the controller must outlive it.
+class LibraryWindow : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QObject* notes READ notes CONSTANT)
+    Q_PROPERTY(int noteCount READ noteCount NOTIFY notesChanged)
+    Q_PROPERTY(QString listTitle READ listTitle NOTIFY sidebarChanged)
+    Q_PROPERTY(bool showingTrash READ showingTrash NOTIFY sidebarChanged)
+    Q_PROPERTY(QString selectedProjectID READ selectedProjectID NOTIFY sidebarChanged)
+    // Rows with "id" and "name".
+    Q_PROPERTY(QVariantList projects READ projects NOTIFY sidebarChanged)
+    Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
+    Q_PROPERTY(int selectedRow READ selectedRow NOTIFY notesChanged)
+    // The editor of the selected note, or none: an array, so that each has a view of its own.
+    Q_PROPERTY(QVariantList editors READ editors NOTIFY editorChanged)
+    // "title", "text" and "button" while no note is listed, else nothing.
+    Q_PROPERTY(QVariant emptyState READ emptyState NOTIFY emptyStateChanged)
+    Q_PROPERTY(QString statusLine READ statusLine NOTIFY statusLineChanged)
+    Q_PROPERTY(QString copiedNoteID READ copiedNoteID NOTIFY copiedChanged)
+    Q_PROPERTY(QString playingID READ playingID NOTIFY playingChanged)
+    Q_PROPERTY(bool canCreate READ canCreate NOTIFY stateChanged)
+    Q_PROPERTY(bool canRecord READ canRecord NOTIFY stateChanged)
+    Q_PROPERTY(QString recordText READ recordText NOTIFY stateChanged)
+
+public:
+    LibraryWindow(AppModel& model, EventClock& clock);
+    ~LibraryWindow() override;
+
+    QObject* notes() { return &m_notes; }
+    const NoteListModel& noteList() const { return m_notes; }
+    NoteEditor* editor() { return m_editor.get(); }
+
+    int noteCount() const { return m_notes.rowCount(); }
+    QString listTitle() const;
+    bool showingTrash() const { return m_model.showingTrash(); }
+    QString selectedProjectID() const;
+    QVariantList projects() const;
+    QString query() const { return QString::fromStdString(m_model.query()); }
+    void setQuery(const QString& query) { m_model.setQuery(query.toStdString()); }
+    int selectedRow() const;
+    QVariantList editors() const;
+    QVariant emptyState() const;
+    QString statusLine() const;
+    QString copiedNoteID() const;
+    QString playingID() const;
+    bool canCreate() const { return m_model.libraryReady(); }
+    bool canRecord() const { return m_model.libraryReady() && !m_model.isBusy(); }
+    QString recordText() const;
+
+    Q_INVOKABLE void showAllNotes();
+    Q_INVOKABLE void showTrash();
+    Q_INVOKABLE void showProject(const QString& id);
+    Q_INVOKABLE void selectRow(int row);
+    // What the button of the empty state does.
+    Q_INVOKABLE void fillEmptyState();
+    // Renames the project, or makes a new one if there is no id.
+    Q_INVOKABLE void saveProject(const QString& renameID, const QString& name);
+
+    // On the selected note.
+    Q_INVOKABLE void copyNote();
+    Q_INVOKABLE QString exportName() const;
+    Q_INVOKABLE void exportNote(const QUrl& file);
+    Q_INVOKABLE void assign(const QString& projectID);
+    Q_INVOKABLE void trashNote();
+    Q_INVOKABLE void restoreNote();
+    Q_INVOKABLE void deletePermanently();
+    Q_INVOKABLE void play(const QString& recordingID);
+    Q_INVOKABLE void retry(const QString& recordingID);
+    Q_INVOKABLE void copyText(const QString& text) { m_model.copy(text.toStdString()); }
+
+Q_SIGNALS:
+    void notesChanged();
+    void sidebarChanged();
+    void queryChanged();
+    void editorChanged();
+    void emptyStateChanged();
+    void statusLineChanged();
+    void copiedChanged();
+    void playingChanged();
+    void stateChanged();
+
+private:
+    void showNotes();
+    void showEditor();
+
+    AppModel& m_model;
+    EventClock& m_clock;
+    NoteListModel m_notes;
+    std::unique_ptr<NoteEditor> m_editor;
+};
+
+} // namespace vesko

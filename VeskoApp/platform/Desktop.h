@@ -1,0 +1,23 @@
+#pragma once
+
+#include <filesystem>
+
+class QWindow;
+
+namespace vesko {
+
+// What the desktop does with windows and folders. Main thread only; nothing here waits.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    // Moves an open window to the workspace where the user is.
+    virtual void bringHere(QWindow& window) = 0;
+    // Each time a window has been shown: it stands above all others, on every workspace, and in no
+    // list of windows.
+    virtual void floatEverywhere(QWindow& window) = 0;
+    // Opens the folder in the file manager.
+    virtual void openFolder(const std::filesystem::path& folder) = 0;
+};
+
+} // namespace vesko

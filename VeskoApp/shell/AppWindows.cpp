@@ -1,0 +1,130 @@
+#include "VeskoApp/shell/AppWindows.h"
+
+#include "VeskoApp/shell/Screens.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vesko {
+
+namespace {
+
+// A window on the move tells of every step; only where it comes to rest is written down.
+constexpr double restBeforeSaving = 0.5; // seconds
+
+// The setting with a window's frame: x, y, width and height.
+std::string frameKey(AppWindow kind)
+{
+    switch (kind) {
+    case AppWindow::library:
+        return "frameVeskoLibrary";
+    case AppWindow::settings:
+        return "frameVeskoSettings";
+    case AppWindow::dictionary:
+        return "frameVeskoDictionary";
+    case AppWindow::onboarding:
+        break;
+    }
+    return "frameVeskoOnboarding";
+}
+
+void centre(QWindow& window)
+{
+    auto* const screen = QGuiApplication::screenAt(QCursor::pos());
+    auto frame = window.geometry();
+    frame.moveCenter((screen ? screen : window.screen())->availableGeometry().center());
+    window.setPosition(frame.topLeft());
+}
+
+} // namespace
+
+AppWindows::AppWindows(Platform& platform)
+    : m_platform(platform)
+{
+}
+
+AppWindows::~AppWindows()
+{
+    for (const auto& [kind, place] : m_windows)
+        if (place.saving.pending())
+            savePlace(kind);
+}
+
+bool AppWindows::show(AppWindow kind)
+{
+    QWindow* const window = find(kind);
+    if (!window)
+        return false;
+    if (window->isVisible())
+        m_platform.desktop.bringHere(*window);
+    if (window->windowStates() & Qt::WindowMinimized)
+        window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
+    window->setVisible(true);
+    window->raise();
+    window->requestActivate();
+    return true;
+}
+
+void AppWindows::discard(AppWindow kind)
+{
+    m_windows.erase(kind);
+}
+
+QWindow* AppWindows::find(AppWindow kind)
+{
+    const auto known = m_windows.find(kind);
+    if (known != m_windows.end())
+        return known->second.window.get();
+    auto window = make(kind);
+    if (!window)
+        return nullptr;
+    restorePlace(kind, *window);
+    auto* const made = window.get();
+    m_windows.try_emplace(kind, std::move(window), m_platform.clock);
+    watchPlace(kind);
+    return made;
+}
+
+void AppWindows::restorePlace(AppWindow kind, QWindow& window)
+{
+    const auto saved = m_platform.settings.get<std::vector<double>>(frameKey(kind));
+    if (saved && saved->size() == 4) {
+        const ScreenSize size{ saved->at(2), saved->at(3) };
+        if (PanelPlacement::restore(ScreenPoint{ saved->at(0), saved->at(1) }, size, screens())) {
+            window.resize(QSizeF(size.width, size.height).toSize());
+            window.setFramePosition(QPointF(saved->at(0), saved->at(1)).toPoint());
+            return;
+        }
+    }
+    centre(window);
+}
+
+void AppWindows::watchPlace(AppWindow kind)
+{
+    auto& place = m_windows.at(kind);
+    auto* const window = place.window.get();
+    const auto moved = [this, kind, &place] {
+        place.saving.start(restBeforeSaving, [this, kind] { savePlace(kind); });
+    };
+    for (const auto changed : { &QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged,
+             &QWindow::heightChanged })
+        QObject::connect(window, changed, window, moved);
+}
+
+void AppWindows::savePlace(AppWindow kind)
+{
+    const QWindow& window = *m_windows.at(kind).window;
+    if (!window.isVisible() || window.visibility() != QWindow::Windowed)
+        return;
+    const QPointF origin = window.framePosition();
+    m_platform.settings.set(frameKey(kind),
+        SettingValue{ std::vector<double>{ origin.x(), origin.y(),
+            static_cast<double>(window.width()), static_cast<double>(window.height()) } });
+}
+
+} // namespace vesko

@@ -1,0 +1,151 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+
+// The main window: projects, notes, and the note that is selected.
+VeskoWindow {
+    id: window
+
+    required property var library
+
+    title: "Vesko"
+    width: 1120
+    height: 760
+    minimumWidth: 980
+    minimumHeight: 680
+
+    LibrarySidebar {
+        id: sidebar
+
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        width: 232
+        model: window.model
+        library: window.library
+        delegate: window.delegate
+        menu: window.menu
+    }
+
+    NoteList {
+        id: list
+
+        anchors.left: sidebar.right
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        width: Math.round(Math.min(360, 292 + Math.max(0, window.width - 1120) * 0.2))
+        library: window.library
+    }
+
+    Rectangle {
+        id: line
+
+        anchors.left: list.right
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        width: 1
+        color: Theme.hairline
+    }
+
+    Item {
+        anchors.left: line.right
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+
+        Row {
+            id: toolbar
+
+            anchors.top: parent.top
+            anchors.right: parent.right
+            anchors.topMargin: 14
+            anchors.rightMargin: 20
+            spacing: Theme.space
+
+            PushButton {
+                text: qsTranslate("Vesko", "New note")
+                help: qsTranslate("Vesko", "Create a text note")
+                iconName: "plus"
+                flat: true
+                enabled: window.library.canCreate
+                onClicked: window.model.newNote()
+            }
+            PushButton {
+                text: window.library.recordText
+                help: qsTranslate("Vesko", "Records into the library without pasting into another app")
+                iconName: window.model.recording ? "stop" : "microphone"
+                prominent: true
+                enabled: window.library.canRecord
+                onClicked: window.model.recordNote(false)
+            }
+        }
+
+        Banner {
+            id: banner
+
+            anchors.top: toolbar.bottom
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.topMargin: visible ? 12 : 0
+            anchors.leftMargin: 20
+            anchors.rightMargin: 20
+            height: visible ? implicitHeight : 0
+            visible: text.length > 0
+            text: window.model.errorMessage
+
+            PushButton {
+                text: qsTranslate("Vesko", "Settings")
+                flat: true
+                onClicked: window.delegate.openSettings()
+            }
+            IconButton {
+                name: qsTranslate("Vesko", "Dismiss message")
+                iconName: "close"
+                ink: Theme.alarm
+                onClicked: window.model.dismissError()
+            }
+        }
+
+        Repeater {
+            model: window.library.editors
+
+            NoteEditorView {
+                anchors.top: banner.bottom
+                anchors.left: parent?.left
+                anchors.right: parent?.right
+                anchors.bottom: parent?.bottom
+                model: window.model
+                library: window.library
+            }
+        }
+
+        Column {
+            anchors.centerIn: parent
+            width: Math.min(360, parent.width - 80)
+            spacing: 10
+            visible: window.library.editors.length === 0
+
+            LevelMark {
+                anchors.horizontalCenter: parent.horizontalCenter
+                scale: 2
+                bottomPadding: 16
+            }
+            Words {
+                width: parent.width
+                text: qsTranslate("Vesko", "Your thoughts, ready to use")
+                font.pixelSize: Theme.heading
+                font.weight: Font.DemiBold
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+            Words {
+                width: parent.width
+                text: qsTranslate("Vesko", "Select a note to edit its text, replay the original, or add more by voice.")
+                color: Theme.quiet
+                lineHeight: Theme.lineHeight
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+        }
+    }
+}

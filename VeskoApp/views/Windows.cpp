@@ -1,0 +1,70 @@
+#include "VeskoApp/views/Windows.h"
+
+#include "VeskoApp/library/LibraryWindow.h"
+#include "VeskoApp/views/IconProvider.h"
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+
+#include <stdexcept>
+
+namespace vesko {
+
+namespace {
+
+std::unique_ptr<QWindow> make(
+    QQmlEngine& engine, const QString& name, const QVariantMap& properties)
+{
+    QQmlComponent component(
+        &engine, QUrl(QStringLiteral("qrc:/qt/qml/Vesko/Views/%1.qml").arg(name)));
+    std::unique_ptr<QObject> made(component.createWithInitialProperties(properties));
+    auto* const window = qobject_cast<QWindow*>(made.get());
+    if (!window)
+        throw std::runtime_error(component.errorString().toStdString());
+    made.release();
+    return std::unique_ptr<QWindow>(window);
+}
+
+QVariant handed(QObject& object)
+{
+    return QVariant::fromValue(&object);
+}
+
+} // namespace
+
+void prepareViews(QQmlEngine& engine)
+{
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
+}
+
+std::unique_ptr<QWindow> makeCapturePanel(QQmlEngine& engine, AppModel& model)
+{
+    auto panel = make(
+        engine, QStringLiteral("CapturePanel"), { { QStringLiteral("model"), handed(model) } });
+    panel->setProperty("_q_showWithoutActivating", true);
+    return panel;
+}
+
+std::unique_ptr<QWindow> makeWindow(
+    QQmlEngine& engine, AppWindow kind, Platform& platform, AppModel& model, AppDelegate& delegate)
+{
+    QVariantMap properties{ { QStringLiteral("model"), handed(model) },
+        { QStringLiteral("delegate"), handed(delegate) } };
+    switch (kind) {
+    case AppWindow::library: {
+        auto content = std::make_unique<LibraryWindow>(model, platform.clock);
+        properties.insert(QStringLiteral("library"), handed(*content));
+        auto window = make(engine, QStringLiteral("LibraryWindow"), properties);
+        content.release()->setParent(window.get());
+        return window;
+    }
+    case AppWindow::settings:
+    case AppWindow::dictionary:
+    case AppWindow::onboarding:
+        break;
+    }
+    return nullptr;
+}
+
+} // namespace vesko

@@ -1,0 +1,97 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQml.Models
+
+// The program's menu with its keys, which work in the window whether the menu is open or not. It
+// opens below the item that open() is called for.
+Item {
+    id: root
+
+    required property var window
+    required property var delegate
+    property Item textBefore // had the focus when the menu opened
+
+    function open(below: Item) {
+        textBefore = window.activeFocusItem;
+        menu.focusAfter = textBefore;
+        menu.popup(below, 0, below.height + 4);
+    }
+    function run(row) {
+        if (row.action === "about")
+            about.open();
+        else if (row.ofText)
+            textBefore[row.action]();
+        else
+            delegate[row.action]();
+    }
+    // Whether the text that had the focus can do that.
+    function canRun(row) {
+        if (!row.ofText)
+            return true;
+        const text = textBefore;
+        if (!text || text.cursorPosition === undefined)
+            return false;
+        switch (row.action) {
+        case "undo":
+            return text.canUndo;
+        case "redo":
+            return text.canRedo;
+        case "paste":
+            return text.canPaste;
+        case "cut":
+            return text.selectedText.length > 0 && !text.readOnly;
+        case "copy":
+            return text.selectedText.length > 0;
+        }
+        return true;
+    }
+
+    Instantiator {
+        model: root.delegate.menu.filter(row => row.sequence && !row.ofText)
+        delegate: Shortcut {
+            required property var modelData
+
+            sequence: modelData.sequence
+            onActivated: root.run(modelData)
+        }
+    }
+
+    PopupMenu {
+        id: menu
+
+        title: "Vesko"
+
+        Instantiator {
+            model: root.delegate.menu
+            delegate: QtObject {
+                id: entry
+
+                required property var modelData
+                property Item item
+
+                readonly property Component row: MenuRow {
+                    text: entry.modelData.title
+                    keys: entry.modelData.keys
+                    enabled: root.canRun(entry.modelData)
+                    onTriggered: root.run(entry.modelData)
+                }
+                readonly property Component line: MenuLine { }
+
+                Component.onCompleted: {
+                    item = (modelData.title ? row : line).createObject(menu.contentItem);
+                    menu.addItem(item);
+                }
+            }
+        }
+    }
+
+    Sheet {
+        id: about
+
+        title: "Vesko"
+        text: Qt.application.version
+        agreeText: "OK"
+        cancellable: false
+    }
+}

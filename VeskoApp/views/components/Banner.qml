@@ -1,0 +1,45 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+
+// A message that stays until it is dealt with, with the buttons that deal with it. An alarm says
+// that something went wrong, a notice that something could be better.
+Rectangle {
+    id: banner
+
+    property string text
+    property bool alarm: true
+    default property alias actions: actions.data
+
+    implicitHeight: row.implicitHeight + 2 * Theme.space
+    radius: Theme.corner
+    color: alarm ? Theme.alarmSurface : Theme.notice
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: text
+
+    RowLayout {
+        id: row
+
+        anchors.fill: parent
+        anchors.leftMargin: 12
+        anchors.rightMargin: 6
+        spacing: 10
+
+        Icon {
+            name: banner.alarm ? "alert" : "info"
+            color: banner.alarm ? Theme.alarm : Theme.accent
+        }
+        Words {
+            Layout.fillWidth: true
+            text: banner.text
+            color: banner.alarm ? Theme.alarm : Theme.text
+            wrapMode: Text.Wrap
+        }
+        Row {
+            id: actions
+
+            spacing: 4
+        }
+    }
+}

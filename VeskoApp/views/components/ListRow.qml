@@ -1,0 +1,68 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+// A row of a sidebar or a list: an icon, a title, and what the row itself puts below or beside it.
+T.ItemDelegate {
+    id: control
+
+    property bool chosen: false
+    property string iconName
+    property string name: text
+    property string detail // said with the name
+    property bool keyboardHere: visualFocus
+
+    implicitHeight: Theme.control
+    leftPadding: 10
+    rightPadding: 10
+    focusPolicy: Qt.StrongFocus
+    font.family: Theme.family
+    font.pixelSize: Theme.body
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: name
+    Accessible.description: detail
+    Accessible.selectable: true
+    Accessible.selected: chosen
+    Accessible.onPressAction: if (enabled) clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+    Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+    Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+    contentItem: Item {
+        Icon {
+            id: icon
+
+            anchors.verticalCenter: parent.verticalCenter
+            visible: control.iconName.length > 0
+            name: control.iconName
+            color: control.chosen ? Theme.accent : Theme.quiet
+            size: 17
+        }
+        Text {
+            anchors.left: icon.visible ? icon.right : parent.left
+            anchors.leftMargin: icon.visible ? 10 : 0
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            text: control.text
+            font: control.font
+            color: Theme.text
+            elide: Text.ElideRight
+            textFormat: Text.PlainText
+            Accessible.ignored: true
+        }
+    }
+    background: Rectangle {
+        radius: Theme.corner
+        color: control.chosen ? Theme.chosen : control.down ? Theme.press
+                              : control.hovered ? Theme.hover : "transparent"
+
+        FocusRing {
+            anchors.margins: 0
+            radius: Theme.corner
+            visible: control.keyboardHere
+        }
+    }
+}

@@ -1,0 +1,54 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+// An item of a menu, with its keys at the right if it has any.
+T.MenuItem {
+    id: control
+
+    property string keys
+    property bool destructive: false
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: 32
+    leftPadding: 12
+    rightPadding: 12
+    font.family: Theme.family
+    font.pixelSize: Theme.body
+
+    Accessible.name: text
+    Accessible.onPressAction: if (enabled) { triggered(); menu.close(); }
+
+    contentItem: Item {
+        implicitWidth: words.implicitWidth + (control.keys ? hint.implicitWidth + 32 : 0)
+        opacity: control.enabled ? 1 : 0.45
+
+        Text {
+            id: words
+
+            anchors.verticalCenter: parent.verticalCenter
+            text: control.text
+            font: control.font
+            color: control.destructive ? Theme.alarm : Theme.text
+            textFormat: Text.PlainText
+            Accessible.ignored: true
+        }
+        Text {
+            id: hint
+
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            text: control.keys
+            font.family: Theme.family
+            font.pixelSize: Theme.small
+            color: Theme.quiet
+            Accessible.ignored: true
+        }
+    }
+    background: Rectangle {
+        radius: Theme.corner
+        color: control.enabled && (control.highlighted || control.hovered) ? Theme.chosen
+                                                                           : "transparent"
+    }
+}

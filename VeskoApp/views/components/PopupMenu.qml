@@ -1,0 +1,39 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// A menu of MenuRow and MenuLine. The keyboard goes back to where it was when it closes.
+T.Menu {
+    id: menu
+
+    property Item focusAfter
+
+    implicitWidth: Math.max(180, contentWidth + leftPadding + rightPadding)
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    contentWidth: {
+        let widest = 0;
+        for (let index = 0; index < count; ++index)
+            widest = Math.max(widest, itemAt(index).implicitWidth);
+        return widest;
+    }
+    margins: 6
+    padding: 6
+    onClosed: if (focusAfter) focusAfter.forceActiveFocus(Qt.PopupFocusReason)
+
+    delegate: MenuRow { }
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: menu.contentModel
+        currentIndex: menu.currentIndex
+        interactive: false
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: menu.title
+    }
+    background: Rectangle {
+        radius: Theme.radius - 2
+        color: Theme.surface
+        border.color: Theme.outline
+    }
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.swift }
+    }
+}

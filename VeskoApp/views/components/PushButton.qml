@@ -1,0 +1,77 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+// A button with words, and an icon before them if it has one. Prominent for the one thing that is
+// most likely wanted, destructive for what takes something away.
+T.Button {
+    id: control
+
+    property bool prominent: false
+    property bool destructive: false
+    property string iconName
+    property string help
+
+    readonly property color ink: prominent ? (destructive ? (Theme.dark ? "#3d0f06" : "#ffffff")
+                                                          : Theme.onAccent)
+                                           : destructive ? Theme.alarm : Theme.text
+    readonly property color fill: prominent ? (destructive ? Theme.alarm : Theme.accent)
+                                            : flat ? "transparent" : Theme.field
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Theme.control
+    leftPadding: iconName ? 11 : 14
+    rightPadding: 14
+    focusPolicy: Qt.StrongFocus
+    font.family: Theme.family
+    font.pixelSize: Theme.body
+    font.weight: prominent ? Font.DemiBold : Font.Medium
+
+    Accessible.name: text
+    Accessible.description: help
+    Accessible.onPressAction: if (enabled) clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    contentItem: Row {
+        spacing: 7
+        opacity: control.enabled ? 1 : 0.45
+
+        Icon {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: control.iconName.length > 0
+            name: control.iconName
+            color: control.prominent ? control.ink : control.destructive ? control.ink : Theme.quiet
+            size: 16
+        }
+        Text {
+            anchors.verticalCenter: parent.verticalCenter
+            text: control.text
+            font: control.font
+            color: control.ink
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+    }
+
+    background: Rectangle {
+        radius: Theme.corner
+        color: control.fill
+        opacity: control.enabled ? 1 : 0.6
+
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: control.down ? Theme.press : control.hovered ? Theme.hover : "transparent"
+        }
+        FocusRing {
+            visible: control.visualFocus
+        }
+    }
+
+    Hint {
+        text: control.help
+        shown: control.hovered
+    }
+}

@@ -1,0 +1,89 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+// A question above a window, with "Cancel" and the button that agrees. What stands between title
+// and buttons is its content. Escape cancels; the keyboard goes back to where it was.
+T.Dialog {
+    id: sheet
+
+    property string text
+    property string agreeText
+    property bool destructive: false
+    property bool canAgree: true
+    property bool cancellable: true
+    default property alias body: extra.data
+
+    parent: T.Overlay.overlay
+    anchors.centerIn: parent
+    width: Math.min(420, parent ? parent.width - 48 : 420)
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    padding: 24
+    modal: true
+    focus: true
+    closePolicy: T.Popup.CloseOnEscape
+
+    contentItem: Column {
+        spacing: 10
+        Accessible.role: Accessible.Dialog
+        Accessible.name: sheet.title
+        Accessible.description: sheet.text
+
+        Words {
+            width: parent.width
+            text: sheet.title
+            font.pixelSize: Theme.heading
+            font.weight: Font.DemiBold
+            wrapMode: Text.Wrap
+        }
+        Words {
+            width: parent.width
+            visible: text.length > 0
+            text: sheet.text
+            color: Theme.quiet
+            lineHeight: Theme.lineHeight
+            wrapMode: Text.Wrap
+        }
+        Column {
+            id: extra
+
+            width: parent.width
+        }
+        Item {
+            width: 1
+            height: 4
+        }
+        Row {
+            anchors.right: parent.right
+            spacing: Theme.space
+
+            PushButton {
+                visible: sheet.cancellable
+                text: qsTranslate("Vesko", "Cancel")
+                onClicked: sheet.reject()
+            }
+            PushButton {
+                id: agree
+
+                text: sheet.agreeText
+                prominent: true
+                destructive: sheet.destructive
+                enabled: sheet.canAgree
+                focus: true
+                onClicked: sheet.accept()
+            }
+        }
+    }
+    background: Rectangle {
+        radius: Theme.radius
+        color: Theme.surface
+        border.color: Theme.outline
+    }
+    T.Overlay.modal: Rectangle {
+        color: Theme.shade
+    }
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.swift }
+    }
+}

@@ -1,0 +1,65 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+// One line of text to be typed, with its name as the prompt or above it.
+T.TextField {
+    id: control
+
+    property string name: placeholderText
+    property string iconName
+
+    implicitWidth: 200
+    implicitHeight: Theme.control
+    leftPadding: iconName ? 34 : 12
+    rightPadding: 12
+    verticalAlignment: TextInput.AlignVCenter
+    selectByMouse: true
+    color: Theme.text
+    placeholderTextColor: Theme.quiet
+    selectionColor: Theme.accent
+    selectedTextColor: Theme.onAccent
+    font.family: Theme.family
+    font.pixelSize: Theme.body
+
+    Accessible.role: Accessible.EditableText
+    Accessible.name: name
+
+    background: Rectangle {
+        radius: Theme.corner
+        color: Theme.field
+
+        Icon {
+            x: 10
+            anchors.verticalCenter: parent.verticalCenter
+            visible: control.iconName.length > 0
+            name: control.iconName
+            size: 16
+        }
+        FocusRing {
+            visible: control.activeFocus
+        }
+    }
+
+    Text {
+        x: control.leftPadding
+        width: control.width - control.leftPadding - control.rightPadding
+        height: control.height
+        visible: control.length === 0 && control.preeditText.length === 0
+        text: control.placeholderText
+        font: control.font
+        color: control.placeholderTextColor
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        Accessible.ignored: true
+    }
+
+    Keys.onMenuPressed: textMenu.open()
+
+    TextMenu {
+        id: textMenu
+
+        editor: control
+    }
+}

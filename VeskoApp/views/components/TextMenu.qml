@@ -1,0 +1,58 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// The menu behind the right button in a text, and the menu key.
+Item {
+    id: item
+
+    required property var editor
+
+    anchors.fill: parent
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: point => menu.popup(item, point.position)
+    }
+    function open() {
+        menu.popup(item, editor.cursorRectangle.x, editor.cursorRectangle.y + editor.cursorRectangle.height);
+    }
+
+    PopupMenu {
+        id: menu
+
+        focusAfter: item.editor
+
+        MenuRow {
+            text: qsTranslate("Vesko", "Undo")
+            enabled: item.editor.canUndo
+            onTriggered: item.editor.undo()
+        }
+        MenuRow {
+            text: qsTranslate("Vesko", "Redo")
+            enabled: item.editor.canRedo
+            onTriggered: item.editor.redo()
+        }
+        MenuLine { }
+        MenuRow {
+            text: qsTranslate("Vesko", "Cut")
+            enabled: item.editor.selectedText.length > 0 && !item.editor.readOnly
+            onTriggered: item.editor.cut()
+        }
+        MenuRow {
+            text: qsTranslate("Vesko", "Copy")
+            enabled: item.editor.selectedText.length > 0
+            onTriggered: item.editor.copy()
+        }
+        MenuRow {
+            text: qsTranslate("Vesko", "Paste")
+            enabled: item.editor.canPaste
+            onTriggered: item.editor.paste()
+        }
+        MenuRow {
+            text: qsTranslate("Vesko", "Select All")
+            onTriggered: item.editor.selectAll()
+        }
+    }
+}

@@ -1,0 +1,31 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Window
+
+// A window of the program: its colours, the keys that work in every window, and the menu.
+Window {
+    id: window
+
+    required property var model
+    required property var delegate
+    readonly property alias menu: appMenu
+
+    color: Theme.window
+
+    Binding {
+        target: Theme
+        property: "reduceMotion"
+        value: window.delegate.reduceMotion
+    }
+    Shortcut {
+        sequences: [StandardKey.Close]
+        onActivated: window.close()
+    }
+    AppMenu {
+        id: appMenu
+
+        window: window
+        delegate: window.delegate
+    }
+}

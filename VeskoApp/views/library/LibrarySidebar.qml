@@ -1,0 +1,240 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+
+// The library's places, and what the program is doing.
+Rectangle {
+    id: sidebar
+
+    required property var model
+    required property var library
+    required property var delegate
+    required property var menu
+
+    color: Theme.sidebar
+
+    Item {
+        id: head
+
+        width: parent.width
+        height: 96
+
+        LevelMark {
+            id: mark
+
+            x: 20
+            y: 25
+            recording: sidebar.model.recording
+            level: sidebar.model.level
+        }
+        Words {
+            anchors.left: mark.right
+            anchors.leftMargin: 10
+            anchors.verticalCenter: mark.verticalCenter
+            text: "Vesko"
+            font.pixelSize: Theme.heading
+            font.weight: Font.DemiBold
+        }
+        IconButton {
+            id: menuButton
+
+            anchors.right: parent.right
+            anchors.rightMargin: 10
+            anchors.verticalCenter: mark.verticalCenter
+            name: qsTranslate("Vesko", "Menu")
+            iconName: "menu"
+            Accessible.role: Accessible.ButtonMenu
+            onClicked: sidebar.menu.open(menuButton)
+
+            Shortcut {
+                sequence: "F10"
+                onActivated: sidebar.menu.open(menuButton)
+            }
+        }
+        Column {
+            x: 20
+            y: 56
+            width: parent.width - 32
+            spacing: 3
+
+            Words {
+                width: parent.width
+                text: qsTranslate("Vesko", "Your voice, kept close")
+                font.pixelSize: Theme.small
+                font.weight: Font.Medium
+                elide: Text.ElideRight
+            }
+            Words {
+                width: parent.width
+                text: qsTranslate("Vesko", "Fn or ⌘ ⇧ Space to dictate")
+                font.pixelSize: Theme.small
+                color: Theme.quiet
+                elide: Text.ElideRight
+            }
+        }
+    }
+
+    Flickable {
+        anchors.top: head.bottom
+        anchors.topMargin: 8
+        anchors.bottom: foot.top
+        width: parent.width
+        contentHeight: places.height
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        T.ScrollBar.vertical: ScrollMark { }
+
+        Column {
+            id: places
+
+            x: 10
+            width: parent.width - 20
+            spacing: 2
+            Accessible.role: Accessible.List
+            Accessible.name: qsTranslate("Vesko", "Library")
+
+            ListRow {
+                width: parent.width
+                text: qsTranslate("Vesko", "All notes")
+                iconName: "notes"
+                chosen: !sidebar.library.showingTrash && !sidebar.library.selectedProjectID
+                onClicked: sidebar.library.showAllNotes()
+            }
+            Item {
+                width: parent.width
+                height: 44
+
+                Words {
+                    x: 10
+                    anchors.bottom: parent.bottom
+                    anchors.bottomMargin: 8
+                    text: qsTranslate("Vesko", "Projects")
+                    font.pixelSize: Theme.small
+                    font.weight: Font.DemiBold
+                    color: Theme.quiet
+                    Accessible.role: Accessible.Heading
+                }
+                IconButton {
+                    anchors.right: parent.right
+                    anchors.bottom: parent.bottom
+                    implicitHeight: 30
+                    implicitWidth: 30
+                    name: qsTranslate("Vesko", "New project")
+                    iconName: "plus"
+                    enabled: sidebar.library.canCreate
+                    onClicked: dialog.ask("", "")
+                }
+            }
+            Repeater {
+                model: sidebar.library.projects
+
+                ListRow {
+                    id: project
+
+                    required property var modelData
+
+                    width: places.width
+                    rightPadding: 40
+                    text: modelData.name
+                    iconName: "folder"
+                    chosen: sidebar.library.selectedProjectID === modelData.id
+                    onClicked: sidebar.library.showProject(modelData.id)
+                    Keys.onMenuPressed: projectMenu.popup(project, 20, height)
+
+                    TapHandler {
+                        acceptedButtons: Qt.RightButton
+                        onTapped: point => projectMenu.popup(project, point.position)
+                    }
+                    IconButton {
+                        anchors.right: parent.right
+                        anchors.rightMargin: 2
+                        anchors.verticalCenter: parent.verticalCenter
+                        implicitWidth: 30
+                        implicitHeight: 30
+                        visible: project.hovered || project.chosen || project.activeFocus || activeFocus
+                        name: qsTranslate("Vesko", "Rename project")
+                        iconName: "pencil"
+                        onClicked: dialog.ask(project.modelData.id, project.modelData.name)
+                    }
+                    PopupMenu {
+                        id: projectMenu
+
+                        focusAfter: project
+                        MenuRow {
+                            text: qsTranslate("Vesko", "Rename project")
+                            onTriggered: dialog.ask(project.modelData.id, project.modelData.name)
+                        }
+                    }
+                }
+            }
+            Item {
+                width: 1
+                height: 14
+            }
+            ListRow {
+                width: parent.width
+                text: qsTranslate("Vesko", "Trash")
+                iconName: "trash"
+                chosen: sidebar.library.showingTrash
+                onClicked: sidebar.library.showTrash()
+            }
+            ListRow {
+                width: parent.width
+                text: qsTranslate("Vesko", "Settings")
+                iconName: "settings"
+                onClicked: sidebar.delegate.openSettings()
+            }
+            ListRow {
+                width: parent.width
+                text: qsTranslate("Vesko", "Dictionary")
+                iconName: "book"
+                onClicked: sidebar.delegate.openDictionary()
+            }
+        }
+    }
+
+    Words {
+        id: foot
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        leftPadding: 20
+        rightPadding: 16
+        topPadding: 12
+        bottomPadding: 16
+        text: sidebar.library.statusLine
+        font.pixelSize: Theme.small
+        color: sidebar.model.recording ? Theme.accent : Theme.quiet
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.StatusBar
+    }
+
+    Sheet {
+        id: dialog
+
+        property string renameID
+
+        function ask(id, name) {
+            renameID = id;
+            projectName.text = name;
+            open();
+            projectName.selectAll();
+            projectName.forceActiveFocus();
+        }
+
+        title: renameID ? qsTranslate("Vesko", "Rename project") : qsTranslate("Vesko", "New project")
+        agreeText: qsTranslate("Vesko", "Save")
+        onAccepted: sidebar.library.saveProject(renameID, projectName.text)
+
+        TextBox {
+            id: projectName
+
+            width: parent.width
+            placeholderText: qsTranslate("Vesko", "Project name")
+            onAccepted: dialog.accept()
+        }
+    }
+}

@@ -1,0 +1,304 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+
+// One note: its title, what can be done with it, its text and its original recordings.
+Item {
+    id: view
+
+    required property var modelData // the NoteEditor
+    required property var model
+    required property var library
+    readonly property var editor: modelData
+    readonly property bool copied: library.copiedNoteID === editor.noteID
+
+    function keepInView(rectangle) {
+        const top = body.y + rectangle.y;
+        const bottom = top + rectangle.height;
+        if (top < page.contentY)
+            page.contentY = Math.max(0, top - 20);
+        else if (bottom > page.contentY + page.height)
+            page.contentY = bottom - page.height + 20;
+    }
+
+    T.TextField {
+        id: title
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: 40
+        anchors.rightMargin: 32
+        y: 14
+        height: 42
+        readOnly: view.editor.trashed
+        selectByMouse: true
+        text: view.editor.title
+        placeholderText: view.editor.titlePrompt
+        color: Theme.text
+        placeholderTextColor: Theme.quiet
+        selectionColor: Theme.accent
+        selectedTextColor: Theme.onAccent
+        font.family: Theme.family
+        font.pixelSize: Theme.title
+        font.weight: Font.DemiBold
+        verticalAlignment: TextInput.AlignVCenter
+        Accessible.role: Accessible.EditableText
+        Accessible.name: qsTranslate("Vesko", "Note title")
+        onTextEdited: view.editor.title = text
+        onAccepted: body.forceActiveFocus(Qt.TabFocusReason)
+        Keys.onMenuPressed: titleMenu.open()
+
+        Text {
+            anchors.fill: parent
+            visible: title.length === 0 && title.preeditText.length === 0
+            text: title.placeholderText
+            font: title.font
+            color: title.placeholderTextColor
+            opacity: 0.7
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+        Rectangle {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            height: 2
+            color: Theme.accent
+            visible: title.activeFocus
+        }
+        TextMenu {
+            id: titleMenu
+
+            editor: title
+        }
+    }
+
+    RowLayout {
+        id: actions
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: 30
+        anchors.rightMargin: 20
+        anchors.top: title.bottom
+        anchors.topMargin: 6
+        spacing: 2
+
+        Picker {
+            id: project
+
+            readonly property var ids: [""].concat(view.library.projects.map(row => row.id))
+
+            Layout.maximumWidth: 200
+            name: qsTranslate("Vesko", "Project")
+            iconName: "folder"
+            flat: true
+            enabled: !view.editor.trashed
+            model: [qsTranslate("Vesko", "No project")].concat(view.library.projects.map(row => row.name))
+            currentIndex: Math.max(0, ids.indexOf(view.editor.projectID))
+            onActivated: index => view.library.assign(ids[index])
+        }
+        PushButton {
+            visible: !view.editor.trashed
+            text: qsTranslate("Vesko", "Add voice")
+            iconName: "microphone"
+            flat: true
+            enabled: view.library.canRecord
+            onClicked: view.model.recordNote(true)
+        }
+        Words {
+            Layout.fillWidth: true
+            Layout.leftMargin: 8
+            text: view.editor.saved ? qsTranslate("Vesko", "Saved on this Mac") : ""
+            font.pixelSize: Theme.small
+            color: Theme.quiet
+            elide: Text.ElideRight
+        }
+        IconButton {
+            name: view.copied ? qsTranslate("Vesko", "Note copied") : qsTranslate("Vesko", "Copy note")
+            help: view.copied ? name : qsTranslate("Vesko", "Copy note (⌘C)")
+            iconName: view.copied ? "check" : "copy"
+            ink: view.copied ? Theme.accent : Theme.quiet
+            onClicked: view.library.copyNote()
+        }
+        IconButton {
+            id: more
+
+            name: qsTranslate("Vesko", "Note actions")
+            iconName: "more"
+            Accessible.role: Accessible.ButtonMenu
+            onClicked: noteMenu.popup(more, 0, height + 4)
+        }
+    }
+
+    Flickable {
+        id: page
+
+        anchors.top: actions.bottom
+        anchors.topMargin: 8
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        contentHeight: recordings.y + recordings.height + 32
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        T.ScrollBar.vertical: ScrollMark { }
+
+        T.TextArea {
+            id: body
+
+            x: 40
+            width: page.width - 72
+            height: Math.max(contentHeight + 32,
+                             page.height - (recordings.visible ? recordings.height + 56 : 40))
+            topPadding: 8
+            wrapMode: TextEdit.Wrap
+            textFormat: TextEdit.PlainText
+            readOnly: view.editor.trashed
+            selectByMouse: true
+            persistentSelection: true
+            color: Theme.text
+            selectionColor: Theme.accent
+            selectedTextColor: Theme.onAccent
+            font.family: Theme.family
+            font.pixelSize: 15
+            Accessible.role: Accessible.EditableText
+            Accessible.name: qsTranslate("Vesko", "Note text")
+            Accessible.multiLine: true
+            KeyNavigation.priority: KeyNavigation.BeforeItem
+            KeyNavigation.tab: recordings.visible ? recordings : null
+            KeyNavigation.backtab: more
+            Keys.onMenuPressed: bodyMenu.open()
+            Keys.onPressed: event => {
+                if (event.matches(StandardKey.Copy) && body.selectedText.length === 0) {
+                    view.library.copyNote();
+                    event.accepted = true;
+                }
+            }
+            onCursorRectangleChanged: if (activeFocus) view.keepInView(cursorRectangle)
+
+            Text {
+                y: body.topPadding
+                visible: body.length === 0 && body.preeditText.length === 0
+                text: qsTranslate("Vesko", "Note text")
+                font: body.font
+                color: Theme.quiet
+                opacity: 0.8
+                Accessible.ignored: true
+            }
+            TextMenu {
+                id: bodyMenu
+
+                editor: body
+            }
+            EditedText {
+                id: edited
+
+                document: body.textDocument
+                editor: view.editor
+                Component.onCompleted: attach()
+            }
+            Connections {
+                property bool here: false
+
+                function onMerging(position) {
+                    here = body.cursorPosition === position && body.selectedText.length === 0;
+                }
+                function onMerged(position) {
+                    if (here)
+                        body.cursorPosition = position;
+                }
+
+                target: view.editor
+            }
+        }
+
+        Section {
+            id: recordings
+
+            anchors.top: body.bottom
+            anchors.topMargin: 16
+            x: 40
+            width: page.width - 72
+            visible: view.editor.recordingCount > 0
+            title: qsTranslate("Vesko", "Original recordings")
+
+            Repeater {
+                model: view.editor.recordings
+
+                RecordingRow {
+                    width: recordings.width
+                    library: view.library
+                    trashed: view.editor.trashed
+                    idle: view.library.canRecord && !view.model.recording
+                }
+            }
+        }
+    }
+
+    PopupMenu {
+        id: noteMenu
+
+        title: qsTranslate("Vesko", "Note actions")
+        focusAfter: more
+
+        MenuRow {
+            text: qsTranslate("Vesko", "Copy text")
+            onTriggered: view.library.copyNote()
+        }
+        MenuRow {
+            text: qsTranslate("Vesko", "Export Markdown…")
+            onTriggered: exporter.active = true
+        }
+        MenuLine { }
+        MenuRow {
+            text: view.editor.trashed ? qsTranslate("Vesko", "Restore note") : qsTranslate("Vesko", "Move to Trash…")
+            destructive: !view.editor.trashed
+            onTriggered: view.editor.trashed ? view.library.restoreNote() : confirmTrash.open()
+        }
+        MenuRow {
+            visible: view.editor.trashed
+            height: visible ? implicitHeight : 0
+            text: qsTranslate("Vesko", "Delete permanently…")
+            destructive: true
+            onTriggered: confirmDelete.open()
+        }
+    }
+
+    Sheet {
+        id: confirmTrash
+
+        title: qsTranslate("Vesko", "Move this note to Trash?")
+        text: qsTranslate("Vesko", "You can restore the note and its recordings from Trash.")
+        agreeText: qsTranslate("Vesko", "Move to Trash")
+        destructive: true
+        onAccepted: view.library.trashNote()
+    }
+    Sheet {
+        id: confirmDelete
+
+        title: qsTranslate("Vesko", "Delete this note and its recordings permanently?")
+        text: qsTranslate("Vesko", "This cannot be undone.")
+        agreeText: qsTranslate("Vesko", "Delete permanently")
+        destructive: true
+        onAccepted: view.library.deletePermanently()
+    }
+    Loader {
+        id: exporter
+
+        active: false
+        source: active ? "ExportDialog.qml" : ""
+        onLoaded: {
+            item.suggestion = view.library.exportName();
+            item.accepted.connect(() => {
+                view.library.exportNote(item.selectedFile);
+                active = false;
+            });
+            item.rejected.connect(() => active = false);
+            item.open();
+        }
+    }
+}

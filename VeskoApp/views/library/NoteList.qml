@@ -1,0 +1,208 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+// The notes of a place, newest change first, with the search above them.
+Item {
+    id: root
+
+    required property var library
+
+    Words {
+        id: heading
+
+        x: 20
+        y: 24
+        width: parent.width - count.width - 48
+        text: root.library.listTitle
+        font.pixelSize: Theme.heading
+        font.weight: Font.DemiBold
+        elide: Text.ElideRight
+        Accessible.role: Accessible.Heading
+    }
+    Words {
+        id: count
+
+        anchors.right: parent.right
+        anchors.rightMargin: 20
+        anchors.baseline: heading.baseline
+        text: root.library.noteCount.toLocaleString(Qt.locale(), "f", 0)
+        color: Theme.quiet
+    }
+    TextBox {
+        id: search
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.margins: 14
+        y: 58
+        iconName: "search"
+        placeholderText: qsTranslate("Vesko", "Search notes and transcripts")
+
+        onTextEdited: root.library.query = text
+        Keys.onEscapePressed: event => {
+            event.accepted = text.length > 0;
+            root.library.query = "";
+        }
+        Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
+
+        Binding on text {
+            value: root.library.query
+        }
+        Shortcut {
+            sequences: [StandardKey.Find]
+            onActivated: {
+                search.forceActiveFocus(Qt.ShortcutFocusReason);
+                search.selectAll();
+            }
+        }
+    }
+
+    ListView {
+        id: list
+
+        function move(by) {
+            root.library.selectRow(Math.max(0, Math.min(count - 1, root.library.selectedRow + by)));
+        }
+
+        anchors.top: search.bottom
+        anchors.topMargin: 10
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: 10
+        anchors.rightMargin: 10
+        clip: true
+        spacing: 2
+        bottomMargin: 12
+        reuseItems: true
+        boundsBehavior: Flickable.StopAtBounds
+        activeFocusOnTab: count > 0
+        keyNavigationEnabled: false
+        model: root.library.notes
+        currentIndex: root.library.selectedRow
+        highlightMoveDuration: 0
+        Accessible.role: Accessible.List
+        Accessible.name: root.library.listTitle
+        T.ScrollBar.vertical: ScrollMark { }
+
+        Keys.onUpPressed: move(-1)
+        Keys.onDownPressed: move(1)
+        Keys.onPressed: event => {
+            const page = Math.max(1, Math.floor(height / 58) - 1);
+            const steps = {
+                [Qt.Key_Home]: -count,
+                [Qt.Key_End]: count,
+                [Qt.Key_PageUp]: -page,
+                [Qt.Key_PageDown]: page
+            };
+            if (event.matches(StandardKey.Copy))
+                root.library.copyNote();
+            else if (event.key in steps)
+                move(steps[event.key]);
+            else
+                return;
+            event.accepted = true;
+        }
+
+        delegate: ListRow {
+            id: row
+
+            required property int index
+            required property string title
+            required property var model
+
+            width: ListView.view.width
+            implicitHeight: 56
+            name: title
+            detail: row.model.detail
+            focusPolicy: Qt.NoFocus
+            chosen: ListView.isCurrentItem
+            keyboardHere: list.activeFocus && ListView.isCurrentItem
+            onClicked: {
+                root.library.selectRow(index);
+                list.forceActiveFocus(Qt.MouseFocusReason);
+            }
+
+            contentItem: Item {
+                Icon {
+                    id: icon
+
+                    x: 2
+                    y: 11
+                    name: row.model.iconName
+                    color: row.chosen ? Theme.accent : Theme.quiet
+                    size: 16
+                }
+                Text {
+                    id: words
+
+                    anchors.left: icon.right
+                    anchors.leftMargin: 11
+                    anchors.right: parent.right
+                    y: 9
+                    text: row.title
+                    font.family: Theme.family
+                    font.pixelSize: Theme.body
+                    font.weight: Font.Medium
+                    color: Theme.text
+                    elide: Text.ElideRight
+                    textFormat: Text.PlainText
+                    Accessible.ignored: true
+                }
+                Text {
+                    anchors.left: words.left
+                    anchors.right: parent.right
+                    anchors.top: words.bottom
+                    anchors.topMargin: 3
+                    text: row.model.detail
+                    font.family: Theme.family
+                    font.pixelSize: Theme.small
+                    color: Theme.quiet
+                    elide: Text.ElideRight
+                    textFormat: Text.PlainText
+                    Accessible.ignored: true
+                }
+            }
+        }
+    }
+
+    Column {
+        id: empty
+
+        readonly property var state: root.library.emptyState
+
+        anchors.verticalCenter: list.verticalCenter
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: parent.width - 60
+        spacing: 8
+        visible: state !== undefined && state !== null
+
+        Words {
+            width: parent.width
+            text: empty.state?.title ?? ""
+            font.weight: Font.DemiBold
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+        Words {
+            width: parent.width
+            text: empty.state?.text ?? ""
+            color: Theme.quiet
+            lineHeight: Theme.lineHeight
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+        Item {
+            width: 1
+            height: 4
+        }
+        PushButton {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: text.length > 0
+            text: empty.state?.button ?? ""
+            onClicked: root.library.fillEmptyState()
+        }
+    }
+}

@@ -1,0 +1,98 @@
+#include "VeskoLinux/desktop/X11Desktop.h"
+
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QUrl>
+#include <QWindow>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <xcb/xcb.h>
+
+namespace vesko {
+
+namespace {
+
+constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
+constexpr std::uint32_t fromAnApplication = 1;
+
+template <class T>
+std::unique_ptr<T, decltype(&std::free)> owned(T* reply)
+{
+    return { reply, &std::free };
+}
+
+} // namespace
+
+X11Desktop::X11Desktop()
+{
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11)
+        return;
+    m_connection = x11->connection();
+    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+}
+
+void X11Desktop::bringHere(QWindow& window)
+{
+    if (!m_connection)
+        return;
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    const auto here = cardinal(m_root, "_NET_CURRENT_DESKTOP", everyWorkspace);
+    const auto there = cardinal(id, "_NET_WM_DESKTOP", everyWorkspace);
+    if (here == everyWorkspace || there == everyWorkspace || here == there)
+        return;
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = id;
+    message.type = atom("_NET_WM_DESKTOP");
+    message.data.data32[0] = here;
+    message.data.data32[1] = fromAnApplication;
+    xcb_send_event(m_connection, 0, m_root,
+        XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+        reinterpret_cast<const char*>(&message));
+    xcb_flush(m_connection);
+}
+
+// The window manager reads these when the window is mapped, and takes them away when it is hidden.
+void X11Desktop::floatEverywhere(QWindow& window)
+{
+    if (!m_connection)
+        return;
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    const std::array states{ atom("_NET_WM_STATE_ABOVE"), atom("_NET_WM_STATE_STICKY"),
+        atom("_NET_WM_STATE_SKIP_TASKBAR"), atom("_NET_WM_STATE_SKIP_PAGER") };
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, atom("_NET_WM_STATE"),
+        XCB_ATOM_ATOM, 32, states.size(), states.data());
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, atom("_NET_WM_DESKTOP"),
+        XCB_ATOM_CARDINAL, 32, 1, &everyWorkspace);
+}
+
+void X11Desktop::openFolder(const std::filesystem::path& folder)
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(folder.string())));
+}
+
+std::uint32_t X11Desktop::atom(const char* name) const
+{
+    const auto length = static_cast<std::uint16_t>(std::strlen(name));
+    const auto reply = owned(xcb_intern_atom_reply(
+        m_connection, xcb_intern_atom(m_connection, 0, length, name), nullptr));
+    return reply ? reply->atom : static_cast<std::uint32_t>(XCB_ATOM_NONE);
+}
+
+std::uint32_t X11Desktop::cardinal(
+    std::uint32_t window, const char* property, std::uint32_t absent) const
+{
+    const auto reply = owned(xcb_get_property_reply(m_connection,
+        xcb_get_property(m_connection, 0, window, atom(property), XCB_ATOM_CARDINAL, 0, 1),
+        nullptr));
+    if (!reply || xcb_get_property_value_length(reply.get()) != sizeof(std::uint32_t))
+        return absent;
+    return *static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+}
+
+} // namespace vesko

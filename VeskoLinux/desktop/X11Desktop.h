@@ -1,0 +1,29 @@
+#pragma once
+
+#include "VeskoApp/platform/Desktop.h"
+
+#include <cstdint>
+
+struct xcb_connection_t;
+
+namespace vesko {
+
+// An EWMH desktop under X11. On any other every window stays where the desktop puts it.
+class X11Desktop final : public Desktop {
+public:
+    // After the application has been made.
+    X11Desktop();
+
+    void bringHere(QWindow& window) override;
+    void floatEverywhere(QWindow& window) override;
+    void openFolder(const std::filesystem::path& folder) override;
+
+private:
+    std::uint32_t atom(const char* name) const;
+    std::uint32_t cardinal(std::uint32_t window, const char* property, std::uint32_t absent) const;
+
+    xcb_connection_t* m_connection = nullptr; // Qt's own, so that requests keep their order
+    std::uint32_t m_root = 0;
+};
+
+} // namespace vesko

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "VeskoApp/platform/Appearance.h"
+
+namespace vesko {
+
+class FakeAppearance final : public Appearance {
+public:
+    std::optional<bool> prefersDark;
+    bool prefersStillness = false;
+
+    std::optional<bool> dark() const override { return prefersDark; }
+    bool reduceMotion() const override { return prefersStillness; }
+};
+
+} // namespace vesko
