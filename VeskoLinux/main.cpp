@@ -163,12 +163,12 @@ int runApplication(
         OpenRouterClient(deployment.openRouterBaseURL), deployment.analytics, deployment.account);
     QQmlEngine engine;
     prepareViews(engine);
-    const auto panel = makeCapturePanel(engine, model);
     AppDelegate delegate(platform, model);
     delegate.windows().make = [&](AppWindow kind) {
         return makeWindow(engine, kind, platform, model, delegate);
     };
-    delegate.showCaptureControl = [&panel](bool shown) { panel->setVisible(shown); };
+    delegate.makeCapturePanel
+        = [&] { return makeCapturePanel(engine, model, delegate); };
     delegate.terminate = [] { QGuiApplication::exit(); };
     const TerminationSignals signals([&delegate] { delegate.quit(); });
     QObject::connect(

@@ -4,7 +4,7 @@
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 
-#include <QUrl>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
@@ -218,10 +218,19 @@ void LibraryWindow::copyNote()
         m_model.copyNote(m_editor->id());
 }
 
-QString LibraryWindow::exportName() const
+QUrl LibraryWindow::exportFolder() const
+{
+    return QUrl::fromLocalFile(
+        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
+QUrl LibraryWindow::exportFile() const
 {
     const Note* const note = m_model.selectedNote();
-    return note ? QString::fromStdString(AppModel::exportName(*note)) : QString();
+    if (!note)
+        return {};
+    return QUrl::fromLocalFile(exportFolder().toLocalFile() + u'/'
+        + QString::fromStdString(AppModel::exportName(*note)));
 }
 
 void LibraryWindow::exportNote(const QUrl& file)

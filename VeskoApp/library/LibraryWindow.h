@@ -4,6 +4,7 @@
 #include "VeskoApp/library/NoteListModel.h"
 
 #include <QObject>
+#include <QUrl>
 #include <QVariant>
 
 #include <memory>
@@ -70,7 +71,9 @@ public:
 
     // On the selected note.
     Q_INVOKABLE void copyNote();
-    Q_INVOKABLE QString exportName() const;
+    // Where an export goes if the user has no better idea.
+    Q_INVOKABLE QUrl exportFolder() const;
+    Q_INVOKABLE QUrl exportFile() const;
     Q_INVOKABLE void exportNote(const QUrl& file);
     Q_INVOKABLE void assign(const QString& projectID);
     Q_INVOKABLE void trashNote();

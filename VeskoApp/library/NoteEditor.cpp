@@ -63,7 +63,7 @@ void NoteEditor::attach(QTextDocument& document)
     m_shown = asShown(m_text);
     document.setPlainText(m_shown);
     document.clearUndoRedoStacks();
-    connect(&document, &QTextDocument::contentsChange, this, &NoteEditor::documentChanged);
+    connect(&document, &QTextDocument::contentsChanged, this, &NoteEditor::documentChanged);
 }
 
 void NoteEditor::flush()
@@ -116,6 +116,8 @@ void NoteEditor::documentChanged()
     if (text == m_shown)
         return;
     m_shown = std::move(text);
+    if (m_trashed)
+        return;
     m_text = m_shown.toStdString();
     scheduleSave();
 }
@@ -154,8 +156,6 @@ void NoteEditor::showText()
 // last: who writes without a pause is not to lose more in a crash than others.
 void NoteEditor::scheduleSave()
 {
-    if (m_trashed)
-        return;
     ++m_changes;
     m_dirty = true;
     setSaved(false);

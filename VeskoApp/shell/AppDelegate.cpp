@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QScreen>
 
 namespace vesko {
 
@@ -26,6 +27,7 @@ AppDelegate::AppDelegate(Platform& platform, AppModel& model)
     , m_model(model)
     , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
     , m_windows(platform)
+    , m_captureControl(platform, model)
     , m_gestureKey(model.preferences().gestureKey(platform.keys.reportsFn()))
     , m_menuBarCheck(platform.clock)
 {
@@ -47,19 +49,55 @@ void AppDelegate::launch(bool background, const Demo& demo)
     m_platform.runningInstance.onOpen
         = [this](const auto& addresses) { m_model.openAddresses(addresses); };
     m_model.setShortcutMessage(m_hotkeys.start());
-    showCaptureControl(m_model.preferences().showFloating.get());
+    showCaptureControl();
     m_model.onAccountNeeded = [this] { showOnboarding(); };
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::observeAccess);
     observeAccess();
     openFirstWindow(background);
     connect(&m_model.preferences(), &Preferences::changed, this, [this] {
-        showCaptureControl(m_model.preferences().showFloating.get());
+        updateCaptureVisibility();
         const GestureKey key = m_model.preferences().gestureKey(m_platform.keys.reportsFn());
         if (std::exchange(m_gestureKey, key) != key)
             m_hotkeys.installFnMonitors();
     });
+    observeScreens();
     if (demo.scene)
         m_tasks.spawn(showScene(*demo.scene));
+}
+
+void AppDelegate::showCaptureControl()
+{
+    m_captureControl.setWindow(makeCapturePanel());
+    updateCaptureVisibility();
+}
+
+void AppDelegate::updateCaptureVisibility()
+{
+    m_captureControl.show(m_model.preferences().showFloating.get());
+}
+
+void AppDelegate::observeScreens()
+{
+    const auto watch = [this](QScreen* screen) {
+        connect(
+            screen, &QScreen::availableGeometryChanged, this, &AppDelegate::screenChanged);
+    };
+    for (auto* screen : QGuiApplication::screens())
+        watch(screen);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this, watch](QScreen* screen) {
+        watch(screen);
+        screenChanged();
+    });
+    for (const auto changed :
+        { &QGuiApplication::screenRemoved, &QGuiApplication::primaryScreenChanged })
+        connect(qGuiApp, changed, this, &AppDelegate::screenChanged);
+}
+
+void AppDelegate::screenChanged()
+{
+    m_captureControl.position();
+    if (m_menuBarChecked)
+        checkMenuBarIcon();
 }
 
 void AppDelegate::openFirstWindow(bool background)

@@ -4,6 +4,7 @@
 #include "VeskoApp/capture/AppModel.h"
 #include "VeskoApp/capture/Hotkeys.h"
 #include "VeskoApp/shell/AppWindows.h"
+#include "VeskoApp/shell/CaptureControl.h"
 #include "VeskoCore/shell/DemoScene.h"
 
 #include <QObject>
@@ -63,9 +64,10 @@ public:
     QVariantList menu() const;
     bool reduceMotion() const { return m_platform.appearance.reduceMotion(); }
     AppWindows& windows() { return m_windows; }
+    CaptureControl& captureControl() { return m_captureControl; }
 
-    // Shows or hides the floating control as the settings have it.
-    std::function<void(bool)> showCaptureControl;
+    // Makes the window of the floating control, hidden.
+    std::function<std::unique_ptr<QWindow>()> makeCapturePanel;
     // Ends the event loop.
     std::function<void()> terminate;
 
@@ -78,6 +80,10 @@ protected:
 private:
     void setupStatusItem();
     void wireHotkeys();
+    void showCaptureControl();
+    void updateCaptureVisibility();
+    void observeScreens();
+    void screenChanged();
     void openFirstWindow(bool background);
     void observeMenuBarIcon();
     void checkMenuBarIcon();
@@ -95,6 +101,7 @@ private:
     AppModel& m_model;
     Hotkeys m_hotkeys;
     AppWindows m_windows;
+    CaptureControl m_captureControl;
     GestureKey m_gestureKey;
     Timer m_menuBarCheck;
     bool m_menuBarChecked = false;

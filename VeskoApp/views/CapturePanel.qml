@@ -3,88 +3,292 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Window
 
-// The floating control: says what Vesko is doing and starts or ends a dictation by a click. It
-// never takes the focus from the field that is being dictated into.
+// The floating control: a round button with what the program is doing beside it, and above it a
+// question, the menu, a hint or what has just happened. It never takes the focus from the field
+// that is being dictated into, so all of it is for the pointer and the accessibility bus.
 Window {
     id: panel
 
     required property var model
+    required property var control
+    required property var delegate
+    property bool menuOpen: false
+    readonly property bool asks: model.languageQuestion !== undefined && !menuOpen
+
+    // What can be seen of the window; the rest of it lets clicks through.
+    readonly property var shapes: [orb, beside, question, menu, above]
+        .filter(part => part.visible && part.opacity > 0)
+        .map(part => ({ x: part.x, y: part.y, width: part.width, height: part.height, radius: part.radius }))
 
     title: "Vesko"
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.WindowDoesNotAcceptFocus
     color: "transparent"
-    width: 340
-    height: content.implicitHeight + 3 * Theme.space
-    x: Screen.virtualX + Screen.desktopAvailableWidth - width - 3 * Theme.space
-    y: Screen.virtualY + Screen.desktopAvailableHeight - height - 3 * Theme.space
+    width: 240
+    height: 236
+    onShapesChanged: control.cut(shapes)
+    onVisibleChanged: if (visible) control.cut(shapes)
 
-    Rectangle {
-        id: surface
+    Face {
+        id: orb
 
-        anchors.fill: parent
-        enabled: panel.model.recording || (panel.model.libraryReady && !panel.model.busy)
-        radius: Theme.radius
-        color: Theme.surface
-        border.color: pointer.containsMouse ? Theme.accent : Theme.outline
-
+        x: parent.width - width
+        y: parent.height - height
+        width: 56
+        height: 56
+        radius: 28
+        border.color: panel.model.recording || pointer.containsMouse ? Theme.accent : Theme.outline
+        border.width: panel.model.recording ? 2 : 1
         Accessible.role: Accessible.Button
-        Accessible.focusable: enabled
-        Accessible.name: panel.model.phaseTitle
-        Accessible.onPressAction: panel.model.toggleDictation()
+        Accessible.name: panel.control.name
+        Accessible.description: [panel.model.phaseTitle, panel.model.message, panel.model.errorMessage,
+                                 panel.model.shortcutMessage].filter(text => text).join("\n")
+        Accessible.focusable: panel.control.orbEnabled
+        Accessible.onPressAction: if (panel.control.orbEnabled) panel.model.toggleDictation()
 
+        Row {
+            anchors.centerIn: parent
+            spacing: 2.6
+            visible: !panel.control.live
+            opacity: panel.control.orbEnabled ? 1 : 0.5
+
+            Repeater {
+                model: [0.35, 0.65, 1, 0.65, 0.35]
+
+                Rectangle {
+                    required property real modelData
+
+                    anchors.verticalCenter: parent?.verticalCenter
+                    width: 2.4
+                    height: 20 * modelData
+                    radius: 1.2
+                    color: Theme.captureInk
+                }
+            }
+        }
+        Repeater {
+            model: 5
+
+            Rectangle {
+                required property int index
+                readonly property real share: panel.control.bars[index] ?? 0
+
+                x: orb.width / 2 - 14 + 28 * (index + 1) / 6 - width / 2
+                anchors.verticalCenter: orb.verticalCenter
+                visible: panel.control.bars.length > 0
+                width: 2.3
+                height: 3 + 21 * share
+                radius: width / 2
+                color: Theme.captureInk
+            }
+        }
+        Repeater {
+            model: 3
+
+            Rectangle {
+                required property int index
+
+                x: orb.width / 2 - 14 + 28 * (index + 1) / 4 - width / 2
+                anchors.verticalCenter: orb.verticalCenter
+                visible: panel.control.dots.length > 0
+                opacity: panel.control.dots[index] ?? 0
+                width: 3.2
+                height: 3.2
+                radius: 1.6
+                color: Theme.captureInk
+            }
+        }
         MouseArea {
             id: pointer
 
             anchors.fill: parent
+            acceptedButtons: Qt.LeftButton | Qt.RightButton
             hoverEnabled: true
-            onClicked: panel.model.toggleDictation()
-        }
-
-        Row {
-            id: content
-
-            x: 2 * Theme.space
-            y: 1.5 * Theme.space
-            spacing: 1.5 * Theme.space
-
-            LevelMark {
-                id: mark
-
-                anchors.verticalCenter: parent.verticalCenter
-                recording: panel.model.recording
-                level: panel.model.level
-                opacity: panel.model.busy ? 0.5 : 1
+            onPressed: mouse => {
+                if (mouse.button === Qt.RightButton || mouse.modifiers & Qt.ControlModifier) {
+                    panel.control.dropGesture();
+                    panel.menuOpen = !panel.menuOpen;
+                } else {
+                    panel.menuOpen = false;
+                    panel.control.press();
+                }
             }
+            onPositionChanged: if (pressed) panel.control.drag()
+            onReleased: panel.control.lift()
+            onCanceled: panel.control.dropGesture()
+        }
+    }
 
-            Column {
-                anchors.verticalCenter: parent.verticalCenter
-                width: surface.width - mark.width - 6 * Theme.space
-                spacing: 2
+    Face {
+        id: beside
 
-                StatusLine {
-                    text: panel.model.message
-                    color: Theme.text
+        x: orb.x - width - 6
+        y: orb.y + (orb.height - height) / 2
+        width: phaseWords.implicitWidth + (elapsedWords.visible ? elapsedWords.implicitWidth + 8 : 0) + 24
+        height: 30
+        radius: 15
+
+        PanelText {
+            id: phaseWords
+
+            x: 12
+            anchors.verticalCenter: parent.verticalCenter
+            text: panel.model.phaseTitle
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+        PanelText {
+            id: elapsedWords
+
+            anchors.left: phaseWords.right
+            anchors.leftMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+            visible: text.length > 0
+            text: panel.control.elapsed
+            color: Theme.accent
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+    }
+
+    // What is said in passing: the hint of the held key, else an error, else what has just
+    // happened, else what the button is for while the pointer rests on it.
+    Face {
+        id: above
+
+        readonly property string text: panel.control.fnHintVisible ? qsTranslate("Vesko", "Release Fn to finish")
+            : panel.model.errorMessage || panel.control.news || (rests.elapsed ? panel.control.help : "")
+        property string shownText
+
+        onTextChanged: if (text) shownText = text
+        x: parent.width - width
+        y: orb.y - height - 8
+        width: Math.min(parent.width, said.implicitWidth + 28)
+        height: said.height + 20
+        radius: Theme.radius
+        visible: opacity > 0 && !menu.visible && !question.visible
+        opacity: text ? 1 : 0
+        color: panel.model.errorMessage && !panel.control.fnHintVisible ? Theme.alarmSurface : Theme.surface
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: above.text ? Theme.calm : Theme.reduceMotion ? 100 : 450
+                easing.type: above.text ? Easing.OutQuad : Easing.InQuad
+            }
+        }
+        PanelText {
+            id: said
+
+            x: 14
+            y: 10
+            width: Math.min(implicitWidth, 240 - 28)
+            text: above.shownText
+            color: panel.model.errorMessage && !panel.control.fnHintVisible ? Theme.alarm : Theme.text
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.StaticText
+            Accessible.name: panel.control.fnHintVisible
+                             ? qsTranslate("Vesko", "Release Fn to finish recording") : text
+        }
+        MouseArea {
+            anchors.fill: parent
+            enabled: above.visible
+            onClicked: panel.model.dismissError()
+        }
+    }
+    Timer {
+        id: rests
+
+        property bool elapsed: false
+
+        interval: 700
+        running: pointer.containsMouse && !pointer.pressed && !panel.menuOpen
+        onRunningChanged: if (!pointer.containsMouse) elapsed = false
+        onTriggered: elapsed = true
+    }
+
+    LanguageQuestionView {
+        id: question
+
+        x: parent.width - width
+        y: orb.y - height - 8
+        width: parent.width
+        visible: panel.asks
+        model: panel.model
+    }
+
+    Face {
+        id: menu
+
+        x: parent.width - width
+        y: orb.y - height - 8
+        width: 190
+        height: rows.height + 12
+        radius: Theme.radius
+        visible: panel.menuOpen
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: "Vesko"
+
+        HoverHandler {
+            id: overMenu
+        }
+        // Whoever turns away from the menu has no use for it.
+        Timer {
+            interval: 1500
+            running: panel.menuOpen && !overMenu.hovered && !pointer.containsMouse
+            onTriggered: panel.menuOpen = false
+        }
+        Column {
+            id: rows
+
+            x: 6
+            y: 6
+            width: parent.width - 12
+
+            PanelRow {
+                text: panel.model.recording ? qsTranslate("Vesko", "Stop dictation")
+                    : panel.model.busy ? panel.model.phaseTitle : qsTranslate("Vesko", "Start dictation")
+                enabled: panel.control.orbEnabled
+                onChosen: {
+                    panel.menuOpen = false;
+                    panel.delegate.toggleCapture();
                 }
-                StatusLine {
-                    text: panel.model.errorMessage
-                    color: Theme.alarm
+            }
+            PanelRow {
+                text: qsTranslate("Vesko", "Open Vesko")
+                onChosen: {
+                    panel.menuOpen = false;
+                    panel.delegate.openLibrary();
                 }
-                StatusLine {
-                    text: panel.model.shortcutMessage
-                    color: Theme.quiet
+            }
+            PanelRow {
+                text: qsTranslate("Vesko", "Settings…")
+                onChosen: {
+                    panel.menuOpen = false;
+                    panel.delegate.openSettings();
+                }
+            }
+            Rectangle {
+                width: parent.width
+                height: 1
+                color: Theme.hairline
+            }
+            PanelRow {
+                text: qsTranslate("Vesko", "Quit Vesko")
+                onChosen: {
+                    panel.menuOpen = false;
+                    panel.delegate.quit();
                 }
             }
         }
     }
 
-    component StatusLine: Text {
-        width: parent.width
-        visible: text.length > 0
-        wrapMode: Text.Wrap
-        textFormat: Text.PlainText
+    component Face: Rectangle {
+        color: Theme.surface
+        border.color: Theme.outline
+    }
+    component PanelText: Text {
         font.family: Theme.family
-        font.pixelSize: Theme.body
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
+        font.pixelSize: 13
+        color: Theme.text
+        textFormat: Text.PlainText
     }
 }

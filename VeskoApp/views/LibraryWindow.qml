@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Layouts
 
 // The main window: projects, notes, and the note that is selected.
 VeskoWindow {

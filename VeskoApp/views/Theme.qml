@@ -12,7 +12,7 @@ QtObject {
 
     // The status icon's own blue is the one accent.
     readonly property color accent: dark ? Qt.rgba(0.46, 0.88, 0.94, 1) : Qt.rgba(0, 0.46, 0.6, 1)
-    readonly property color onAccent: dark ? "#052a31" : "#ffffff"
+    readonly property color accentInk: dark ? "#052a31" : "#ffffff"
     readonly property color captureInk: accent
 
     readonly property color window: dark ? "#171b1d" : "#ffffff"

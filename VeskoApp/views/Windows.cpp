@@ -17,6 +17,8 @@ std::unique_ptr<QWindow> make(
 {
     QQmlComponent component(
         &engine, QUrl(QStringLiteral("qrc:/qt/qml/Vesko/Views/%1.qml").arg(name)));
+    if (!component.isReady())
+        throw std::runtime_error(component.errorString().toStdString());
     std::unique_ptr<QObject> made(component.createWithInitialProperties(properties));
     auto* const window = qobject_cast<QWindow*>(made.get());
     if (!window)
@@ -38,10 +40,13 @@ void prepareViews(QQmlEngine& engine)
     engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
 }
 
-std::unique_ptr<QWindow> makeCapturePanel(QQmlEngine& engine, AppModel& model)
+std::unique_ptr<QWindow> makeCapturePanel(
+    QQmlEngine& engine, AppModel& model, AppDelegate& delegate)
 {
-    auto panel = make(
-        engine, QStringLiteral("CapturePanel"), { { QStringLiteral("model"), handed(model) } });
+    auto panel = make(engine, QStringLiteral("CapturePanel"),
+        { { QStringLiteral("model"), handed(model) },
+            { QStringLiteral("control"), handed(delegate.captureControl()) },
+            { QStringLiteral("delegate"), handed(delegate) } });
     panel->setProperty("_q_showWithoutActivating", true);
     return panel;
 }
@@ -51,18 +56,23 @@ std::unique_ptr<QWindow> makeWindow(
 {
     QVariantMap properties{ { QStringLiteral("model"), handed(model) },
         { QStringLiteral("delegate"), handed(delegate) } };
-    switch (kind) {
-    case AppWindow::library: {
-        auto content = std::make_unique<LibraryWindow>(model, platform.clock);
-        properties.insert(QStringLiteral("library"), handed(*content));
-        auto window = make(engine, QStringLiteral("LibraryWindow"), properties);
-        content.release()->setParent(window.get());
-        return window;
-    }
-    case AppWindow::settings:
-    case AppWindow::dictionary:
-    case AppWindow::onboarding:
-        break;
+    try {
+        switch (kind) {
+        case AppWindow::library: {
+            auto content = std::make_unique<LibraryWindow>(model, platform.clock);
+            properties.insert(QStringLiteral("library"), handed(*content));
+            auto window = make(engine, QStringLiteral("LibraryWindow"), properties);
+            content.release()->setParent(window.get());
+            return window;
+        }
+        case AppWindow::settings:
+        case AppWindow::dictionary:
+        case AppWindow::onboarding:
+            break;
+        }
+    } catch (const std::exception& error) {
+        // A broken installation. Nothing that runs is to end because of it.
+        qCritical("%s", error.what());
     }
     return nullptr;
 }

@@ -10,10 +10,10 @@ namespace vesko {
 
 // Prepares an engine for the program's windows. None of them is loaded by it.
 void prepareViews(QQmlEngine& engine);
-// Makes the floating control, hidden. Throws std::runtime_error when the installation is broken, as
-// the next one does.
-std::unique_ptr<QWindow> makeCapturePanel(QQmlEngine& engine, AppModel& model);
-// Makes a window, hidden; null for one that does not exist yet.
+// Makes the floating control, hidden. Throws std::runtime_error when the installation is broken.
+std::unique_ptr<QWindow> makeCapturePanel(
+    QQmlEngine& engine, AppModel& model, AppDelegate& delegate);
+// Makes a window, hidden; null for one that does not exist.
 std::unique_ptr<QWindow> makeWindow(
     QQmlEngine& engine, AppWindow kind, Platform& platform, AppModel& model, AppDelegate& delegate);
 

@@ -135,5 +135,33 @@
         <source>Opens Google in a private sign-in window</source>
         <translation>Opens Google in your browser</translation>
     </message>
+    <message>
+        <source>Fn or ⌘ ⇧ Space to dictate</source>
+        <translation>Super+Shift+Space to dictate</translation>
+    </message>
+    <message>
+        <source>Record your voice or start a text note. Your originals stay on this Mac.</source>
+        <translation>Record your voice or start a text note. Your originals stay on this computer.</translation>
+    </message>
+    <message>
+        <source>Saved on this Mac</source>
+        <translation>Saved on this computer</translation>
+    </message>
+    <message>
+        <source>Copy note (⌘C)</source>
+        <translation>Copy note (Ctrl+C)</translation>
+    </message>
+    <message>
+        <source>Release Fn to finish</source>
+        <translation>Release the key to finish</translation>
+    </message>
+    <message>
+        <source>Release Fn to finish recording</source>
+        <translation>Release the key to finish recording</translation>
+    </message>
+    <message>
+        <source>Fn combination used. Audio saved without transcription.</source>
+        <translation>Key combination used. Audio saved without transcription.</translation>
+    </message>
 </context>
 </TS>

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQml.Models
 
 // The program's menu with its keys, which work in the window whether the menu is open or not. It
 // opens below the item that open() is called for.
@@ -47,13 +46,18 @@ Item {
         return true;
     }
 
-    Instantiator {
+    Repeater {
         model: root.delegate.menu.filter(row => row.sequence && !row.ofText)
-        delegate: Shortcut {
+
+        Item {
+            id: keys
+
             required property var modelData
 
-            sequence: modelData.sequence
-            onActivated: root.run(modelData)
+            Shortcut {
+                sequence: keys.modelData.sequence
+                onActivated: root.run(keys.modelData)
+            }
         }
     }
 
@@ -61,29 +65,27 @@ Item {
         id: menu
 
         title: "Vesko"
-
-        Instantiator {
-            model: root.delegate.menu
-            delegate: QtObject {
-                id: entry
-
-                required property var modelData
-                property Item item
-
-                readonly property Component row: MenuRow {
-                    text: entry.modelData.title
-                    keys: entry.modelData.keys
-                    enabled: root.canRun(entry.modelData)
-                    onTriggered: root.run(entry.modelData)
-                }
-                readonly property Component line: MenuLine { }
-
-                Component.onCompleted: {
-                    item = (modelData.title ? row : line).createObject(menu.contentItem);
-                    menu.addItem(item);
-                }
-            }
+        Component.onCompleted: {
+            for (const entry of root.delegate.menu)
+                addItem(entry.title ? row.createObject(null, { entry: entry }) : line.createObject());
         }
+    }
+    Component {
+        id: row
+
+        MenuRow {
+            property var entry
+
+            text: entry.title
+            keys: entry.keys
+            enabled: root.canRun(entry)
+            onTriggered: root.run(entry)
+        }
+    }
+    Component {
+        id: line
+
+        MenuLine { }
     }
 
     Sheet {

@@ -18,7 +18,7 @@ Column {
         id: head
 
         implicitHeight: 28
-        implicitWidth: words.implicitWidth + 24
+        implicitWidth: implicitContentWidth
         focusPolicy: Qt.StrongFocus
         checkable: false
         Accessible.name: disclosure.title
@@ -28,9 +28,11 @@ Column {
         Keys.onReturnPressed: clicked()
         onClicked: disclosure.open = !disclosure.open
 
-        contentItem: Item {
+        contentItem: Row {
+            spacing: 6
+
             Icon {
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenter: parent?.verticalCenter
                 name: "chevron"
                 size: 12
                 rotation: disclosure.open ? 0 : -90
@@ -40,10 +42,7 @@ Column {
                 }
             }
             Text {
-                id: words
-
-                x: 18
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenter: parent?.verticalCenter
                 text: disclosure.title
                 font.family: Theme.family
                 font.pixelSize: Theme.small
@@ -69,7 +68,7 @@ Column {
         wrapMode: TextEdit.Wrap
         color: Theme.text
         selectionColor: Theme.accent
-        selectedTextColor: Theme.onAccent
+        selectedTextColor: Theme.accentInk
         font.family: Theme.family
         font.pixelSize: Theme.body
         Accessible.role: Accessible.StaticText

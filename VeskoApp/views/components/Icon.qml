@@ -8,7 +8,8 @@ Image {
     property int size: 18
 
     source: name ? `image://icon/${name}?${color}` : ""
-    sourceSize: Qt.size(size, size)
+    sourceSize.width: size
+    sourceSize.height: size
     width: size
     height: size
     opacity: enabled ? 1 : 0.45

@@ -33,18 +33,14 @@ T.ItemDelegate {
 
     contentItem: Item {
         Icon {
-            id: icon
-
             anchors.verticalCenter: parent.verticalCenter
-            visible: control.iconName.length > 0
             name: control.iconName
             color: control.chosen ? Theme.accent : Theme.quiet
             size: 17
         }
         Text {
-            anchors.left: icon.visible ? icon.right : parent.left
-            anchors.leftMargin: icon.visible ? 10 : 0
-            anchors.right: parent.right
+            x: control.iconName ? 27 : 0
+            width: parent.width - x
             anchors.verticalCenter: parent.verticalCenter
             text: control.text
             font: control.font

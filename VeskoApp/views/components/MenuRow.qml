@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Layouts
 import QtQuick.Templates as T
 
 // An item of a menu, with its keys at the right if it has any.
@@ -20,14 +21,12 @@ T.MenuItem {
     Accessible.name: text
     Accessible.onPressAction: if (enabled) { triggered(); menu.close(); }
 
-    contentItem: Item {
-        implicitWidth: words.implicitWidth + (control.keys ? hint.implicitWidth + 32 : 0)
+    contentItem: RowLayout {
+        spacing: 32
         opacity: control.enabled ? 1 : 0.45
 
         Text {
-            id: words
-
-            anchors.verticalCenter: parent.verticalCenter
+            Layout.fillWidth: true
             text: control.text
             font: control.font
             color: control.destructive ? Theme.alarm : Theme.text
@@ -35,10 +34,7 @@ T.MenuItem {
             Accessible.ignored: true
         }
         Text {
-            id: hint
-
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
+            visible: control.keys.length > 0
             text: control.keys
             font.family: Theme.family
             font.pixelSize: Theme.small

@@ -14,7 +14,7 @@ T.Button {
     property string help
 
     readonly property color ink: prominent ? (destructive ? (Theme.dark ? "#3d0f06" : "#ffffff")
-                                                          : Theme.onAccent)
+                                                          : Theme.accentInk)
                                            : destructive ? Theme.alarm : Theme.text
     readonly property color fill: prominent ? (destructive ? Theme.alarm : Theme.accent)
                                             : flat ? "transparent" : Theme.field

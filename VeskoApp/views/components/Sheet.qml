@@ -13,7 +13,7 @@ T.Dialog {
     property bool destructive: false
     property bool canAgree: true
     property bool cancellable: true
-    default property alias body: extra.data
+    default property list<Item> body // between the text and the buttons
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
@@ -31,14 +31,14 @@ T.Dialog {
         Accessible.description: sheet.text
 
         Words {
-            width: parent.width
+            width: sheet.availableWidth
             text: sheet.title
             font.pixelSize: Theme.heading
             font.weight: Font.DemiBold
             wrapMode: Text.Wrap
         }
         Words {
-            width: parent.width
+            width: sheet.availableWidth
             visible: text.length > 0
             text: sheet.text
             color: Theme.quiet
@@ -46,9 +46,8 @@ T.Dialog {
             wrapMode: Text.Wrap
         }
         Column {
-            id: extra
-
-            width: parent.width
+            width: sheet.availableWidth
+            children: sheet.body
         }
         Item {
             width: 1
@@ -64,8 +63,6 @@ T.Dialog {
                 onClicked: sheet.reject()
             }
             PushButton {
-                id: agree
-
                 text: sheet.agreeText
                 prominent: true
                 destructive: sheet.destructive

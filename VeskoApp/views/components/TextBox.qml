@@ -19,7 +19,7 @@ T.TextField {
     color: Theme.text
     placeholderTextColor: Theme.quiet
     selectionColor: Theme.accent
-    selectedTextColor: Theme.onAccent
+    selectedTextColor: Theme.accentInk
     font.family: Theme.family
     font.pixelSize: Theme.body
 

@@ -7,8 +7,8 @@ import QtQuick.Templates as T
 T.Switch {
     id: control
 
-    implicitWidth: words.implicitWidth + 16 + indicator.width
-    implicitHeight: Math.max(Theme.control, words.implicitHeight)
+    implicitWidth: implicitContentWidth
+    implicitHeight: Math.max(Theme.control, implicitContentHeight)
     focusPolicy: Qt.StrongFocus
     font.family: Theme.family
     font.pixelSize: Theme.body
@@ -42,7 +42,7 @@ T.Switch {
             width: 16
             height: 16
             radius: 8
-            color: control.checked ? Theme.onAccent : "#ffffff"
+            color: control.checked ? Theme.accentInk : "#ffffff"
 
             Behavior on x {
                 enabled: !control.down
@@ -55,8 +55,6 @@ T.Switch {
         }
     }
     contentItem: Text {
-        id: words
-
         rightPadding: control.indicator.width + 16
         text: control.text
         font: control.font

@@ -19,7 +19,7 @@ Window {
         value: window.delegate.reduceMotion
     }
     Shortcut {
-        sequences: [StandardKey.Close]
+        sequence: "Ctrl+W"
         onActivated: window.close()
     }
     AppMenu {

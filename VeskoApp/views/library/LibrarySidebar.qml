@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Layouts
 import QtQuick.Templates as T
 
 // The library's places, and what the program is doing.
@@ -232,7 +231,7 @@ Rectangle {
         TextBox {
             id: projectName
 
-            width: parent.width
+            width: dialog.availableWidth
             placeholderText: qsTranslate("Vesko", "Project name")
             onAccepted: dialog.accept()
         }

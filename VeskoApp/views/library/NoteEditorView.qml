@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import Vesko.Views
 
 // One note: its title, what can be done with it, its text and its original recordings.
 Item {
@@ -39,7 +40,7 @@ Item {
         color: Theme.text
         placeholderTextColor: Theme.quiet
         selectionColor: Theme.accent
-        selectedTextColor: Theme.onAccent
+        selectedTextColor: Theme.accentInk
         font.family: Theme.family
         font.pixelSize: Theme.title
         font.weight: Font.DemiBold
@@ -162,7 +163,7 @@ Item {
             persistentSelection: true
             color: Theme.text
             selectionColor: Theme.accent
-            selectedTextColor: Theme.onAccent
+            selectedTextColor: Theme.accentInk
             font.family: Theme.family
             font.pixelSize: 15
             Accessible.role: Accessible.EditableText
@@ -292,7 +293,8 @@ Item {
         active: false
         source: active ? "ExportDialog.qml" : ""
         onLoaded: {
-            item.suggestion = view.library.exportName();
+            item.currentFolder = view.library.exportFolder();
+            item.selectedFile = view.library.exportFile();
             item.accepted.connect(() => {
                 view.library.exportNote(item.selectedFile);
                 active = false;

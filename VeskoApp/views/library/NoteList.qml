@@ -51,7 +51,7 @@ Item {
             value: root.library.query
         }
         Shortcut {
-            sequences: [StandardKey.Find]
+            sequence: "Ctrl+F"
             onActivated: {
                 search.forceActiveFocus(Qt.ShortcutFocusReason);
                 search.selectAll();
@@ -127,8 +127,6 @@ Item {
 
             contentItem: Item {
                 Icon {
-                    id: icon
-
                     x: 2
                     y: 11
                     name: row.model.iconName
@@ -136,12 +134,9 @@ Item {
                     size: 16
                 }
                 Text {
-                    id: words
-
-                    anchors.left: icon.right
-                    anchors.leftMargin: 11
-                    anchors.right: parent.right
+                    x: 29
                     y: 9
+                    width: parent.width - x
                     text: row.title
                     font.family: Theme.family
                     font.pixelSize: Theme.body
@@ -152,10 +147,9 @@ Item {
                     Accessible.ignored: true
                 }
                 Text {
-                    anchors.left: words.left
-                    anchors.right: parent.right
-                    anchors.top: words.bottom
-                    anchors.topMargin: 3
+                    x: 29
+                    y: 30
+                    width: parent.width - x
                     text: row.model.detail
                     font.family: Theme.family
                     font.pixelSize: Theme.small

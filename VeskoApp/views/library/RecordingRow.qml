@@ -96,7 +96,6 @@ Column {
             Disclosure {
                 width: parent.width
                 visible: text.length > 0
-                open: true
                 title: qsTranslate("Vesko", "Edited text")
                 text: attempt.modelData.edited
 

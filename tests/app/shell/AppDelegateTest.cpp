@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QScreen>
 
 namespace vesko {
 
@@ -18,10 +19,32 @@ protected:
     void launch()
     {
         delegate = std::make_unique<AppDelegate>(machine.all, *model);
-        delegate->showCaptureControl = [this](bool shown) { controlShown = shown; };
+        delegate->makeCapturePanel = [] { return std::make_unique<QWindow>(); };
+        delegate->windows().make = [this](AppWindow kind) {
+            auto window = std::make_unique<QWindow>();
+            made.emplace_back(kind, window.get());
+            return window;
+        };
         delegate->terminate = [this] { ++terminated; };
-        delegate->showOnboarding = [this] { ++onboardings; };
-        delegate->launch();
+        delegate->launch(background, demo);
+    }
+    // How often a user was sent to where one begins, and signs in.
+    std::ptrdiff_t onboardings() const
+    {
+        return std::ranges::count_if(machine.desktop.broughtHere, [this](const QWindow* window) {
+            return std::ranges::any_of(made, [window](const auto& one) {
+                return one.first == AppWindow::onboarding && one.second == window;
+            });
+        });
+    }
+    bool controlShown() const { return delegate->captureControl().window()->isVisible(); }
+    // The kinds of the windows that were made, in that order.
+    std::vector<AppWindow> opened() const
+    {
+        std::vector<AppWindow> kinds;
+        for (const auto& [kind, window] : made)
+            kinds.push_back(kind);
+        return kinds;
     }
     void open()
     {
@@ -35,9 +58,10 @@ protected:
         EXPECT_EQ(machine.statusItem.captureEnabled, enabled);
     }
 
-    std::optional<bool> controlShown;
+    bool background = true;
+    AppDelegate::Demo demo;
+    std::vector<std::pair<AppWindow, QWindow*>> made;
     int terminated = 0;
-    int onboardings = 0;
     std::unique_ptr<AppDelegate> delegate; // ends before the model
 };
 
@@ -77,23 +101,25 @@ TEST_F(AppDelegateTest, NothingCanBeStartedUntilTheLibraryIsReady)
 
 TEST_F(AppDelegateTest, WhoHasToSignInIsAskedToAtTheLaunchAndStartsNothingBefore)
 {
+    choose("onboardingCompleted", true);
     accounts.required = true;
     open();
-    EXPECT_EQ(onboardings, 1);
+    EXPECT_EQ(onboardings(), 1);
     expectStatus("Vesko: Ready", "Start dictation", false);
     machine.keys.pressGestureKey();
     machine.keys.releaseGestureKey();
     EXPECT_TRUE(machine.focusedField.reads.empty());
     machine.shortcut.press();
-    EXPECT_EQ(onboardings, 2);
+    EXPECT_EQ(onboardings(), 2);
     EXPECT_TRUE(machine.focusedField.reads.empty());
     EXPECT_EQ(model->phase(), Phase::idle);
 }
 
 TEST_F(AppDelegateTest, NobodyIsAskedWhoNeedNotSignInOrMayHave)
 {
+    choose("onboardingCompleted", true);
     open();
-    EXPECT_EQ(onboardings, 0);
+    EXPECT_EQ(onboardings(), 0);
 
     // An earlier run had an account, and the secret store has not answered yet.
     delegate.reset();
@@ -102,14 +128,15 @@ TEST_F(AppDelegateTest, NobodyIsAskedWhoNeedNotSignInOrMayHave)
     choose("veskoAccount", std::vector<std::byte>());
     start();
     launch();
-    EXPECT_EQ(onboardings, 0);
+    EXPECT_EQ(onboardings(), 0);
     expectStatus("Vesko: Ready", "Start dictation", false);
     ASSERT_TRUE(eventually([&] { return model->accounts().signedOut(); }));
-    EXPECT_EQ(onboardings, 1);
+    EXPECT_EQ(onboardings(), 1);
 }
 
 TEST_F(AppDelegateTest, WhoHasSignedInMayStart)
 {
+    choose("onboardingCompleted", true);
     LoopbackServer server;
     accounts.required = true;
     accounts.baseURL = server.url();
@@ -136,7 +163,7 @@ TEST_F(AppDelegateTest, WhoHasSignedInMayStart)
     server.reply(LoopbackServer::answer(204, ""));
     awaited(model->accounts().signOut());
     expectStatus("Vesko: Ready", "Start dictation", false);
-    EXPECT_EQ(onboardings, 2);
+    EXPECT_EQ(onboardings(), 2);
 }
 
 TEST_F(AppDelegateTest, TheIconFollowsTheDesktopsAppearance)
@@ -181,11 +208,11 @@ TEST_F(AppDelegateTest, AShortcutThatIsTakenIsReported)
 TEST_F(AppDelegateTest, TheFloatingControlIsShownAsTheSettingsSay)
 {
     open();
-    EXPECT_EQ(controlShown, true);
+    EXPECT_TRUE(controlShown());
     model->preferences().showFloating.set(false);
-    EXPECT_EQ(controlShown, false);
+    EXPECT_FALSE(controlShown());
     model->preferences().showFloating.set(true);
-    EXPECT_EQ(controlShown, true);
+    EXPECT_TRUE(controlShown());
 }
 
 TEST_F(AppDelegateTest, TheGestureKeyIsThatOfTheSettings)
@@ -255,7 +282,226 @@ TEST_F(AppDelegateTest, AKeyThatIsHeldAtTheEndDiscardsItsCapture)
     delegate->willTerminate();
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(onlyRecording().status, RecordingStatus::recorded);
+    delegate.reset();
     EXPECT_EQ(machine.clock.armed(), 0U);
+}
+
+TEST_F(AppDelegateTest, TheFirstWindowIsTheLibraryOrTheTour)
+{
+    const struct {
+        const char* what;
+        bool onboarded;
+        bool background;
+        std::vector<AppWindow> opened;
+    } rows[] = {
+        { "a first start", false, false, { AppWindow::onboarding } },
+        { "a first start in the background", false, true, { AppWindow::onboarding } },
+        { "a later start", true, false, { AppWindow::library } },
+        { "a later start in the background", true, true, {} },
+    };
+    for (const auto& row : rows) {
+        delegate.reset();
+        model.reset();
+        made.clear();
+        choose("onboardingCompleted", row.onboarded);
+        background = row.background;
+        open();
+        EXPECT_EQ(opened(), row.opened) << row.what;
+    }
+}
+
+TEST_F(AppDelegateTest, AWindowIsMadeOnceAndKept)
+{
+    choose("onboardingCompleted", true);
+    open();
+    machine.statusItem.onOpen();
+    ASSERT_EQ(opened(), std::vector{ AppWindow::library });
+    QWindow* const library = made[0].second;
+    EXPECT_TRUE(library->isVisible());
+    EXPECT_TRUE(machine.desktop.broughtHere.empty());
+    delegate->applicationShouldHandleReopen();
+    EXPECT_EQ(machine.desktop.broughtHere, std::vector<const QWindow*>{ library });
+    library->close();
+    EXPECT_FALSE(library->isVisible());
+    delegate->openLibrary();
+    EXPECT_TRUE(library->isVisible());
+    EXPECT_EQ(made.size(), 1U);
+    machine.statusItem.onSettings();
+    delegate->openDictionary();
+    delegate->openTour();
+    EXPECT_EQ(opened(),
+        (std::vector{ AppWindow::library, AppWindow::settings, AppWindow::dictionary,
+            AppWindow::onboarding }));
+}
+
+TEST_F(AppDelegateTest, TheEndOfTheTourOpensTheLibrary)
+{
+    open();
+    ASSERT_EQ(opened(), std::vector{ AppWindow::onboarding });
+    delegate->finishOnboarding();
+    EXPECT_EQ(machine.settings.values["onboardingCompleted"], SettingValue{ true });
+    EXPECT_EQ(opened(), (std::vector{ AppWindow::onboarding, AppWindow::library }));
+    delegate->openTour(); // made anew
+    EXPECT_EQ(made.size(), 3U);
+}
+
+TEST_F(AppDelegateTest, AWindowComesBackWhereItWas)
+{
+    choose("onboardingCompleted", true);
+    open();
+    delegate->openLibrary();
+    QWindow& window = *made[0].second;
+    window.setFramePosition({ 40, 50 });
+    window.resize(400, 300);
+    drainEvents();
+    EXPECT_FALSE(machine.settings.values.contains("frameVeskoLibrary"));
+    machine.clock.turn(0.6);
+    EXPECT_EQ(machine.settings.values["frameVeskoLibrary"],
+        (SettingValue{ std::vector<double>{ 40, 50, 400, 300 } }));
+
+    delegate.reset();
+    made.clear();
+    launch();
+    delegate->openLibrary();
+    EXPECT_EQ(made[0].second->framePosition(), QPoint(40, 50));
+    EXPECT_EQ(made[0].second->size(), QSize(400, 300));
+}
+
+TEST_F(AppDelegateTest, AWindowWhoseScreenIsGoneIsCentred)
+{
+    choose("onboardingCompleted", true);
+    choose("frameVeskoLibrary", std::vector<double>{ 9000, 50, 400, 300 });
+    open();
+    delegate->openLibrary();
+    const auto* const window = made[0].second;
+    EXPECT_TRUE(window->screen()->availableGeometry().contains(window->geometry()));
+}
+
+TEST_F(AppDelegateTest, ARefusedQuitShowsTheLibraryWhichSaysWhy)
+{
+    choose("onboardingCompleted", true);
+    open();
+    machine.recorder.access.close();
+    model->toggleDictation();
+    delegate->quit();
+    EXPECT_EQ(opened(), std::vector{ AppWindow::library });
+    machine.recorder.access.open();
+    ASSERT_TRUE(reach(Phase::recording));
+}
+
+TEST_F(AppDelegateTest, AnIconThatCannotBeSeenIsNoticed)
+{
+    machine.statusItem.isVisible = false;
+    open();
+    machine.statusItem.onVisibleChanged();
+    EXPECT_FALSE(model->menuBarIconHidden()); // too soon to tell
+    machine.clock.turn(2);
+    EXPECT_TRUE(model->menuBarIconHidden());
+    machine.statusItem.isVisible = true;
+    machine.statusItem.onVisibleChanged();
+    EXPECT_FALSE(model->menuBarIconHidden());
+}
+
+TEST_F(AppDelegateTest, TheAppearanceIsTheDesktopsUnlessForced)
+{
+    const QPalette before = qGuiApp->palette();
+    const auto dark
+        = [] { return qGuiApp->palette().color(QPalette::Window).lightnessF() < 0.5F; };
+    machine.appearance.prefersDark = true;
+    open();
+    EXPECT_TRUE(dark());
+    machine.appearance.prefersDark = false;
+    machine.appearance.onChanged();
+    EXPECT_FALSE(dark());
+    demo.dark = true;
+    launch();
+    EXPECT_TRUE(dark());
+    machine.appearance.onChanged();
+    EXPECT_TRUE(dark());
+    QGuiApplication::setPalette(before);
+    drainEvents();
+}
+
+TEST_F(AppDelegateTest, ADemoNeedsADataFolderOfItsOwn)
+{
+    const struct {
+        const char* what;
+        const char* root;
+        const char* scene;
+        const char* look;
+        std::optional<DemoScene> shown;
+        std::optional<bool> dark;
+    } rows[] = {
+        { "no data folder", nullptr, "settings", "dark", {}, {} },
+        { "no scene", "/tmp", nullptr, "dark", {}, {} },
+        { "a scene", "/tmp", "note=2", nullptr, DemoScene{ DemoScene::note, 0, 2 }, {} },
+        { "a dark scene", "/tmp", "settings", "dark", DemoScene{ DemoScene::settings }, true },
+        { "a light scene", "/tmp", "settings", "light", DemoScene{ DemoScene::settings }, false },
+        { "another look", "/tmp", "settings", "pink", DemoScene{ DemoScene::settings }, {} },
+        { "an unknown scene", "/tmp", "note=-1", "dark", {}, true },
+    };
+    for (const auto& row : rows) {
+        const auto found = AppDelegate::Demo::from(row.root, row.scene, row.look);
+        EXPECT_EQ(found.scene, row.shown) << row.what;
+        EXPECT_EQ(found.dark, row.dark) << row.what;
+    }
+}
+
+TEST_F(AppDelegateTest, AScenePicksItsWindowAndItsNote)
+{
+    choose("onboardingCompleted", true);
+    AppModelTest::open();
+    for (const char* name : { "Garden", "Radio" })
+        model->createProject(name);
+    ASSERT_TRUE(eventually([&] { return model->library().projects.size() == 2; }));
+    model->setSelectedProjectID(model->library().projects[1].id);
+    model->newNote();
+    ASSERT_TRUE(eventually([&] { return !model->library().notes.empty(); }));
+    const auto id = onlyNote().id;
+    const struct {
+        DemoScene scene;
+        std::vector<AppWindow> opened;
+        std::optional<Uuid> selected;
+    } rows[] = {
+        { { DemoScene::note, 0, 0 }, { AppWindow::library }, id },
+        { { DemoScene::note, 0, 7 }, { AppWindow::library }, {} },
+        { { DemoScene::project, 1, 0 }, { AppWindow::library }, id },
+        { { DemoScene::project, 0, 0 }, { AppWindow::library }, {} },
+        { { DemoScene::dictionary }, { AppWindow::dictionary }, {} },
+        { { DemoScene::settings }, { AppWindow::settings }, {} },
+    };
+    for (const auto& row : rows) {
+        delegate.reset();
+        made.clear();
+        model->setSelectedProjectID(std::nullopt);
+        model->setSelectedNoteID(std::nullopt);
+        demo.scene = row.scene;
+        launch();
+        EXPECT_EQ(opened(), row.opened);
+        EXPECT_EQ(model->selectedNoteID(), row.selected);
+    }
+}
+
+TEST_F(AppDelegateTest, ASceneWaitsForTheLibraryButNotForever)
+{
+    choose("onboardingCompleted", true);
+    demo.scene = DemoScene{ DemoScene::settings };
+    start();
+    launch();
+    EXPECT_TRUE(made.empty());
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    machine.clock.turn(0.1);
+    EXPECT_EQ(opened(), std::vector{ AppWindow::settings });
+
+    delegate.reset();
+    model.reset();
+    made.clear();
+    start();
+    launch();
+    machine.clock.turn(6);
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    machine.clock.turn(6);
+    EXPECT_TRUE(made.empty());
 }
 
 TEST_F(AppDelegateTest, TheEndOfTheDelegateUnderAQuitIsNoHarm)

@@ -192,6 +192,12 @@ def windows(pid):
     return found
 
 
+def window_property(window, name):
+    """What xprop says of a window's property."""
+    return subprocess.run(["xprop", "-id", window, name], stdout=subprocess.PIPE, text=True,
+                          check=True).stdout.partition("=")[2].strip()
+
+
 def raise_window(pid):
     window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
     subprocess.run(["xdotool", "windowactivate", window], check=True, stderr=subprocess.DEVNULL)

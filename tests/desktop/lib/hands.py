@@ -104,10 +104,26 @@ def release_all():
         release(name)
 
 
-def click(x, y):
+def _point(x, y):
     _xtest.XTestFakeMotionEvent(_connection(), -1, int(x), int(y), 0)
+    _x11.XSync(_connection(), 0)
+
+
+def click(x, y, button=1):
+    _point(x, y)
     for down in (1, 0):
-        _xtest.XTestFakeButtonEvent(_connection(), 1, down, 0)
+        _xtest.XTestFakeButtonEvent(_connection(), button, down, 0)
+    _x11.XSync(_connection(), 0)
+
+
+def drag(begin, end, steps=10):
+    """Moves the pointer with its button down, as slowly as a hand."""
+    _point(*begin)
+    _xtest.XTestFakeButtonEvent(_connection(), 1, 1, 0)
+    for step in range(1, steps + 1):
+        _point(*(a + (b - a) * step / steps for a, b in zip(begin, end)))
+        human_pause(0.02)
+    _xtest.XTestFakeButtonEvent(_connection(), 1, 0, 0)
     _x11.XSync(_connection(), 0)
 
 

@@ -65,9 +65,14 @@ def write(root, notes):
                     "model": "openai/whisper-large-v3-turbo", "startedAt": when,
                     "completedAt": when, "status": "ready", "rawText": text, "text": text,
                     "cost": 0.0004, "requestID": "gen-" + attempt}]}]})
+    write_document(root, notes=made)
+
+
+def write_document(root, notes, projects=(), dictionary=()):
+    """Makes a library of these records."""
     os.makedirs(os.path.join(root, "recordings"), mode=0o700)
     path = os.path.join(root, "library.json")
     with open(path, "x", encoding="utf-8") as file:
         os.chmod(path, 0o600)
-        file.write(_written({"schemaVersion": 1, "projects": [], "notes": made,
-                             "dictionary": []}))
+        file.write(_written({"schemaVersion": 1, "projects": list(projects), "notes": list(notes),
+                             "dictionary": list(dictionary)}))

@@ -60,10 +60,31 @@ class Vesko:
 
     def _find_panel(self):
         for window in self.app.children:
-            button = window.find(role="push button")
-            if button:
-                return window, button
+            for name in ("Start dictation", "Stop dictation"):
+                button = window.find(role="push button", name=name)
+                if button:
+                    return window, button
         return None
+
+    def find(self, role, name):
+        """The element of one of the program's windows that can be seen."""
+        for frame in self.app.children:
+            if frame == self.panel:
+                continue
+            for node in frame.walk():
+                try:
+                    if node.role == role and node.name == name and "showing" in node.states:
+                        return node
+                except eyes.Gone:
+                    continue
+        return None
+
+    def wait_to_find(self, role, name):
+        return until(f"a {role} called {name!r}", lambda: self.find(role, name))
+
+    def press(self, role, name):
+        """Does what the element does, over the accessibility bus alone."""
+        self.wait_to_find(role, name).activate()
 
     def log(self):
         with open(self.log_path, errors="replace") as file:
@@ -72,18 +93,19 @@ class Vesko:
     @property
     def phase(self):
         """"ready", "recording", or "busy" while a press would do nothing."""
-        name = self.button.name
-        if name == "Recording":
+        if self.button.name == "Stop dictation":
             return "recording"
-        # The toolkit tells a disabled button from others by this state alone.
-        return "ready" if name == "Ready" and "focusable" in self.button.states else "busy"
+        # The toolkit tells a disabled button from others by this state alone. What it is doing is
+        # the first line of what it says to a screen reader.
+        ready = self.button.description.partition("\n")[0] == "Ready"
+        return "ready" if ready and "focusable" in self.button.states else "busy"
 
     def wait_for(self, phase, deadline=20.0):
         until(f"Vesko is {phase}; it shows {self.shown()}", lambda: self.phase == phase, deadline)
 
     def shown(self):
-        """All that a user can read in the floating window."""
-        texts = []
+        """All that a user can read in the floating window, or is told of its button."""
+        texts = self.button.description.split("\n")
         for node in self.panel.walk():
             try:
                 if "showing" in node.states and node.name:

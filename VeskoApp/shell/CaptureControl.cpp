@@ -1,0 +1,224 @@
+#include "VeskoApp/shell/CaptureControl.h"
+
+#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/shell/AudioGlyph.h"
+#include "VeskoApp/shell/Screens.h"
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+
+#include <QCursor>
+#include <QPainterPath>
+#include <QRegion>
+
+#include <algorithm>
+#include <utility>
+
+namespace vesko {
+
+namespace {
+
+const std::string originKey = "capturePanelOrigin";
+constexpr double margin = 24; // points to the edges of the screen
+constexpr double fnHintTime = 2.4; // seconds
+constexpr double frameTime = 0.05; // seconds; smooth enough for so small a thing
+constexpr double newsTime = 8; // seconds
+
+} // namespace
+
+CaptureControl::CaptureControl(Platform& platform, AppModel& model)
+    : m_platform(platform)
+    , m_model(model)
+    , m_fnHint(platform.clock)
+    , m_frame(platform.clock)
+    , m_newsEnd(platform.clock)
+{
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged })
+        connect(&model, changed, this, &CaptureControl::stateChanged);
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::pushToTalkChanged })
+        connect(&model, changed, this, &CaptureControl::showFnHint);
+    connect(&model, &AppModel::phaseChanged, this, &CaptureControl::animate);
+    connect(&model, &AppModel::levelChanged, this, [this] {
+        if (m_platform.appearance.reduceMotion())
+            Q_EMIT glyphChanged();
+    });
+    connect(&model, &AppModel::elapsedChanged, this, &CaptureControl::elapsedChanged);
+    connect(&model, &AppModel::messageChanged, this, [this] { tell(m_model.messageText()); });
+    connect(
+        &model, &AppModel::shortcutMessageChanged, this, [this] { tell(m_model.shortcutText()); });
+}
+
+CaptureControl::~CaptureControl() = default;
+
+void CaptureControl::setWindow(std::unique_ptr<QWindow> window)
+{
+    m_window = std::move(window);
+    position();
+}
+
+void CaptureControl::show(bool shown)
+{
+    if (!m_window || m_window->isVisible() == shown)
+        return;
+    if (shown)
+        m_platform.desktop.floatEverywhere(*m_window);
+    m_window->setVisible(shown);
+    animate();
+}
+
+void CaptureControl::position()
+{
+    const auto areas = screens();
+    if (!m_window || areas.empty())
+        return;
+    const ScreenSize size{ static_cast<double>(m_window->width()),
+        static_cast<double>(m_window->height()) };
+    std::optional<ScreenPoint> saved;
+    const auto stored = m_platform.settings.get<std::vector<double>>(originKey);
+    if (stored && stored->size() == 2)
+        saved = { stored->at(0), stored->at(1) };
+    const auto& main = areas.front();
+    const ScreenPoint corner{ main.origin.x + main.size.width - size.width - margin,
+        main.origin.y + main.size.height - size.height - margin };
+    const auto origin = PanelPlacement::restore(saved, size, areas).value_or(corner);
+    m_window->setPosition(QPointF(origin.x, origin.y).toPoint());
+}
+
+void CaptureControl::press()
+{
+    press(QCursor::pos());
+}
+
+void CaptureControl::drag()
+{
+    drag(QCursor::pos());
+}
+
+void CaptureControl::press(const QPointF& at)
+{
+    m_gesture = PointerGesture{ .startX = at.x(), .startY = at.y() };
+    m_startOrigin = m_window->position();
+}
+
+void CaptureControl::drag(const QPointF& at)
+{
+    if (!m_gesture || !m_gesture->move(at.x(), at.y()))
+        return;
+    const QPointF by = at - QPointF(m_gesture->startX, m_gesture->startY);
+    m_window->setPosition(m_startOrigin + by.toPoint());
+}
+
+void CaptureControl::release()
+{
+    const auto gesture = std::exchange(m_gesture, std::nullopt);
+    if (!gesture)
+        return;
+    if (gesture->isDrag) {
+        const QPointF origin = m_window->position();
+        m_platform.settings.set(
+            originKey, SettingValue{ std::vector<double>{ origin.x(), origin.y() } });
+    } else if (orbEnabled()) {
+        m_model.toggleDictation();
+    }
+}
+
+void CaptureControl::cut(const QVariantList& shapes)
+{
+    if (!m_window)
+        return;
+    QRegion visible;
+    for (const auto& shape : shapes) {
+        const auto part = shape.toMap();
+        const auto number
+            = [&part](const char* name) { return part[QString::fromLatin1(name)].toDouble(); };
+        QPainterPath path;
+        path.addRoundedRect(number("x"), number("y"), number("width"), number("height"),
+            number("radius"), number("radius"));
+        visible += QRegion(path.toFillPolygon().toPolygon());
+    }
+    m_window->setMask(visible);
+}
+
+bool CaptureControl::orbEnabled() const
+{
+    return m_model.isRecording() || (m_model.phase() == Phase::idle && m_model.libraryReady());
+}
+
+QString CaptureControl::name() const
+{
+    return m_model.isRecording() ? translated(L10N_KEY("Vesko", "Stop dictation"))
+                                 : translated(L10N_KEY("Vesko", "Start dictation"));
+}
+
+QString CaptureControl::help() const
+{
+    if (m_model.isRecording())
+        return translated(L10N_KEY(
+            "Vesko", "Click once to stop. Drag to move. Right-click for the menu."));
+    if (m_model.phase() == Phase::idle)
+        return translated(L10N_KEY("Vesko",
+            "Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift "
+            "Space"));
+    return {};
+}
+
+QString CaptureControl::elapsed() const
+{
+    return m_model.isRecording() ? shownDuration(m_model.elapsed()) : QString();
+}
+
+// For a while after the gesture key has come to be held; letting go of it takes the hint away.
+void CaptureControl::showFnHint()
+{
+    if (std::exchange(m_holdingFn, holdingFn()) == holdingFn())
+        return;
+    setFnHintVisible(m_holdingFn);
+    m_fnHint.cancel();
+    if (m_holdingFn)
+        m_fnHint.start(fnHintTime, [this] { setFnHintVisible(false); });
+}
+
+void CaptureControl::setFnHintVisible(bool visible)
+{
+    if (std::exchange(m_fnHintVisible, visible) != visible)
+        Q_EMIT fnHintVisibleChanged();
+}
+
+// Nothing moves while nothing goes on, nor for who wants stillness.
+void CaptureControl::animate()
+{
+    Q_EMIT glyphChanged();
+    m_frame.cancel();
+    if (live() && m_window && m_window->isVisible() && !m_platform.appearance.reduceMotion())
+        m_frame.start(frameTime, [this] { animate(); });
+}
+
+QVariantList CaptureControl::bars() const
+{
+    QVariantList heights;
+    if (AudioGlyph::showsBars(m_model.level(), m_model.isRecording()))
+        for (const double height : AudioGlyph::bars(m_model.level(), m_platform.clock.uptime(),
+                 m_platform.appearance.reduceMotion()))
+            heights << height;
+    return heights;
+}
+
+QVariantList CaptureControl::dots() const
+{
+    QVariantList opacities;
+    if (live() && !AudioGlyph::showsBars(m_model.level(), m_model.isRecording()))
+        for (const double opacity : AudioGlyph::dots(
+                 m_platform.clock.uptime(), m_platform.appearance.reduceMotion()))
+            opacities << opacity;
+    return opacities;
+}
+
+void CaptureControl::tell(const QString& news)
+{
+    if (std::exchange(m_news, news) != news)
+        Q_EMIT newsChanged();
+    m_newsEnd.cancel();
+    if (!news.isEmpty())
+        m_newsEnd.start(newsTime, [this] { tell({}); });
+}
+
+} // namespace vesko

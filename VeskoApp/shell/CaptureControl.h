@@ -1,0 +1,96 @@
+#pragma once
+
+#include "VeskoApp/capture/AppModel.h"
+#include "VeskoApp/platform/Platform.h"
+#include "VeskoCore/shell/PointerGesture.h"
+
+#include <QObject>
+#include <QPointF>
+#include <QVariant>
+#include <QWindow>
+
+#include <memory>
+
+namespace vesko {
+
+// The floating control: starts and ends a dictation by a click, is moved by a drag, and stands
+// above all windows without ever taking the focus. It keeps the control's window, its place, and
+// what it shows. Main thread.
+class CaptureControl : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool orbEnabled READ orbEnabled NOTIFY stateChanged)
+    Q_PROPERTY(QString name READ name NOTIFY stateChanged)
+    Q_PROPERTY(QString help READ help NOTIFY stateChanged)
+    Q_PROPERTY(QString elapsed READ elapsed NOTIFY elapsedChanged)
+    Q_PROPERTY(bool fnHintVisible READ fnHintVisible NOTIFY fnHintVisibleChanged)
+    // While something goes on: the heights of the bars, or else the opacities of the dots.
+    Q_PROPERTY(bool live READ live NOTIFY stateChanged)
+    Q_PROPERTY(QVariantList bars READ bars NOTIFY glyphChanged)
+    Q_PROPERTY(QVariantList dots READ dots NOTIFY glyphChanged)
+    // What has just happened, for a while; then nothing.
+    Q_PROPERTY(QString news READ news NOTIFY newsChanged)
+
+public:
+    CaptureControl(Platform& platform, AppModel& model);
+    ~CaptureControl() override;
+
+    // Takes the window in its size, and puts it in its place.
+    void setWindow(std::unique_ptr<QWindow> window);
+    void show(bool shown);
+    // To the saved place if a screen holds the window whole there, else to the main screen's
+    // corner. The saved place stays.
+    void position();
+    const QWindow* window() const { return m_window.get(); }
+
+    // The pointer, in coordinates of the screen.
+    void press(const QPointF& at);
+    void drag(const QPointF& at);
+    // A click, unless it was a drag.
+    void release();
+    // The press becomes none of both.
+    Q_INVOKABLE void dropGesture() { m_gesture.reset(); }
+    Q_INVOKABLE void press();
+    Q_INVOKABLE void drag();
+    Q_INVOKABLE void lift() { release(); }
+    // Cuts the window to what can be seen of it, in rectangles with "x", "y", "width", "height" and
+    // "radius": clicks beside these go to what lies below.
+    Q_INVOKABLE void cut(const QVariantList& shapes);
+
+    bool orbEnabled() const;
+    QString name() const;
+    QString help() const;
+    QString elapsed() const;
+    bool holdingFn() const { return m_model.isRecording() && m_model.pushToTalk(); }
+    bool fnHintVisible() const { return m_fnHintVisible; }
+    bool live() const { return m_model.phase() != Phase::idle; }
+    QVariantList bars() const;
+    QVariantList dots() const;
+    QString news() const { return m_news; }
+
+Q_SIGNALS:
+    void stateChanged();
+    void elapsedChanged();
+    void fnHintVisibleChanged();
+    void glyphChanged();
+    void newsChanged();
+
+private:
+    void showFnHint();
+    void setFnHintVisible(bool visible);
+    void animate();
+    void tell(const QString& news);
+
+    Platform& m_platform;
+    AppModel& m_model;
+    std::unique_ptr<QWindow> m_window;
+    std::optional<PointerGesture> m_gesture;
+    QPoint m_startOrigin; // of the window at the press
+    bool m_holdingFn = false;
+    bool m_fnHintVisible = false;
+    QString m_news;
+    Timer m_fnHint;
+    Timer m_frame;
+    Timer m_newsEnd;
+};
+
+} // namespace vesko

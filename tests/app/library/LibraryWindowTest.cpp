@@ -1,0 +1,248 @@
+// What the library window shows and does.
+
+#include "VeskoApp/library/LibraryWindow.h"
+#include "tests/app/library/LibraryTest.h"
+
+#include <QTextCursor>
+#include <QUrl>
+
+namespace vesko {
+
+namespace {
+
+class LibraryWindowTest : public LibraryTest {
+protected:
+    void open()
+    {
+        LibraryTest::open();
+        openWindow();
+    }
+    void openWindow() { window = std::make_unique<LibraryWindow>(*model, machine.clock); }
+    std::string emptyTitle() const
+    {
+        return window->emptyState().toMap()[QStringLiteral("title")].toString().toStdString();
+    }
+    std::string emptyButton() const
+    {
+        return window->emptyState().toMap()[QStringLiteral("button")].toString().toStdString();
+    }
+    static QString text(const Uuid& id) { return QString::fromStdString(id.text()); }
+
+    std::unique_ptr<LibraryWindow> window; // ends before the model
+};
+
+TEST_F(LibraryWindowTest, AnEmptyListSaysWhatBelongsThere)
+{
+    open();
+    EXPECT_EQ(emptyTitle(), "A place for your next thought");
+    EXPECT_EQ(emptyButton(), "New note");
+    window->setQuery(QStringLiteral("fern"));
+    ASSERT_TRUE(eventually([&] { return emptyTitle() == "No matching notes"; }));
+    EXPECT_EQ(emptyButton(), "Clear search");
+    window->showTrash();
+    EXPECT_EQ(emptyTitle(), "Trash is empty"); // before the search that found nothing
+    EXPECT_EQ(emptyButton(), "");
+    window->showAllNotes();
+    window->fillEmptyState();
+    EXPECT_EQ(window->query(), QString());
+    window->fillEmptyState();
+    ASSERT_TRUE(eventually([&] { return window->noteCount() == 1; }));
+    EXPECT_FALSE(window->emptyState().isValid());
+}
+
+TEST_F(LibraryWindowTest, NothingIsEmptyBeforeTheLibraryIsOpen)
+{
+    start();
+    openWindow();
+    EXPECT_FALSE(window->emptyState().isValid());
+    EXPECT_FALSE(window->canCreate());
+    EXPECT_FALSE(window->canRecord());
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    drainEvents();
+    EXPECT_TRUE(window->canCreate());
+    EXPECT_EQ(emptyTitle(), "A place for your next thought");
+}
+
+TEST_F(LibraryWindowTest, TheHeaderNamesWhatIsShown)
+{
+    open();
+    EXPECT_EQ(window->listTitle(), QStringLiteral("All notes"));
+    const auto garden = makeProject("Garden");
+    window->showProject(text(garden));
+    EXPECT_EQ(window->listTitle(), QStringLiteral("Garden"));
+    EXPECT_EQ(window->selectedProjectID(), text(garden));
+    window->showTrash();
+    EXPECT_EQ(window->listTitle(), QStringLiteral("Trash"));
+    EXPECT_EQ(window->selectedProjectID(), QString());
+    window->showProject(text(garden));
+    EXPECT_FALSE(window->showingTrash());
+    window->showAllNotes();
+    EXPECT_EQ(window->listTitle(), QStringLiteral("All notes"));
+}
+
+TEST_F(LibraryWindowTest, ProjectsAreMadeAndRenamed)
+{
+    open();
+    window->saveProject({}, QStringLiteral("Garden"));
+    ASSERT_TRUE(eventually([&] { return window->projects().size() == 1; }));
+    const auto id = window->projects()[0].toMap()[QStringLiteral("id")].toString();
+    window->saveProject(id, QStringLiteral("Balcony"));
+    ASSERT_TRUE(eventually([&] {
+        return window->projects()[0].toMap()[QStringLiteral("name")] == QStringLiteral("Balcony");
+    }));
+    EXPECT_EQ(window->projects().size(), 1);
+}
+
+TEST_F(LibraryWindowTest, TheSelectedNoteHasAnEditorOfItsOwn)
+{
+    open();
+    const auto first = write("one", "");
+    const auto second = write("two", "");
+    drainEvents();
+    ASSERT_EQ(window->selectedRow(), 0);
+    EXPECT_EQ(window->editor()->id(), second);
+    window->selectRow(1);
+    EXPECT_EQ(window->editor()->id(), first);
+    window->selectRow(7);
+    EXPECT_EQ(window->editor()->id(), first);
+    EXPECT_EQ(window->editors().size(), 1);
+    window->showTrash();
+    EXPECT_TRUE(window->editors().isEmpty());
+    EXPECT_EQ(window->selectedRow(), -1);
+    window->showAllNotes();
+    EXPECT_EQ(window->editor()->id(), first);
+}
+
+TEST_F(LibraryWindowTest, AnotherSelectionSavesWhatWasTyped)
+{
+    open();
+    const auto first = write("one", "");
+    write("two", "");
+    window->selectRow(1);
+    QTextDocument document;
+    window->editor()->attach(document);
+    QTextCursor(&document).insertText(QStringLiteral("typed"));
+    window->selectRow(0);
+    ASSERT_TRUE(eventually([&] { return note(first).body == "typed"; }));
+    drainEvents();
+}
+
+TEST_F(LibraryWindowTest, WhatTrashingHidesIsSaved)
+{
+    open();
+    const auto id = write("one", "");
+    QTextDocument document;
+    window->editor()->attach(document);
+    QTextCursor(&document).insertText(QStringLiteral("typed"));
+    window->trashNote();
+    ASSERT_TRUE(eventually([&] { return !window->editor(); }));
+    ASSERT_TRUE(eventually([&] { return note(id).body == "typed"; }));
+    EXPECT_TRUE(note(id).deletedAt.has_value());
+    drainEvents();
+}
+
+TEST_F(LibraryWindowTest, TheEditedNoteStaysSelectedAsItMovesUp)
+{
+    open();
+    write("one", "");
+    write("two", "");
+    window->selectRow(1);
+    window->editor()->setTitle(QStringLiteral("one more"));
+    machine.clock.turn(1);
+    ASSERT_TRUE(eventually([&] { return window->selectedRow() == 0; }));
+    EXPECT_EQ(window->editor()->title(), QStringLiteral("one more"));
+}
+
+TEST_F(LibraryWindowTest, TheStatusLineTellsThePhase)
+{
+    open();
+    EXPECT_EQ(window->statusLine(), QStringLiteral("Ready to capture"));
+    machine.recorder.access.close();
+    model->recordNote(false);
+    EXPECT_EQ(window->statusLine(), QStringLiteral("Starting microphone"));
+    EXPECT_FALSE(window->canRecord());
+    machine.recorder.access.open();
+    ASSERT_TRUE(reach(Phase::recording));
+    EXPECT_EQ(window->recordText(), QStringLiteral("Finish recording"));
+    EXPECT_TRUE(window->canRecord());
+    machine.clock.turn(61.05);
+    EXPECT_EQ(window->statusLine(), QStringLiteral("Recording 1:01"));
+    machine.recognizer.hears.reset();
+    model->recordNote(false);
+    EXPECT_EQ(window->statusLine(), QStringLiteral("Transcribing"));
+    EXPECT_FALSE(window->canRecord());
+    ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
+    machine.recognizer.report({ .text = "heard", .isFinal = true });
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(window->statusLine(), QStringLiteral("Saved to your note"));
+    EXPECT_EQ(window->recordText(), QStringLiteral("Record note"));
+}
+
+TEST_F(LibraryWindowTest, TheActionsAreOnTheSelectedNote)
+{
+    open();
+    const auto other = write("other", "");
+    const auto id = write("Balcony", "tomatoes");
+    window->copyNote();
+    EXPECT_EQ(machine.clipboard.text, "Balcony\n\ntomatoes");
+    EXPECT_EQ(window->copiedNoteID(), text(id));
+    EXPECT_TRUE(window->exportFile().toLocalFile().endsWith(QStringLiteral("/Balcony.md")));
+    const auto file = folder.path() / "Balcony.md";
+    window->exportNote(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+    ASSERT_TRUE(eventually([&] { return std::filesystem::exists(file); }));
+    const auto garden = makeProject("Garden");
+    window->assign(text(garden));
+    ASSERT_TRUE(eventually([&] { return note(id).projectID == garden; }));
+    EXPECT_EQ(window->editor()->projectID(), text(garden));
+    window->assign({});
+    ASSERT_TRUE(eventually([&] { return !note(id).projectID; }));
+    window->trashNote();
+    ASSERT_TRUE(eventually([&] { return note(id).deletedAt.has_value(); }));
+    window->showTrash();
+    EXPECT_TRUE(window->editor()->trashed());
+    window->restoreNote();
+    ASSERT_TRUE(eventually([&] { return !note(id).deletedAt; }));
+    window->showAllNotes();
+    window->trashNote();
+    ASSERT_TRUE(eventually([&] { return note(id).deletedAt.has_value(); }));
+    window->showTrash();
+    window->deletePermanently();
+    ASSERT_TRUE(eventually([&] { return !model->note(id); }));
+    EXPECT_NE(model->note(other), nullptr);
+    // Without a selected note all of them do nothing.
+    window->copyNote();
+    window->assign(text(garden));
+    window->trashNote();
+    window->restoreNote();
+    window->deletePermanently();
+    EXPECT_FALSE(window->exportFile().isValid());
+    drainEvents();
+    EXPECT_EQ(model->library().notes.size(), 1U);
+}
+
+TEST_F(LibraryWindowTest, ARecordingIsPlayedAndTranscribedAgain)
+{
+    open();
+    const auto id = write("", "");
+    hear(id, "heard");
+    ASSERT_EQ(window->editor()->recordingCount(), 1);
+    const auto recording = text(note(id).recordings[0].id);
+    window->play(recording);
+    ASSERT_TRUE(eventually([&] { return window->playingID() == recording; }));
+    window->play(recording);
+    EXPECT_EQ(window->playingID(), QString());
+    machine.recognizer.hears = "heard better";
+    machine.clipboard.text.reset();
+    window->retry(recording);
+    ASSERT_TRUE(reach(Phase::idle));
+    ASSERT_TRUE(eventually([&] { return note(id).recordings[0].attempts.size() == 2; }));
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(machine.clipboard.text, std::nullopt);
+    window->play(QStringLiteral("no id"));
+    window->retry(QStringLiteral("no id"));
+    EXPECT_EQ(model->phase(), Phase::idle);
+}
+
+} // namespace
+
+} // namespace vesko

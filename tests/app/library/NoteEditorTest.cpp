@@ -1,0 +1,299 @@
+// A note being edited: nothing typed is lost, and no transcript is.
+
+#include "VeskoApp/library/NoteEditor.h"
+#include "tests/app/library/LibraryTest.h"
+
+#include <QTextCursor>
+
+namespace vesko {
+
+namespace {
+
+class NoteEditorTest : public LibraryTest {
+protected:
+    // The program runs, with an editor of a note with this body.
+    void edit(const std::string& body)
+    {
+        open();
+        id = write("", body);
+        openEditor();
+    }
+    void openEditor()
+    {
+        document.setPlainText({});
+        editor = std::make_unique<NoteEditor>(*model, machine.clock, note(id));
+        editor->attach(document);
+        QObject::connect(model.get(), &AppModel::libraryChanged, editor.get(),
+            [this] { editor->refresh(note(id)); });
+    }
+    void type(const char* text)
+    {
+        QTextCursor cursor(&document);
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertText(QString::fromUtf8(text));
+    }
+    [[nodiscard]] bool saved()
+    {
+        return eventually([&] { return editor->saved(); });
+    }
+    std::string shown() const
+    {
+        auto text = document.toRawText();
+        text.replace(QChar::ParagraphSeparator, u'\n');
+        return text.toStdString();
+    }
+
+    Uuid id;
+    QTextDocument document;
+    std::unique_ptr<NoteEditor> editor; // ends before the model
+};
+
+TEST_F(NoteEditorTest, WhatIsTypedIsPendingAtOnceAndSavedSoon)
+{
+    edit("begun");
+    EXPECT_FALSE(editor->saved());
+    EXPECT_EQ(machine.clock.armed(), 0U);
+    type(" and");
+    EXPECT_TRUE(editor->dirty());
+    EXPECT_EQ(model->pendingEdits().at(id), (AppModel::PendingEdit{ "", "begun and", "begun" }));
+    machine.clock.turn(0.349);
+    drainEvents();
+    EXPECT_EQ(note(id).body, "begun");
+    machine.clock.turn(0.002);
+    ASSERT_TRUE(saved());
+    EXPECT_FALSE(editor->dirty());
+    EXPECT_EQ(note(id).body, "begun and");
+    EXPECT_TRUE(model->pendingEdits().empty());
+    type(" more");
+    EXPECT_FALSE(editor->saved());
+}
+
+TEST_F(NoteEditorTest, WhoWritesWithoutAPauseIsSavedAllTheSame)
+{
+    edit("");
+    for (int letter = 0; letter < 10; ++letter) {
+        type("x");
+        machine.clock.turn(0.1);
+        drainEvents();
+    }
+    ASSERT_TRUE(eventually([&] { return note(id).body.size() >= 4; }));
+}
+
+TEST_F(NoteEditorTest, TypingDuringASaveIsSavedAfterIt)
+{
+    edit("");
+    type("a");
+    machine.clock.turn(0.36); // the save is under way
+    type("b");
+    ASSERT_TRUE(eventually([&] { return note(id).body == "a"; }));
+    EXPECT_TRUE(editor->dirty());
+    EXPECT_EQ(model->pendingEdits().at(id).body, "ab");
+    EXPECT_EQ(shown(), "ab");
+    ASSERT_TRUE(eventually([&] { return machine.clock.armed() == 1; }));
+    machine.clock.turn(0.36);
+    ASSERT_TRUE(saved());
+    EXPECT_EQ(note(id).body, "ab");
+}
+
+TEST_F(NoteEditorTest, TheTitleIsSavedWithTheText)
+{
+    edit("text");
+    editor->setTitle(QStringLiteral("Название"));
+    editor->setTitle(QStringLiteral("Название"));
+    machine.clock.turn(0.36);
+    ASSERT_TRUE(saved());
+    EXPECT_EQ(note(id).title, "Название");
+    EXPECT_EQ(note(id).body, "text");
+}
+
+TEST_F(NoteEditorTest, ATranscriptThatLandsWhileCleanShowsAtOnce)
+{
+    edit("begun");
+    hear(id, "and heard");
+    EXPECT_EQ(shown(), "begun\n\nand heard");
+    EXPECT_FALSE(editor->dirty());
+    EXPECT_FALSE(editor->saved()); // an edit that nobody made
+    type("!");
+    EXPECT_EQ(model->pendingEdits().at(id).baseBody, "begun\n\nand heard");
+}
+
+TEST_F(NoteEditorTest, ATranscriptThatLandsWhileDirtyShowsWithTheSave)
+{
+    edit("begun");
+    model->setSelectedNoteID(id);
+    machine.clock.turn(1);
+    model->recordNote(true);
+    ASSERT_TRUE(reach(Phase::recording));
+    machine.recognizer.hears.reset();
+    model->recordNote(true);
+    ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
+    type(" typed");
+    machine.recognizer.report({ .text = "heard", .isFinal = true });
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(note(id).body, "begun\n\nheard");
+    EXPECT_EQ(shown(), "begun typed");
+    machine.clock.turn(1);
+    ASSERT_TRUE(saved());
+    EXPECT_EQ(note(id).body, "begun typed\n\nheard");
+    EXPECT_EQ(shown(), "begun typed\n\nheard");
+}
+
+TEST_F(NoteEditorTest, AMergeIsOneStepAndLeavesTheUsersOwnStepsAndCaret)
+{
+    edit("one two");
+    type(" three");
+    QTextCursor caret(&document);
+    caret.setPosition(4);
+    machine.clock.turn(1);
+    ASSERT_TRUE(saved());
+    machine.clock.turn(1);
+    std::vector<int> merges;
+    QObject::connect(editor.get(), &NoteEditor::merging, [&](int at) { merges.push_back(at); });
+    hear(id, "four");
+    EXPECT_EQ(shown(), "one two three\n\nfour");
+    EXPECT_EQ(merges, std::vector{ 13 });
+    EXPECT_EQ(caret.position(), 4);
+    document.undo();
+    EXPECT_EQ(shown(), "one two three");
+    EXPECT_TRUE(editor->dirty());
+    document.undo();
+    EXPECT_EQ(shown(), "one two");
+    document.redo();
+    document.redo();
+    EXPECT_EQ(shown(), "one two three\n\nfour");
+}
+
+TEST_F(NoteEditorTest, AMergeNeverCutsACharacterInTwo)
+{
+    edit("😀");
+    machine.clock.turn(1);
+    awaited(model->editNote(id, { "", "😁", "😀" })); // they differ in their second half
+    EXPECT_EQ(shown(), "😁");
+    awaited(model->editNote(id, { "", "x𐀁", "" }));
+    awaited(model->editNote(id, { "", "x𐐁", "" })); // these in their first
+    EXPECT_EQ(shown(), "x𐐁");
+}
+
+TEST_F(NoteEditorTest, LineEndsOfEveryKindAreShownAndNothingIsChangedByIt)
+{
+    edit("a\r\nb\rc\xc2\xa0" "d");
+    EXPECT_EQ(shown(), "a\nb\nc\xc2\xa0" "d");
+    EXPECT_FALSE(editor->dirty());
+    type("!");
+    machine.clock.turn(1);
+    ASSERT_TRUE(saved());
+    EXPECT_EQ(note(id).body, "a\nb\nc\xc2\xa0" "d!"); // the no-break space is still one
+}
+
+TEST_F(NoteEditorTest, TheEndOfTheEditorSavesWhatItHolds)
+{
+    edit("begun");
+    type(" and left");
+    editor.reset();
+    ASSERT_TRUE(eventually([&] { return note(id).body == "begun and left"; }));
+    drainEvents();
+    EXPECT_TRUE(model->pendingEdits().empty());
+    EXPECT_EQ(machine.clock.armed(), 0U);
+}
+
+TEST_F(NoteEditorTest, TheEndOfTheEditorUnderASaveLosesNothing)
+{
+    edit("begun");
+    type(" one");
+    machine.clock.turn(0.36);
+    type(" two");
+    editor.reset();
+    ASSERT_TRUE(eventually([&] { return note(id).body == "begun one two"; }));
+}
+
+TEST_F(NoteEditorTest, ACleanEditorEndsWithoutASave)
+{
+    edit("begun");
+    const auto before = note(id).updatedAt;
+    machine.clock.turn(1);
+    editor.reset();
+    drainEvents();
+    EXPECT_EQ(note(id).updatedAt, before);
+}
+
+TEST_F(NoteEditorTest, AFailingDiskLosesNothingAndSaysSo)
+{
+    edit("begun");
+    type(" typed");
+    breakStore();
+    machine.clock.turn(1);
+    ASSERT_TRUE(eventually([&] { return model->errorMessage() == storageFailed; }));
+    drainEvents();
+    EXPECT_FALSE(editor->saved());
+    EXPECT_TRUE(editor->dirty());
+    EXPECT_EQ(shown(), "begun typed");
+
+    // Another note is looked at and this one again: what was typed is still there.
+    editor.reset();
+    ASSERT_TRUE(eventually([&] { return machine.clock.armed() == 0; }));
+    drainEvents();
+    openEditor();
+    EXPECT_EQ(shown(), "begun typed");
+    type(" and more");
+    repairStore();
+    machine.clock.turn(1);
+    ASSERT_TRUE(saved());
+    EXPECT_EQ(note(id).body, "begun typed and more");
+}
+
+TEST_F(NoteEditorTest, ANoteInTheTrashIsNotEdited)
+{
+    edit("begun");
+    moveToTrash(id);
+    drainEvents();
+    EXPECT_TRUE(editor->trashed());
+    editor->setTitle(QStringLiteral("no"));
+    type("no");
+    EXPECT_FALSE(editor->dirty());
+    EXPECT_TRUE(model->pendingEdits().empty());
+    EXPECT_EQ(editor->title(), QString());
+}
+
+TEST_F(NoteEditorTest, CopyingWithinTheDelayCopiesTheNewText)
+{
+    edit("begun");
+    type(" and typed");
+    model->copyNote(id);
+    EXPECT_EQ(machine.clipboard.text, "begun and typed");
+}
+
+TEST_F(NoteEditorTest, QuittingWithinTheDelayWritesTheNote)
+{
+    edit("begun");
+    type(" and typed");
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+    EXPECT_EQ(note(id).body, "begun and typed");
+}
+
+TEST_F(NoteEditorTest, TheRecordingsOfTheNoteAreListed)
+{
+    edit("begun");
+    EXPECT_EQ(editor->recordingCount(), 0);
+    hear(id, "heard");
+    EXPECT_EQ(editor->recordingCount(), 1);
+}
+
+TEST_F(NoteEditorTest, ThePromptTellsTheKindOfNote)
+{
+    const struct {
+        NoteKind kind;
+        const char* prompt;
+    } rows[] = { { NoteKind::text, "Note title" }, { NoteKind::voice, "Voice note" },
+        { NoteKind::dictation, "Dictation" } };
+    start();
+    for (const auto& row : rows) {
+        Note untitled;
+        untitled.kind = row.kind;
+        EXPECT_EQ(NoteEditor(*model, machine.clock, untitled).titlePrompt().toStdString(),
+            row.prompt);
+    }
+}
+
+} // namespace
+
+} // namespace vesko

@@ -1,0 +1,270 @@
+// The floating control.
+
+#include "VeskoApp/shell/CaptureControl.h"
+#include "tests/app/capture/AppModelTest.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace vesko {
+
+namespace {
+
+class CaptureControlTest : public AppModelTest {
+protected:
+    void open()
+    {
+        AppModelTest::open();
+        makeControl();
+    }
+    void makeControl()
+    {
+        control = std::make_unique<CaptureControl>(machine.all, *model);
+        auto made = std::make_unique<QWindow>();
+        made->resize(240, 236);
+        window = made.get();
+        control->setWindow(std::move(made));
+        control->show(true);
+    }
+    static QPoint corner()
+    {
+        const auto free = QGuiApplication::primaryScreen()->availableGeometry();
+        return { free.x() + free.width() - 240 - 24, free.y() + free.height() - 236 - 24 };
+    }
+    std::optional<SettingValue> savedOrigin() const
+    {
+        return machine.settings.value("capturePanelOrigin");
+    }
+
+    std::unique_ptr<CaptureControl> control; // ends before the model
+    QWindow* window = nullptr;
+};
+
+TEST_F(CaptureControlTest, APressAndAReleaseAreAClick)
+{
+    open();
+    control->press({ 100, 100 });
+    control->drag({ 103, 100 });
+    control->release();
+    EXPECT_EQ(machine.focusedField.reads.size(), 1U);
+    ASSERT_TRUE(reach(Phase::recording));
+    EXPECT_EQ(window->position(), corner());
+    EXPECT_EQ(savedOrigin(), std::nullopt);
+}
+
+TEST_F(CaptureControlTest, ADragMovesTheWindowAndStartsNothing)
+{
+    open();
+    control->press({ 100, 100 });
+    control->drag({ 95, 100 });
+    EXPECT_EQ(window->position(), corner() - QPoint(5, 0));
+    control->drag({ 60, 80 });
+    control->release();
+    EXPECT_EQ(window->position(), corner() - QPoint(40, 20));
+    const auto at = QPointF(corner() - QPoint(40, 20));
+    EXPECT_EQ(savedOrigin(), (SettingValue{ std::vector<double>{ at.x(), at.y() } }));
+    EXPECT_TRUE(machine.focusedField.reads.empty());
+    makeControl();
+    EXPECT_EQ(window->position(), corner() - QPoint(40, 20));
+}
+
+TEST_F(CaptureControlTest, ADragOutAndBackIsNoClick)
+{
+    open();
+    control->press({ 100, 100 });
+    control->drag({ 110, 100 });
+    control->drag({ 100, 100 });
+    control->release();
+    EXPECT_TRUE(machine.focusedField.reads.empty());
+    EXPECT_EQ(window->position(), corner());
+}
+
+TEST_F(CaptureControlTest, APressThatOpensTheMenuIsNoClick)
+{
+    open();
+    control->press({ 100, 100 });
+    control->dropGesture();
+    control->drag({ 150, 100 });
+    control->release();
+    control->release();
+    EXPECT_TRUE(machine.focusedField.reads.empty());
+    EXPECT_EQ(window->position(), corner());
+}
+
+TEST_F(CaptureControlTest, AClickWhileItIsBusyIsIgnored)
+{
+    open();
+    machine.recorder.access.close();
+    model->toggleDictation();
+    EXPECT_FALSE(control->orbEnabled());
+    machine.recorder.access.open();
+    ASSERT_TRUE(reach(Phase::recording));
+    EXPECT_TRUE(control->orbEnabled());
+    machine.recognizer.hears.reset();
+    model->toggleDictation();
+    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_FALSE(control->orbEnabled());
+    control->press({ 100, 100 });
+    control->release();
+    EXPECT_EQ(machine.focusedField.reads.size(), 1U);
+}
+
+TEST_F(CaptureControlTest, NothingCanBeClickedBeforeTheLibraryIsOpen)
+{
+    start();
+    makeControl();
+    EXPECT_FALSE(control->orbEnabled());
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    EXPECT_TRUE(control->orbEnabled());
+}
+
+TEST_F(CaptureControlTest, ASavedPlaceCountsOnlyWholeOnAScreen)
+{
+    const struct {
+        const char* what;
+        SettingValue saved;
+        bool restored;
+    } rows[] = {
+        { "on the screen", std::vector<double>{ 100, 50 }, true },
+        { "on a screen that is gone", std::vector<double>{ 5000, 50 }, false },
+        { "partly off", std::vector<double>{ -1, 50 }, false },
+        { "one number", std::vector<double>{ 100 }, false },
+        { "three numbers", std::vector<double>{ 100, 50, 1 }, false },
+        { "another kind", std::string("100,50"), false },
+    };
+    AppModelTest::open();
+    for (const auto& row : rows) {
+        machine.settings.values["capturePanelOrigin"] = row.saved;
+        makeControl();
+        EXPECT_EQ(window->position(), row.restored ? QPoint(100, 50) : corner()) << row.what;
+        EXPECT_EQ(savedOrigin(), row.saved) << row.what;
+    }
+}
+
+TEST_F(CaptureControlTest, ItFloatsEachTimeItIsShown)
+{
+    open();
+    control->show(true);
+    EXPECT_EQ(machine.desktop.floating.size(), 1U);
+    control->show(false);
+    EXPECT_FALSE(window->isVisible());
+    control->show(true);
+    EXPECT_EQ(machine.desktop.floating.size(), 2U);
+}
+
+TEST_F(CaptureControlTest, ItSaysWhatAClickDoes)
+{
+    open();
+    EXPECT_EQ(control->name(), QStringLiteral("Start dictation"));
+    EXPECT_EQ(control->help().toStdString(),
+        "Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift "
+        "Space");
+    EXPECT_EQ(control->elapsed(), QString());
+    dictate();
+    machine.clock.turn(3.05);
+    EXPECT_EQ(control->name(), QStringLiteral("Stop dictation"));
+    EXPECT_EQ(control->help().toStdString(),
+        "Click once to stop. Drag to move. Right-click for the menu.");
+    EXPECT_EQ(control->elapsed(), QStringLiteral("0:03"));
+}
+
+TEST_F(CaptureControlTest, TheHintOfAHeldKeyGoesAfterAWhile)
+{
+    open();
+    model->handleFn(FnShortcutAction::begin);
+    ASSERT_TRUE(reach(Phase::recording));
+    EXPECT_FALSE(control->fnHintVisible());
+    model->handleFn(FnShortcutAction::hold);
+    EXPECT_TRUE(control->holdingFn());
+    EXPECT_TRUE(control->fnHintVisible());
+    machine.clock.turn(2.39);
+    EXPECT_TRUE(control->fnHintVisible());
+    machine.clock.turn(0.02);
+    EXPECT_FALSE(control->fnHintVisible());
+}
+
+TEST_F(CaptureControlTest, TheHintGoesWithTheKey)
+{
+    open();
+    model->handleFn(FnShortcutAction::begin);
+    ASSERT_TRUE(reach(Phase::recording));
+    model->handleFn(FnShortcutAction::hold);
+    machine.clock.turn(1);
+    model->handleFn(FnShortcutAction::finish);
+    EXPECT_FALSE(control->holdingFn());
+    EXPECT_FALSE(control->fnHintVisible());
+}
+
+TEST_F(CaptureControlTest, NothingMovesWhileNothingGoesOn)
+{
+    open();
+    machine.clock.turn(60);
+    int frames = 0;
+    QObject::connect(control.get(), &CaptureControl::glyphChanged, [&] { ++frames; });
+    machine.clock.turn(60);
+    EXPECT_EQ(frames, 0);
+    EXPECT_EQ(machine.clock.armed(), 0U);
+    EXPECT_TRUE(control->bars().isEmpty());
+    EXPECT_TRUE(control->dots().isEmpty());
+}
+
+TEST_F(CaptureControlTest, TheGlyphFollowsTheVoice)
+{
+    open();
+    machine.recorder.power = -160;
+    dictate();
+    machine.clock.turn(1);
+    EXPECT_EQ(control->dots().size(), 3);
+    EXPECT_TRUE(control->bars().isEmpty());
+    machine.recorder.power = -10;
+    int frames = 0;
+    QObject::connect(control.get(), &CaptureControl::glyphChanged, [&] { ++frames; });
+    machine.clock.turn(1);
+    EXPECT_EQ(control->bars().size(), 5);
+    EXPECT_TRUE(control->dots().isEmpty());
+    EXPECT_GE(frames, 19);
+    control->show(false);
+    frames = 0;
+    machine.clock.turn(1);
+    EXPECT_EQ(frames, 0);
+}
+
+TEST_F(CaptureControlTest, WhoWantsStillnessSeesTheLevelAlone)
+{
+    machine.appearance.prefersStillness = true;
+    open();
+    machine.recorder.power = -10;
+    dictate();
+    int frames = 0;
+    QObject::connect(control.get(), &CaptureControl::glyphChanged, [&] { ++frames; });
+    machine.clock.turn(1);
+    EXPECT_LE(frames, 11);
+    EXPECT_EQ(control->bars()[0], control->bars()[4]);
+}
+
+TEST_F(CaptureControlTest, NewsAreShownForAWhile)
+{
+    open();
+    EXPECT_EQ(control->news(), QString());
+    model->copy("text");
+    EXPECT_EQ(control->news(), QStringLiteral("Copied to clipboard"));
+    machine.clock.turn(7.9);
+    EXPECT_EQ(control->news(), QStringLiteral("Copied to clipboard"));
+    machine.clock.turn(0.2);
+    EXPECT_EQ(control->news(), QString());
+}
+
+TEST_F(CaptureControlTest, TheWindowIsCutToWhatIsSeen)
+{
+    open();
+    control->cut({ QVariantMap{ { QStringLiteral("x"), 184 }, { QStringLiteral("y"), 180 },
+        { QStringLiteral("width"), 56 }, { QStringLiteral("height"), 56 },
+        { QStringLiteral("radius"), 28 } } });
+    EXPECT_TRUE(window->mask().contains(QPoint(212, 208)));
+    EXPECT_FALSE(window->mask().contains(QPoint(185, 181)));
+    EXPECT_FALSE(window->mask().contains(QPoint(20, 20)));
+}
+
+} // namespace
+
+} // namespace vesko

@@ -1,0 +1,325 @@
+#!/usr/bin/python3
+"""The library window, driven through the accessibility bus and the keyboard alone, and the
+floating control beside a real editor."""
+
+import os
+import sys
+import unittest
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+
+from lib import cases, clipboard, eyes, hands, library, settings  # noqa: E402
+from lib.programs import Mousepad  # noqa: E402
+from lib.service import OpenRouter  # noqa: E402
+from lib.vesko import Vesko, deployed, install_key  # noqa: E402
+from lib.waiting import human_pause, until  # noqa: E402
+
+BUTTON, ITEM, ROW, TEXT = "push button", "menu item", "list item", "text"
+
+
+class LibraryWindow(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.service = OpenRouter()
+        cls.addClassCleanup(cls.service.stop)
+        cls.binary = deployed(cls.service.url)
+        install_key("test-key", cls.binary)
+        settings.write(provider="openrouter", keySource="vesko", firstLaunchDone=True,
+                       onboardingCompleted=True)
+
+    def setUp(self):
+        self.vesko = Vesko(self.binary, arguments=())
+        self.addCleanup(self.vesko.kill)
+        self.vesko.wait_for("ready")
+        until("the window has the keyboard",
+              lambda: eyes.active_pid() == self.vesko.process.pid)
+
+    def notes(self):
+        return (library.read(self.vesko.root) or {"notes": []})["notes"]
+
+    def only_note(self):
+        self.assertEqual(len(self.notes()), 1)
+        return self.notes()[0]
+
+    def saved(self, body, deadline=5):
+        until(f"{body!r} is saved; the library holds {self.notes()}",
+              lambda: any(note["body"] == body for note in self.notes()), deadline)
+
+    def new_note(self, letters=""):
+        before = len(self.notes())
+        self.vesko.press(BUTTON, "New note")
+        until("a note is made", lambda: len(self.notes()) > before)
+        body = self.vesko.wait_to_find(TEXT, "Note text")
+        if letters:
+            hands.click(*body.centre)
+            until("the text has the keyboard", lambda: "focused" in body.states)
+            hands.type_letters(letters)
+        return body
+
+    def choose(self, item):
+        """An item of the note's menu."""
+        self.vesko.press("button menu" if self.vesko.find("button menu", "Note actions") else
+                         BUTTON, "Note actions")
+        self.vesko.press(ITEM, item)
+
+    def test_a_note_is_typed_and_saved_without_a_word(self):
+        body = self.new_note("buy bread")
+        self.saved("buy bread")
+        self.vesko.wait_to_find("label", "Saved on this computer")
+        title = self.vesko.wait_to_find(TEXT, "Note title")
+        hands.click(*title.centre)
+        hands.type_letters("errands")
+        until("the title is saved", lambda: self.only_note()["title"] == "errands")
+        self.vesko.wait_to_find(ROW, "errands")
+        hands.click(*body.centre)
+        hands.tap("left control", "z")
+        self.saved("")
+        hands.tap("left control", "left shift", "z")
+        self.saved("buy bread")
+
+    def test_everything_by_keys_alone(self):
+        hands.tap("left control", "n")
+        until("a note is made", lambda: self.notes())
+        hands.tap("left control", "f")
+        until("the search has the keyboard", lambda: (
+            found := self.vesko.find(TEXT, "Search notes and transcripts")) and
+            "focused" in found.states)
+        hands.type_letters("zebra")
+        self.vesko.wait_to_find("label", "No matching notes")
+        hands.tap("escape")
+        self.vesko.wait_to_find(ROW, "Untitled note")
+        hands.tap("left control", "w")
+        until("the window is closed", lambda: not self.vesko.find(BUTTON, "New note"))
+        self.assertIsNone(self.vesko.process.poll())
+
+    def test_what_was_typed_a_moment_ago_survives_the_quit(self):
+        self.new_note("almost lost")
+        self.vesko.quit()
+        self.assertEqual(self.only_note()["body"], "almost lost")
+
+    def test_closing_the_window_loses_nothing(self):
+        self.new_note("almost lost")
+        hands.tap("left control", "w")
+        self.saved("almost lost")
+
+    def test_a_transcript_lands_while_nothing_is_typed(self):
+        body = self.new_note("begun")
+        self.saved("begun")
+        self.service.answer("and heard")
+        self.vesko.press(BUTTON, "Add voice")
+        self.vesko.wait_for("recording")
+        self.vesko.press(BUTTON, "Finish recording")
+        until("the words are shown", lambda: body.text == "begun\n\nand heard")
+        self.saved("begun\n\nand heard")
+        self.assertEqual(len(self.only_note()["recordings"]), 1)
+
+    def test_a_transcript_lands_while_something_is_typed(self):
+        body = self.new_note("begun")
+        self.saved("begun")
+        self.service.answer("and heard")
+        self.service.hold()
+        self.vesko.press(BUTTON, "Add voice")
+        self.vesko.wait_for("recording")
+        self.vesko.press(BUTTON, "Finish recording")
+        self.service.wait_for_request()
+        hands.click(*body.centre)
+        self.service.release()
+        for letter in "typed on and on":
+            hands.type_letters(letter)
+            human_pause(0.05)
+        until("both are shown",
+              lambda: "begun" in body.text and "typed on and on" in body.text
+              and body.text.endswith("and heard"))
+        self.saved(body.text)
+        self.vesko.wait_for("ready")
+
+    def test_a_search_finds_and_is_cleared(self):
+        self.new_note("bread")
+        self.saved("bread")
+        self.new_note("milk")
+        self.saved("milk")
+        search = self.vesko.wait_to_find(TEXT, "Search notes and transcripts")
+        hands.click(*search.centre)
+        hands.type_letters("brea")
+        until("one is left", lambda: not self.vesko.find(ROW, "milk")
+              and self.vesko.find(ROW, "bread"))
+        hands.type_letters("x")
+        self.vesko.press(BUTTON, "Clear search")
+        self.vesko.wait_to_find(ROW, "milk")
+        self.assertEqual(search.text, "")
+
+    def test_a_note_is_copied(self):
+        self.new_note("copied at once")
+        self.vesko.press(BUTTON, "Copy note")
+        self.vesko.wait_to_find(BUTTON, "Note copied")
+        self.assertEqual(clipboard.read(), "copied at once")
+        self.vesko.wait_to_find(BUTTON, "Copy note")
+
+    def test_a_note_is_exported(self):
+        self.new_note("to a file")
+        self.saved("to a file")
+        self.choose("Export Markdown…")
+        self.vesko.press(BUTTON, "Save")
+        folder = os.path.join(os.environ["HOME"], "Documents")
+        path = until("the file is written", lambda: next(
+            (os.path.join(at, name) for at, _, names in os.walk(os.environ["HOME"])
+             for name in names if name.endswith(".md")), None))
+        with open(path, encoding="utf-8") as file:
+            self.assertIn("to a file", file.read())
+        self.assertTrue(path.startswith(os.environ["HOME"]), folder)
+
+    def test_a_note_goes_to_the_trash_and_comes_back_and_goes_for_good(self):
+        self.new_note("waste")
+        self.saved("waste")
+        self.choose("Move to Trash…")
+        self.vesko.wait_to_find("label", "Move this note to Trash?")
+        self.vesko.press(BUTTON, "Move to Trash")
+        until("it is in the Trash", lambda: "deletedAt" in self.only_note())
+        self.vesko.press(ROW, "Trash")
+        self.vesko.press(ROW, "waste")
+        self.choose("Restore note")
+        until("it is back", lambda: "deletedAt" not in self.only_note())
+        self.vesko.wait_to_find("label", "Trash is empty")
+        self.vesko.press(ROW, "All notes")
+        self.choose("Move to Trash…")
+        self.vesko.press(BUTTON, "Move to Trash")
+        until("it is in the Trash", lambda: "deletedAt" in self.only_note())
+        self.vesko.press(ROW, "Trash")
+        self.vesko.press(ROW, "waste")
+        self.choose("Delete permanently…")
+        self.vesko.press(BUTTON, "Cancel")
+        human_pause(0.3)
+        self.assertEqual(len(self.notes()), 1)
+        self.choose("Delete permanently…")
+        self.vesko.press(BUTTON, "Delete permanently")
+        until("it is gone", lambda: not self.notes())
+
+    def test_a_project_is_made_renamed_and_given_to_a_note(self):
+        self.new_note("bread")
+        self.saved("bread")
+        self.vesko.press(BUTTON, "New project")
+        self.vesko.wait_to_find(TEXT, "Project name")
+        hands.type_letters("garden")
+        self.vesko.press(BUTTON, "Save")
+        self.vesko.press(ROW, "garden")
+        self.vesko.press(BUTTON, "Rename project")
+        self.vesko.wait_to_find(TEXT, "Project name")
+        hands.type_letters("balcony")
+        hands.tap("return")
+        self.vesko.wait_to_find(ROW, "balcony")
+        self.vesko.press(ROW, "All notes")
+        self.vesko.press("combo box", "Project")
+        until("the list is open", lambda: [node for node in self.all_of(ROW, "balcony")][1:])
+        self.all_of(ROW, "balcony")[-1].activate()
+        project = library.read(self.vesko.root)["projects"][0]["id"]
+        until("the note is in the project", lambda: self.only_note().get("projectID") == project)
+
+    def all_of(self, role, name):
+        found = []
+        for node in self.vesko.app.walk():
+            try:
+                if node.role == role and node.name == name and "showing" in node.states:
+                    found.append(node)
+            except eyes.Gone:
+                continue
+        return found
+
+    def test_a_recording_is_transcribed_again(self):
+        self.service.answer("heard badly")
+        self.vesko.press(BUTTON, "Record note")
+        self.vesko.wait_for("recording")
+        self.vesko.press(BUTTON, "Finish recording")
+        self.saved("heard badly")
+        self.vesko.wait_for("ready")
+        self.service.answer("heard well")
+        self.vesko.press(BUTTON, "Retry…")
+        self.vesko.wait_to_find("label", "Transcribe this original again?")
+        self.vesko.press(BUTTON, "Transcribe")
+        until("there is a second attempt", lambda: len(
+            self.only_note()["recordings"][0]["attempts"]) == 2)
+        self.vesko.wait_for("ready")
+        self.assertEqual(self.only_note()["recordings"][0]["attempts"][1]["text"], "heard well")
+
+    def test_a_disk_that_fails_is_told_and_nothing_typed_is_lost(self):
+        body = self.new_note("kept")
+        self.saved("kept")
+        document = os.path.join(self.vesko.root, "library.json")
+        os.rename(document, document + ".aside")
+        os.mkdir(document)
+        hands.type_letters(" on")
+        self.vesko.wait_to_find(
+            "label", "Vesko could not save this change. Check free disk space and access to the "
+            "data folder.")
+        self.assertEqual(body.text, "kept on")
+        os.rmdir(document)
+        os.rename(document + ".aside", document)
+        self.vesko.press(BUTTON, "Dismiss message")
+        self.vesko.quit()
+        self.assertEqual(self.only_note()["body"], "kept on")
+
+
+class FloatingControl(unittest.TestCase):
+    """What the pointer does to it, while an editor keeps its caret."""
+
+    def setUp(self):
+        settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True)
+        self.vesko = Vesko()
+        self.addCleanup(self.vesko.kill)
+        self.vesko.wait_for("ready")
+        self.editor = Mousepad("here")
+        self.addCleanup(self.editor.kill)
+        hands.tap("end")
+        until("the caret is at the end", lambda: self.editor.field.caret == 4)
+
+    def keeps_the_caret(self):
+        self.assertEqual(eyes.active_pid(), self.editor.process.pid)
+        self.assertEqual(eyes.focused(self.editor.app), self.editor.field)
+        self.assertEqual(self.editor.field.caret, 4)
+
+    def test_a_click_dictates(self):
+        hands.click(*self.vesko.button.centre)
+        self.vesko.wait_for("recording")
+        self.keeps_the_caret()
+        hands.click(*self.vesko.button.centre)
+        self.vesko.wait_for("ready")
+        self.assertEqual(eyes.active_pid(), self.editor.process.pid)
+
+    def test_a_drag_moves_it_for_good(self):
+        x, y = self.vesko.button.centre
+        hands.drag((x, y), (x - 300, y - 200))
+        until("it has moved", lambda: abs(self.vesko.button.centre[0] - (x - 300)) < 3)
+        self.keeps_the_caret()
+        self.assertEqual(self.vesko.phase, "ready")
+        self.assertIsNone(self.vesko.last_recording())
+        self.vesko.quit()
+        again = Vesko(root=self.vesko.root)
+        self.addCleanup(again.kill)
+        until("it is where it was", lambda: abs(again.button.centre[0] - (x - 300)) < 3)
+
+    def test_a_right_click_shows_the_menu(self):
+        hands.click(*self.vesko.button.centre, button=3)
+        row = until("the menu is open", lambda: self.vesko.panel.find(ITEM, "Open Vesko"))
+        until("it can be seen", lambda: "showing" in row.states)
+        self.keeps_the_caret()
+        self.assertEqual(self.vesko.phase, "ready")
+        hands.click(*row.centre)
+        self.vesko.wait_to_find(BUTTON, "New note")
+
+    def test_a_control_click_shows_the_menu_and_starts_nothing(self):
+        hands.press("left control")
+        hands.click(*self.vesko.button.centre)
+        hands.release("left control")
+        until("the menu is open", lambda: self.vesko.panel.find(ITEM, "Quit Vesko"))
+        self.keeps_the_caret()
+        self.assertEqual(self.vesko.phase, "ready")
+
+    def test_it_is_above_others_and_on_every_workspace(self):
+        window = eyes.windows(self.vesko.process.pid)[0]
+        self.assertEqual(eyes.window_property(window, "_NET_WM_DESKTOP"), "4294967295")
+        states = eyes.window_property(window, "_NET_WM_STATE")
+        for state in ("ABOVE", "SKIP_TASKBAR", "SKIP_PAGER"):
+            self.assertIn("_NET_WM_STATE_" + state, states)
+
+
+if __name__ == "__main__":
+    cases.main()
