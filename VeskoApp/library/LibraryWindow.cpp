@@ -4,6 +4,8 @@
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -28,6 +30,14 @@ QVariantMap words(const char* title, const char* text, const char* button)
     return { { QStringLiteral("title"), translated(title) },
         { QStringLiteral("text"), translated(text) },
         { QStringLiteral("button"), translated(button) } };
+}
+
+// A path as the user writes it: below the home folder unless it says otherwise.
+QString absolute(const QString& path)
+{
+    const auto written = path.trimmed();
+    return QDir::home().absoluteFilePath(
+        written.startsWith(QStringLiteral("~/")) ? written.mid(2) : written);
 }
 
 } // namespace
@@ -218,25 +228,28 @@ void LibraryWindow::copyNote()
         m_model.copyNote(m_editor->id());
 }
 
-QUrl LibraryWindow::exportFolder() const
-{
-    return QUrl::fromLocalFile(
-        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-}
-
-QUrl LibraryWindow::exportFile() const
+QString LibraryWindow::exportPath() const
 {
     const Note* const note = m_model.selectedNote();
     if (!note)
         return {};
-    return QUrl::fromLocalFile(exportFolder().toLocalFile() + u'/'
-        + QString::fromStdString(AppModel::exportName(*note)));
+    auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QFileInfo(folder).isDir())
+        folder = QDir::homePath();
+    if (folder == QDir::homePath() || folder.startsWith(QDir::homePath() + u'/'))
+        folder.replace(0, QDir::homePath().size(), QStringLiteral("~"));
+    return folder + u'/' + QString::fromStdString(AppModel::exportName(*note));
 }
 
-void LibraryWindow::exportNote(const QUrl& file)
+bool LibraryWindow::replacesFile(const QString& path)
+{
+    return QFileInfo::exists(absolute(path));
+}
+
+void LibraryWindow::exportNote(const QString& path)
 {
     if (m_editor)
-        m_model.exportNote(m_editor->id(), file.toLocalFile().toStdString());
+        m_model.exportNote(m_editor->id(), absolute(path).toStdString());
 }
 
 void LibraryWindow::assign(const QString& projectID)

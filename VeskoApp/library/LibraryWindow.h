@@ -4,7 +4,6 @@
 #include "VeskoApp/library/NoteListModel.h"
 
 #include <QObject>
-#include <QUrl>
 #include <QVariant>
 
 #include <memory>
@@ -71,10 +70,11 @@ public:
 
     // On the selected note.
     Q_INVOKABLE void copyNote();
-    // Where an export goes if the user has no better idea.
-    Q_INVOKABLE QUrl exportFolder() const;
-    Q_INVOKABLE QUrl exportFile() const;
-    Q_INVOKABLE void exportNote(const QUrl& file);
+    // Where an export goes if the user has no better idea: a path, "~" for the home folder.
+    Q_INVOKABLE QString exportPath() const;
+    // Whether an export to that path would replace a file.
+    Q_INVOKABLE static bool replacesFile(const QString& path);
+    Q_INVOKABLE void exportNote(const QString& path);
     Q_INVOKABLE void assign(const QString& projectID);
     Q_INVOKABLE void trashNote();
     Q_INVOKABLE void restoreNote();

@@ -26,7 +26,8 @@ constexpr double newsTime = 8; // seconds
 } // namespace
 
 CaptureControl::CaptureControl(Platform& platform, AppModel& model)
-    : m_platform(platform)
+    : pointer([] { return QCursor::pos(); })
+    , m_platform(platform)
     , m_model(model)
     , m_fnHint(platform.clock)
     , m_frame(platform.clock)
@@ -83,16 +84,6 @@ void CaptureControl::position()
     m_window->setPosition(QPointF(origin.x, origin.y).toPoint());
 }
 
-void CaptureControl::press()
-{
-    press(QCursor::pos());
-}
-
-void CaptureControl::drag()
-{
-    drag(QCursor::pos());
-}
-
 void CaptureControl::press(const QPointF& at)
 {
     m_gesture = PointerGesture{ .startX = at.x(), .startY = at.y() };
@@ -101,14 +92,18 @@ void CaptureControl::press(const QPointF& at)
 
 void CaptureControl::drag(const QPointF& at)
 {
-    if (!m_gesture || !m_gesture->move(at.x(), at.y()))
+    if (!m_gesture)
         return;
-    const QPointF by = at - QPointF(m_gesture->startX, m_gesture->startY);
+    const QPointF now = m_gesture->isDrag ? pointer() : at;
+    if (!m_gesture->move(now.x(), now.y()))
+        return;
+    const QPointF by = now - QPointF(m_gesture->startX, m_gesture->startY);
     m_window->setPosition(m_startOrigin + by.toPoint());
 }
 
-void CaptureControl::release()
+void CaptureControl::release(const QPointF& at)
 {
+    drag(at);
     const auto gesture = std::exchange(m_gesture, std::nullopt);
     if (!gesture)
         return;

@@ -9,6 +9,7 @@
 #include <QVariant>
 #include <QWindow>
 
+#include <functional>
 #include <memory>
 
 namespace vesko {
@@ -42,16 +43,16 @@ public:
     void position();
     const QWindow* window() const { return m_window.get(); }
 
-    // The pointer, in coordinates of the screen.
-    void press(const QPointF& at);
-    void drag(const QPointF& at);
+    // The pointer, in coordinates of the screen. Where an event says that it was counts until it
+    // drags; from then on the window is moving, and only the pointer itself knows where it is.
+    Q_INVOKABLE void press(const QPointF& at);
+    Q_INVOKABLE void drag(const QPointF& at);
     // A click, unless it was a drag.
-    void release();
+    Q_INVOKABLE void release(const QPointF& at);
     // The press becomes none of both.
     Q_INVOKABLE void dropGesture() { m_gesture.reset(); }
-    Q_INVOKABLE void press();
-    Q_INVOKABLE void drag();
-    Q_INVOKABLE void lift() { release(); }
+    // Where the pointer is now.
+    std::function<QPointF()> pointer;
     // Cuts the window to what can be seen of it, in rectangles with "x", "y", "width", "height" and
     // "radius": clicks beside these go to what lies below.
     Q_INVOKABLE void cut(const QVariantList& shapes);

@@ -109,11 +109,14 @@ Window {
                     panel.menuOpen = !panel.menuOpen;
                 } else {
                     panel.menuOpen = false;
-                    panel.control.press();
+                    panel.control.press(mapToGlobal(mouse.x, mouse.y));
                 }
             }
-            onPositionChanged: if (pressed) panel.control.drag()
-            onReleased: panel.control.lift()
+            onPositionChanged: mouse => {
+                if (pressed)
+                    panel.control.drag(mapToGlobal(mouse.x, mouse.y));
+            }
+            onReleased: mouse => panel.control.release(mapToGlobal(mouse.x, mouse.y))
             onCanceled: panel.control.dropGesture()
         }
     }

@@ -252,7 +252,7 @@ Item {
         }
         MenuRow {
             text: qsTranslate("Vesko", "Export Markdown…")
-            onTriggered: exporter.active = true
+            onTriggered: exporter.open()
         }
         MenuLine { }
         MenuRow {
@@ -287,20 +287,26 @@ Item {
         destructive: true
         onAccepted: view.library.deletePermanently()
     }
-    Loader {
+    Sheet {
         id: exporter
 
-        active: false
-        source: active ? "ExportDialog.qml" : ""
-        onLoaded: {
-            item.currentFolder = view.library.exportFolder();
-            item.selectedFile = view.library.exportFile();
-            item.accepted.connect(() => {
-                view.library.exportNote(item.selectedFile);
-                active = false;
-            });
-            item.rejected.connect(() => active = false);
-            item.open();
+        title: qsTranslate("Vesko", "Export Markdown…")
+        text: view.library.replacesFile(path.text) ? qsTranslate("Vesko", "The file that is there will be replaced.") : ""
+        agreeText: qsTranslate("Vesko", "Save")
+        canAgree: path.text.trim().length > 0
+        onAccepted: view.library.exportNote(path.text)
+        onOpened: {
+            path.text = view.library.exportPath();
+            path.forceActiveFocus();
+            path.selectAll();
+        }
+
+        TextBox {
+            id: path
+
+            width: exporter.availableWidth
+            name: qsTranslate("Vesko", "File")
+            onAccepted: if (exporter.canAgree) exporter.accept()
         }
     }
 }

@@ -76,7 +76,6 @@ Item {
         clip: true
         spacing: 2
         bottomMargin: 12
-        reuseItems: true
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: count > 0
         keyNavigationEnabled: false

@@ -3,8 +3,8 @@
 #include "VeskoApp/library/LibraryWindow.h"
 #include "tests/app/library/LibraryTest.h"
 
+#include <QDir>
 #include <QTextCursor>
-#include <QUrl>
 
 namespace vesko {
 
@@ -186,10 +186,14 @@ TEST_F(LibraryWindowTest, TheActionsAreOnTheSelectedNote)
     window->copyNote();
     EXPECT_EQ(machine.clipboard.text, "Balcony\n\ntomatoes");
     EXPECT_EQ(window->copiedNoteID(), text(id));
-    EXPECT_TRUE(window->exportFile().toLocalFile().endsWith(QStringLiteral("/Balcony.md")));
+    EXPECT_TRUE(window->exportPath().startsWith(QStringLiteral("~/")));
+    EXPECT_TRUE(window->exportPath().endsWith(QStringLiteral("/Balcony.md")));
     const auto file = folder.path() / "Balcony.md";
-    window->exportNote(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+    const auto path = QString::fromStdString(file.string());
+    EXPECT_FALSE(LibraryWindow::replacesFile(path));
+    window->exportNote(path + u' ');
     ASSERT_TRUE(eventually([&] { return std::filesystem::exists(file); }));
+    EXPECT_TRUE(LibraryWindow::replacesFile(path));
     const auto garden = makeProject("Garden");
     window->assign(text(garden));
     ASSERT_TRUE(eventually([&] { return note(id).projectID == garden; }));
@@ -215,7 +219,7 @@ TEST_F(LibraryWindowTest, TheActionsAreOnTheSelectedNote)
     window->trashNote();
     window->restoreNote();
     window->deletePermanently();
-    EXPECT_FALSE(window->exportFile().isValid());
+    EXPECT_EQ(window->exportPath(), QString());
     drainEvents();
     EXPECT_EQ(model->library().notes.size(), 1U);
 }

@@ -24,8 +24,20 @@ protected:
         made->resize(240, 236);
         window = made.get();
         control->setWindow(std::move(made));
+        control->pointer = [this] { return pointer; };
         control->show(true);
     }
+    void press(double x, double y)
+    {
+        pointer = { x, y };
+        control->press(pointer);
+    }
+    void drag(double x, double y)
+    {
+        pointer = { x, y };
+        control->drag(pointer);
+    }
+    void release() { control->release(pointer); }
     static QPoint corner()
     {
         const auto free = QGuiApplication::primaryScreen()->availableGeometry();
@@ -38,14 +50,15 @@ protected:
 
     std::unique_ptr<CaptureControl> control; // ends before the model
     QWindow* window = nullptr;
+    QPointF pointer;
 };
 
 TEST_F(CaptureControlTest, APressAndAReleaseAreAClick)
 {
     open();
-    control->press({ 100, 100 });
-    control->drag({ 103, 100 });
-    control->release();
+    press(100, 100);
+    drag(103, 100);
+    release();
     EXPECT_EQ(machine.focusedField.reads.size(), 1U);
     ASSERT_TRUE(reach(Phase::recording));
     EXPECT_EQ(window->position(), corner());
@@ -55,11 +68,11 @@ TEST_F(CaptureControlTest, APressAndAReleaseAreAClick)
 TEST_F(CaptureControlTest, ADragMovesTheWindowAndStartsNothing)
 {
     open();
-    control->press({ 100, 100 });
-    control->drag({ 95, 100 });
+    press(100, 100);
+    drag(95, 100);
     EXPECT_EQ(window->position(), corner() - QPoint(5, 0));
-    control->drag({ 60, 80 });
-    control->release();
+    drag(60, 80);
+    release();
     EXPECT_EQ(window->position(), corner() - QPoint(40, 20));
     const auto at = QPointF(corner() - QPoint(40, 20));
     EXPECT_EQ(savedOrigin(), (SettingValue{ std::vector<double>{ at.x(), at.y() } }));
@@ -68,13 +81,24 @@ TEST_F(CaptureControlTest, ADragMovesTheWindowAndStartsNothing)
     EXPECT_EQ(window->position(), corner() - QPoint(40, 20));
 }
 
-TEST_F(CaptureControlTest, ADragOutAndBackIsNoClick)
+TEST_F(CaptureControlTest, AnEventThatComesLateMakesNoDragOfAClick)
 {
     open();
     control->press({ 100, 100 });
-    control->drag({ 110, 100 });
-    control->drag({ 100, 100 });
-    control->release();
+    pointer = { 400, 400 }; // is somewhere else by now
+    control->release({ 101, 100 });
+    EXPECT_EQ(machine.focusedField.reads.size(), 1U);
+    EXPECT_EQ(window->position(), corner());
+    ASSERT_TRUE(reach(Phase::recording));
+}
+
+TEST_F(CaptureControlTest, ADragOutAndBackIsNoClick)
+{
+    open();
+    press(100, 100);
+    drag(110, 100);
+    drag(100, 100);
+    release();
     EXPECT_TRUE(machine.focusedField.reads.empty());
     EXPECT_EQ(window->position(), corner());
 }
@@ -82,11 +106,11 @@ TEST_F(CaptureControlTest, ADragOutAndBackIsNoClick)
 TEST_F(CaptureControlTest, APressThatOpensTheMenuIsNoClick)
 {
     open();
-    control->press({ 100, 100 });
+    press(100, 100);
     control->dropGesture();
-    control->drag({ 150, 100 });
-    control->release();
-    control->release();
+    drag(150, 100);
+    release();
+    release();
     EXPECT_TRUE(machine.focusedField.reads.empty());
     EXPECT_EQ(window->position(), corner());
 }
@@ -104,8 +128,8 @@ TEST_F(CaptureControlTest, AClickWhileItIsBusyIsIgnored)
     model->toggleDictation();
     EXPECT_EQ(model->phase(), Phase::processing);
     EXPECT_FALSE(control->orbEnabled());
-    control->press({ 100, 100 });
-    control->release();
+    press(100, 100);
+    release();
     EXPECT_EQ(machine.focusedField.reads.size(), 1U);
 }
 

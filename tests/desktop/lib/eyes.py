@@ -96,7 +96,8 @@ class Node:
 
     @property
     def text(self):
-        return self._ask("org.a11y.atspi.Text", "GetText", "(ii)", 0, -1)[0]
+        # Qt Quick tells the ends of its paragraphs by a character of their own.
+        return self._ask("org.a11y.atspi.Text", "GetText", "(ii)", 0, -1)[0].replace("\u2029", "\n")
 
     @property
     def caret(self):
@@ -113,8 +114,10 @@ class Node:
         return x + width / 2, y + height / 2
 
     def activate(self):
-        """Does the first action: for a button, its press."""
-        return self._ask("org.a11y.atspi.Action", "DoAction", "(i)", 0)[0]
+        """Presses it, or does the first action of what can't be pressed."""
+        actions = [row[0] for row in self._ask("org.a11y.atspi.Action", "GetActions")[0]]
+        index = actions.index("Press") if "Press" in actions else 0
+        return self._ask("org.a11y.atspi.Action", "DoAction", "(i)", index)[0]
 
     def walk(self):
         yield self
