@@ -164,11 +164,9 @@ int runApplication(
     QQmlEngine engine;
     prepareViews(engine);
     AppDelegate delegate(platform, model);
-    delegate.windows().make = [&](AppWindow kind) {
-        return makeWindow(engine, kind, platform, model, delegate);
-    };
-    delegate.makeCapturePanel
-        = [&] { return makeCapturePanel(engine, model, delegate); };
+    delegate.windows().make
+        = [&](AppWindow kind) { return makeWindow(engine, kind, platform, model, delegate); };
+    delegate.makeCapturePanel = [&] { return makeCapturePanel(engine, model, delegate); };
     delegate.terminate = [] { QGuiApplication::exit(); };
     const TerminationSignals signals([&delegate] { delegate.quit(); });
     QObject::connect(

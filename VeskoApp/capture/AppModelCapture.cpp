@@ -40,7 +40,8 @@ void AppModel::recordNote(bool append)
     }
     if (m_phase != Phase::idle)
         return;
-    m_tasks.spawn(startRecording(append ? m_selectedNoteID : std::nullopt, false, std::nullopt, false));
+    m_tasks.spawn(
+        startRecording(append ? m_selectedNoteID : std::nullopt, false, std::nullopt, false));
 }
 
 // Which field it is, is settled here and now; everything that follows can move the focus or take

@@ -139,9 +139,8 @@ std::optional<std::string> AppModel::noteClipboardText(const Uuid& id) const
     const auto pending = m_pendingEdits.find(id);
     auto text = pending == m_pendingEdits.end()
         ? saved->clipboardText()
-        : saved
-              ->applyingDraft(
-                  pending->second.title, pending->second.body, pending->second.baseBody)
+        : saved->applyingDraft(
+                   pending->second.title, pending->second.body, pending->second.baseBody)
               .clipboardText();
     if (text.empty())
         return std::nullopt;

@@ -74,13 +74,13 @@ Task<> AppModel::search()
 {
     const auto wanted = m_searches->load();
     const auto isWanted = [searches = m_searches, wanted] { return searches->load() == wanted; };
-    auto found = co_await m_texts.run([library = m_library, project = m_selectedProjectID,
-                                          query = m_query, trash = m_showingTrash,
-                                          isWanted]() -> std::optional<SharedArray<Note>> {
-        if (!isWanted())
-            return std::nullopt;
-        return library.filtered(project, query, trash);
-    });
+    auto found = co_await m_texts.run(
+        [library = m_library, project = m_selectedProjectID, query = m_query,
+            trash = m_showingTrash, isWanted]() -> std::optional<SharedArray<Note>> {
+            if (!isWanted())
+                return std::nullopt;
+            return library.filtered(project, query, trash);
+        });
     if (!found || !isWanted())
         co_return;
     m_visibleNotes = std::move(*found);

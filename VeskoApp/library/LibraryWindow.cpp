@@ -145,8 +145,8 @@ QVariant LibraryWindow::emptyState() const
             L10N_KEY("Vesko", "Try another search or clear the search field."),
             L10N_KEY("Vesko", "Clear search"));
     return words(L10N_KEY("Vesko", "A place for your next thought"),
-        L10N_KEY("Vesko",
-            "Record your voice or start a text note. Your originals stay on this Mac."),
+        L10N_KEY(
+            "Vesko", "Record your voice or start a text note. Your originals stay on this Mac."),
         L10N_KEY("Vesko", "New note"));
 }
 
@@ -162,8 +162,7 @@ QString LibraryWindow::statusLine() const
 {
     switch (m_model.phase()) {
     case Phase::recording:
-        return translated(L10N_KEY("Vesko", "Recording %1"))
-            .arg(shownDuration(m_model.elapsed()));
+        return translated(L10N_KEY("Vesko", "Recording %1")).arg(shownDuration(m_model.elapsed()));
     case Phase::idle:
         return m_model.messageText();
     case Phase::preparing:

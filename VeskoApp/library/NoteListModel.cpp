@@ -92,8 +92,8 @@ void NoteListModel::setNotes(SharedArray<Note> notes)
             }
     };
     tell(0, rows.begin, [&](std::size_t row) { return before.shared(row); });
-    const bool moved = rows.oldEnd == rows.newEnd && rows.newEnd > rows.begin
-        && m_notes.size() == before.size();
+    const bool moved
+        = rows.oldEnd == rows.newEnd && rows.newEnd > rows.begin && m_notes.size() == before.size();
     if (moved)
         Q_EMIT dataChanged(index(begin), index(newEnd - 1));
     tell(rows.newEnd, m_notes.size(),

@@ -57,7 +57,8 @@ QString shownMoment(const Date& date, const QLocale& locale, QDate today)
 QString shownDuration(double seconds)
 {
     const auto whole = static_cast<int>(std::floor(std::max(0.0, seconds)));
-    const auto twoDigits = [](int number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
+    const auto twoDigits
+        = [](int number) { return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')); };
     const auto tail = twoDigits(whole % 60);
     if (whole < 3600)
         return QStringLiteral("%1:%2").arg(whole / 60).arg(tail);

@@ -79,8 +79,7 @@ void AppDelegate::updateCaptureVisibility()
 void AppDelegate::observeScreens()
 {
     const auto watch = [this](QScreen* screen) {
-        connect(
-            screen, &QScreen::availableGeometryChanged, this, &AppDelegate::screenChanged);
+        connect(screen, &QScreen::availableGeometryChanged, this, &AppDelegate::screenChanged);
     };
     for (auto* screen : QGuiApplication::screens())
         watch(screen);
@@ -102,8 +101,7 @@ void AppDelegate::screenChanged()
 
 void AppDelegate::openFirstWindow(bool background)
 {
-    const bool onboarded
-        = m_platform.settings.get<bool>(onboardingCompleted).value_or(false);
+    const bool onboarded = m_platform.settings.get<bool>(onboardingCompleted).value_or(false);
     if (!onboarded && m_windows.show(AppWindow::onboarding))
         return;
     if (!background)
@@ -149,7 +147,8 @@ void AppDelegate::applyAppearance(std::optional<bool> dark)
     if (!dark)
         dark = m_platform.appearance.dark();
     if (dark)
-        QGuiApplication::setPalette(QPalette(*dark ? QColor(0x2b, 0x2f, 0x31) : QColor(0xf0, 0xf0, 0xf0)));
+        QGuiApplication::setPalette(
+            QPalette(*dark ? QColor(0x2b, 0x2f, 0x31) : QColor(0xf0, 0xf0, 0xf0)));
 }
 
 void AppDelegate::setupStatusItem()
@@ -177,8 +176,8 @@ void AppDelegate::observeMenuBarIcon()
 // No panel of this desktop has a notch; what hides the icon here is a panel without a place for it.
 void AppDelegate::checkMenuBarIcon()
 {
-    const bool hidden = MenuBarPlacement::iconHidden(
-        0, 0, std::nullopt, m_platform.statusItem.visible());
+    const bool hidden
+        = MenuBarPlacement::iconHidden(0, 0, std::nullopt, m_platform.statusItem.visible());
     if (hidden != m_model.menuBarIconHidden() || !m_menuBarChecked)
         qCInfo(captureLog, "menu_bar_icon_hidden=%d", hidden);
     m_menuBarChecked = true;

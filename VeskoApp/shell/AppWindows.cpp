@@ -111,8 +111,8 @@ void AppWindows::watchPlace(AppWindow kind)
     const auto moved = [this, kind, &place] {
         place.saving.start(restBeforeSaving, [this, kind] { savePlace(kind); });
     };
-    for (const auto changed : { &QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged,
-             &QWindow::heightChanged })
+    for (const auto changed :
+        { &QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged })
         QObject::connect(window, changed, window, moved);
 }
 

@@ -147,8 +147,8 @@ QString CaptureControl::name() const
 QString CaptureControl::help() const
 {
     if (m_model.isRecording())
-        return translated(L10N_KEY(
-            "Vesko", "Click once to stop. Drag to move. Right-click for the menu."));
+        return translated(
+            L10N_KEY("Vesko", "Click once to stop. Drag to move. Right-click for the menu."));
     if (m_model.phase() == Phase::idle)
         return translated(L10N_KEY("Vesko",
             "Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift "
@@ -191,8 +191,8 @@ QVariantList CaptureControl::bars() const
 {
     QVariantList heights;
     if (AudioGlyph::showsBars(m_model.level(), m_model.isRecording()))
-        for (const double height : AudioGlyph::bars(m_model.level(), m_platform.clock.uptime(),
-                 m_platform.appearance.reduceMotion()))
+        for (const double height : AudioGlyph::bars(
+                 m_model.level(), m_platform.clock.uptime(), m_platform.appearance.reduceMotion()))
             heights << height;
     return heights;
 }
@@ -201,8 +201,8 @@ QVariantList CaptureControl::dots() const
 {
     QVariantList opacities;
     if (live() && !AudioGlyph::showsBars(m_model.level(), m_model.isRecording()))
-        for (const double opacity : AudioGlyph::dots(
-                 m_platform.clock.uptime(), m_platform.appearance.reduceMotion()))
+        for (const double opacity :
+            AudioGlyph::dots(m_platform.clock.uptime(), m_platform.appearance.reduceMotion()))
             opacities << opacity;
     return opacities;
 }

@@ -16,9 +16,13 @@ Window {
     readonly property bool asks: model.languageQuestion !== undefined && !menuOpen
 
     // What can be seen of the window; the rest of it lets clicks through.
-    readonly property var shapes: [orb, beside, question, menu, above]
-        .filter(part => part.visible && part.opacity > 0)
-        .map(part => ({ x: part.x, y: part.y, width: part.width, height: part.height, radius: part.radius }))
+    readonly property var shapes: [shape(orb, orb.radius), shape(beside, beside.radius), shape(question, Theme.radius),
+                                   shape(menu, Theme.radius), shape(above, above.radius)].filter(part => part)
+
+    function shape(part, radius) {
+        return part.visible && part.opacity > 0 && part.height > 0
+            ? { x: part.x, y: part.y, width: part.width, height: part.height, radius: radius } : null;
+    }
 
     title: "Vesko"
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.WindowDoesNotAcceptFocus
@@ -208,77 +212,87 @@ Window {
         onTriggered: elapsed = true
     }
 
-    LanguageQuestionView {
+    // Made when they are wanted, which most of the time they are not.
+    Loader {
         id: question
 
-        x: parent.width - width
         y: orb.y - height - 8
         width: parent.width
-        visible: panel.asks
-        model: panel.model
+        active: panel.asks
+        visible: active
+        sourceComponent: LanguageQuestionView {
+            model: panel.model
+        }
     }
-
-    Face {
+    Loader {
         id: menu
 
         x: parent.width - width
         y: orb.y - height - 8
-        width: 190
-        height: rows.height + 12
-        radius: Theme.radius
-        visible: panel.menuOpen
-        Accessible.role: Accessible.PopupMenu
-        Accessible.name: "Vesko"
+        active: panel.menuOpen
+        visible: active
+        sourceComponent: panelMenu
+    }
+    Component {
+        id: panelMenu
 
-        HoverHandler {
-            id: overMenu
-        }
-        // Whoever turns away from the menu has no use for it.
-        Timer {
-            interval: 1500
-            running: panel.menuOpen && !overMenu.hovered && !pointer.containsMouse
-            onTriggered: panel.menuOpen = false
-        }
-        Column {
-            id: rows
+        Face {
+            width: 190
+            height: rows.height + 12
+            radius: Theme.radius
+            Accessible.role: Accessible.PopupMenu
+            Accessible.name: "Vesko"
 
-            x: 6
-            y: 6
-            width: parent.width - 12
+            HoverHandler {
+                id: overMenu
+            }
+            // Whoever turns away from the menu has no use for it.
+            Timer {
+                interval: 1500
+                running: panel.menuOpen && !overMenu.hovered && !pointer.containsMouse
+                onTriggered: panel.menuOpen = false
+            }
+            Column {
+                id: rows
 
-            PanelRow {
-                text: panel.model.recording ? qsTranslate("Vesko", "Stop dictation")
-                    : panel.model.busy ? panel.model.phaseTitle : qsTranslate("Vesko", "Start dictation")
-                enabled: panel.control.orbEnabled
-                onChosen: {
-                    panel.menuOpen = false;
-                    panel.delegate.toggleCapture();
+                x: 6
+                y: 6
+                width: parent.width - 12
+
+                PanelRow {
+                    text: panel.model.recording ? qsTranslate("Vesko", "Stop dictation")
+                        : panel.model.busy ? panel.model.phaseTitle : qsTranslate("Vesko", "Start dictation")
+                    enabled: panel.control.orbEnabled
+                    onChosen: {
+                        panel.menuOpen = false;
+                        panel.delegate.toggleCapture();
+                    }
                 }
-            }
-            PanelRow {
-                text: qsTranslate("Vesko", "Open Vesko")
-                onChosen: {
-                    panel.menuOpen = false;
-                    panel.delegate.openLibrary();
+                PanelRow {
+                    text: qsTranslate("Vesko", "Open Vesko")
+                    onChosen: {
+                        panel.menuOpen = false;
+                        panel.delegate.openLibrary();
+                    }
                 }
-            }
-            PanelRow {
-                text: qsTranslate("Vesko", "Settings…")
-                onChosen: {
-                    panel.menuOpen = false;
-                    panel.delegate.openSettings();
+                PanelRow {
+                    text: qsTranslate("Vesko", "Settings…")
+                    onChosen: {
+                        panel.menuOpen = false;
+                        panel.delegate.openSettings();
+                    }
                 }
-            }
-            Rectangle {
-                width: parent.width
-                height: 1
-                color: Theme.hairline
-            }
-            PanelRow {
-                text: qsTranslate("Vesko", "Quit Vesko")
-                onChosen: {
-                    panel.menuOpen = false;
-                    panel.delegate.quit();
+                Rectangle {
+                    width: parent.width
+                    height: 1
+                    color: Theme.hairline
+                }
+                PanelRow {
+                    text: qsTranslate("Vesko", "Quit Vesko")
+                    onChosen: {
+                        panel.menuOpen = false;
+                        panel.delegate.quit();
+                    }
                 }
             }
         }

@@ -3,8 +3,11 @@
 #include "VeskoApp/library/LibraryWindow.h"
 #include "VeskoApp/views/IconProvider.h"
 
+#include <QElapsedTimer>
+#include <QLoggingCategory>
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQuickWindow>
 
 #include <stdexcept>
 
@@ -12,9 +15,13 @@ namespace vesko {
 
 namespace {
 
+Q_LOGGING_CATEGORY(windowsLog, "app.vesko.mac.windows", QtInfoMsg)
+
 std::unique_ptr<QWindow> make(
     QQmlEngine& engine, const QString& name, const QVariantMap& properties)
 {
+    QElapsedTimer began;
+    began.start();
     QQmlComponent component(
         &engine, QUrl(QStringLiteral("qrc:/qt/qml/Vesko/Views/%1.qml").arg(name)));
     if (!component.isReady())
@@ -24,6 +31,12 @@ std::unique_ptr<QWindow> make(
     if (!window)
         throw std::runtime_error(component.errorString().toStdString());
     made.release();
+    // For who measures.
+    if (auto* const quick = qobject_cast<QQuickWindow*>(window); windowsLog().isDebugEnabled())
+        QObject::connect(
+            quick, &QQuickWindow::frameSwapped, quick,
+            [began] { qCDebug(windowsLog, "first_frame_ms=%lld", began.elapsed()); },
+            Qt::SingleShotConnection);
     return std::unique_ptr<QWindow>(window);
 }
 
@@ -72,7 +85,7 @@ std::unique_ptr<QWindow> makeWindow(
         }
     } catch (const std::exception& error) {
         // A broken installation. Nothing that runs is to end because of it.
-        qCritical("%s", error.what());
+        qCCritical(windowsLog, "%s", error.what());
     }
     return nullptr;
 }

@@ -295,8 +295,8 @@ Item {
         agreeText: qsTranslate("Vesko", "Save")
         canAgree: path.text.trim().length > 0
         onAccepted: view.library.exportNote(path.text)
+        onAboutToShow: path.text = view.library.exportPath()
         onOpened: {
-            path.text = view.library.exportPath();
             path.forceActiveFocus();
             path.selectAll();
         }

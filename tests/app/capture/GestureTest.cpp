@@ -15,9 +15,10 @@ protected:
     {
         AppModelTest::open();
         delegate = std::make_unique<AppDelegate>(machine.all, *model);
-        delegate->showCaptureControl = [](bool) { };
+        delegate->makeCapturePanel = [] { return std::make_unique<QWindow>(); };
+        delegate->windows().make = [](AppWindow) { return nullptr; };
         delegate->terminate = [] { };
-        delegate->launch();
+        delegate->launch(true);
     }
     void press() { machine.keys.pressGestureKey(); }
     void release() { machine.keys.releaseGestureKey(); }

@@ -176,13 +176,18 @@ TEST_F(NoteEditorTest, AMergeNeverCutsACharacterInTwo)
 
 TEST_F(NoteEditorTest, LineEndsOfEveryKindAreShownAndNothingIsChangedByIt)
 {
-    edit("a\r\nb\rc\xc2\xa0" "d");
-    EXPECT_EQ(shown(), "a\nb\nc\xc2\xa0" "d");
+    edit("a\r\nb\rc\xc2\xa0"
+         "d");
+    EXPECT_EQ(shown(),
+        "a\nb\nc\xc2\xa0"
+        "d");
     EXPECT_FALSE(editor->dirty());
     type("!");
     machine.clock.turn(1);
     ASSERT_TRUE(saved());
-    EXPECT_EQ(note(id).body, "a\nb\nc\xc2\xa0" "d!"); // the no-break space is still one
+    EXPECT_EQ(note(id).body,
+        "a\nb\nc\xc2\xa0"
+        "d!"); // the no-break space is still one
 }
 
 TEST_F(NoteEditorTest, TheEndOfTheEditorSavesWhatItHolds)
@@ -289,8 +294,8 @@ TEST_F(NoteEditorTest, ThePromptTellsTheKindOfNote)
     for (const auto& row : rows) {
         Note untitled;
         untitled.kind = row.kind;
-        EXPECT_EQ(NoteEditor(*model, machine.clock, untitled).titlePrompt().toStdString(),
-            row.prompt);
+        EXPECT_EQ(
+            NoteEditor(*model, machine.clock, untitled).titlePrompt().toStdString(), row.prompt);
     }
 }
 

@@ -81,8 +81,8 @@ TEST(NoteListModel, TellsOfNoMoreRowsThanItHasTo)
             [&](const QModelIndex&, int first, int, const QModelIndex&, int to) {
                 say('>', first, to);
             });
-        QObject::connect(&model, &Model::dataChanged,
-            [&](const QModelIndex& first, const QModelIndex& last) {
+        QObject::connect(
+            &model, &Model::dataChanged, [&](const QModelIndex& first, const QModelIndex& last) {
                 say('~', first.row(), last.row());
             });
         QObject::connect(&model, &Model::modelReset, [&] { told += "!"; });
@@ -104,7 +104,7 @@ TEST(NoteListModel, SaysOfARowWhatItIsAbout)
 {
     Note note;
     note.kind = NoteKind::voice;
-    note.updatedAt = *Date::parse("2001-02-03T12:00:00Z");
+    note.updatedAt = *Date::parse("2001-02-03T10:00:00Z");
     Recording recording;
     recording.status = RecordingStatus::failed;
     note.recordings.push_back(recording);
@@ -115,12 +115,12 @@ TEST(NoteListModel, SaysOfARowWhatItIsAbout)
     EXPECT_EQ(said(NoteListModel::idRole), note.id.text());
     EXPECT_EQ(said(NoteListModel::titleRole), "Voice note");
     EXPECT_EQ(said(NoteListModel::iconRole), "waveform");
-    EXPECT_EQ(said(NoteListModel::detailRole), "4 Feb 2001 · Audio saved");
+    EXPECT_EQ(said(NoteListModel::detailRole), "3 Feb 2001 · Audio saved");
     note.kind = NoteKind::text;
     note.recordings.clear();
     model.setNotes({ note });
     EXPECT_EQ(said(NoteListModel::iconRole), "text");
-    EXPECT_EQ(said(NoteListModel::detailRole), "4 Feb 2001");
+    EXPECT_EQ(said(NoteListModel::detailRole), "3 Feb 2001");
 }
 
 } // namespace

@@ -78,7 +78,8 @@ TEST(NoteWords, MomentsAreTimesDaysOrYears)
     const auto day = QDateTime::fromSecsSinceEpoch(1772584200).date(); // wherever this runs
     EXPECT_EQ(shownMoment(noon, english, day).size(), 5);
     EXPECT_EQ(shownMoment(noon, english, day.addDays(1)), QStringLiteral("Yesterday"));
-    EXPECT_EQ(shownMoment(noon, english, day.addDays(30)), english.toString(day, QStringLiteral("d MMM")));
+    EXPECT_EQ(shownMoment(noon, english, day.addDays(30)),
+        english.toString(day, QStringLiteral("d MMM")));
     EXPECT_EQ(shownMoment(noon, english, day.addYears(1)),
         english.toString(day, QStringLiteral("d MMM yyyy")));
 }

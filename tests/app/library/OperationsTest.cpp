@@ -76,9 +76,8 @@ TEST_F(OperationsTest, ANewerEditStaysPending)
 {
     open();
     const auto id = write("", "");
-    for (const AppModel::PendingEdit& newer :
-        { AppModel::PendingEdit{ "Title!", "Text", "" }, { "Title", "Text!", "" },
-            { "Title", "Text", "!" } }) {
+    for (const AppModel::PendingEdit& newer : { AppModel::PendingEdit{ "Title!", "Text", "" },
+             { "Title", "Text!", "" }, { "Title", "Text", "!" } }) {
         model->setPendingEdit(id, newer);
         awaited(model->editNote(id, { "Title", "Text", "" }));
         EXPECT_EQ(model->pendingEdits().at(id), newer);

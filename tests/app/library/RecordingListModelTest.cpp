@@ -35,7 +35,8 @@ TEST_F(RecordingListModelTest, ARecordingWithoutAttemptsOffersToTranscribe)
     EXPECT_EQ(said(RecordingListModel::statusRole), QStringLiteral("Audio saved"));
     EXPECT_EQ(said(RecordingListModel::durationRole), QStringLiteral("1:01"));
     EXPECT_EQ(said(RecordingListModel::retryRole), QStringLiteral("Transcribe"));
-    EXPECT_EQ(said(RecordingListModel::errorRole).toString().toStdString(), *recording.errorMessage);
+    EXPECT_EQ(
+        said(RecordingListModel::errorRole).toString().toStdString(), *recording.errorMessage);
     recording.attempts.emplace_back();
     model.setRecordings({ recording });
     EXPECT_EQ(said(RecordingListModel::retryRole), QStringLiteral("Retry…"));

@@ -405,8 +405,7 @@ TEST_F(AppDelegateTest, AnIconThatCannotBeSeenIsNoticed)
 TEST_F(AppDelegateTest, TheAppearanceIsTheDesktopsUnlessForced)
 {
     const QPalette before = qGuiApp->palette();
-    const auto dark
-        = [] { return qGuiApp->palette().color(QPalette::Window).lightnessF() < 0.5F; };
+    const auto dark = [] { return qGuiApp->palette().color(QPalette::Window).lightnessF() < 0.5F; };
     machine.appearance.prefersDark = true;
     open();
     EXPECT_TRUE(dark());

@@ -32,8 +32,8 @@ TEST(AudioGlyph, DotsBreatheOneAfterTheOther)
         const auto dots = AudioGlyph::dots(time, false);
         const double phases[] = { 0, -0.8, -1.6 };
         for (std::size_t dot = 0; dot < dots.size(); ++dot)
-            EXPECT_NEAR(dots[dot],
-                (std::sin(time * 3 + phases[dot]) * 0.5 + 0.5) * 0.55 + 0.35, 1e-9);
+            EXPECT_NEAR(
+                dots[dot], (std::sin(time * 3 + phases[dot]) * 0.5 + 0.5) * 0.55 + 0.35, 1e-9);
     }
     for (const double dot : AudioGlyph::dots(3, true))
         EXPECT_DOUBLE_EQ(dot, 0.8);

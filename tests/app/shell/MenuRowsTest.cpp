@@ -39,8 +39,8 @@ TEST(MenuRows, HoldEveryItemWithItsKeys)
         EXPECT_EQ(row->action, item.action) << item.title;
         ++found;
     }
-    EXPECT_EQ(std::ranges::count_if(menuRows(),
-                  [](const MenuRow& row) { return std::string_view(row.title) != ""; }),
+    EXPECT_EQ(std::ranges::count_if(
+                  menuRows(), [](const MenuRow& row) { return std::string_view(row.title) != ""; }),
         static_cast<std::ptrdiff_t>(found));
 }
 
