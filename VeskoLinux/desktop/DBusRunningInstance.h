@@ -27,10 +27,12 @@ public:
     // another one runs and does not answer. Blocks; any thread, once.
     bool claim(const std::vector<std::string>& addresses);
 
+    // NOLINTBEGIN(readability-identifier-naming): the names on the bus
     Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
     Q_SCRIPTABLE void Open(const QStringList& addresses, const QVariantMap& platformData);
     Q_SCRIPTABLE void ActivateAction(
         const QString& action, const QVariantList& parameter, const QVariantMap& platformData);
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     QString m_connection;

@@ -31,11 +31,11 @@ protected:
     // How often a user was sent to where one begins, and signs in.
     std::ptrdiff_t onboardings() const
     {
-        return std::ranges::count_if(machine.desktop.broughtHere, [this](const QWindow* window) {
-            return std::ranges::any_of(made, [window](const auto& one) {
-                return one.first == AppWindow::onboarding && one.second == window;
-            });
-        });
+        std::ptrdiff_t count = 0;
+        for (const auto& [kind, window] : made)
+            if (kind == AppWindow::onboarding)
+                count += 1 + std::ranges::count(machine.desktop.broughtHere, window);
+        return count;
     }
     bool controlShown() const { return delegate->captureControl().window()->isVisible(); }
     // The kinds of the windows that were made, in that order.
