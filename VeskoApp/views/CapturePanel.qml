@@ -13,6 +13,7 @@ Window {
     required property var control
     required property var delegate
     property bool menuOpen: false
+    readonly property bool pointedAt: pointer.containsMouse
     readonly property bool asks: model.languageQuestion !== undefined && !menuOpen
 
     // What can be seen of the window; the rest of it lets clicks through.
@@ -29,6 +30,8 @@ Window {
     color: "transparent"
     width: 240
     height: 236
+    onAsksChanged: question.setSource(asks ? "LanguageQuestionView.qml" : "", { model: panel.model })
+    onMenuOpenChanged: menu.setSource(menuOpen ? "PanelMenu.qml" : "", { panel: panel })
     onShapesChanged: control.cut(shapes)
     onVisibleChanged: if (visible) control.cut(shapes)
 
@@ -218,84 +221,14 @@ Window {
 
         y: orb.y - height - 8
         width: parent.width
-        active: panel.asks
-        visible: active
-        sourceComponent: LanguageQuestionView {
-            model: panel.model
-        }
+        visible: panel.asks
     }
     Loader {
         id: menu
 
         x: parent.width - width
         y: orb.y - height - 8
-        active: panel.menuOpen
-        visible: active
-        sourceComponent: panelMenu
-    }
-    Component {
-        id: panelMenu
-
-        Face {
-            width: 190
-            height: rows.height + 12
-            radius: Theme.radius
-            Accessible.role: Accessible.PopupMenu
-            Accessible.name: "Vesko"
-
-            HoverHandler {
-                id: overMenu
-            }
-            // Whoever turns away from the menu has no use for it.
-            Timer {
-                interval: 1500
-                running: panel.menuOpen && !overMenu.hovered && !pointer.containsMouse
-                onTriggered: panel.menuOpen = false
-            }
-            Column {
-                id: rows
-
-                x: 6
-                y: 6
-                width: parent.width - 12
-
-                PanelRow {
-                    text: panel.model.recording ? qsTranslate("Vesko", "Stop dictation")
-                        : panel.model.busy ? panel.model.phaseTitle : qsTranslate("Vesko", "Start dictation")
-                    enabled: panel.control.orbEnabled
-                    onChosen: {
-                        panel.menuOpen = false;
-                        panel.delegate.toggleCapture();
-                    }
-                }
-                PanelRow {
-                    text: qsTranslate("Vesko", "Open Vesko")
-                    onChosen: {
-                        panel.menuOpen = false;
-                        panel.delegate.openLibrary();
-                    }
-                }
-                PanelRow {
-                    text: qsTranslate("Vesko", "Settings…")
-                    onChosen: {
-                        panel.menuOpen = false;
-                        panel.delegate.openSettings();
-                    }
-                }
-                Rectangle {
-                    width: parent.width
-                    height: 1
-                    color: Theme.hairline
-                }
-                PanelRow {
-                    text: qsTranslate("Vesko", "Quit Vesko")
-                    onChosen: {
-                        panel.menuOpen = false;
-                        panel.delegate.quit();
-                    }
-                }
-            }
-        }
+        visible: panel.menuOpen
     }
 
     component Face: Rectangle {
