@@ -367,6 +367,8 @@ private:
     mutable std::optional<SharedArray<Note>> m_visibleNotes; // none until asked for
     std::shared_ptr<std::atomic<unsigned>> m_searches; // how many have been asked for
     std::unordered_map<Uuid, PendingEdit> m_pendingEdits;
+    // The last that the store was given of a note of which more is pending.
+    std::unordered_map<Uuid, PendingEdit> m_sentEdits;
     std::optional<Uuid> m_copiedNoteID;
     bool m_menuBarIconHidden = false;
 

@@ -19,6 +19,18 @@ namespace {
 constexpr double copiedIsShown = 1.5; // seconds
 constexpr std::size_t longestExportName = 80; // characters
 
+// The edit on top of what stands in the note, if that is an earlier edit from the same base with a
+// transcript that has been joined to it: the editor, whose user went on writing, hasn't seen it.
+AppModel::PendingEdit onTopOf(const std::optional<AppModel::PendingEdit>& earlier,
+    const std::string& body, AppModel::PendingEdit edit)
+{
+    if (!earlier || earlier->baseBody != edit.baseBody || !body.starts_with(earlier->body))
+        return edit;
+    edit.body += body.substr(earlier->body.size());
+    edit.baseBody = body;
+    return edit;
+}
+
 } // namespace
 
 template <class Operation>
@@ -66,12 +78,21 @@ Task<> AppModel::editNote(Uuid id, PendingEdit edit)
 {
     if (!m_libraryReady)
         throw VeskoError(VeskoError::storage);
-    co_await m_store.run([id, edit](LibraryStore& store) {
-        store.editNote(id, edit.title, edit.body, edit.baseBody);
+    std::optional<PendingEdit> earlier;
+    if (const auto sent = m_sentEdits.find(id); sent != m_sentEdits.end())
+        earlier = sent->second;
+    m_sentEdits.insert_or_assign(id, edit);
+    co_await m_store.run([id, edit, earlier](LibraryStore& store) {
+        const auto& notes = store.snapshot().notes;
+        const auto note = std::ranges::find(notes, id, &Note::id);
+        const auto whole = note == notes.end() ? edit : onTopOf(earlier, note->body, edit);
+        store.editNote(id, whole.title, whole.body, whole.baseBody);
     });
     const auto pending = m_pendingEdits.find(id);
-    if (pending != m_pendingEdits.end() && pending->second == edit)
+    if (pending != m_pendingEdits.end() && pending->second == edit) {
         m_pendingEdits.erase(pending);
+        m_sentEdits.erase(id);
+    }
     co_await refreshLibrary();
 }
 

@@ -18,11 +18,11 @@ Window {
 
     // What can be seen of the window; the rest of it lets clicks through.
     readonly property var shapes: [shape(orb, orb.radius), shape(beside, beside.radius), shape(question, Theme.radius),
-                                   shape(menu, Theme.radius), shape(above, above.radius)].filter(part => part)
+                                   shape(menu, Theme.radius), shape(above, above.radius)]
 
     function shape(part, radius) {
         return part.visible && part.opacity > 0 && part.height > 0
-            ? { x: part.x, y: part.y, width: part.width, height: part.height, radius: radius } : null;
+            ? { x: part.x, y: part.y, width: part.width, height: part.height, radius: radius } : {};
     }
 
     title: "Vesko"

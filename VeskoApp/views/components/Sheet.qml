@@ -47,7 +47,7 @@ T.Dialog {
         }
         Column {
             width: sheet.availableWidth
-            children: sheet.body
+            children: sheet.body // qmllint disable
         }
         Item {
             width: 1

@@ -138,6 +138,53 @@ TEST_F(NoteEditorTest, ATranscriptThatLandsWhileDirtyShowsWithTheSave)
     EXPECT_EQ(shown(), "begun typed\n\nheard");
 }
 
+// The first of several saves joined the transcript to the note, and the next one, of an editor that
+// had not seen it, took it away again.
+TEST_F(NoteEditorTest, ATranscriptThatLandsWhileSomebodyWritesOnIsNotLost)
+{
+    for (const bool closes : { false, true }) {
+        editor.reset();
+        model.reset();
+        std::filesystem::remove_all(root());
+        edit("begun");
+        model->setSelectedNoteID(id);
+        machine.clock.turn(1);
+        model->recordNote(true);
+        ASSERT_TRUE(reach(Phase::recording));
+        machine.recognizer.hears.reset();
+        model->recordNote(true);
+        ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
+        type("1");
+        machine.recognizer.report({ .text = "heard", .isFinal = true });
+        ASSERT_TRUE(reach(Phase::idle));
+        machine.clock.turn(0.36); // a save is under way
+        type("2");
+        ASSERT_TRUE(eventually([&] { return note(id).body == "begun1\n\nheard"; }));
+        ASSERT_TRUE(eventually([&] { return machine.clock.armed() > 0; }));
+        type("3");
+        if (closes)
+            editor.reset();
+        else
+            machine.clock.turn(0.36);
+        ASSERT_TRUE(eventually([&] { return note(id).body == "begun123\n\nheard"; }));
+        if (!closes) {
+            ASSERT_TRUE(saved());
+            EXPECT_EQ(shown(), "begun123\n\nheard");
+        }
+    }
+}
+
+TEST_F(NoteEditorTest, ATranscriptThatLandsBetweenTwoSavesIsNotLost)
+{
+    edit("begun");
+    type("1");
+    machine.clock.turn(0.36); // a save is under way
+    type("2");
+    ASSERT_TRUE(eventually([&] { return note(id).body == "begun1"; }));
+    hear(id, "heard"); // which turns the clock: the next save is made as well
+    ASSERT_TRUE(eventually([&] { return note(id).body == "begun12\n\nheard"; }));
+}
+
 TEST_F(NoteEditorTest, AMergeIsOneStepAndLeavesTheUsersOwnStepsAndCaret)
 {
     edit("one two");
