@@ -24,6 +24,7 @@
 #include "VeskoLinux/input/X11GlobalShortcut.h"
 #include "VeskoLinux/input/X11KeyMonitor.h"
 #include "VeskoLinux/input/X11PasteKeystroke.h"
+#include "VeskoLinux/permissions/LinuxPermissions.h"
 #include "VeskoLinux/secrets/SecretServiceStore.h"
 #include "VeskoLinux/speech/Cld2LanguageRecognizer.h"
 #include "VeskoLinux/speech/PocketSphinxRecognizer.h"
@@ -154,9 +155,10 @@ int runApplication(
     DesktopBrowser browser;
     X11Desktop desktop;
     PortalAppearance appearance;
+    LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
         pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        browser, runningInstance, desktop, appearance, preferredLanguages(), root };
+        browser, runningInstance, desktop, appearance, permissions, preferredLanguages(), root };
 
     AppModel model(
         platform, [&library] { return library.get(); },

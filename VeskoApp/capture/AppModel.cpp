@@ -164,6 +164,11 @@ void AppModel::setErrorMessage(std::string message)
     assign(m_errorMessage, std::move(message), &AppModel::errorMessageChanged);
 }
 
+void AppModel::report(const std::exception_ptr& failure)
+{
+    setErrorMessage(safeMessage(failure));
+}
+
 void AppModel::setMenuBarIconHidden(bool hidden)
 {
     assign(m_menuBarIconHidden, hidden, &AppModel::menuBarIconHiddenChanged);

@@ -123,12 +123,22 @@ public:
     Q_INVOKABLE void openDataFolder();
     // The user has read the error line.
     Q_INVOKABLE void dismissError() { setErrorMessage({}); }
+    // Says in the error line what went wrong elsewhere.
+    void report(const std::exception_ptr& failure);
+    // The tone of a start, or of a stop, as a capture would play it.
+    void previewCue(CaptureCues::Cue cue) { m_cues.play(cue); }
 
     // Makes the program safe to end: a running capture and what was typed are kept. False if it
     // can't end now.
     Task<bool> prepareToQuit();
     // Takes the corrections of the last review that was not seen to be sent into the dictionary.
-    void learnPendingCorrections();
+    Q_INVOKABLE void learnPendingCorrections();
+    // Lets them be.
+    Q_INVOKABLE void dismissPendingCorrections();
+    // Adds a term to the dictionary or replaces it; `onSaved` is called only if that went well. The
+    // outcome stands in the dictionary's line.
+    void saveTerm(DictionaryEntry entry, std::function<void()> onSaved);
+    void removeTerm(const Uuid& id);
     // These addresses were opened with the program, by whomever.
     void openAddresses(const std::vector<std::string>& addresses);
     // Puts text on the clipboard; false, with the reason in the error line, if that failed.
@@ -294,6 +304,8 @@ private:
     void stopLearning();
     Task<> learn(std::vector<DictionarySuggestion> corrections);
     void setPendingCorrections(std::vector<DictionarySuggestion> corrections);
+    Task<> save(DictionaryEntry entry, std::function<void()> onSaved);
+    Task<> remove(Uuid term);
 
     // AppModelTransform.cpp
     Task<TranscriptResult> transformTranscript(

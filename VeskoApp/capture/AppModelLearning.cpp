@@ -1,3 +1,5 @@
+// What becomes of corrections, and the terms of the dictionary.
+
 #include "VeskoApp/capture/AppModel.h"
 
 #include "VeskoApp/capture/SafeMessage.h"
@@ -32,6 +34,11 @@ void AppModel::stopLearning()
     setPendingCorrections({});
 }
 
+void AppModel::dismissPendingCorrections()
+{
+    setPendingCorrections({});
+}
+
 Task<> AppModel::learn(std::vector<DictionarySuggestion> corrections)
 {
     std::size_t added = 0;
@@ -50,6 +57,45 @@ Task<> AppModel::learn(std::vector<DictionarySuggestion> corrections)
                 L10N_KEY("Vesko", "Added %1 dictionary corrections. Review them in Dictionary."))
                 .arg(added),
             &AppModel::dictionaryMessageChanged);
+}
+
+void AppModel::saveTerm(DictionaryEntry entry, std::function<void()> onSaved)
+{
+    if (m_libraryReady)
+        m_tasks.spawn(save(std::move(entry), std::move(onSaved)));
+}
+
+Task<> AppModel::save(DictionaryEntry entry, std::function<void()> onSaved)
+{
+    std::string outcome = L10N_KEY("Vesko", "Dictionary saved");
+    bool saved = true;
+    try {
+        co_await m_store.run([entry](LibraryStore& store) { store.saveDictionaryEntry(entry); });
+    } catch (const std::exception&) {
+        outcome = safeMessage(std::current_exception());
+        setErrorMessage(outcome);
+        saved = false;
+    }
+    co_await refreshLibrary();
+    assign(m_dictionaryMessage, translated(outcome), &AppModel::dictionaryMessageChanged);
+    if (saved && onSaved)
+        onSaved();
+}
+
+void AppModel::removeTerm(const Uuid& id)
+{
+    if (m_libraryReady)
+        m_tasks.spawn(remove(id));
+}
+
+Task<> AppModel::remove(Uuid term)
+{
+    try {
+        co_await m_store.run([term](LibraryStore& store) { store.removeDictionaryEntry(term); });
+    } catch (const std::exception&) {
+        setErrorMessage(safeMessage(std::current_exception()));
+    }
+    co_await refreshLibrary();
 }
 
 void AppModel::setPendingCorrections(std::vector<DictionarySuggestion> corrections)

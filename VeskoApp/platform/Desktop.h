@@ -6,6 +6,9 @@ class QWindow;
 
 namespace vesko {
 
+// Parts of the desktop's own settings.
+enum class SettingsPanel { privacy, sound, accessibility, keyboard, startup };
+
 // What the desktop does with windows and folders. Main thread only; nothing here waits.
 class Desktop {
 public:
@@ -18,6 +21,9 @@ public:
     virtual void floatEverywhere(QWindow& window) = 0;
     // Opens the folder in the file manager.
     virtual void openFolder(const std::filesystem::path& folder) = 0;
+    // Opens that part of the desktop's settings, or the settings where it has no such part, or
+    // nothing where it has no settings.
+    virtual void openSettings(SettingsPanel panel) = 0;
 };
 
 } // namespace vesko

@@ -13,6 +13,7 @@
 #include "VeskoApp/platform/LoginItem.h"
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
+#include "VeskoApp/platform/Permissions.h"
 #include "VeskoApp/platform/RunningInstance.h"
 #include "VeskoApp/platform/SecretStore.h"
 #include "VeskoApp/platform/SettingsStore.h"
@@ -47,6 +48,7 @@ struct Platform {
     RunningInstance& runningInstance;
     Desktop& desktop;
     Appearance& appearance;
+    Permissions& permissions;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
     std::filesystem::path dataFolder; // where the library is
 };

@@ -7,6 +7,11 @@ Task<std::optional<std::string>> Keychain::load(std::string account)
     co_return co_await m_worker.run([this, account] { return m_store.load(account); });
 }
 
+Task<bool> Keychain::has(std::string account)
+{
+    co_return co_await m_worker.run([this, account] { return m_store.has(account); });
+}
+
 Task<> Keychain::save(std::string value, std::string account)
 {
     co_await m_worker.run([this, value, account] { m_store.save(value, account); });

@@ -20,6 +20,8 @@ public:
     }
 
     Task<std::optional<std::string>> load(std::string account);
+    // Asks the user nothing.
+    Task<bool> has(std::string account);
     Task<> save(std::string value, std::string account);
     Task<> remove(std::string account);
 

@@ -57,9 +57,14 @@ GestureKey Preferences::gestureKey(bool keyboardReportsFn) const
 
 void Preferences::setGestureKey(GestureKey key)
 {
-    gestureKeyName.set(std::string(
+    gestureKeyName.set(nameOf(key));
+}
+
+std::string Preferences::nameOf(GestureKey key)
+{
+    return std::string(
         std::ranges::find(gestureKeyNames, key, &decltype(gestureKeyNames)::value_type::first)
-            ->second));
+            ->second);
 }
 
 std::string Preferences::keyAccount(const std::string& keySource)
@@ -121,7 +126,7 @@ Task<> Preferences::refreshKeys()
 Task<bool> Preferences::exists(std::string account)
 {
     try {
-        co_return (co_await m_keychain.load(account)).has_value();
+        co_return co_await m_keychain.has(account);
     } catch (const KeychainFailure&) {
         co_return false;
     }

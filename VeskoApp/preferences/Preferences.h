@@ -76,9 +76,11 @@ public:
     // Control.
     GestureKey gestureKey(bool keyboardReportsFn) const;
     void setGestureKey(GestureKey key);
+    // What the setting says for that key.
+    static std::string nameOf(GestureKey key);
 
     // Whether a personal key, or one of Vesko's own, exists and can be read: false until the secret
-    // store has been asked, which may make the desktop ask the user for a password.
+    // store has been asked.
     bool hasKey() const { return m_hasKey; }
     bool hasVeskoAccess() const { return m_hasVeskoAccess; }
     LoginStatus loginStatus() const { return m_loginStatus; }

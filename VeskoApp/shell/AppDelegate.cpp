@@ -61,6 +61,7 @@ void AppDelegate::launch(bool background, const Demo& demo)
             m_hotkeys.installFnMonitors();
     });
     observeScreens();
+    observeActivation();
     if (demo.scene)
         m_tasks.spawn(showScene(*demo.scene));
 }
@@ -90,6 +91,23 @@ void AppDelegate::observeScreens()
     for (const auto changed :
         { &QGuiApplication::screenRemoved, &QGuiApplication::primaryScreenChanged })
         connect(qGuiApp, changed, this, &AppDelegate::screenChanged);
+}
+
+// The user may have been in the desktop's settings, or another program may have changed ours.
+void AppDelegate::observeActivation()
+{
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
+        [this](Qt::ApplicationState state) {
+            if (state == Qt::ApplicationActive)
+                m_model.preferences().refresh();
+        });
+}
+
+PermissionRows& AppDelegate::permissions()
+{
+    if (!m_permissions)
+        m_permissions.emplace(m_platform, [this] { m_hotkeys.installFnMonitors(); });
+    return *m_permissions;
 }
 
 void AppDelegate::screenChanged()

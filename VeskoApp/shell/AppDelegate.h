@@ -3,6 +3,7 @@
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/capture/AppModel.h"
 #include "VeskoApp/capture/Hotkeys.h"
+#include "VeskoApp/onboarding/PermissionRows.h"
 #include "VeskoApp/shell/AppWindows.h"
 #include "VeskoApp/shell/CaptureControl.h"
 #include "VeskoCore/shell/DemoScene.h"
@@ -65,6 +66,8 @@ public:
     bool reduceMotion() const { return m_platform.appearance.reduceMotion(); }
     AppWindows& windows() { return m_windows; }
     CaptureControl& captureControl() { return m_captureControl; }
+    // Nothing is read of the permissions before somebody wants to know.
+    PermissionRows& permissions();
 
     // Makes the window of the floating control, hidden.
     std::function<std::unique_ptr<QWindow>()> makeCapturePanel;
@@ -90,6 +93,7 @@ private:
     void showCaptureState();
     void observeAccess();
     void applyAppearance(std::optional<bool> dark);
+    void observeActivation();
     Task<> quitWhenSafe();
     bool canStart() const;
 
@@ -100,7 +104,8 @@ private:
     Platform& m_platform;
     AppModel& m_model;
     Hotkeys m_hotkeys;
-    AppWindows m_windows;
+    std::optional<PermissionRows> m_permissions;
+    AppWindows m_windows; // goes before what its windows show
     CaptureControl m_captureControl;
     GestureKey m_gestureKey;
     Timer m_menuBarCheck;

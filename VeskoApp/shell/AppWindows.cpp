@@ -72,7 +72,13 @@ bool AppWindows::show(AppWindow kind)
 
 void AppWindows::discard(AppWindow kind)
 {
-    m_windows.erase(kind);
+    const auto found = m_windows.find(kind);
+    if (found == m_windows.end())
+        return;
+    auto window = std::move(found->second.window);
+    m_windows.erase(found);
+    window->hide();
+    window.release()->deleteLater();
 }
 
 QWindow* AppWindows::find(AppWindow kind)
@@ -113,7 +119,7 @@ void AppWindows::watchPlace(AppWindow kind)
     };
     for (const auto changed :
         { &QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged })
-        QObject::connect(window, changed, window, moved);
+        QObject::connect(window, changed, place.watch.get(), moved);
 }
 
 void AppWindows::savePlace(AppWindow kind)

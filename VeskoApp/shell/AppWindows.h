@@ -29,13 +29,14 @@ public:
 
     // Brings the window forward, on the workspace where the user is. False if there is none.
     bool show(AppWindow kind);
-    // The window is gone, and made anew when it is shown again.
+    // The window is gone, and made anew when it is shown again. May be asked for by the window.
     void discard(AppWindow kind);
 
 private:
     struct Place {
         std::unique_ptr<QWindow> window;
         Timer saving;
+        std::unique_ptr<QObject> watch = std::make_unique<QObject>(); // of its moves
 
         Place(std::unique_ptr<QWindow> made, EventClock& clock)
             : window(std::move(made))

@@ -1,6 +1,10 @@
 #include "VeskoApp/views/Windows.h"
 
+#include "VeskoApp/dictionary/DictionaryView.h"
 #include "VeskoApp/library/LibraryWindow.h"
+#include "VeskoApp/onboarding/OnboardingView.h"
+#include "VeskoApp/settings/GestureKeyNames.h"
+#include "VeskoApp/settings/PreferencesView.h"
 #include "VeskoApp/views/IconProvider.h"
 
 #include <QElapsedTimer>
@@ -45,6 +49,16 @@ QVariant handed(QObject& object)
     return QVariant::fromValue(&object);
 }
 
+// The window owns what it shows, and knows it by that name.
+std::unique_ptr<QWindow> make(QQmlEngine& engine, const QString& name, QVariantMap properties,
+    const QString& contentName, std::unique_ptr<QObject> content)
+{
+    properties.insert(contentName, handed(*content));
+    auto window = make(engine, name, properties);
+    content.release()->setParent(window.get());
+    return window;
+}
+
 } // namespace
 
 void prepareViews(QQmlEngine& engine)
@@ -71,17 +85,24 @@ std::unique_ptr<QWindow> makeWindow(
         { QStringLiteral("delegate"), handed(delegate) } };
     try {
         switch (kind) {
-        case AppWindow::library: {
-            auto content = std::make_unique<LibraryWindow>(model, platform.clock);
-            properties.insert(QStringLiteral("library"), handed(*content));
-            auto window = make(engine, QStringLiteral("LibraryWindow"), properties);
-            content.release()->setParent(window.get());
-            return window;
-        }
-        case AppWindow::settings:
+        case AppWindow::library:
+            return make(engine, QStringLiteral("LibraryWindow"), properties,
+                QStringLiteral("library"), std::make_unique<LibraryWindow>(model, platform.clock));
         case AppWindow::dictionary:
+            return make(engine, QStringLiteral("DictionaryWindow"), properties,
+                QStringLiteral("dictionary"),
+                std::make_unique<DictionaryView>(model, platform.clock));
+        case AppWindow::settings:
+            return make(engine, QStringLiteral("SettingsWindow"), properties,
+                QStringLiteral("preferences"),
+                std::make_unique<PreferencesView>(model, platform, delegate.permissions()));
         case AppWindow::onboarding:
-            break;
+            return make(engine, QStringLiteral("OnboardingWindow"), properties,
+                QStringLiteral("onboarding"),
+                std::make_unique<OnboardingView>(
+                    delegate.permissions(),
+                    shownName(model.preferences().gestureKey(platform.keys.reportsFn())),
+                    [] { return OnboardingFlow{}; }, [&delegate] { delegate.finishOnboarding(); }));
         }
     } catch (const std::exception& error) {
         // A broken installation. Nothing that runs is to end because of it.

@@ -163,5 +163,65 @@
         <source>Fn combination used. Audio saved without transcription.</source>
         <translation>Key combination used. Audio saved without transcription.</translation>
     </message>
+    <message>
+        <source>Corrections stay on this Mac. Original transcripts are kept.</source>
+        <translation>Corrections stay on this computer. Original transcripts are kept.</translation>
+    </message>
+    <message>
+        <source>Apple on-device transcription.</source>
+        <translation>Transcription on this computer, by an installed model.</translation>
+    </message>
+    <message>
+        <source>Input Monitoring</source>
+        <translation>Keyboard</translation>
+    </message>
+    <message>
+        <source>Notices the Fn key. Keystrokes are not saved.</source>
+        <translation>Notices the dictation key. Keystrokes are not saved.</translation>
+    </message>
+    <message>
+        <source>Allow Vesko in System Settings &gt; Privacy &amp; Security &gt; Microphone.</source>
+        <translation>No microphone could be opened. Connect one, or choose and unmute it in your desktop's sound settings.</translation>
+    </message>
+    <message>
+        <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
+        <translation>Accessibility has been turned on for this session. Programs that were already open may have to be started again before Vesko can paste into them.</translation>
+    </message>
+    <message>
+        <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>
+        <translation>Vesko watches the keyboard where the desktop lets programs do so, as under X11. Choose another dictation key if your desktop uses this one. Super+Shift+Space remains available.</translation>
+    </message>
+    <message>
+        <source>Every original recording stays on this Mac. Retry any transcription.</source>
+        <translation>Every original recording stays on this computer. Retry any transcription.</translation>
+    </message>
+    <message>
+        <source>Hold Fn and speak</source>
+        <translation>Hold the key and speak</translation>
+    </message>
+    <message>
+        <source>Tap Fn for longer thoughts</source>
+        <translation>Tap the key for longer thoughts</translation>
+    </message>
+    <message>
+        <source>Recording keeps going hands-free. Tap Fn again to finish.</source>
+        <translation>Recording keeps going hands-free. Tap the key again to finish.</translation>
+    </message>
+    <message>
+        <source>Or press Command Shift Space</source>
+        <translation>Or press Super+Shift+Space</translation>
+    </message>
+    <message>
+        <source>Works the same way when Fn is busy.</source>
+        <translation>Works the same way when the key is busy.</translation>
+    </message>
+    <message>
+        <source>macOS asks once for each. You can change them later in Settings.</source>
+        <translation>What Vesko needs to work. You can look at it again later in Settings.</translation>
+    </message>
+    <message>
+        <source>Notes and recordings stay on this Mac.</source>
+        <translation>Notes and recordings stay on this computer.</translation>
+    </message>
 </context>
 </TS>

@@ -6,6 +6,10 @@
 #include "VeskoCore/library/Note.h"
 #include "VeskoCore/library/Project.h"
 
+#include <optional>
+#include <string_view>
+#include <vector>
+
 namespace vesko {
 
 // The whole persisted document, held by value. A copy shares every record that did not change, so
@@ -22,6 +26,8 @@ struct Library {
     // order of the library.
     SharedArray<Note> filtered(
         const std::optional<Uuid>& projectID, std::string_view query, bool trash) const;
+    // The terms of the dictionary that contain the query on either side; all for an empty one.
+    std::vector<DictionaryEntry> terms(std::string_view query) const;
 
     bool operator==(const Library&) const = default;
 };

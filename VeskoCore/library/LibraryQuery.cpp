@@ -52,4 +52,14 @@ SharedArray<Note> Library::filtered(
     return SharedArray<Note>(std::move(listed));
 }
 
+std::vector<DictionaryEntry> Library::terms(std::string_view query) const
+{
+    TextSearch search(query, icu::Locale::getDefault().getLanguage());
+    std::vector<DictionaryEntry> found;
+    for (const auto& term : dictionary)
+        if (query.empty() || search.foundIn(term.original) || search.foundIn(term.replacement))
+            found.push_back(term);
+    return found;
+}
+
 } // namespace vesko

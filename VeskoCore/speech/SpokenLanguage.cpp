@@ -75,6 +75,14 @@ std::optional<std::string> nameOf(const std::string& tag, bool region, const std
 
 } // namespace
 
+std::vector<std::string> offered()
+{
+    std::vector<std::string> tags;
+    for (const auto& [code, tag] : regionDefaults)
+        tags.emplace_back(tag);
+    return tags;
+}
+
 std::string code(std::string_view tag)
 {
     const std::size_t first = std::min(tag.find_first_not_of('-'), tag.size());

@@ -22,6 +22,9 @@ std::string code(std::string_view tag);
 // lower case.
 std::string tag(std::string_view code);
 
+// The tags that a list of languages offers, one a language.
+std::vector<std::string> offered();
+
 // The English name of the tag's language, without its region; the tag itself if it has none.
 std::string name(const std::string& tag);
 // The name to show in a language of the interface, "en" unless another is given: with `region` that

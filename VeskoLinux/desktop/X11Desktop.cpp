@@ -1,7 +1,10 @@
 #include "VeskoLinux/desktop/X11Desktop.h"
 
+#include "VeskoLinux/desktop/SettingsPanels.h"
+
 #include <QDesktopServices>
 #include <QGuiApplication>
+#include <QProcess>
 #include <QUrl>
 #include <QWindow>
 
@@ -74,6 +77,15 @@ void X11Desktop::floatEverywhere(QWindow& window)
 void X11Desktop::openFolder(const std::filesystem::path& folder)
 {
     QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(folder.string())));
+}
+
+void X11Desktop::openSettings(SettingsPanel panel)
+{
+    for (auto command : settingsCommands(panel, qEnvironmentVariable("XDG_CURRENT_DESKTOP"))) {
+        const QString program = command.takeFirst();
+        if (QProcess::startDetached(program, command))
+            return;
+    }
 }
 
 std::uint32_t X11Desktop::atom(const char* name) const

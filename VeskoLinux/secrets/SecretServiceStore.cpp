@@ -122,13 +122,13 @@ public:
     }
 
     // Stores list the items of locked rings too, so no item means that there is none. An item
-    // whose ring stayed locked comes without its secret.
+    // whose ring is or stays locked comes without its secret.
     Items find(const std::string& account, int flags)
     {
         GError* error = nullptr;
         const auto attributes = attributesOf(account);
         // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, which combine
-        const auto combined = static_cast<SecretSearchFlags>(flags | SECRET_SEARCH_UNLOCK);
+        const auto combined = static_cast<SecretSearchFlags>(flags);
         Items items(libsecret().serviceSearch(m_service.get(), &schema, attributes.get(), combined,
             m_deadline.cancellable(), &error));
         // The search swallows a cancelled unlock.
@@ -164,7 +164,7 @@ bool isUtf8(const char* bytes, gsize length)
 std::optional<std::string> SecretServiceStore::load(const std::string& account)
 {
     Conversation store(m_patience);
-    const auto items = store.find(account, SECRET_SEARCH_LOAD_SECRETS);
+    const auto items = store.find(account, SECRET_SEARCH_LOAD_SECRETS | SECRET_SEARCH_UNLOCK);
     if (!items)
         return std::nullopt;
     const Value value(libsecret().itemGetSecret(static_cast<SecretItem*>(items->data)));
@@ -177,6 +177,20 @@ std::optional<std::string> SecretServiceStore::load(const std::string& account)
     return std::string(bytes, length);
 }
 
+bool SecretServiceStore::has(const std::string& account)
+{
+    Conversation store(m_patience);
+    const auto items = store.find(account, SECRET_SEARCH_LOAD_SECRETS);
+    if (!items)
+        return false;
+    const Value value(libsecret().itemGetSecret(static_cast<SecretItem*>(items->data)));
+    if (!value)
+        return true; // locked away
+    gsize length = 0;
+    const char* bytes = libsecret().valueGet(value.get(), &length);
+    return isUtf8(bytes, length);
+}
+
 void SecretServiceStore::save(const std::string& value, const std::string& account)
 {
     if (!isUtf8(value.data(), value.size()))
@@ -185,7 +199,7 @@ void SecretServiceStore::save(const std::string& value, const std::string& accou
     // libsecret keeps its copy in memory that is never swapped and wipes it.
     const Value secret(
         libsecret().valueNew(value.data(), static_cast<gssize>(value.size()), "text/plain"));
-    if (const auto items = store.find(account, SECRET_SEARCH_NONE)) {
+    if (const auto items = store.find(account, SECRET_SEARCH_UNLOCK)) {
         require(libsecret().itemSetSecret(
             static_cast<SecretItem*>(items->data), secret.get(), store.cancellable(), nullptr));
         return;
@@ -199,7 +213,7 @@ void SecretServiceStore::save(const std::string& value, const std::string& accou
 void SecretServiceStore::remove(const std::string& account)
 {
     Conversation store(m_patience);
-    const auto items = store.find(account, SECRET_SEARCH_ALL);
+    const auto items = store.find(account, SECRET_SEARCH_ALL | SECRET_SEARCH_UNLOCK);
     for (const GList* item = items.get(); item; item = item->next)
         require(libsecret().itemDelete(
             static_cast<SecretItem*>(item->data), store.cancellable(), nullptr));

@@ -21,6 +21,7 @@ public:
     }
 
     std::optional<std::string> load(const std::string& account) override;
+    bool has(const std::string& account) override;
     void save(const std::string& value, const std::string& account) override;
     void remove(const std::string& account) override;
 

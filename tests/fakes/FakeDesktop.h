@@ -11,6 +11,7 @@ public:
     std::vector<const QWindow*> broughtHere;
     std::vector<const QWindow*> floating;
     std::vector<std::filesystem::path> openedFolders;
+    std::vector<SettingsPanel> openedSettings;
 
     void bringHere(QWindow& window) override { broughtHere.push_back(&window); }
     void floatEverywhere(QWindow& window) override { floating.push_back(&window); }
@@ -18,6 +19,7 @@ public:
     {
         openedFolders.push_back(folder);
     }
+    void openSettings(SettingsPanel panel) override { openedSettings.push_back(panel); }
 };
 
 } // namespace vesko

@@ -13,6 +13,7 @@
 #include "tests/fakes/FakeLoginItem.h"
 #include "tests/fakes/FakeOnDeviceRecognizer.h"
 #include "tests/fakes/FakePasteKeystroke.h"
+#include "tests/fakes/FakePermissions.h"
 #include "tests/fakes/FakeRunningInstance.h"
 #include "tests/fakes/FakeSecretStore.h"
 #include "tests/fakes/FakeSettingsStore.h"
@@ -43,6 +44,7 @@ struct FakePlatform {
     FakeRunningInstance runningInstance;
     FakeDesktop desktop;
     FakeAppearance appearance;
+    FakePermissions permissions;
 
     Platform all{
         .clock = clock,
@@ -64,6 +66,7 @@ struct FakePlatform {
         .runningInstance = runningInstance,
         .desktop = desktop,
         .appearance = appearance,
+        .permissions = permissions,
         .preferredLanguages = { "en-US" },
         .dataFolder = "/data/Vesko",
     };

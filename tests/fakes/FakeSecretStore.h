@@ -37,6 +37,7 @@ public:
         const auto item = m_items.find(account);
         return item == m_items.end() ? std::nullopt : std::optional(item->second);
     }
+    bool has(const std::string& account) override { return load(account).has_value(); }
     void save(const std::string& value, const std::string& account) override
     {
         const std::scoped_lock guard(m_mutex);

@@ -17,6 +17,7 @@ T.Button {
     focusPolicy: Qt.StrongFocus
 
     Accessible.name: name
+    Accessible.focusable: enabled // the bus is told in no other way that it is off
     Accessible.description: help === name ? "" : help
     Accessible.onPressAction: if (enabled) clicked()
     Keys.onReturnPressed: clicked()

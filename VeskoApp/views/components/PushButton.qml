@@ -30,6 +30,7 @@ T.Button {
 
     Accessible.name: text
     Accessible.description: help
+    Accessible.focusable: enabled // the bus is told in no other way that it is off
     Accessible.onPressAction: if (enabled) clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()

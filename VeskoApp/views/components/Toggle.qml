@@ -7,6 +7,9 @@ import QtQuick.Templates as T
 T.Switch {
     id: control
 
+    property string name: text
+    property string help
+
     implicitWidth: implicitContentWidth
     implicitHeight: Math.max(Theme.control, implicitContentHeight)
     focusPolicy: Qt.StrongFocus
@@ -14,7 +17,8 @@ T.Switch {
     font.pixelSize: Theme.body
 
     Accessible.role: Accessible.CheckBox
-    Accessible.name: text
+    Accessible.name: name
+    Accessible.description: help
     Accessible.checkable: true
     Accessible.checked: checked
     Accessible.onToggleAction: press()
@@ -55,7 +59,7 @@ T.Switch {
         }
     }
     contentItem: Text {
-        rightPadding: control.indicator.width + 16
+        rightPadding: control.indicator.width + (control.text ? 16 : 0)
         text: control.text
         font: control.font
         color: Theme.text
@@ -63,5 +67,10 @@ T.Switch {
         wrapMode: Text.Wrap
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true
+    }
+
+    Hint {
+        text: control.help
+        shown: control.hovered || control.visualFocus
     }
 }

@@ -1,6 +1,6 @@
 // What the program learns from how the user changes a pasted text, and what it then does with it.
 
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/capture/LearningTest.h"
 
 namespace vesko {
 namespace {
@@ -9,41 +9,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const DictionarySuggestion found{ "world", "wurld", true };
-
-// "hello world" is dictated into the editor, and the user makes "hello wurld" of it.
-class LearningTest : public AppModelTest {
-protected:
-    void dictateAndEdit()
-    {
-        machine.focusedField.reading.value = "Dear ";
-        machine.focusedField.reading.selection = TextRange{ 5, 0 };
-        dictate();
-        finish();
-        ASSERT_EQ(machine.pasteKeystroke.sent, ++m_pastes);
-        machine.focusedField.reading.value = "Dear hello world";
-        machine.clock.turn(0.1);
-        machine.focusedField.reading.value = "Dear hello wurld";
-        machine.clock.turn(0.25);
-    }
-    void send()
-    {
-        model->insertionReview().armSend();
-        machine.focusedField.reading.value = "";
-        machine.clock.turn(0.25);
-    }
-    // The user goes on in another program.
-    void leave()
-    {
-        machine.focusedField.reading.frontmost = 99;
-        machine.clock.turn(0.25);
-        machine.focusedField.reading.frontmost = FakeFocusedField::editor;
-    }
-
-    std::size_t terms() const { return model->library().dictionary.size(); }
-
-private:
-    int m_pastes = 0;
-};
 
 TEST_F(LearningTest, WhatWasSentIsLearnedAndActsInTheNextDictation)
 {
@@ -221,6 +186,19 @@ TEST_F(LearningTest, WhatIsKnownAlreadyIsNotAnnounced)
     ASSERT_TRUE(eventually([&] { return snapshots > before; }));
     EXPECT_EQ(terms(), 1U);
     EXPECT_EQ(messages, 0);
+}
+
+TEST_F(LearningTest, DismissedCorrectionsChangeNothing)
+{
+    open();
+    dictateAndEdit();
+    leave();
+    ASSERT_THAT(model->pendingCorrections(), ElementsAre(found));
+    model->dismissPendingCorrections();
+    EXPECT_THAT(model->pendingCorrections(), IsEmpty());
+    model->learnPendingCorrections();
+    drainEvents();
+    EXPECT_EQ(terms(), 0U);
 }
 
 } // namespace

@@ -140,5 +140,28 @@ TEST(LibraryQuery, FindsAnEditAtOnceAndSharesTheNotes)
     EXPECT_EQ(library.filtered(std::nullopt, "after", false).size(), 1U);
 }
 
+TEST(LibraryQuery, FindsATermByEitherSide)
+{
+    Library library;
+    for (const auto& [original, replacement] :
+        { std::pair("tallki", "Vesko"), std::pair("café", "coffee"), std::pair("vesco", "it") }) {
+        DictionaryEntry term;
+        term.original = original;
+        term.replacement = replacement;
+        library.dictionary.append(term);
+    }
+    const auto originals = [&](std::string_view query) {
+        Titles all;
+        for (const auto& term : library.terms(query))
+            all.push_back(term.original);
+        return all;
+    };
+    EXPECT_EQ(originals(""), (Titles{ "tallki", "café", "vesco" }));
+    EXPECT_EQ(originals("VES"), (Titles{ "tallki", "vesco" }));
+    EXPECT_EQ(originals("vesko"), Titles{ "tallki" });
+    EXPECT_EQ(originals("cafe"), Titles{ "café" });
+    EXPECT_EQ(originals("zebra"), Titles{});
+}
+
 } // namespace
 } // namespace vesko

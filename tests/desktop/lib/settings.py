@@ -1,6 +1,7 @@
 """The settings file, written without the program's help."""
 
 import os
+import struct
 
 
 def path():
@@ -35,3 +36,29 @@ def write(**values):
 def remove():
     if os.path.exists(path()):
         os.remove(path())
+
+
+def _decoded(data, at):
+    """A value of those that the program writes, and where the next one begins."""
+    kind, size, at = data[at] >> 5, data[at] & 31, at + 1
+    if kind == 7 and size in (20, 21):
+        return size == 21, at
+    if kind == 7:
+        return struct.unpack(">d", data[at:at + 8])[0], at + 8
+    if size >= 24:
+        width = 1 << size - 24
+        size, at = int.from_bytes(data[at:at + width], "big"), at + width
+    if kind in (2, 3):
+        content = data[at:at + size]
+        return content.decode() if kind == 3 else content, at + size
+    values = []
+    for _ in range(size * (2 if kind == 5 else 1)):
+        value, at = _decoded(data, at)
+        values.append(value)
+    return (dict(zip(values[::2], values[1::2])) if kind == 5 else values), at
+
+
+def read():
+    """All settings, as the program has written them."""
+    with open(path(), "rb") as file:
+        return _decoded(file.read(), 0)[0]

@@ -67,13 +67,15 @@ class Vesko:
         return None
 
     def find(self, role, name):
-        """The element of one of the program's windows that can be seen."""
+        """The element of one of the program's windows that can be seen; None for any role or
+        name."""
         for frame in self.app.children:
             if frame == self.panel:
                 continue
             for node in frame.walk():
                 try:
-                    if node.role == role and node.name == name and "showing" in node.states:
+                    if (role in (None, node.role) and name in (None, node.name)
+                            and "showing" in node.states):
                         return node
                 except eyes.Gone:
                     continue

@@ -189,6 +189,21 @@ TEST_F(WithKeyring, tellsARingThatWasNeverUnlockedFromAMissingItem)
     EXPECT_THROW(store.load("personal"), KeychainFailure);
 }
 
+TEST_F(WithKeyring, tellsWhetherThereIsAKeyWithoutAskingForAPassword)
+{
+    EXPECT_FALSE(store.has("personal"));
+    store.save("one", "personal");
+    EXPECT_TRUE(store.has("personal"));
+    storeAsAnotherProgram("vesko-access", "sk-\xFF\xFE");
+    EXPECT_FALSE(store.has("vesko-access")); // no UTF-8, no key
+    keyring.lock();
+    EXPECT_TRUE(store.has("personal"));
+    EXPECT_FALSE(store.has("nobody"));
+    keyring.restartUnlocked();
+    store.remove("personal");
+    EXPECT_FALSE(store.has("personal"));
+}
+
 TEST_F(WithKeyring, givesUpOnAStoreThatDoesNotAnswer)
 {
     keyring.freeze();

@@ -1,0 +1,151 @@
+#include "VeskoApp/dictionary/DictionaryView.h"
+
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+#include "VeskoCore/base/Text.h"
+
+#include <QPointer>
+
+#include <string>
+#include <utility>
+
+namespace vesko {
+
+DictionaryView::DictionaryView(AppModel& model, EventClock& clock)
+    : m_model(model)
+    , m_clock(clock)
+{
+    connect(&model, &AppModel::libraryChanged, this, &DictionaryView::showTerms);
+    connect(&model, &AppModel::pendingCorrectionsChanged, this, &DictionaryView::pendingChanged);
+    showTerms();
+}
+
+void DictionaryView::showTerms()
+{
+    m_terms.setTerms(m_model.library().terms(m_query.toStdString()));
+    Q_EMIT termsChanged();
+}
+
+QString DictionaryView::countText() const
+{
+    const int count = m_terms.rowCount();
+    return count == 1 ? translated(L10N_KEY("Vesko", "1 term"))
+                      : translated(L10N_KEY("Vesko", "%1 terms")).arg(count);
+}
+
+QVariant DictionaryView::emptyState() const
+{
+    if (m_terms.rowCount() > 0)
+        return {};
+    const auto words = [](const char* title, const char* text) {
+        return QVariantMap{ { QStringLiteral("title"), translated(title) },
+            { QStringLiteral("text"), translated(text) } };
+    };
+    if (!m_query.isEmpty())
+        return words(
+            L10N_KEY("Vesko", "No matching terms"), L10N_KEY("Vesko", "Try another search."));
+    return words(L10N_KEY("Vesko", "Your personal dictionary"),
+        L10N_KEY("Vesko",
+            "Add names, product terms and frequent corrections. Similar spelling fixes can be "
+            "learned after you edit and send a pasted dictation."));
+}
+
+void DictionaryView::setQuery(const QString& query)
+{
+    if (m_query == query)
+        return;
+    m_query = query;
+    Q_EMIT queryChanged();
+    showTerms();
+}
+
+void DictionaryView::setOriginal(const QString& text)
+{
+    m_original = text;
+    Q_EMIT formChanged();
+}
+
+void DictionaryView::setReplacement(const QString& text)
+{
+    m_replacement = text;
+    Q_EMIT formChanged();
+}
+
+QString DictionaryView::saveTitle() const
+{
+    return editing() ? translated(L10N_KEY("Vesko", "Save term"))
+                     : translated(L10N_KEY("Vesko", "Add term"));
+}
+
+bool DictionaryView::canSave() const
+{
+    const auto texts = std::pair(m_original.toStdString(), m_replacement.toStdString());
+    const auto original = trimmed(texts.first);
+    const auto replacement = trimmed(texts.second);
+    return !original.empty() && !replacement.empty() && !sameText(original, replacement);
+}
+
+QString DictionaryView::pendingText() const
+{
+    const auto count = m_model.pendingCorrections().size();
+    if (count == 0)
+        return {};
+    return translated(L10N_KEY("Vesko", "Last edited paste: %1 word corrections")).arg(count);
+}
+
+void DictionaryView::save()
+{
+    if (!canSave())
+        return;
+    DictionaryEntry entry;
+    if (m_editing) {
+        entry = *m_editing;
+    } else {
+        entry.id = Uuid::random();
+        entry.createdAt = m_clock.now();
+    }
+    entry.original = m_original.toStdString();
+    entry.replacement = m_replacement.toStdString();
+    entry.source = DictionaryEntry::Source::manual;
+    m_model.saveTerm(std::move(entry), [self = QPointer(this)] {
+        if (self)
+            self->cancel();
+    });
+}
+
+void DictionaryView::cancel()
+{
+    fill(std::nullopt);
+}
+
+void DictionaryView::edit(const QString& id)
+{
+    if (const auto* const term = m_terms.find(id))
+        fill(*term);
+}
+
+void DictionaryView::fill(std::optional<DictionaryEntry> editing)
+{
+    m_editing = std::move(editing);
+    m_original = m_editing ? QString::fromStdString(m_editing->original) : QString();
+    m_replacement = m_editing ? QString::fromStdString(m_editing->replacement) : QString();
+    Q_EMIT formChanged();
+}
+
+void DictionaryView::setEnabled(const QString& id, bool enabled)
+{
+    const auto* const term = m_terms.find(id);
+    if (!term)
+        return;
+    DictionaryEntry changed = *term;
+    changed.enabled = enabled;
+    m_model.saveTerm(std::move(changed), {});
+}
+
+void DictionaryView::remove(const QString& id)
+{
+    if (const auto* const term = m_terms.find(id))
+        m_model.removeTerm(term->id);
+}
+
+} // namespace vesko

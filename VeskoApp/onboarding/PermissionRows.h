@@ -1,0 +1,48 @@
+#pragma once
+
+#include "VeskoApp/async/TaskScope.h"
+#include "VeskoApp/platform/Platform.h"
+
+#include <QObject>
+#include <QVariant>
+
+#include <functional>
+
+namespace vesko {
+
+// The four things that the machine has to let the program do, with whether it does and a button
+// that does about it what can be done from here. To read them asks the user nothing; they are read
+// again whenever the user comes back to the program. One for all windows. Main thread; the platform
+// must outlive it.
+class PermissionRows : public QObject {
+    Q_OBJECT
+    // Rows with "name", "line", "allowed", "status" and "button".
+    Q_PROPERTY(QVariantList rows READ rows NOTIFY rowsChanged)
+
+public:
+    using Notify = std::function<void(const QString&)>;
+
+    // `restartFn` watches the keys anew.
+    PermissionRows(Platform& platform, std::function<void()> restartFn);
+    ~PermissionRows() override;
+
+    QVariantList rows() const;
+    // Reads them again.
+    void revise();
+    // The button of that row. Tells what the user has to know or to do next, if anything.
+    void press(int row, const Notify& notify);
+
+Q_SIGNALS:
+    void rowsChanged();
+
+private:
+    enum Row { microphone, speechRecognition, accessibility, inputMonitoring };
+    bool allowed(Row row) const;
+    Task<> askForMicrophone(Notify notify);
+
+    Platform& m_platform;
+    std::function<void()> m_restartFn;
+    TaskScope m_tasks;
+};
+
+} // namespace vesko

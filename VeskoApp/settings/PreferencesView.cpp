@@ -1,0 +1,134 @@
+#include "VeskoApp/settings/PreferencesView.h"
+
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+#include "VeskoCore/speech/SpokenLanguage.h"
+
+#include <QPointer>
+
+#include <system_error>
+
+namespace vesko {
+
+PreferencesView::PreferencesView(AppModel& model, Platform& platform, PermissionRows& permissions)
+    : m_model(model)
+    , m_preferences(model.preferences())
+    , m_platform(platform)
+    , m_permissions(permissions)
+{
+    connect(&m_preferences, &Preferences::changed, this, &PreferencesView::changed);
+    for (const auto happens : { &AppModel::catalogChanged, &AppModel::catalogLoadingChanged })
+        connect(&model, happens, this, &PreferencesView::changed);
+}
+
+void PreferencesView::opened()
+{
+    m_preferences.refresh();
+    m_permissions.revise();
+}
+
+QString PreferencesView::languageHint() const
+{
+    if (m_preferences.language.get() == "auto")
+        return translated(L10N_KEY("Vesko",
+            "Automatic lets the speech model guess, and a short phrase can come back in the wrong "
+            "language. After your next dictation Vesko asks which language you speak and remembers "
+            "it."));
+    return translated(L10N_KEY("Vesko",
+                          "Vesko tells the speech model you speak %1. Choose Automatic if you "
+                          "switch between languages."))
+        .arg(QString::fromStdString(SpokenLanguage::displayName(m_preferences.language.get())));
+}
+
+QString PreferencesView::keyStatus() const
+{
+    return hasKey() ? translated(L10N_KEY("Vesko", "Saved in Keychain"))
+                    : translated(L10N_KEY("Vesko", "No key saved"));
+}
+
+QString PreferencesView::keyPrompt() const
+{
+    return hasKey() ? translated(L10N_KEY("Vesko", "Enter a replacement key"))
+                    : translated(L10N_KEY("Vesko", "Your personal API key"));
+}
+
+QString PreferencesView::catalogTitle() const
+{
+    return m_model.catalogLoading() ? translated(L10N_KEY("Vesko", "Loading models…"))
+                                    : translated(L10N_KEY("Vesko", "Refresh model catalog"));
+}
+
+void PreferencesView::saveKey()
+{
+    m_tasks.spawn(save(m_keyDraft.toStdString()));
+}
+
+Task<> PreferencesView::save(std::string key)
+{
+    try {
+        co_await m_preferences.saveKey(std::move(key));
+        clearKeyDraft();
+        setNotice(translated(L10N_KEY("Vesko", "Key saved in Keychain")));
+    } catch (const std::exception&) {
+        m_model.report(std::current_exception());
+        setNotice(translated(L10N_KEY("Vesko", "The key could not be saved.")));
+    }
+}
+
+void PreferencesView::removeKey()
+{
+    m_tasks.spawn(remove());
+}
+
+Task<> PreferencesView::remove()
+{
+    try {
+        co_await m_preferences.removeKey();
+        clearKeyDraft();
+        setNotice(translated(L10N_KEY("Vesko", "Key removed")));
+    } catch (const std::exception&) {
+        m_model.report(std::current_exception());
+    }
+}
+
+void PreferencesView::clearKeyDraft()
+{
+    m_keyDraft.clear();
+    Q_EMIT keyDraftChanged();
+}
+
+void PreferencesView::pressPermission(int row)
+{
+    m_permissions.press(row, [self = QPointer(this)](const QString& notice) {
+        if (self)
+            self->setNotice(notice);
+    });
+}
+
+void PreferencesView::openPrivacySettings()
+{
+    m_platform.desktop.openSettings(SettingsPanel::privacy);
+}
+
+void PreferencesView::setLaunchAtLogin(bool on)
+{
+    try {
+        m_preferences.setLogin(on);
+    } catch (const std::system_error&) {
+        setNotice(translated(L10N_KEY("Vesko",
+            "Launch at login could not be changed. Check Login Items in System Settings.")));
+    }
+}
+
+void PreferencesView::openLoginItems()
+{
+    m_platform.desktop.openSettings(SettingsPanel::startup);
+}
+
+void PreferencesView::setNotice(const QString& notice)
+{
+    m_notice = notice;
+    Q_EMIT noticeChanged();
+}
+
+} // namespace vesko

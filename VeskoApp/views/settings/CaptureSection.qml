@@ -1,0 +1,90 @@
+import QtQuick
+
+// How a dictation is started, what it sounds like, and where its text goes.
+SettingsSection {
+    id: section
+
+    required property var model
+    required property var preferences
+
+    title: qsTranslate("Vesko", "Capture and insertion")
+
+    SettingLine {
+        width: parent.width
+        name: qsTranslate("Vesko", "Global shortcut")
+
+        Words {
+            text: qsTranslate("Vesko", "Command Shift Space")
+            color: Theme.quiet
+        }
+    }
+    SettingNote {
+        width: parent.width
+        text: section.model.shortcutMessage
+        color: Theme.alarm
+    }
+    SettingSwitch {
+        width: parent.width
+        text: qsTranslate("Vesko", "Also use Fn / Globe to start and stop")
+        value: section.preferences.fnEnabled
+        onSwitched: on => section.preferences.fnEnabled = on
+    }
+    SettingPicker {
+        width: parent.width
+        visible: section.preferences.fnEnabled
+        name: qsTranslate("Vesko", "Dictation key")
+        choices: section.preferences.gestureKeys
+        value: section.preferences.gestureKey
+        onChosen: tag => section.preferences.gestureKey = tag
+    }
+    SettingNote {
+        width: parent.width
+        text: qsTranslate("Vesko", "Fn starts recording when pressed. Tap to keep recording, or hold for 0.35 seconds and release to finish. A second tap stops a latched recording. Fn combinations do not send audio for transcription. Set Fn/Globe to Do Nothing in System Settings > Keyboard if macOS opens its own dictation or emoji picker.")
+    }
+    SettingSwitch {
+        width: parent.width
+        text: qsTranslate("Vesko", "Show floating capture button")
+        value: section.preferences.showFloating
+        onSwitched: on => section.preferences.showFloating = on
+    }
+    SettingNote {
+        width: parent.width
+        text: qsTranslate("Vesko", "Click it to record. Drag it to move it; a drag never starts a recording. Right-click it for the Vesko menu.")
+    }
+    SettingNote {
+        width: parent.width
+        visible: section.model.menuBarIconHidden
+        text: qsTranslate("Vesko", "The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.")
+    }
+    SettingSwitch {
+        width: parent.width
+        text: qsTranslate("Vesko", "Play sounds when recording starts and stops")
+        value: section.preferences.soundsEnabled
+        onSwitched: on => section.preferences.soundsEnabled = on
+    }
+    Flow {
+        width: parent.width
+        spacing: Theme.space
+
+        PushButton {
+            text: qsTranslate("Vesko", "Preview start sound")
+            iconName: "play"
+            onClicked: section.preferences.previewStartSound()
+        }
+        PushButton {
+            text: qsTranslate("Vesko", "Preview stop sound")
+            iconName: "play"
+            onClicked: section.preferences.previewStopSound()
+        }
+    }
+    SettingSwitch {
+        width: parent.width
+        text: qsTranslate("Vesko", "Paste dictation into the original field")
+        value: section.preferences.pasteEnabled
+        onSwitched: on => section.preferences.pasteEnabled = on
+    }
+    SettingNote {
+        width: parent.width
+        text: qsTranslate("Vesko", "Text is copied after dictation. Automatic paste needs Accessibility access and an unchanged focused field. Secure or unsupported fields use copy only. Vesko never presses Return.")
+    }
+}

@@ -1,0 +1,58 @@
+import QtQuick
+
+// By what and in which language speech becomes text.
+SettingsSection {
+    id: section
+
+    required property var preferences
+
+    title: qsTranslate("Vesko", "Speech recognition")
+
+    SettingPicker {
+        width: parent.width
+        name: qsTranslate("Vesko", "Transcribe with")
+        choices: section.preferences.providers
+        value: section.preferences.onDevice ? "apple" : "openrouter"
+        onChosen: tag => section.preferences.provider = tag
+    }
+    SettingPicker {
+        width: parent.width
+        name: qsTranslate("Vesko", "Spoken language")
+        choices: section.preferences.languages
+        value: section.preferences.language
+        onChosen: tag => section.preferences.language = tag
+    }
+    SettingNote {
+        width: parent.width
+        text: section.preferences.languageHint
+    }
+    SettingNote {
+        width: parent.width
+        visible: section.preferences.onDevice
+        text: qsTranslate("Vesko", "Uses on-device speech only when this language is supported. Automatic uses your Mac's language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.")
+    }
+    SettingPicker {
+        width: parent.width
+        visible: !section.preferences.onDevice && choices.length > 0
+        name: qsTranslate("Vesko", "Speech model")
+        choices: section.preferences.speechModels
+        value: section.preferences.sttModel
+        onChosen: tag => section.preferences.sttModel = tag
+    }
+    SettingText {
+        width: parent.width
+        visible: !section.preferences.onDevice && section.preferences.speechModels.length === 0
+        name: qsTranslate("Vesko", "Speech model ID")
+        value: section.preferences.sttModel
+        onEdited: text => section.preferences.sttModel = text
+    }
+    SettingNote {
+        width: parent.width
+        visible: !section.preferences.onDevice
+        text: qsTranslate("Vesko", "Audio is sent to OpenRouter and its selected transcription provider. Provider retention policies apply. Vesko access or your personal key determines which balance is used.")
+    }
+    SettingNote {
+        width: parent.width
+        text: qsTranslate("Vesko", "Recordings stop after 5 minutes in this version. Original audio stays on this Mac.")
+    }
+}

@@ -1,0 +1,96 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// What becomes of a transcript before it is delivered: translation and cleanup.
+Column {
+    id: sections
+
+    required property var model
+    required property var preferences
+
+    spacing: 18
+
+    SettingsSection {
+        width: parent.width
+        title: qsTranslate("Vesko", "Translation")
+
+        SettingPicker {
+            width: parent.width
+            name: qsTranslate("Vesko", "Translate dictation into")
+            choices: sections.preferences.translations
+            value: sections.preferences.translateTo
+            onChosen: tag => sections.preferences.translateTo = tag
+        }
+        SettingText {
+            width: parent.width
+            visible: sections.preferences.translates
+            name: qsTranslate("Vesko", "Text model ID")
+            value: sections.preferences.cleanupModel
+            onEdited: text => sections.preferences.cleanupModel = text
+        }
+        SettingNote {
+            width: parent.width
+            text: qsTranslate("Vesko", "Off by default. When on, each transcript is sent to the text model below for a separate paid request. The original transcript stays saved with the recording.")
+        }
+    }
+    SettingsSection {
+        width: parent.width
+        title: qsTranslate("Vesko", "Optional AI cleanup")
+
+        SettingSwitch {
+            width: parent.width
+            text: qsTranslate("Vesko", "Clean up punctuation and repeated words")
+            value: sections.preferences.cleanupEnabled
+            onSwitched: on => sections.preferences.cleanupEnabled = on
+        }
+        SettingText {
+            width: parent.width
+            visible: sections.preferences.cleanupEnabled
+            name: qsTranslate("Vesko", "Text model ID")
+            value: sections.preferences.cleanupModel
+            onEdited: text => sections.preferences.cleanupModel = text
+        }
+        PushButton {
+            id: suggested
+
+            visible: sections.preferences.cleanupEnabled
+            text: qsTranslate("Vesko", "Suggested text models")
+            Accessible.role: Accessible.ButtonMenu
+            onClicked: {
+                models.focusAfter = suggested;
+                models.popup(suggested, 0, suggested.height + 4);
+            }
+
+            PopupMenu {
+                id: models
+
+                title: suggested.text
+                Component.onCompleted: {
+                    for (const id of sections.preferences.suggestedTextModels)
+                        addItem(modelRow.createObject(null, { text: id }));
+                }
+            }
+            Component {
+                id: modelRow
+
+                MenuRow {
+                    onTriggered: sections.preferences.cleanupModel = text
+                }
+            }
+        }
+        SettingNote {
+            width: parent.width
+            text: qsTranslate("Vesko", "Adds a separate paid request. With Apple speech, only the transcript is sent for cleanup. The original transcript stays available.")
+        }
+        PushButton {
+            text: sections.preferences.catalogTitle
+            enabled: !sections.model.catalogLoading
+            onClicked: sections.model.refreshCatalog()
+        }
+        SettingNote {
+            width: parent.width
+            text: sections.model.catalogMessage
+        }
+    }
+}

@@ -1,0 +1,311 @@
+// What the settings form shows and does.
+
+#include "VeskoApp/settings/PreferencesView.h"
+#include "tests/app/capture/AppModelTest.h"
+
+namespace vesko {
+namespace {
+
+using testing::ElementsAre;
+
+class PreferencesViewTest : public AppModelTest {
+protected:
+    void open()
+    {
+        AppModelTest::open();
+        permissions = std::make_unique<PermissionRows>(machine.all, [this] { ++restarts; });
+        view = std::make_unique<PreferencesView>(*model, machine.all, *permissions);
+    }
+    template <class T>
+    T stored(const std::string& key)
+    {
+        return machine.settings.get<T>(key).value();
+    }
+    static std::vector<std::string> column(const QVariantList& rows, const char* name)
+    {
+        std::vector<std::string> texts;
+        for (const auto& row : rows)
+            texts.push_back(row.toMap()[QString::fromUtf8(name)].toString().toStdString());
+        return texts;
+    }
+    void waitForNotice()
+    {
+        ASSERT_TRUE(eventually([&] { return !view->notice().isEmpty(); }));
+    }
+
+    int restarts = 0;
+    std::unique_ptr<PermissionRows> permissions;
+    std::unique_ptr<PreferencesView> view; // ends before what it shows
+};
+
+TEST_F(PreferencesViewTest, eachTextIsWrittenThroughAtOnce)
+{
+    open();
+    using Set = void (PreferencesView::*)(const QString&);
+    using Get = QString (PreferencesView::*)() const;
+    const struct {
+        const char* key;
+        Set set;
+        Get get;
+    } rows[] = {
+        { "provider", &PreferencesView::setProvider, &PreferencesView::provider },
+        { "keySource", &PreferencesView::setKeySource, &PreferencesView::keySource },
+        { "sttModel", &PreferencesView::setSTTModel, &PreferencesView::sttModel },
+        { "cleanupModel", &PreferencesView::setCleanupModel, &PreferencesView::cleanupModel },
+        { "language", &PreferencesView::setLanguage, &PreferencesView::language },
+        { "translateTo", &PreferencesView::setTranslateTo, &PreferencesView::translateTo },
+    };
+    int told = 0;
+    QObject::connect(view.get(), &PreferencesView::changed, [&] { ++told; });
+    for (const auto& [key, set, get] : rows) {
+        const int before = told;
+        ((*view).*set)(QStringLiteral("as/typed "));
+        EXPECT_EQ(stored<std::string>(key), "as/typed ") << key;
+        EXPECT_EQ(((*view).*get)(), QStringLiteral("as/typed ")) << key;
+        EXPECT_EQ(told, before + 1) << key;
+    }
+}
+
+TEST_F(PreferencesViewTest, eachSwitchIsWrittenThroughAtOnce)
+{
+    open();
+    using Set = void (PreferencesView::*)(bool);
+    using Get = bool (PreferencesView::*)() const;
+    const struct {
+        const char* key;
+        Set set;
+        Get get;
+        bool first;
+    } rows[] = {
+        { "cleanupEnabled", &PreferencesView::setCleanupEnabled, &PreferencesView::cleanupEnabled,
+            false },
+        { "fnEnabled", &PreferencesView::setFnEnabled, &PreferencesView::fnEnabled, true },
+        { "showFloating", &PreferencesView::setShowFloating, &PreferencesView::showFloating, true },
+        { "soundsEnabled", &PreferencesView::setSoundsEnabled, &PreferencesView::soundsEnabled,
+            true },
+        { "pasteEnabled", &PreferencesView::setPasteEnabled, &PreferencesView::pasteEnabled, true },
+        { "dictionaryEnabled", &PreferencesView::setDictionaryEnabled,
+            &PreferencesView::dictionaryEnabled, true },
+        { "learnCorrections", &PreferencesView::setLearnCorrections,
+            &PreferencesView::learnCorrections, true },
+    };
+    for (const auto& [key, set, get, first] : rows) {
+        EXPECT_EQ(((*view).*get)(), first) << key;
+        ((*view).*set)(!first);
+        EXPECT_EQ(((*view).*get)(), !first) << key;
+        EXPECT_EQ(stored<bool>(key), !first) << key;
+    }
+}
+
+TEST_F(PreferencesViewTest, aStoredProviderThatNobodyKnowsIsOpenRouter)
+{
+    choose("provider", std::string("other"));
+    choose("keySource", std::string("whatever"));
+    open();
+    EXPECT_FALSE(view->onDevice());
+    EXPECT_TRUE(view->usesPersonalKey());
+    view->setProvider(QStringLiteral("apple"));
+    EXPECT_TRUE(view->onDevice());
+    view->setKeySource(QStringLiteral("vesko"));
+    EXPECT_FALSE(view->usesPersonalKey());
+}
+
+TEST_F(PreferencesViewTest, theChoicesAreNamed)
+{
+    open();
+    EXPECT_THAT(column(view->providers(), "tag"), ElementsAre("apple", "openrouter"));
+    EXPECT_THAT(column(view->providers(), "name"), ElementsAre("Apple on-device", "OpenRouter"));
+    EXPECT_THAT(column(view->keySources(), "tag"), ElementsAre("vesko", "personal"));
+    EXPECT_THAT(column(view->keySources(), "name"), ElementsAre("Vesko access", "My personal key"));
+    EXPECT_EQ(view->suggestedTextModels().size(), 5);
+    EXPECT_EQ(view->suggestedTextModels()[0].toString().toStdString(),
+        OpenRouterClient::defaultCleanupModel);
+}
+
+TEST_F(PreferencesViewTest, languagesStandInTheOrderOfTheirNamesBehindNone)
+{
+    open();
+    const auto names = column(view->languages(), "name");
+    EXPECT_EQ(names.size(), 15U);
+    EXPECT_EQ(names.front(), "Automatic");
+    EXPECT_EQ(column(view->languages(), "tag").front(), "auto");
+    EXPECT_EQ(names[1], "Chinese");
+    EXPECT_TRUE(std::is_sorted(names.begin() + 1, names.end()));
+    EXPECT_EQ(column(view->translations(), "name").front(), "Off");
+    EXPECT_EQ(column(view->translations(), "tag").front(), "off");
+}
+
+TEST_F(PreferencesViewTest, aLanguageInForceIsAlwaysOffered)
+{
+    choose("language", std::string("sv-SE"));
+    open();
+    const auto tags = column(view->languages(), "tag");
+    EXPECT_EQ(std::ranges::count(tags, "sv-SE"), 1);
+    EXPECT_EQ(tags.size(), 16U);
+}
+
+TEST_F(PreferencesViewTest, theHintSaysWhatTheLanguageMeans)
+{
+    open();
+    EXPECT_TRUE(view->languageHint().startsWith(QStringLiteral("Automatic lets the speech")));
+    view->setLanguage(QStringLiteral("de-DE"));
+    EXPECT_EQ(view->languageHint(),
+        QStringLiteral("Vesko tells the speech model you speak German. Choose Automatic if you "
+                       "switch between languages."));
+}
+
+TEST_F(PreferencesViewTest, aKeyIsTrimmedSavedAndForgotten)
+{
+    open();
+    EXPECT_EQ(view->keyStatus(), QStringLiteral("No key saved"));
+    EXPECT_EQ(view->keyPrompt(), QStringLiteral("Your personal API key"));
+    view->setProperty("keyDraft", QStringLiteral(" sk-1\n"));
+    view->saveKey();
+    waitForNotice();
+    EXPECT_EQ(view->notice(), QStringLiteral("Key saved in Keychain"));
+    EXPECT_EQ(view->property("keyDraft").toString(), QString());
+    EXPECT_EQ(machine.secrets.items().at("personal"), "sk-1");
+    EXPECT_EQ(view->keySource(), QStringLiteral("personal"));
+    EXPECT_EQ(view->keyStatus(), QStringLiteral("Saved in Keychain"));
+    EXPECT_EQ(view->keyPrompt(), QStringLiteral("Enter a replacement key"));
+    EXPECT_TRUE(view->hasKey());
+}
+
+TEST_F(PreferencesViewTest, aKeyThatCannotBeSavedStaysInTheForm)
+{
+    open();
+    const struct {
+        const char* what;
+        const char* draft;
+        bool locked;
+        const char* error;
+    } rows[] = {
+        { "nothing", "  ", false, VeskoError(VeskoError::missingKey).errorDescription() },
+        { "a line break inside", "sk\n1", false,
+            VeskoError(VeskoError::missingKey).errorDescription() },
+        { "a locked store", "sk-1", true, KeychainFailure().errorDescription() },
+    };
+    for (const auto& [what, draft, locked, error] : rows) {
+        SCOPED_TRACE(what);
+        model->dismissError();
+        if (locked)
+            machine.secrets.lock();
+        view->setProperty("keyDraft", QString::fromUtf8(draft));
+        view->saveKey();
+        ASSERT_TRUE(eventually([&] { return !model->errorMessage().empty(); }));
+        EXPECT_EQ(model->errorMessage(), error);
+        EXPECT_EQ(view->notice(), QStringLiteral("The key could not be saved."));
+        EXPECT_EQ(view->property("keyDraft").toString(), QString::fromUtf8(draft));
+        machine.secrets.unlock();
+        EXPECT_TRUE(machine.secrets.items().empty());
+    }
+    EXPECT_EQ(view->keySource(), QStringLiteral("vesko"));
+}
+
+TEST_F(PreferencesViewTest, aKeyIsRemovedAndTheSourceStays)
+{
+    choose("keySource", std::string("personal"));
+    machine.secrets.put("personal", "sk-1");
+    open();
+    view->opened();
+    ASSERT_TRUE(eventually([&] { return view->hasKey(); }));
+    view->setProperty("keyDraft", QStringLiteral("half"));
+    machine.secrets.lock();
+    view->removeKey();
+    ASSERT_TRUE(eventually([&] { return !model->errorMessage().empty(); }));
+    EXPECT_EQ(view->notice(), QString());
+    EXPECT_TRUE(view->hasKey());
+    machine.secrets.unlock();
+    view->removeKey();
+    waitForNotice();
+    EXPECT_EQ(view->notice(), QStringLiteral("Key removed"));
+    EXPECT_FALSE(view->hasKey());
+    EXPECT_EQ(view->property("keyDraft").toString(), QString());
+    EXPECT_EQ(view->keySource(), QStringLiteral("personal"));
+}
+
+TEST_F(PreferencesViewTest, openingItReadsAgainWhatOthersChanged)
+{
+    open();
+    machine.secrets.put("vesko-access", "sk-2");
+    choose("keySource", std::string("personal"));
+    machine.loginItem.current = LoginStatus::enabled;
+    const int looks = machine.permissions.looks;
+    EXPECT_FALSE(view->launchesAtLogin());
+    view->opened();
+    EXPECT_TRUE(view->usesPersonalKey());
+    EXPECT_TRUE(view->launchesAtLogin());
+    EXPECT_GT(machine.permissions.looks, looks);
+    EXPECT_TRUE(eventually([&] { return view->hasVeskoAccess(); }));
+}
+
+TEST_F(PreferencesViewTest, startAtLoginSaysWhatTheDesktopSays)
+{
+    open();
+    view->setLaunchAtLogin(true);
+    EXPECT_TRUE(view->launchesAtLogin());
+    EXPECT_EQ(view->notice(), QString());
+    machine.loginItem.fails = true;
+    view->setLaunchAtLogin(false);
+    EXPECT_TRUE(view->launchesAtLogin());
+    EXPECT_EQ(view->notice(),
+        QStringLiteral(
+            "Launch at login could not be changed. Check Login Items in System Settings."));
+    machine.loginItem.current = LoginStatus::requiresApproval;
+    view->opened();
+    EXPECT_FALSE(view->launchesAtLogin());
+    EXPECT_TRUE(view->needsLoginApproval());
+    view->openLoginItems();
+    view->openPrivacySettings();
+    EXPECT_THAT(machine.desktop.openedSettings,
+        ElementsAre(SettingsPanel::startup, SettingsPanel::privacy));
+}
+
+TEST_F(PreferencesViewTest, theTonesAreHeardWhetherOrNotTheyAreWanted)
+{
+    choose("soundsEnabled", false);
+    open();
+    view->previewStartSound();
+    view->previewStopSound();
+    ASSERT_EQ(machine.cues.played.size(), 2U);
+    EXPECT_EQ(machine.cues.played[0].sample, "CaptureStart");
+    EXPECT_EQ(machine.cues.played[1].sample, "CaptureStop");
+}
+
+TEST_F(PreferencesViewTest, theKeyOfTheGestureIsChosen)
+{
+    machine.keys.hasFn = false;
+    open();
+    EXPECT_EQ(view->gestureKey(), QStringLiteral("right_control"));
+    EXPECT_THAT(column(view->gestureKeys(), "name"),
+        ElementsAre("Right Ctrl", "Right Alt", "Menu", "Pause", "Scroll Lock"));
+    view->setGestureKey(QStringLiteral("pause"));
+    EXPECT_EQ(view->gestureKey(), QStringLiteral("pause"));
+    EXPECT_EQ(stored<std::string>("gestureKey"), "pause");
+    machine.keys.hasFn = true;
+    EXPECT_EQ(column(view->gestureKeys(), "name").front(), "Function key");
+}
+
+TEST_F(PreferencesViewTest, whatTheFormDependsOnFollowsTheSettings)
+{
+    open();
+    EXPECT_FALSE(view->translates());
+    view->setTranslateTo(QStringLiteral("de-DE"));
+    EXPECT_TRUE(view->translates());
+    EXPECT_TRUE(view->speechModels().isEmpty()); // until the catalogue is loaded
+    EXPECT_EQ(view->catalogTitle(), QStringLiteral("Refresh model catalog"));
+    model->refreshCatalog();
+    EXPECT_EQ(view->catalogTitle(), QStringLiteral("Loading models…"));
+    ASSERT_TRUE(eventually([&] { return !model->catalogLoading(); }));
+}
+
+TEST_F(PreferencesViewTest, aPermissionsNoticeIsShown)
+{
+    open();
+    view->pressPermission(3);
+    EXPECT_TRUE(view->notice().contains(QStringLiteral("Input Monitoring")));
+    EXPECT_EQ(restarts, 1);
+}
+
+} // namespace
+} // namespace vesko

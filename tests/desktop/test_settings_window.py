@@ -1,0 +1,171 @@
+#!/usr/bin/python3
+"""The settings form, driven through the accessibility bus and the keyboard alone: each setting is
+looked up in the settings file."""
+
+import os
+import subprocess
+import sys
+import unittest
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+
+from lib import cases, eyes, hands, settings  # noqa: E402
+from lib.vesko import Vesko, forget_key  # noqa: E402
+from lib.waiting import until  # noqa: E402
+
+BUTTON, TEXT, SWITCH, ROW, CHOICE = ("push button", "text", "check box", "list item", "combo box")
+
+
+class SettingsWindow(unittest.TestCase):
+    def setUp(self):
+        settings.write(provider="openrouter", keySource="personal", firstLaunchDone=True,
+                       onboardingCompleted=True)
+        self.vesko = Vesko(VESKO_DEMO_SCENE="settings")
+        self.addCleanup(self.vesko.kill)
+        self.vesko.wait_to_find(CHOICE, "Transcribe with")
+        until("the window has the keyboard",
+              lambda: eyes.active_pid() == self.vesko.process.pid)
+
+    def becomes(self, key, value):
+        until(f"{key} is {value!r}; the settings are {settings.read()}",
+              lambda: settings.read().get(key) == value)
+
+    def choose(self, picker, row):
+        self.vesko.press(CHOICE, picker)
+        self.vesko.press(ROW, row)
+
+    def find_anywhere(self, role, name):
+        """Also what has to be scrolled to."""
+        return until(f"a {role} called {name!r}", lambda: self.vesko.app.find(role, name))
+
+    def focus(self, role, name):
+        for _ in range(60):
+            found = self.vesko.find(role, name)
+            if found and "focused" in found.states:
+                return found
+            hands.tap("tab")
+        self.fail(f"Tab never came to {name!r}")
+
+    def test_each_switch(self):
+        for name, key, before in (
+                ("Clean up punctuation and repeated words", "cleanupEnabled", False),
+                ("Also use a single key to start and stop", "fnEnabled", True),
+                ("Show floating capture button", "showFloating", True),
+                ("Play sounds when recording starts and stops", "soundsEnabled", True),
+                ("Paste dictation into the original field", "pasteEnabled", True),
+                ("Use personal dictionary", "dictionaryEnabled", True),
+                ("Learn from corrected dictation", "learnCorrections", True)):
+            switch = self.find_anywhere(SWITCH, name)
+            self.assertEqual("checked" in switch.states, before, name)
+            switch.activate()
+            self.becomes(key, not before)
+            until("it shows", lambda: ("checked" in switch.states) != before)
+            switch.activate()
+            self.becomes(key, before)
+
+    def test_each_choice(self):
+        self.choose("Spoken language", "German")
+        self.becomes("language", "de-DE")
+        self.choose("Transcribe with", "On-device")
+        self.becomes("provider", "apple")
+        until("the model is not asked for", lambda: not self.vesko.find(TEXT, "Speech model ID"))
+        self.choose("Translate dictation into", "French")
+        self.becomes("translateTo", "fr-FR")
+        self.choose("Use", "Vesko access")
+        self.becomes("keySource", "vesko")
+
+    def test_a_model_is_typed(self):
+        field = self.focus(TEXT, "Speech model ID")
+        hands.tap("left control", "a")
+        hands.type_letters("mine")
+        self.becomes("sttModel", "mine")
+        self.assertEqual(field.text, "mine")
+
+    def test_a_suggested_model_is_taken(self):
+        self.find_anywhere(SWITCH, "Clean up punctuation and repeated words").activate()
+        self.becomes("cleanupEnabled", True)
+        menu = until("the menu's button", lambda: self.vesko.app.find(
+            "button menu", "Suggested text models") or self.vesko.app.find(
+            BUTTON, "Suggested text models"))
+        menu.activate()
+        self.vesko.press("menu item", "qwen/qwen3.8-flash")
+        self.becomes("cleanupModel", "qwen/qwen3.8-flash")
+
+    def test_the_floating_button_goes_and_comes(self):
+        switch = self.find_anywhere(SWITCH, "Show floating capture button")
+        switch.activate()
+        until("it is hidden", lambda: "showing" not in self.vesko.button.states)
+        switch.activate()
+        until("it is shown", lambda: "showing" in self.vesko.button.states)
+
+    def test_a_key_is_saved_and_removed_by_keys_alone(self):
+        forget_key()
+        # A password has no name over the bus; what it is for is its description.
+        field = self.focus(TEXT, "")
+        self.assertEqual(field.description, "Your personal API key")
+        hands.type_letters("sk1")
+        self.assertNotIn("sk1", field.text)
+        hands.tap("return")
+        self.vesko.wait_to_find("status bar", "Key saved in your keyring")
+        self.vesko.wait_to_find("label", "Saved in your keyring")
+        found = subprocess.run(
+            ["secret-tool", "lookup", "service", "app.vesko.openrouter", "account", "personal"],
+            stdout=subprocess.PIPE, text=True).stdout
+        self.assertEqual(found, "sk1")
+        self.assertNotIn("sk1", self.vesko.log())
+        self.focus(BUTTON, "Remove key")
+        hands.tap("space")
+        self.vesko.wait_to_find("status bar", "Key removed")
+        self.vesko.wait_to_find("label", "No key saved")
+
+    def test_it_starts_at_login(self):
+        entry = os.path.join(os.environ["XDG_CONFIG_HOME"], "autostart", "vesko.desktop")
+        switch = self.find_anywhere(SWITCH, "Launch at login")
+        self.assertNotIn("checked", switch.states)
+        switch.activate()
+        until("it is registered", lambda: os.path.exists(entry))
+        until("it shows", lambda: "checked" in switch.states)
+        switch.activate()
+        until("it is not", lambda: not os.path.exists(entry))
+
+    def test_the_permissions_are_what_this_session_has(self):
+        for name in ("Microphone", "Speech Recognition", "Accessibility", "Keyboard"):
+            row = self.find_anywhere(ROW, name)
+            until(f"{name} is allowed; it says {row.description}",
+                  lambda row=row: row.description.endswith(" Allowed")
+                  and not row.description.endswith("Not Allowed"))
+        self.find_anywhere(BUTTON, "Review Microphone").activate()
+        self.vesko.wait_to_find("status bar", "Microphone access is ready")
+
+    def test_the_dictionary_is_opened(self):
+        self.find_anywhere(BUTTON, "Open Dictionary").activate()
+        self.vesko.wait_to_find(TEXT, "Recognized term")
+
+    def test_every_control_comes_by_tab_and_can_be_seen(self):
+        names = []
+        for _ in range(60):
+            hands.tap("tab")
+            focused = until("something has the keyboard", self.focused)
+            said = focused.name or focused.description
+            self.assertTrue(said, focused)
+            if said in names:
+                break
+            names.append(said)
+            self.assertIn("showing", focused.states, said)
+        self.assertIn("Launch at login", names)
+        self.assertIn("Open data folder", names)
+        self.assertGreater(len(names), 20)
+
+    def focused(self):
+        for frame in self.vesko.app.children:
+            for node in frame.walk():
+                try:
+                    if {"focused", "showing"} <= node.states and node.role != "frame":
+                        return node
+                except eyes.Gone:
+                    continue
+        return None
+
+
+if __name__ == "__main__":
+    cases.main()
