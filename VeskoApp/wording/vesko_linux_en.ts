@@ -189,7 +189,7 @@
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>
-        <translation>Vesko watches the keyboard where the desktop lets programs do so, as under X11. Choose another dictation key if your desktop uses this one. Super+Shift+Space remains available.</translation>
+        <translation>Vesko watches the keyboard where the desktop lets programs do so. Choose another dictation key if your desktop uses this one. Super+Shift+Space remains available.</translation>
     </message>
     <message>
         <source>Every original recording stays on this Mac. Retry any transcription.</source>

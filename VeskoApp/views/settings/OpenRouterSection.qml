@@ -46,7 +46,7 @@ SettingsSection {
         name: qsTranslate("Vesko", "Your personal API key")
         placeholderText: section.preferences.keyPrompt
         echoMode: TextInput.Password
-        Accessible.passwordEdit: true
+        Accessible.description: name // a password has no name of its own over the bus
         onTextEdited: section.preferences.keyDraft = text
         onAccepted: section.preferences.saveKey()
 

@@ -52,7 +52,7 @@ std::vector<Message> messages()
 // What no user of a Linux desktop has. An account with Apple, though, anybody may have.
 const QRegularExpression foreign(QStringLiteral(
     R"(\b(Mac|macOS|Command|System Settings|Keychain|Apple on-device|Apple speech|Login Items|Input Monitoring|Finder)\b)"
-    R"(|Privacy & Security|Globe|menu bar|private sign-in window|⌘|⇧|\bFn\b)"));
+    R"(|Vesko\.app|Privacy & Security|Globe|menu bar|private sign-in window|⌘|⇧|\bFn\b)"));
 
 // The texts of a source file: its string literals, adjacent ones as one, without those of
 // #include lines.
