@@ -10,14 +10,17 @@
 
 namespace vesko {
 
-OnboardingView::OnboardingView(PermissionRows& permissions, QString gestureKey,
-    std::function<OnboardingFlow()> flow, std::function<void()> finish)
+OnboardingView::OnboardingView(PermissionRows& permissions, QString gestureKey, Account account,
+    std::function<void(UsageEvent)> track, std::function<void()> finish)
     : m_permissions(permissions)
     , m_gestureKey(std::move(gestureKey))
-    , m_flow(std::move(flow))
+    , m_flow(std::move(account.flow))
+    , m_email(std::move(account.email))
+    , m_track(std::move(track))
     , m_finish(std::move(finish))
     , m_signedIn(m_flow().signedIn)
 {
+    m_track(UsageEvent::onboardingStarted);
     permissions.revise();
 }
 
@@ -61,6 +64,13 @@ bool OnboardingView::defaultEnabled() const
     return !onLastStep() || m_flow().canFinish(m_step);
 }
 
+QString OnboardingView::accountName() const
+{
+    const auto email = m_email();
+    return email ? QString::fromStdString(*email)
+                 : translated(L10N_KEY("Vesko", "Signed in with Apple"));
+}
+
 void OnboardingView::advance()
 {
     if (const auto next = m_flow().next(m_step))
@@ -69,10 +79,12 @@ void OnboardingView::advance()
 
 void OnboardingView::complete()
 {
-    if (m_flow().canFinish(m_step))
-        m_finish();
-    else
+    if (!m_flow().canFinish(m_step)) {
         setStep(OnboardingStep::account);
+        return;
+    }
+    m_track(UsageEvent::onboardingCompleted);
+    m_finish();
 }
 
 void OnboardingView::goBack()

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "VeskoApp/onboarding/PermissionRows.h"
+#include "VeskoCore/analytics/UsageEvent.h"
 #include "VeskoCore/shell/OnboardingFlow.h"
 
 #include <QObject>
 
 #include <functional>
+#include <optional>
+#include <string>
 
 namespace vesko {
 
@@ -22,14 +25,21 @@ class OnboardingView : public QObject {
     Q_PROPERTY(QString defaultTitle READ defaultTitle NOTIFY stepChanged)
     Q_PROPERTY(bool defaultEnabled READ defaultEnabled NOTIFY stepChanged)
     Q_PROPERTY(bool signedIn READ signedIn NOTIFY stepChanged)
+    Q_PROPERTY(QString accountName READ accountName NOTIFY stepChanged)
     Q_PROPERTY(QString gestureKey READ gestureKey CONSTANT) // the name on the key
     Q_PROPERTY(QObject* permissions READ permissions CONSTANT)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged) // empty for none
 
 public:
-    // `flow` tells what holds now; `finish` ends the first run and may destroy the view later.
-    OnboardingView(PermissionRows& permissions, QString gestureKey,
-        std::function<OnboardingFlow()> flow, std::function<void()> finish);
+    // What is known of the account now; its email is absent where that is hidden.
+    struct Account {
+        std::function<OnboardingFlow()> flow;
+        std::function<std::optional<std::string>()> email;
+    };
+
+    // `track` hears of what may be counted; `finish` ends the first run.
+    OnboardingView(PermissionRows& permissions, QString gestureKey, Account account,
+        std::function<void(UsageEvent)> track, std::function<void()> finish);
 
     QString step() const;
     int place() const;
@@ -40,6 +50,7 @@ public:
     QString defaultTitle() const;
     bool defaultEnabled() const;
     bool signedIn() const { return m_flow().signedIn; }
+    QString accountName() const;
     const QString& gestureKey() const { return m_gestureKey; }
     QObject* permissions() { return &m_permissions; }
     const QString& notice() const { return m_notice; }
@@ -66,6 +77,8 @@ private:
     PermissionRows& m_permissions;
     QString m_gestureKey;
     std::function<OnboardingFlow()> m_flow;
+    std::function<std::optional<std::string>()> m_email;
+    std::function<void(UsageEvent)> m_track;
     std::function<void()> m_finish;
     OnboardingStep m_step = OnboardingStep::welcome;
     bool m_signedIn;

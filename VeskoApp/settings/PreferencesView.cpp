@@ -15,8 +15,11 @@ PreferencesView::PreferencesView(AppModel& model, Platform& platform, Permission
     , m_preferences(model.preferences())
     , m_platform(platform)
     , m_permissions(permissions)
+    , m_account(model.accounts())
+    , m_signIn(model.accounts())
 {
     connect(&m_preferences, &Preferences::changed, this, &PreferencesView::changed);
+    connect(&model.analytics(), &Analytics::enabledChanged, this, &PreferencesView::changed);
     for (const auto happens : { &AppModel::catalogChanged, &AppModel::catalogLoadingChanged })
         connect(&model, happens, this, &PreferencesView::changed);
 }
@@ -56,6 +59,20 @@ QString PreferencesView::catalogTitle() const
 {
     return m_model.catalogLoading() ? translated(L10N_KEY("Vesko", "Loading models…"))
                                     : translated(L10N_KEY("Vesko", "Refresh model catalog"));
+}
+
+QString PreferencesView::analyticsNote() const
+{
+    if (!analyticsConfigured())
+        return translated(
+            L10N_KEY("Vesko", "Analytics is not configured in this build. No events are sent."));
+    return translated(
+        L10N_KEY("Vesko",
+            "Optional usage events go to %1. They include a random analytics identifier and app "
+            "version, never your audio, notes, project names, filenames, receipts or keys. Turning "
+            "this off clears unsent events and removes the local identifier. It does not erase "
+            "events already sent."))
+        .arg(m_model.analytics().host());
 }
 
 void PreferencesView::saveKey()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VeskoApp/account/AccountSection.h"
+#include "VeskoApp/account/SignInChoices.h"
 #include "VeskoApp/capture/AppModel.h"
 #include "VeskoApp/onboarding/PermissionRows.h"
 
@@ -51,6 +53,11 @@ class PreferencesView : public QObject {
     Q_PROPERTY(bool needsLoginApproval READ needsLoginApproval NOTIFY changed)
     Q_PROPERTY(QString catalogTitle READ catalogTitle NOTIFY changed)
     Q_PROPERTY(QObject* permissions READ permissions CONSTANT)
+    Q_PROPERTY(QObject* account READ account CONSTANT)
+    Q_PROPERTY(QObject* signIn READ signIn CONSTANT)
+    Q_PROPERTY(bool analyticsEnabled READ analyticsEnabled WRITE setAnalyticsEnabled NOTIFY changed)
+    Q_PROPERTY(bool analyticsConfigured READ analyticsConfigured CONSTANT)
+    Q_PROPERTY(QString analyticsNote READ analyticsNote CONSTANT)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged) // empty for none
 
 public:
@@ -109,6 +116,13 @@ public:
     }
     QString catalogTitle() const;
     QObject* permissions() { return &m_permissions; }
+    QObject* account() { return &m_account; }
+    QObject* signIn() { return &m_signIn; }
+    bool analyticsEnabled() const { return m_model.analytics().enabled(); }
+    void setAnalyticsEnabled(bool on) { m_model.analytics().setEnabled(on); }
+    // Whether this build has a service to send to.
+    bool analyticsConfigured() const { return m_model.analytics().configured(); }
+    QString analyticsNote() const;
     const QString& notice() const { return m_notice; }
 
     // The form is shown: what others may have changed is read again.
@@ -145,6 +159,8 @@ private:
     Preferences& m_preferences;
     Platform& m_platform;
     PermissionRows& m_permissions;
+    AccountSection m_account;
+    SignInChoices m_signIn;
     QString m_keyDraft;
     QString m_notice;
     TaskScope m_tasks;

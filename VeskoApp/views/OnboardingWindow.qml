@@ -8,6 +8,7 @@ VeskoWindow {
     id: window
 
     required property var onboarding
+    required property var signIn
 
     title: qsTranslate("Vesko", "Welcome to Vesko")
     width: 640
@@ -118,6 +119,25 @@ VeskoWindow {
                     text: qsTranslate("Vesko", "Notes and recordings stay on this Mac.")
                     color: Theme.quiet
                     wrapMode: Text.Wrap
+                }
+                SignInForm {
+                    width: parent.width
+                    topPadding: 8
+                    visible: !window.onboarding.signedIn
+                    signIn: window.signIn
+                }
+                Row {
+                    visible: window.onboarding.signedIn
+                    spacing: 8
+
+                    Icon {
+                        name: "check-circle"
+                        color: Theme.accent
+                        size: 20
+                    }
+                    Words {
+                        text: window.onboarding.accountName
+                    }
                 }
             }
         }

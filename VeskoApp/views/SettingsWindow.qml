@@ -74,6 +74,11 @@ VeskoWindow {
             bottomPadding: 24
             spacing: 18
 
+            AccountLines {
+                width: parent.width
+                account: window.preferences.account
+                signIn: window.preferences.signIn
+            }
             SpeechSection {
                 width: parent.width
                 preferences: window.preferences
@@ -140,6 +145,22 @@ VeskoWindow {
                 width: parent.width
                 model: window.model
                 preferences: window.preferences
+            }
+            SettingsSection {
+                width: parent.width
+                title: qsTranslate("Vesko", "Privacy")
+
+                SettingSwitch {
+                    width: parent.width
+                    visible: window.preferences.analyticsConfigured
+                    text: qsTranslate("Vesko", "Share anonymous usage analytics")
+                    value: window.preferences.analyticsEnabled
+                    onSwitched: on => window.preferences.analyticsEnabled = on
+                }
+                SettingNote {
+                    width: parent.width
+                    text: window.preferences.analyticsNote
+                }
             }
         }
     }

@@ -96,13 +96,30 @@ std::unique_ptr<QWindow> makeWindow(
             return make(engine, QStringLiteral("SettingsWindow"), properties,
                 QStringLiteral("preferences"),
                 std::make_unique<PreferencesView>(model, platform, delegate.permissions()));
-        case AppWindow::onboarding:
+        case AppWindow::onboarding: {
+            auto& accounts = model.accounts();
+            auto view = std::make_unique<OnboardingView>(
+                delegate.permissions(),
+                shownName(model.preferences().gestureKey(platform.keys.reportsFn())),
+                OnboardingView::Account{ .flow =
+                                             [&accounts] {
+                                                 return OnboardingFlow{ accounts.required(),
+                                                     accounts.signedIn() };
+                                             },
+                    .email =
+                        [&accounts] {
+                            const auto* const account = accounts.account();
+                            return account ? account->email : std::nullopt;
+                        } },
+                [&model](UsageEvent event) { model.track(event); },
+                [&delegate] { delegate.finishOnboarding(); });
+            QObject::connect(&accounts, &AccountStore::stateChanged, view.get(),
+                &OnboardingView::accountChanged);
+            properties.insert(
+                QStringLiteral("signIn"), handed(*new SignInChoices(accounts, view.get())));
             return make(engine, QStringLiteral("OnboardingWindow"), properties,
-                QStringLiteral("onboarding"),
-                std::make_unique<OnboardingView>(
-                    delegate.permissions(),
-                    shownName(model.preferences().gestureKey(platform.keys.reportsFn())),
-                    [] { return OnboardingFlow{}; }, [&delegate] { delegate.finishOnboarding(); }));
+                QStringLiteral("onboarding"), std::move(view));
+        }
         }
     } catch (const std::exception& error) {
         // A broken installation. Nothing that runs is to end because of it.

@@ -12,8 +12,9 @@ protected:
     OnboardingViewTest()
     {
         view = std::make_unique<OnboardingView>(
-            permissions, QStringLiteral("Right Ctrl"), [this] { return flow; },
-            [this] { ++finished; });
+            permissions, QStringLiteral("Right Ctrl"),
+            OnboardingView::Account{ [this] { return flow; }, [this] { return email; } },
+            [this](UsageEvent event) { told.push_back(event); }, [this] { ++finished; });
     }
     void goTo(const char* step)
     {
@@ -25,6 +26,8 @@ protected:
     FakePlatform machine;
     PermissionRows permissions{ machine.all, [] { } };
     OnboardingFlow flow;
+    std::optional<std::string> email;
+    std::vector<UsageEvent> told;
     int finished = 0;
     std::unique_ptr<OnboardingView> view;
 };
@@ -55,6 +58,15 @@ TEST_F(OnboardingViewTest, goesThroughItsStepsToTheEnd)
     }
     EXPECT_EQ(finished, 1);
     EXPECT_EQ(view->step(), QStringLiteral("account"));
+    EXPECT_EQ(
+        told, (std::vector{ UsageEvent::onboardingStarted, UsageEvent::onboardingCompleted }));
+}
+
+TEST_F(OnboardingViewTest, namesTheAccount)
+{
+    EXPECT_EQ(view->accountName(), QStringLiteral("Signed in with Apple"));
+    email = "me@example.org";
+    EXPECT_EQ(view->accountName(), QStringLiteral("me@example.org"));
 }
 
 TEST_F(OnboardingViewTest, goesBackToTheFirstStepAndNoFurther)
@@ -91,6 +103,7 @@ TEST_F(OnboardingViewTest, anEarlyEndLeadsToTheAccount)
 {
     view->complete();
     EXPECT_EQ(view->step(), QStringLiteral("account"));
+    EXPECT_EQ(told, std::vector{ UsageEvent::onboardingStarted });
     EXPECT_EQ(finished, 0);
 }
 
@@ -98,11 +111,11 @@ TEST_F(OnboardingViewTest, whoSignsInStaysAndMayFinish)
 {
     flow.accountRequired = true;
     goTo("account");
-    int told = 0;
-    QObject::connect(view.get(), &OnboardingView::stepChanged, [&] { ++told; });
+    int changes = 0;
+    QObject::connect(view.get(), &OnboardingView::stepChanged, [&] { ++changes; });
     flow.signedIn = true;
     view->accountChanged();
-    EXPECT_GT(told, 0);
+    EXPECT_GT(changes, 0);
     EXPECT_EQ(view->step(), QStringLiteral("account"));
     EXPECT_TRUE(view->signedIn());
     EXPECT_TRUE(view->defaultEnabled());

@@ -299,6 +299,19 @@ TEST_F(PreferencesViewTest, whatTheFormDependsOnFollowsTheSettings)
     ASSERT_TRUE(eventually([&] { return !model->catalogLoading(); }));
 }
 
+TEST_F(PreferencesViewTest, aBuildWithoutAnalyticsSaysSo)
+{
+    open();
+    EXPECT_FALSE(view->analyticsConfigured());
+    EXPECT_EQ(view->analyticsNote(),
+        QStringLiteral("Analytics is not configured in this build. No events are sent."));
+    view->setAnalyticsEnabled(true);
+    EXPECT_TRUE(view->analyticsEnabled());
+    EXPECT_TRUE(stored<bool>("analyticsConsent"));
+    view->setAnalyticsEnabled(false);
+    EXPECT_FALSE(view->analyticsEnabled());
+}
+
 TEST_F(PreferencesViewTest, aPermissionsNoticeIsShown)
 {
     open();
