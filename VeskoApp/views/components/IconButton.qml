@@ -14,11 +14,11 @@ T.Button {
 
     implicitWidth: Theme.control
     implicitHeight: Theme.control
-    focusPolicy: Qt.StrongFocus
+    focusPolicy: enabled ? Qt.StrongFocus : Qt.NoFocus
 
     Accessible.name: name
-    Accessible.focusable: enabled // the bus is told in no other way that it is off
     Accessible.description: help === name ? "" : help
+    Accessible.focusable: enabled // the bus is told in no other way that it is off
     Accessible.onPressAction: if (enabled) clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()

@@ -23,7 +23,7 @@ T.Button {
     implicitHeight: Theme.control
     leftPadding: iconName ? 11 : 14
     rightPadding: 14
-    focusPolicy: Qt.StrongFocus
+    focusPolicy: enabled ? Qt.StrongFocus : Qt.NoFocus
     font.family: Theme.family
     font.pixelSize: Theme.body
     font.weight: prominent ? Font.DemiBold : Font.Medium
