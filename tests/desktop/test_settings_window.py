@@ -31,6 +31,7 @@ class SettingsWindow(unittest.TestCase):
               lambda: settings.read().get(key) == value)
 
     def choose(self, picker, row):
+        self.focus(CHOICE, picker)
         self.vesko.press(CHOICE, picker)
         self.vesko.press(ROW, row)
 
