@@ -60,6 +60,7 @@ Task<> AppModel::createNote()
             = co_await m_store.run([project = m_selectedProjectID](LibraryStore& store) {
                   return store.createNote(NoteKind::text, project);
               });
+        track(UsageEvent::noteCreated);
         setQuery({});
         setSelectedNoteID(made.id);
         setShowingTrash(false);
@@ -217,6 +218,7 @@ Task<> AppModel::writeExport(std::string markdown, std::filesystem::path file)
             AtomicFile(FileSystem::posix(), file).write(markdown);
         });
         setMessage(L10N_KEY("Vesko", "Markdown exported"));
+        track(UsageEvent::noteExported);
     } catch (const std::exception&) {
         setErrorMessage(safeMessage(std::current_exception()));
     }

@@ -162,6 +162,22 @@ TEST_F(TrackedEventsTest, AClipboardThatRefusesIsNotToldAsCopied)
     EXPECT_THAT(told(), ElementsAre("app_started"));
 }
 
+TEST_F(TrackedEventsTest, ANoteMadeByHandAndItsExport)
+{
+    open();
+    model->newNote();
+    ASSERT_TRUE(eventually([&] { return !model->library().notes.empty(); }));
+    EXPECT_THAT(told(), ElementsAre("app_started", "note_created"));
+
+    const auto id = onlyNote().id;
+    model->exportNote(id, folder.path() / "nowhere" / "note.md");
+    ASSERT_TRUE(eventually([&] { return !model->errorMessage().empty(); }));
+    EXPECT_THAT(told(), IsEmpty());
+    model->exportNote(id, folder.path() / "note.md");
+    ASSERT_TRUE(eventually([&] { return model->message() == "Markdown exported"; }));
+    EXPECT_THAT(told(), ElementsAre("note_exported"));
+}
+
 TEST_F(TrackedEventsTest, WhateverAWindowTells)
 {
     open();
