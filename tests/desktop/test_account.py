@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """Accounts in the program as it is shipped: what becomes of a session at a start, who may dictate,
-and what a second start or a redirect does. Signing in itself is tests/linux/account's."""
+signing in with an email in the settings and out again, and what a second start or a redirect does.
+Google's sign-in is tests/linux/account's."""
 
 import json
 import os
@@ -100,6 +101,55 @@ class Accounts(unittest.TestCase):
         human_pause(0.5)
         self.assertEqual(vesko.phase, "ready")
         self.assertIsNone(vesko.last_recording())
+
+    def test_a_user_signs_in_with_an_email_out_again_and_deletes_the_account(self):
+        settings.write(firstLaunchDone=True, onboardingCompleted=True)
+        with Vesko(self.program(), VESKO_DEMO_SCENE="settings") as vesko:
+            code = self.ask_for_code(vesko)
+            self.type_into(vesko, "Code", "000000" if code != "000000" else "111111")
+            vesko.press("push button", "Sign in")
+            vesko.wait_to_find("status bar",
+                               "That code is not correct. Check the latest email and try again.")
+            self.type_into(vesko, "Code", code)
+            hands.tap("return")
+            vesko.wait_to_find("label", "user@example.com")
+            kept = token()
+            self.assertEqual(self.service.asked("/v1/auth/email/verify"), [401, 200])
+            self.assertGreater(len(kept), 8)
+            vesko.press("push button", "Sign out")
+            vesko.wait_to_find("status bar", "Signed out. Your notes stay on this computer.")
+            self.assertEqual(token(), "")
+
+            code = self.ask_for_code(vesko)
+            self.type_into(vesko, "Code", code)
+            hands.tap("return")
+            vesko.wait_to_find("label", "user@example.com")
+            again = token()
+            vesko.press("push button", "Delete account…")
+            vesko.press("push button", "Delete account")
+            vesko.wait_to_find("status bar", "Your Vesko account was deleted. Notes and "
+                                             "recordings on this computer were kept.")
+            self.assertEqual(token(), "")
+            vesko.quit()
+        last = [one for one in self.service.requests() if one["path"] == "/v1/account"][-1]
+        self.assertEqual((last["method"], last["status"]), ("DELETE", 200))
+        self.assertNotIn(b"veskoAccount", stored())
+        self.assertEqual(files_with(kept, again), [])
+
+    def ask_for_code(self, vesko):
+        """What the email says that the user asked for."""
+        self.type_into(vesko, "Email address", "user@example.com")
+        vesko.press("push button", "Send code")
+        vesko.wait_to_find("text", "Code")
+        return self.service.code("user@example.com")
+
+    def type_into(self, vesko, field, text):
+        vesko.wait_to_find("text", field).activate()
+        until(f"{field} has the keyboard",
+              lambda: "focused" in vesko.find("text", field).states)
+        hands.tap("left control", "a")
+        subprocess.run(["xdotool", "type", text], check=True)
+        until("it is typed", lambda: vesko.find("text", field).text == text)
 
     def test_a_second_start_calls_the_first_and_ends(self):
         program = self.program()
