@@ -15,7 +15,7 @@ from lib.service import Analytics  # noqa: E402
 from lib.vesko import Vesko, deployed  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
 
-ON_DEVICE = {"provider": "apple", "firstLaunchDone": True}
+ON_DEVICE = {"provider": "apple", "firstLaunchDone": True, "onboardingCompleted": True}
 DICTATION = ["app_started", "note_created", "recording_started", "recording_saved", "text_copied",
              "transcription_succeeded"]
 LEFT_BEHIND = "6f9619ff-8b86-d011-b42d-00c04fc964ff"
