@@ -36,13 +36,15 @@ bool microphoneExists()
         return false;
     const GstOwned<GstDeviceProvider> provider(
         gst_device_provider_factory_get_by_name("pulsedeviceprovider"));
-    if (!provider)
+    // Only a provider that was started gives the memory of its connection back.
+    if (!provider || !gst_device_provider_start(provider.get()))
         return false;
     GList* const devices = gst_device_provider_get_devices(provider.get());
     bool found = false;
     for (const GList* device = devices; device; device = device->next)
         found = found || isMicrophone(GST_DEVICE(device->data));
     g_list_free_full(devices, gst_object_unref);
+    gst_device_provider_stop(provider.get());
     return found;
 }
 
