@@ -108,6 +108,11 @@ Task<> PreferencesView::remove()
     }
 }
 
+void PreferencesView::openCredits()
+{
+    m_platform.browser.open("https://openrouter.ai/settings/credits");
+}
+
 void PreferencesView::clearKeyDraft()
 {
     m_keyDraft.clear();

@@ -129,6 +129,8 @@ public:
     Q_INVOKABLE void opened();
     Q_INVOKABLE void saveKey();
     Q_INVOKABLE void removeKey();
+    // The page of OpenRouter on which the user pays.
+    Q_INVOKABLE void openCredits();
     Q_INVOKABLE void previewStartSound() { m_model.previewCue(CaptureCues::Cue::start); }
     Q_INVOKABLE void previewStopSound() { m_model.previewCue(CaptureCues::Cue::stop); }
     Q_INVOKABLE void pressPermission(int row);

@@ -72,7 +72,7 @@ SettingsSection {
             text: qsTranslate("Vesko", "OpenRouter account")
             flat: true
             Accessible.role: Accessible.Link
-            onClicked: Qt.openUrlExternally("https://openrouter.ai/settings/credits")
+            onClicked: section.preferences.openCredits()
         }
     }
     SettingNote {

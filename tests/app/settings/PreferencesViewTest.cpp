@@ -38,6 +38,13 @@ protected:
     std::unique_ptr<PreferencesView> view; // ends before what it shows
 };
 
+TEST_F(PreferencesViewTest, creditsAreBoughtInTheUsersBrowser)
+{
+    open();
+    view->openCredits();
+    EXPECT_THAT(machine.browser.pages, ElementsAre("https://openrouter.ai/settings/credits"));
+}
+
 TEST_F(PreferencesViewTest, eachTextIsWrittenThroughAtOnce)
 {
     open();
