@@ -152,15 +152,15 @@ void NoteEditor::showText()
     Q_EMIT merged(static_cast<int>(begin));
 }
 
-// The save begins soon after the first letter that is not on its way to the disk, not after the
-// last: who writes without a pause is not to lose more in a crash than others.
+// Saved when the user pauses: a large library isn't written anew with every few letters. Until then
+// the edit is pending, which the end of the program, a copy and another editor know.
 void NoteEditor::scheduleSave()
 {
     ++m_changes;
     m_dirty = true;
     setSaved(false);
     m_model.setPendingEdit(m_id, draft());
-    if (!m_saveTimer.pending() && !m_savingChange)
+    if (!m_savingChange)
         m_saveTimer.start(saveDelay, [this] { save(); });
 }
 

@@ -25,7 +25,7 @@ class NoteEditor : public QObject {
     Q_PROPERTY(int recordingCount READ recordingCount NOTIFY noteChanged)
 
 public:
-    // How long what was typed may wait until it is saved.
+    // How long after the last letter what was typed is saved.
     static constexpr double saveDelay = 0.35; // seconds
 
     NoteEditor(AppModel& model, EventClock& clock, const Note& note);

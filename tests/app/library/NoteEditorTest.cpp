@@ -68,15 +68,19 @@ TEST_F(NoteEditorTest, WhatIsTypedIsPendingAtOnceAndSavedSoon)
     EXPECT_FALSE(editor->saved());
 }
 
-TEST_F(NoteEditorTest, WhoWritesWithoutAPauseIsSavedAllTheSame)
+TEST_F(NoteEditorTest, WhoWritesWithoutAPauseIsSavedAtTheFirstOne)
 {
     edit("");
     for (int letter = 0; letter < 10; ++letter) {
         type("x");
-        machine.clock.turn(0.1);
+        machine.clock.turn(0.34);
         drainEvents();
     }
-    ASSERT_TRUE(eventually([&] { return note(id).body.size() >= 4; }));
+    EXPECT_EQ(note(id).body, "");
+    EXPECT_EQ(model->pendingEdits().at(id).body, "xxxxxxxxxx");
+    machine.clock.turn(0.02);
+    ASSERT_TRUE(saved());
+    EXPECT_EQ(note(id).body, "xxxxxxxxxx");
 }
 
 TEST_F(NoteEditorTest, TypingDuringASaveIsSavedAfterIt)
