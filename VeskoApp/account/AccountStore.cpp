@@ -131,7 +131,6 @@ Task<> AccountStore::startEmail(std::string text)
     if (!begin(AuthProvider::email))
         co_return;
     const Busy busy(*this);
-    std::exception_ptr error;
     try {
         co_await m_signInNetwork.run([client = m_client, email = *email](std::stop_token stop) {
             client.startEmail(email, std::move(stop));
@@ -141,10 +140,8 @@ Task<> AccountStore::startEmail(std::string text)
                 .arg(QString::fromStdString(*email)));
         setPendingEmail(std::move(email));
     } catch (const std::exception&) {
-        error = std::current_exception();
+        fail(std::current_exception(), AuthProvider::email);
     }
-    if (error)
-        fail(error, AuthProvider::email);
 }
 
 Task<> AccountStore::verifyEmail(std::string code)
@@ -159,7 +156,6 @@ Task<> AccountStore::verifyEmail(std::string code)
     if (!begin(AuthProvider::email))
         co_return;
     const Busy busy(*this);
-    std::exception_ptr error;
     try {
         co_await complete(
             [client = m_client, email = *m_pendingEmail, digits](std::stop_token stop) {
@@ -168,14 +164,11 @@ Task<> AccountStore::verifyEmail(std::string code)
             AuthProvider::email);
         setPendingEmail(std::nullopt);
     } catch (const std::exception&) {
-        error = std::current_exception();
+        const auto failure = failureOf(std::current_exception());
+        if (failure == AuthFailure::codeExpired || failure == AuthFailure::tooManyAttempts)
+            setPendingEmail(std::nullopt);
+        fail(std::current_exception(), AuthProvider::email);
     }
-    if (!error)
-        co_return;
-    const auto failure = failureOf(error);
-    if (failure == AuthFailure::codeExpired || failure == AuthFailure::tooManyAttempts)
-        setPendingEmail(std::nullopt);
-    fail(error, AuthProvider::email);
 }
 
 Task<> AccountStore::signInWithGoogle()
@@ -187,7 +180,6 @@ Task<> AccountStore::signInWithGoogle()
     if (!begin(AuthProvider::google))
         co_return;
     const Busy busy(*this);
-    std::exception_ptr error;
     try {
         const std::string clientID = *m_googleClientID;
         const std::string nonce = AuthNonce::make(), verifier = AuthNonce::make();
@@ -204,10 +196,8 @@ Task<> AccountStore::signInWithGoogle()
             },
             AuthProvider::google);
     } catch (const std::exception&) {
-        error = std::current_exception();
+        fail(std::current_exception(), AuthProvider::google);
     }
-    if (error)
-        fail(error, AuthProvider::google);
 }
 
 Task<> AccountStore::signInWithApple()
@@ -215,7 +205,6 @@ Task<> AccountStore::signInWithApple()
     if (!begin(AuthProvider::apple))
         co_return;
     const Busy busy(*this);
-    std::exception_ptr error;
     try {
         // Apple sees the hash and the service the value, so that the service can compare the two.
         const std::string nonce = AuthNonce::make();
@@ -227,10 +216,8 @@ Task<> AccountStore::signInWithApple()
             },
             AuthProvider::apple);
     } catch (const std::exception&) {
-        error = std::current_exception();
+        fail(std::current_exception(), AuthProvider::apple);
     }
-    if (error)
-        fail(error, AuthProvider::apple);
 }
 
 Task<> AccountStore::signOut()
@@ -254,15 +241,12 @@ Task<bool> AccountStore::deleteAccount()
     const auto token = co_await storedToken();
     if (!token)
         co_return false;
-    std::exception_ptr error;
     try {
         co_await m_sessionNetwork.run([client = m_client, token = *token](std::stop_token stop) {
             client.deleteAccount(token, std::move(stop));
         });
     } catch (const std::exception&) {
-        error = std::current_exception();
-    }
-    if (error) {
+        const auto error = std::current_exception();
         const AuthFailure unavailable(AuthFailure::unavailable);
         setMessage((isAuthFailure(error) ? failureOf(error) : unavailable).message());
         co_return false;

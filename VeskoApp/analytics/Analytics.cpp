@@ -1,6 +1,6 @@
 #include "VeskoApp/analytics/Analytics.h"
 
-#include "VeskoApp/async/Eventual.h"
+#include "VeskoApp/async/Sleep.h"
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/base/Text.h"
 #include "VeskoCore/speech/CurlTransport.h"
@@ -142,12 +142,12 @@ Task<> Analytics::deliver()
             co_return;
         const auto status = co_await send(std::move(*next));
         if (!status || AnalyticsQueue::shouldRetry(*status)) {
-            co_await pause(retryPause(retry++));
+            co_await sleepFor(m_clock, retryPause(retry++));
         } else {
             // Also a batch that the service will never take, so that it blocks nothing.
             m_queue.removeFirst(batch.size());
             retry = 0;
-            co_await pause(pauseBetweenBatches);
+            co_await sleepFor(m_clock, pauseBetweenBatches);
         }
     }
 }
@@ -178,14 +178,6 @@ Task<std::optional<int>> Analytics::send(HttpRequest request)
     } catch (const std::exception&) { // the next try is the answer to whatever it was
         co_return std::nullopt;
     }
-}
-
-Task<> Analytics::pause(double seconds)
-{
-    const Eventual<std::monostate> over;
-    Timer timer(m_clock);
-    timer.start(seconds, [over] { over.set({}); });
-    co_await over;
 }
 
 } // namespace vesko

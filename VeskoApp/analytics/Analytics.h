@@ -66,7 +66,6 @@ private:
     Task<> deliver();
     std::optional<HttpRequest> request(const std::vector<UsageEnvelope>& batch) const;
     Task<std::optional<int>> send(HttpRequest request);
-    Task<> pause(double seconds);
 
     SettingsStore& m_defaults;
     EventClock& m_clock;

@@ -261,6 +261,8 @@ private:
     void setPhase(Phase phase);
     void setMessage(std::string message);
     void setErrorMessage(std::string message);
+    template <class Operation>
+    Task<> change(Operation operation);
     template <class T>
     void assign(T& field, T value, void (AppModel::*changed)());
 
@@ -305,7 +307,6 @@ private:
     Task<> learn(std::vector<DictionarySuggestion> corrections);
     void setPendingCorrections(std::vector<DictionarySuggestion> corrections);
     Task<> save(DictionaryEntry entry, std::function<void()> onSaved);
-    Task<> remove(Uuid term);
 
     // AppModelTransform.cpp
     Task<TranscriptResult> transformTranscript(
@@ -324,8 +325,6 @@ private:
     // AppModelLibrary.cpp
     Task<> createNote();
     Task<> save(Uuid id, PendingEdit edit, Saved saved);
-    template <class Operation>
-    Task<> change(Operation operation);
     Task<> deleteNote(Uuid id);
     Task<> showCopied(Uuid id);
     Task<> writeExport(std::string markdown, std::filesystem::path file);
@@ -401,6 +400,20 @@ private:
     Worker m_texts; // searches and exports
     TaskScope m_tasks;
 };
+
+// What the user does to the library. Where it fails, the copy shows what stands.
+template <class Operation>
+Task<> AppModel::change(Operation operation)
+{
+    if (!m_libraryReady)
+        co_return;
+    try {
+        co_await m_store.run(std::move(operation));
+    } catch (const std::exception&) {
+        report(std::current_exception());
+    }
+    co_await refreshLibrary();
+}
 
 // Observers hear of changes only.
 template <class T>

@@ -245,7 +245,7 @@ Task<> AppModel::storeFailure(Uuid recordingID, std::string message)
             store.failRecording(recordingID, message);
         });
     } catch (const std::exception&) {
-        setErrorMessage(safeMessage(std::current_exception()));
+        report(std::current_exception());
     }
     setErrorMessage(message);
     co_await refreshLibrary();

@@ -1,6 +1,5 @@
 #include "VeskoApp/capture/AppModel.h"
 
-#include "VeskoApp/capture/SafeMessage.h"
 #include "VeskoCore/base/Localized.h"
 
 namespace vesko {
@@ -70,7 +69,7 @@ Task<> AppModel::keepWithoutTranscription(Uuid recordingID, double duration)
         });
         setMessage(L10N_KEY("Vesko", "Fn combination used. Audio saved without transcription."));
     } catch (const std::exception&) {
-        setErrorMessage(safeMessage(std::current_exception()));
+        report(std::current_exception());
     }
     co_await refreshLibrary();
     setPhase(Phase::idle);

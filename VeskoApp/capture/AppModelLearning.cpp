@@ -47,7 +47,7 @@ Task<> AppModel::learn(std::vector<DictionarySuggestion> corrections)
             return store.learnCorrections(corrections);
         });
     } catch (const std::exception&) {
-        setErrorMessage(safeMessage(std::current_exception()));
+        report(std::current_exception());
         co_return;
     }
     co_await refreshLibrary();
@@ -84,18 +84,7 @@ Task<> AppModel::save(DictionaryEntry entry, std::function<void()> onSaved)
 
 void AppModel::removeTerm(const Uuid& id)
 {
-    if (m_libraryReady)
-        m_tasks.spawn(remove(id));
-}
-
-Task<> AppModel::remove(Uuid term)
-{
-    try {
-        co_await m_store.run([term](LibraryStore& store) { store.removeDictionaryEntry(term); });
-    } catch (const std::exception&) {
-        setErrorMessage(safeMessage(std::current_exception()));
-    }
-    co_await refreshLibrary();
+    m_tasks.spawn(change([id](LibraryStore& store) { store.removeDictionaryEntry(id); }));
 }
 
 void AppModel::setPendingCorrections(std::vector<DictionarySuggestion> corrections)

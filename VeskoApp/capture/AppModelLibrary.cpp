@@ -4,7 +4,6 @@
 #include "VeskoApp/capture/AppModel.h"
 
 #include "VeskoApp/async/Sleep.h"
-#include "VeskoApp/capture/SafeMessage.h"
 #include "VeskoCore/base/AtomicFile.h"
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/base/Text.h"
@@ -33,19 +32,6 @@ AppModel::PendingEdit onTopOf(const std::optional<AppModel::PendingEdit>& earlie
 
 } // namespace
 
-template <class Operation>
-Task<> AppModel::change(Operation operation)
-{
-    if (!m_libraryReady)
-        co_return;
-    try {
-        co_await m_store.run(std::move(operation));
-    } catch (const std::exception&) {
-        setErrorMessage(safeMessage(std::current_exception()));
-    }
-    co_await refreshLibrary();
-}
-
 void AppModel::newNote()
 {
     m_tasks.spawn(createNote());
@@ -65,7 +51,7 @@ Task<> AppModel::createNote()
         setSelectedNoteID(made.id);
         setShowingTrash(false);
     } catch (const std::exception&) {
-        setErrorMessage(safeMessage(std::current_exception()));
+        report(std::current_exception());
     }
     co_await refreshLibrary();
 }
@@ -111,7 +97,7 @@ Task<> AppModel::save(Uuid id, PendingEdit edit, Saved saved)
         co_await editNote(id, std::move(edit));
     } catch (const std::exception&) {
         failure = std::current_exception();
-        setErrorMessage(safeMessage(failure));
+        report(failure);
     }
     saved.set(failure);
 }
@@ -220,7 +206,7 @@ Task<> AppModel::writeExport(std::string markdown, std::filesystem::path file)
         setMessage(L10N_KEY("Vesko", "Markdown exported"));
         track(UsageEvent::noteExported);
     } catch (const std::exception&) {
-        setErrorMessage(safeMessage(std::current_exception()));
+        report(std::current_exception());
     }
 }
 

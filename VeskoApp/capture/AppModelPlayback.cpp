@@ -1,7 +1,5 @@
 #include "VeskoApp/capture/AppModel.h"
 
-#include "VeskoApp/capture/SafeMessage.h"
-
 namespace vesko {
 
 namespace {
@@ -36,7 +34,7 @@ Task<> AppModel::startPlayback(Recording recording, Uuid token)
         m_playbackEnd.start(duration + graceAtEnd, [this] { stopPlayback(); });
     } catch (const std::exception&) {
         if (m_playbackToken == token)
-            setErrorMessage(safeMessage(std::current_exception()));
+            report(std::current_exception());
     }
 }
 

@@ -178,7 +178,7 @@ Task<> AppModel::runFailed(Uuid recordingID, std::optional<Uuid> attemptID, std:
                 store.failAttempt(recordingID, id, message);
             });
         } catch (const std::exception&) {
-            setErrorMessage(safeMessage(std::current_exception()));
+            report(std::current_exception());
         }
     }
     setErrorMessage(message);
