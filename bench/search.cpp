@@ -45,14 +45,16 @@ Library longLibrary()
     std::vector<Note> notes;
     for (std::size_t index = 0; index < sample.notes.size(); ++index) {
         auto note = sample.notes[index];
-        const auto size = note.body.size() + missing;
-        for (auto next = index; note.body.size() < size; ++next)
-            note.body += '\n' + sample.notes[next % sample.notes.size()].body;
+        std::string body = note.body;
+        const auto size = body.size() + missing;
+        for (auto next = index; body.size() < size; ++next)
+            (body += '\n') += std::string_view(sample.notes[next % sample.notes.size()].body);
         const auto isContinuation = [](char byte) { return (byte & 0xC0) == 0x80; };
         auto end = size;
-        while (isContinuation(note.body[end]))
+        while (isContinuation(body[end]))
             --end;
-        note.body.resize(end);
+        body.resize(end);
+        note.body = std::move(body);
         notes.push_back(std::move(note));
     }
     Library library;

@@ -184,7 +184,7 @@ Task<> NoteEditor::saveChange(unsigned change)
     m_dirty = false;
     setSaved(true);
     const Note* const note = m_model.note(m_id);
-    m_baseBody = note ? note->body : sent;
+    m_baseBody = note ? std::string(note->body) : sent;
     m_text = m_baseBody;
     showText();
 }

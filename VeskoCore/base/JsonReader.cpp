@@ -18,4 +18,14 @@ void JsonDocument::parse(std::string_view text)
         throw JsonError();
 }
 
+void JsonDocument::read(Element from, SharedText& to) const
+{
+    const auto text = get<std::string_view>(from);
+    auto known = std::ranges::find(m_recentTexts, text);
+    if (known == m_recentTexts.end())
+        *--known = std::string(text);
+    std::rotate(m_recentTexts.begin(), known, known + 1);
+    to = m_recentTexts.front();
+}
+
 } // namespace vesko

@@ -4,9 +4,11 @@
 #include "VeskoCore/base/JsonError.h"
 #include "VeskoCore/base/JsonFields.h"
 #include "VeskoCore/base/SharedArray.h"
+#include "VeskoCore/base/SharedText.h"
 #include "VeskoCore/base/Uuid.h"
 
 #include <algorithm>
+#include <array>
 #include <bitset>
 #include <concepts>
 #include <memory>
@@ -70,6 +72,8 @@ private:
     void read(Element from, bool& to) const { to = get<bool>(from); }
     void read(Element from, double& to) const { to = get<double>(from); }
     void read(Element from, std::string& to) const { to = get<std::string_view>(from); }
+    // Shares the text with one that was read just before, if they are the same.
+    void read(Element from, SharedText& to) const;
     void read(Element from, Uuid& to) const { to = parsed(from, &Uuid::parse); }
     void read(Element from, Date& to) const
     {
@@ -219,6 +223,8 @@ private:
 
     simdjson::dom::parser m_parser;
     simdjson::dom::element m_root;
+    // A note's body is mostly one of the two texts that each of its transcripts has.
+    mutable std::array<SharedText, 2> m_recentTexts;
     JsonOrigin m_origin = JsonOrigin::file;
 };
 

@@ -10,10 +10,13 @@ namespace {
 
 // Whether the note begins with the transcript as it is, as most dictations do; then what stands in
 // the one stands in the other. Comparing is several times faster than searching.
-bool beginsWith(const Note& note, const std::string& transcript)
+bool beginsWith(const Note& note, const SharedText& transcript)
 {
-    return note.body.starts_with(transcript)
-        && (note.body.size() == transcript.size() || note.body[transcript.size()] == '\n');
+    if (note.body.sharedWith(transcript))
+        return true;
+    const std::string_view body = note.body;
+    return body.starts_with(transcript)
+        && (body.size() == transcript.size() || body[transcript.size()] == '\n');
 }
 
 bool isFound(TextSearch& search, const Note& note)

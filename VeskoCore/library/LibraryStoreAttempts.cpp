@@ -67,7 +67,7 @@ void LibraryStore::completeAttempt(
         auto& recording = note.recordings[at.recording];
         auto& attempt = recording.attempts[index];
         attempt.rawText = result.rawText;
-        attempt.text = result.text;
+        attempt.text = result.text == result.rawText ? *attempt.rawText : SharedText(result.text);
         attempt.cost = result.cost;
         attempt.requestID = result.requestID;
         attempt.errorMessage = result.warning;
@@ -76,9 +76,10 @@ void LibraryStore::completeAttempt(
         recording.status = RecordingStatus::ready;
         if (recording.appendedToNote)
             return;
-        if (!note.body.empty())
-            note.body += "\n\n";
-        note.body += result.text;
+        if (note.body.empty())
+            note.body = *attempt.text;
+        else
+            note.body += "\n\n" + result.text;
         recording.appendedToNote = true;
         markApplied(note, recording, m_clock.now());
     });
@@ -101,10 +102,10 @@ void LibraryStore::updateCleanup(
         attempt.cost = result.cost;
         attempt.errorMessage = result.warning;
         // Any edit since has given the note another date: then the user's words win.
-        if (recording.appliedBodyRevision != note.updatedAt || !note.body.ends_with(previous))
+        const std::string_view body = note.body;
+        if (recording.appliedBodyRevision != note.updatedAt || !body.ends_with(previous))
             return;
-        note.body.resize(note.body.size() - previous.size());
-        note.body += result.text;
+        note.body = std::string(body.substr(0, body.size() - previous.size())) + result.text;
         markApplied(note, recording, m_clock.now());
     });
 }

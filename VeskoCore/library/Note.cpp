@@ -11,10 +11,11 @@ namespace {
 // The draft together with what a transcript has done to the body since the editor took its base.
 std::string mergedBody(const Note& note, const std::string& draft, const std::string& base)
 {
-    const auto begin = firstCharacters(note.body, characterCount(base));
+    const std::string& body = note.body;
+    const auto begin = firstCharacters(body, characterCount(base));
     if (sameText(begin, base))
-        return draft + note.body.substr(begin.size());
-    return draft + "\n\nRecovered concurrent version:\n" + note.body;
+        return draft + body.substr(begin.size());
+    return draft + "\n\nRecovered concurrent version:\n" + body;
 }
 
 } // namespace

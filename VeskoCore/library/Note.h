@@ -11,7 +11,7 @@ struct Note {
     Uuid id;
     NoteKind kind = NoteKind::text; // what started it
     std::string title;
-    std::string body;
+    SharedText body;
     std::optional<Uuid> projectID;
     Date createdAt;
     Date updatedAt;

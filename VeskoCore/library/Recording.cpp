@@ -40,7 +40,7 @@ std::string Recording::fileNameFor(const Uuid& id)
     return id.text() + ".m4a";
 }
 
-std::optional<std::string> Recording::latestText() const
+std::optional<SharedText> Recording::latestText() const
 {
     for (const auto& attempt : attempts | std::views::reverse)
         if (attempt.text)

@@ -32,7 +32,7 @@ struct Recording {
     static std::string fileNameFor(const Uuid& id);
 
     // The newest text of any attempt, whatever became of later ones.
-    std::optional<std::string> latestText() const;
+    std::optional<SharedText> latestText() const;
 
     bool operator==(const Recording&) const = default;
 };

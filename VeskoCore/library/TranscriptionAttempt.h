@@ -2,6 +2,7 @@
 
 #include "VeskoCore/base/Date.h"
 #include "VeskoCore/base/JsonFields.h"
+#include "VeskoCore/base/SharedText.h"
 #include "VeskoCore/base/Uuid.h"
 
 #include <optional>
@@ -23,8 +24,8 @@ struct TranscriptionAttempt {
     Date startedAt;
     std::optional<Date> completedAt; // set when the attempt stops, however it stops
     AttemptStatus status = AttemptStatus::running;
-    std::optional<std::string> rawText; // as the back end returned it
-    std::optional<std::string> text; // after dictionary, cleanup and translation
+    std::optional<SharedText> rawText; // as the back end returned it
+    std::optional<SharedText> text; // after dictionary, cleanup and translation
     std::optional<double> cost; // United States dollars, where the service reports it
     std::optional<std::string> requestID;
     std::optional<std::string> errorMessage; // the failure, or the warning of a success

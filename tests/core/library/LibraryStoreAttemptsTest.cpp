@@ -251,6 +251,22 @@ TEST_F(LibraryStoreAttemptsTest, UpdateCleanupMayRunTwiceAndGoThroughNothing)
     EXPECT_EQ(recording().attempts[0].rawText, "raw one");
 }
 
+TEST_F(LibraryStoreAttemptsTest, ATextThatNothingWasDoneToIsKeptOnce)
+{
+    given("");
+    const auto attempt = begin();
+    store->completeAttempt(recordingID, attempt.id, { "as heard", "as heard", {}, {}, {} });
+    const auto expectOneText = [&] {
+        const auto& heard = recording().attempts[0];
+        EXPECT_EQ(note().body, "as heard");
+        EXPECT_TRUE(note().body.sharedWith(*heard.text));
+        EXPECT_TRUE(heard.rawText->sharedWith(*heard.text));
+    };
+    expectOneText();
+    open();
+    expectOneText();
+}
+
 TEST_F(LibraryStoreAttemptsTest, UpdateCleanupStillWorksAfterTheLibraryWasClosed)
 {
     given("Before");
