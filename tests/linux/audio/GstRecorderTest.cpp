@@ -1,15 +1,6 @@
-#include "VeskoLinux/audio/GstRecorder.h"
-
-#include "tests/linux/audio/AudioFile.h"
-#include "tests/linux/audio/EventLoop.h"
-#include "tests/linux/audio/SoundServer.h"
-
-#include <gtest/gtest.h>
+#include "tests/linux/audio/GstRecorderTest.h"
 
 #include <csignal>
-#include <fstream>
-#include <sys/resource.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 
 using namespace vesko;
@@ -18,73 +9,20 @@ namespace fs = std::filesystem;
 
 namespace {
 
-class GstRecorderTest : public testing::Test {
-protected:
-    GstRecorderTest()
-    {
-        SoundServer::keepToOurselves();
-        std::string name = (fs::temp_directory_path() / "vesko-recorder-XXXXXX").string();
-        folder = ::mkdtemp(name.data());
-        file = folder / "recording.m4a";
+// All of this program, as on a machine that has no time for it; the sound server goes on.
+void standStill(std::chrono::nanoseconds time)
+{
+    const timespec pause{ .tv_sec = time / 1s, .tv_nsec = (time % 1s).count() };
+    const pid_t tester = ::getpid();
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::kill(tester, SIGSTOP);
+        ::nanosleep(&pause, nullptr);
+        ::kill(tester, SIGCONT);
+        ::_exit(0);
     }
-    ~GstRecorderTest() override { fs::remove_all(folder); }
-
-    void begin(GstRecorder& recorder)
-    {
-        recorder.open();
-        await(recorder.start(file));
-    }
-    static void recordUntil(GstRecorder& recorder, double seconds)
-    {
-        runUntil([&] { return recorder.currentTime() >= seconds; });
-    }
-    // Stops and waits for the whole file.
-    static double end(GstRecorder& recorder)
-    {
-        const double seconds = recorder.stop();
-        waitForFile(recorder);
-        return seconds;
-    }
-    static void waitForFile(GstRecorder& recorder)
-    {
-        await([](GstRecorder& of) -> Task<> { co_await of.finished(); }(recorder));
-    }
-    // All of this program, as on a machine that has no time for it; the sound server goes on.
-    static void standStill(std::chrono::nanoseconds time)
-    {
-        const timespec pause{ .tv_sec = time / 1s, .tv_nsec = (time % 1s).count() };
-        const pid_t tester = ::getpid();
-        const pid_t child = ::fork();
-        if (child == 0) {
-            ::kill(tester, SIGSTOP);
-            ::nanosleep(&pause, nullptr);
-            ::kill(tester, SIGCONT);
-            ::_exit(0);
-        }
-        ::waitpid(child, nullptr, 0);
-    }
-    // Until the sound server has no one left that listens to a microphone but the fixture.
-    static void waitUntilReleased()
-    {
-        runUntil([] {
-            return SoundServer::list("source-outputs").find("Vesko") == std::string::npos
-                && SoundServer::list("clients").find("Vesko") == std::string::npos;
-        });
-    }
-    std::string content() const
-    {
-        std::ifstream in(file, std::ios::binary);
-        return { std::istreambuf_iterator<char>(in), {} };
-    }
-    mode_t permissions() const
-    {
-        struct stat status{};
-        return ::stat(file.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
-    }
-
-    fs::path folder;
-    fs::path file;
-};
+    ::waitpid(child, nullptr, 0);
+}
 
 TEST_F(GstRecorderTest, WhatTheMicrophoneHearsStandsInAnOrdinaryFile)
 {
@@ -338,207 +276,6 @@ TEST_F(GstRecorderTest, FindingThePluginsForTheFirstTimeIsNoPartOfTheStartsLimit
         "GST_PLUGIN_SCANNER=" + scanner.string(), VESKO_RECORDING_PROGRAM, file.string(), "1500" });
     EXPECT_EQ(program.line(), "0");
     EXPECT_TRUE(fs::exists(folder / "registry"));
-}
-
-TEST_F(GstRecorderTest, AMicrophoneThatVanishesEndsTheRecordingAndKeepsWhatWasSaid)
-{
-    SoundServer server;
-    server.playTone(-20);
-    GstRecorder recorder;
-    std::vector<RecorderFailure> failures;
-    recorder.onFailure = [&](RecorderFailure failure) { failures.push_back(failure); };
-    begin(recorder);
-    recordUntil(recorder, 1);
-    SoundServer::removeSink("vout");
-    SoundServer::removeSink("vmic"); // and the microphone with it
-    runUntil([&] { return !failures.empty(); });
-
-    EXPECT_EQ(failures, std::vector{ RecorderFailure::stoppedUnexpectedly });
-    EXPECT_EQ(recorder.currentTime(), 0);
-    EXPECT_EQ(recorder.stop(), 0);
-    EXPECT_EQ(audiofile::boxes(file), "ftyp free mdat moov ");
-    const auto sound = audiofile::decode(file);
-    EXPECT_GE(seconds(sound), 1);
-    EXPECT_NEAR(frequency(part(sound, 0.1, 0.9)), 440, 1);
-}
-
-TEST_F(GstRecorderTest, AMicrophoneThatVanishesBesideASpeakerIsNotReplacedByIt)
-{
-    SoundServer server;
-    GstRecorder recorder;
-    std::vector<RecorderFailure> failures;
-    recorder.onFailure = [&](RecorderFailure failure) { failures.push_back(failure); };
-    begin(recorder);
-    recordUntil(recorder, 0.5);
-    SoundServer::removeMicrophone("mic"); // the stream moves to a monitor
-    runUntil([&] { return !failures.empty(); });
-    EXPECT_EQ(failures, std::vector{ RecorderFailure::stoppedUnexpectedly });
-    EXPECT_GE(seconds(audiofile::decode(file)), 0.5);
-    waitUntilReleased();
-}
-
-TEST_F(GstRecorderTest, AnotherMicrophoneTakesOverFromOneThatVanishes)
-{
-    SoundServer server;
-    SoundServer::addMicrophone("other", "vother");
-    server.playTone(-20, "vother");
-    GstRecorder recorder;
-    bool failed = false;
-    recorder.onFailure = [&](RecorderFailure) { failed = true; };
-    begin(recorder);
-    recordUntil(recorder, 0.5);
-    SoundServer::removeMicrophone("mic");
-    const double vanished = recorder.currentTime();
-    recordUntil(recorder, vanished + 3);
-    EXPECT_FALSE(failed);
-    const double seconds = end(recorder);
-    const auto sound = audiofile::decode(file);
-    EXPECT_NEAR(vesko::seconds(sound), seconds, 0.3);
-    EXPECT_EQ(decibels(part(sound, 0, 0.4)), -160);
-    EXPECT_NEAR(frequency(part(sound, seconds - 0.5, seconds - 0.2)), 440, 1);
-}
-
-TEST_F(GstRecorderTest, AServerThatDiesEndsTheRecording)
-{
-    SoundServer server;
-    GstRecorder recorder;
-    std::vector<RecorderFailure> failures;
-    recorder.onFailure = [&](RecorderFailure failure) { failures.push_back(failure); };
-    begin(recorder);
-    recordUntil(recorder, 0.5);
-    server.kill();
-    runUntil([&] { return !failures.empty(); });
-    EXPECT_EQ(failures, std::vector{ RecorderFailure::stoppedUnexpectedly });
-    EXPECT_GE(seconds(audiofile::decode(file)), 0.4);
-}
-
-TEST_F(GstRecorderTest, TheListenerOfAFailureMayEndTheRecorder)
-{
-    SoundServer server;
-    auto recorder = std::make_unique<GstRecorder>();
-    recorder->onFailure = [&](RecorderFailure) { recorder.reset(); };
-    begin(*recorder);
-    server.kill();
-    runUntil([&] { return !recorder; });
-}
-
-TEST_F(GstRecorderTest, AFailureIsNotToldAfterAStop)
-{
-    SoundServer server;
-    GstRecorder recorder;
-    bool failed = false;
-    recorder.onFailure = [&](RecorderFailure) { failed = true; };
-    begin(recorder);
-    recordUntil(recorder, 0.3);
-    server.kill();
-    EXPECT_GT(end(recorder), 0);
-    EXPECT_FALSE(failed);
-    EXPECT_GE(seconds(audiofile::decode(file)), 0.2);
-}
-
-TEST_F(GstRecorderTest, WithoutAServerItFailsAndWorksOnceThereIsOne)
-{
-    GstRecorder recorder;
-    EXPECT_THROW(begin(recorder), std::runtime_error);
-    EXPECT_TRUE(fs::is_empty(folder));
-    EXPECT_EQ(recorder.currentTime(), 0);
-    EXPECT_EQ(recorder.stop(), 0);
-
-    SoundServer server;
-    begin(recorder);
-    EXPECT_GT(end(recorder), 0);
-    EXPECT_FALSE(audiofile::decode(file).empty());
-}
-
-TEST_F(GstRecorderTest, ALoudspeakerAloneIsNoMicrophone)
-{
-    SoundServer server(SoundServer::Microphone::absent);
-    GstRecorder recorder;
-    EXPECT_THROW(begin(recorder), std::runtime_error);
-    EXPECT_TRUE(fs::is_empty(folder));
-    waitUntilReleased();
-}
-
-TEST_F(GstRecorderTest, WithoutAnySourceItFails)
-{
-    SoundServer server(SoundServer::Microphone::absent);
-    SoundServer::removeSink("vout");
-    GstRecorder recorder;
-    EXPECT_THROW(begin(recorder), std::runtime_error);
-    EXPECT_TRUE(fs::is_empty(folder));
-}
-
-TEST_F(GstRecorderTest, AServerThatHangsFailsInTimeAndHoldsNoOneUp)
-{
-    auto server = std::make_unique<SoundServer>();
-    GstRecorder recorder;
-    begin(recorder);
-    end(recorder);
-    file = folder / "next.m4a";
-    server->hang();
-    int turns = 0;
-    QTimer turn;
-    QObject::connect(&turn, &QTimer::timeout, [&] { ++turns; });
-    turn.start(10);
-    EXPECT_THROW(begin(recorder), std::runtime_error);
-    EXPECT_GT(turns, 100) << "the main thread stood still";
-    server.reset(); // which ends what waits for it
-    waitForFile(recorder);
-    EXPECT_FALSE(fs::exists(file));
-}
-
-TEST_F(GstRecorderTest, AFileThatExistsStaysAsItIs)
-{
-    std::ofstream(file) << "mine";
-    SoundServer server;
-    GstRecorder recorder;
-    EXPECT_THROW(begin(recorder), std::runtime_error);
-    EXPECT_EQ(content(), "mine");
-    waitUntilReleased();
-}
-
-TEST_F(GstRecorderTest, ALinkIsNotFollowed)
-{
-    fs::create_symlink(folder / "elsewhere", file);
-    SoundServer server;
-    GstRecorder recorder;
-    EXPECT_THROW(begin(recorder), std::runtime_error);
-    EXPECT_FALSE(fs::exists(folder / "elsewhere"));
-    EXPECT_TRUE(fs::is_symlink(file));
-}
-
-TEST_F(GstRecorderTest, AFolderThatTakesNoFileFailsAndTheNextRecordingWorks)
-{
-    SoundServer server;
-    GstRecorder recorder;
-    recorder.open();
-    EXPECT_THROW(await(recorder.start("/proc/recording.m4a")), std::runtime_error);
-    waitForFile(recorder);
-    begin(recorder);
-    EXPECT_GT(end(recorder), 0);
-    EXPECT_FALSE(audiofile::decode(file).empty());
-}
-
-TEST_F(GstRecorderTest, AFullDiskEndsTheRecordingAndKeepsWhatFitted)
-{
-    SoundServer server;
-    server.playTone(-20);
-    GstRecorder recorder;
-    std::vector<RecorderFailure> failures;
-    recorder.onFailure = [&](RecorderFailure failure) { failures.push_back(failure); };
-    begin(recorder);
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = ::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{ 24 * 1024, before.rlim_max };
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    runUntil([&] { return !failures.empty(); });
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    ::signal(SIGXFSZ, handler);
-    EXPECT_EQ(failures, std::vector{ RecorderFailure::encoding });
-    const auto sound = audiofile::decode(file);
-    EXPECT_GE(seconds(sound), 1);
-    EXPECT_NEAR(frequency(part(sound, 0.1, 1)), 440, 1);
 }
 
 } // namespace
