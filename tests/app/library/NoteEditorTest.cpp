@@ -36,6 +36,21 @@ protected:
     {
         return eventually([&] { return editor->saved(); });
     }
+    // A letter or more is typed into the note while "heard", from a recording for it, is on its
+    // way.
+    void typeBeforeWordsLand(const char* text)
+    {
+        model->setSelectedNoteID(id);
+        machine.clock.turn(1);
+        model->recordNote(true);
+        ASSERT_TRUE(reach(Phase::recording));
+        machine.recognizer.hears.reset();
+        model->recordNote(true);
+        ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
+        type(text);
+        machine.recognizer.report({ .text = "heard", .isFinal = true });
+        ASSERT_TRUE(reach(Phase::idle));
+    }
     std::string shown() const
     {
         auto text = document.toRawText();
@@ -124,16 +139,7 @@ TEST_F(NoteEditorTest, ATranscriptThatLandsWhileCleanShowsAtOnce)
 TEST_F(NoteEditorTest, ATranscriptThatLandsWhileDirtyShowsWithTheSave)
 {
     edit("begun");
-    model->setSelectedNoteID(id);
-    machine.clock.turn(1);
-    model->recordNote(true);
-    ASSERT_TRUE(reach(Phase::recording));
-    machine.recognizer.hears.reset();
-    model->recordNote(true);
-    ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
-    type(" typed");
-    machine.recognizer.report({ .text = "heard", .isFinal = true });
-    ASSERT_TRUE(reach(Phase::idle));
+    ASSERT_NO_FATAL_FAILURE(typeBeforeWordsLand(" typed"));
     EXPECT_EQ(note(id).body, "begun\n\nheard");
     EXPECT_EQ(shown(), "begun typed");
     machine.clock.turn(1);
@@ -151,16 +157,7 @@ TEST_F(NoteEditorTest, ATranscriptThatLandsWhileSomebodyWritesOnIsNotLost)
         model.reset();
         std::filesystem::remove_all(root());
         edit("begun");
-        model->setSelectedNoteID(id);
-        machine.clock.turn(1);
-        model->recordNote(true);
-        ASSERT_TRUE(reach(Phase::recording));
-        machine.recognizer.hears.reset();
-        model->recordNote(true);
-        ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
-        type("1");
-        machine.recognizer.report({ .text = "heard", .isFinal = true });
-        ASSERT_TRUE(reach(Phase::idle));
+        ASSERT_NO_FATAL_FAILURE(typeBeforeWordsLand("1"));
         machine.clock.turn(0.36); // a save is under way
         type("2");
         ASSERT_TRUE(eventually([&] { return note(id).body == "begun1\n\nheard"; }));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskoCore/library/TranscriptResult.h"
 #include "VeskoCore/speech/HttpTransport.h"
 
 #include <gtest/gtest.h>
@@ -24,6 +25,17 @@ struct FakeNetwork {
         return requests.at(0).body.value();
     }
 };
+
+// The result of an answer whose words, as they are, these are.
+inline TranscriptResult resultOf(
+    const std::string& words, std::optional<double> cost, const std::string& requestID)
+{
+    return { .rawText = words,
+        .text = words,
+        .cost = cost,
+        .requestID = requestID,
+        .warning = std::nullopt };
+}
 
 // The value of the header, which is not there twice.
 inline std::optional<std::string> header(const HttpRequest& request, const std::string& name)

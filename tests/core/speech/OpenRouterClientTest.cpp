@@ -304,12 +304,7 @@ TEST(OpenRouterClientTranscribe, AnAnswerBecomesAResult)
     for (const auto& row : rows) {
         Network network;
         network.answer = { .data = row.data, .status = 200, .requestID = "gen-1" };
-        const TranscriptResult expected{ .rawText = row.text,
-            .text = row.text,
-            .cost = row.cost,
-            .requestID = "gen-1",
-            .warning = std::nullopt };
-        EXPECT_EQ(Call().on(network.client()), expected) << row.what;
+        EXPECT_EQ(Call().on(network.client()), resultOf(row.text, row.cost, "gen-1")) << row.what;
     }
 }
 
@@ -393,12 +388,7 @@ TEST(OpenRouterClientOnTheWire, ASpeechCallFromBothSides)
     const TranscriptResult result
         = Call{ .audio = "voice", .language = "en-US", .key = " test-key\n" }.on(clientOf(server));
 
-    const TranscriptResult expected{ .rawText = "hello",
-        .text = "hello",
-        .cost = 0.5,
-        .requestID = "gen-7",
-        .warning = std::nullopt };
-    EXPECT_EQ(result, expected);
+    EXPECT_EQ(result, resultOf("hello", 0.5, "gen-7"));
     const std::string body
         = R"({"input_audio":{"data":"dm9pY2U=","format":"m4a"},"language":"en",)"
           R"("model":"openai\/whisper-large-v3-turbo","response_format":"json"})";

@@ -255,12 +255,8 @@ TEST(PlusGatewayTranscribe, AnAnswerBecomesAResult)
     for (const auto& row : rows) {
         PlusNetwork network;
         network.answer = { .data = row.data, .status = 200, .requestID = "of a header" };
-        const TranscriptResult expected{ .rawText = row.text,
-            .text = row.text,
-            .cost = row.cost,
-            .requestID = "req-1",
-            .warning = std::nullopt };
-        EXPECT_EQ(PlusSpeechCall().on(network.gateway()), expected) << row.what;
+        EXPECT_EQ(PlusSpeechCall().on(network.gateway()), resultOf(row.text, row.cost, "req-1"))
+            << row.what;
     }
 }
 
