@@ -97,7 +97,7 @@ VeskoWindow {
                 model: window.model
                 preferences: window.preferences
             }
-            SettingsSection {
+            Section {
                 width: parent.width
                 title: qsTranslate("Vesko", "Personal dictionary")
 
@@ -123,7 +123,7 @@ VeskoWindow {
                     onClicked: window.delegate.openDictionary()
                 }
             }
-            SettingsSection {
+            Section {
                 width: parent.width
                 title: qsTranslate("Vesko", "Permissions")
 
@@ -146,7 +146,7 @@ VeskoWindow {
                 model: window.model
                 preferences: window.preferences
             }
-            SettingsSection {
+            Section {
                 width: parent.width
                 title: qsTranslate("Vesko", "Privacy")
 

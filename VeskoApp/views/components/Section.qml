@@ -2,11 +2,12 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 
-// A heading with what belongs under it.
+// A heading with what belongs under it, and a line to what follows.
 Column {
     id: section
 
     property string title
+    property bool last: false // nothing follows
     default property alias body: content.data
 
     spacing: 10
@@ -14,16 +15,28 @@ Column {
     Accessible.name: title
 
     Words {
+        width: section.width
         text: section.title
-        font.pixelSize: Theme.small
+        font.pixelSize: 15
         font.weight: Font.DemiBold
-        color: Theme.quiet
+        wrapMode: Text.Wrap
         Accessible.role: Accessible.Heading
     }
     Column {
         id: content
 
         width: section.width
-        spacing: 10
+        spacing: 8
+    }
+    Item {
+        width: 1
+        height: 14
+        visible: !section.last
+    }
+    Rectangle {
+        width: section.width
+        height: 1
+        visible: !section.last
+        color: Theme.hairline
     }
 }

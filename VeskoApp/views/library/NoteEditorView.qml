@@ -226,6 +226,7 @@ Item {
             width: page.width - 72
             visible: view.editor.recordingCount > 0
             title: qsTranslate("Vesko", "Original recordings")
+            last: true
 
             Repeater {
                 model: view.editor.recordings

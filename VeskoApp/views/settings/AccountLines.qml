@@ -1,7 +1,7 @@
 import QtQuick
 
 // Who is signed in, or the ways to sign in.
-SettingsSection {
+Section {
     id: section
 
     required property var account

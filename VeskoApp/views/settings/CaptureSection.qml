@@ -1,7 +1,7 @@
 import QtQuick
 
 // How a dictation is started, what it sounds like, and where its text goes.
-SettingsSection {
+Section {
     id: section
 
     required property var model

@@ -1,7 +1,7 @@
 import QtQuick
 
 // Whose key pays for OpenRouter.
-SettingsSection {
+Section {
     id: section
 
     required property var preferences

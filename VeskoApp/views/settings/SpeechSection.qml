@@ -1,7 +1,7 @@
 import QtQuick
 
 // By what and in which language speech becomes text.
-SettingsSection {
+Section {
     id: section
 
     required property var preferences

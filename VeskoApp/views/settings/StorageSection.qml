@@ -1,7 +1,7 @@
 import QtQuick
 
 // Whether the program is there, and where its data is.
-SettingsSection {
+Section {
     id: section
 
     required property var model

@@ -11,7 +11,7 @@ Column {
 
     spacing: 18
 
-    SettingsSection {
+    Section {
         width: parent.width
         title: qsTranslate("Vesko", "Translation")
 
@@ -34,7 +34,7 @@ Column {
             text: qsTranslate("Vesko", "Off by default. When on, each transcript is sent to the text model below for a separate paid request. The original transcript stays saved with the recording.")
         }
     }
-    SettingsSection {
+    Section {
         width: parent.width
         title: qsTranslate("Vesko", "Optional AI cleanup")
 
