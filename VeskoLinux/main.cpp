@@ -14,6 +14,7 @@
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 #include "VeskoLinux/desktop/DesktopBrowser.h"
 #include "VeskoLinux/desktop/PortalAppearance.h"
+#include "VeskoLinux/desktop/PortalFileChooser.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
 #include "VeskoLinux/desktop/TerminationSignals.h"
 #include "VeskoLinux/desktop/TrayStatusItem.h"
@@ -154,11 +155,13 @@ int runApplication(
     TrayStatusItem statusItem;
     DesktopBrowser browser;
     X11Desktop desktop;
+    PortalFileChooser fileChooser(clock);
     PortalAppearance appearance;
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
         pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        browser, runningInstance, desktop, appearance, permissions, preferredLanguages(), root };
+        browser, runningInstance, desktop, fileChooser, appearance, permissions,
+        preferredLanguages(), root };
 
     AppModel model(
         platform, [&library] { return library.get(); },

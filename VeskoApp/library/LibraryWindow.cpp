@@ -40,11 +40,20 @@ QString absolute(const QString& path)
         written.startsWith(QStringLiteral("~/")) ? written.mid(2) : written);
 }
 
+// Where a note is exported to if the user has no better idea.
+QString exportFile(const Note& note)
+{
+    auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QFileInfo(folder).isDir())
+        folder = QDir::homePath();
+    return folder + u'/' + QString::fromStdString(AppModel::exportName(note));
+}
+
 } // namespace
 
-LibraryWindow::LibraryWindow(AppModel& model, EventClock& clock)
+LibraryWindow::LibraryWindow(AppModel& model, Platform& platform)
     : m_model(model)
-    , m_clock(clock)
+    , m_platform(platform)
 {
     connect(&model, &AppModel::visibleNotesChanged, this, &LibraryWindow::showNotes);
     connect(&model, &AppModel::libraryChanged, this, &LibraryWindow::sidebarChanged);
@@ -86,7 +95,7 @@ void LibraryWindow::showEditor()
         return;
     }
     auto former = std::exchange(
-        m_editor, note ? std::make_unique<NoteEditor>(m_model, m_clock, *note) : nullptr);
+        m_editor, note ? std::make_unique<NoteEditor>(m_model, m_platform.clock, *note) : nullptr);
     if (former)
         former->flush();
     if (former || m_editor)
@@ -227,17 +236,39 @@ void LibraryWindow::copyNote()
         m_model.copyNote(m_editor->id());
 }
 
+void LibraryWindow::chooseExport(QWindow* above)
+{
+    const Note* const note = m_model.selectedNote();
+    if (!note || !above)
+        return;
+    m_tasks.spawn(exportTo(note->id,
+        m_platform.fileChooser.save(
+            { .title = translated(L10N_KEY("Vesko", "Export Markdown…")).toStdString(),
+                .agree = translated(L10N_KEY("Vesko", "Save")).toStdString(),
+                .file = exportFile(*note).toStdString(),
+                .kind = "Markdown",
+                .pattern = "*.md" },
+            *above)));
+}
+
+Task<> LibraryWindow::exportTo(Uuid id, Eventual<FileChooser::Answer> chosen)
+{
+    const auto answer = co_await chosen;
+    if (answer.outcome == FileChooser::Answer::chosen)
+        m_model.exportNote(id, answer.file);
+    else if (answer.outcome == FileChooser::Answer::unavailable && m_editor && m_editor->id() == id)
+        Q_EMIT exportPathWanted();
+}
+
 QString LibraryWindow::exportPath() const
 {
     const Note* const note = m_model.selectedNote();
     if (!note)
         return {};
-    auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (!QFileInfo(folder).isDir())
-        folder = QDir::homePath();
-    if (folder == QDir::homePath() || folder.startsWith(QDir::homePath() + u'/'))
-        folder.replace(0, QDir::homePath().size(), QStringLiteral("~"));
-    return folder + u'/' + QString::fromStdString(AppModel::exportName(*note));
+    auto path = exportFile(*note);
+    if (path.startsWith(QDir::homePath() + u'/'))
+        path.replace(0, QDir::homePath().size(), QStringLiteral("~"));
+    return path;
 }
 
 bool LibraryWindow::replacesFile(const QString& path)

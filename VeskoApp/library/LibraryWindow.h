@@ -2,16 +2,18 @@
 
 #include "VeskoApp/library/NoteEditor.h"
 #include "VeskoApp/library/NoteListModel.h"
+#include "VeskoApp/platform/Platform.h"
 
 #include <QObject>
 #include <QVariant>
+#include <QWindow>
 
 #include <memory>
 
 namespace vesko {
 
 // What the library window shows and does, over the controller. Ids are texts here; an empty one is
-// none. Main thread; the controller must outlive it.
+// none. Main thread; the controller and the platform must outlive it.
 class LibraryWindow : public QObject {
     Q_OBJECT
     Q_PROPERTY(QObject* notes READ notes CONSTANT)
@@ -35,7 +37,7 @@ class LibraryWindow : public QObject {
     Q_PROPERTY(QString recordText READ recordText NOTIFY stateChanged)
 
 public:
-    LibraryWindow(AppModel& model, EventClock& clock);
+    LibraryWindow(AppModel& model, Platform& platform);
     ~LibraryWindow() override;
 
     QObject* notes() { return &m_notes; }
@@ -70,6 +72,8 @@ public:
 
     // On the selected note.
     Q_INVOKABLE void copyNote();
+    // Asks in the desktop's dialog, above that window, where to export the note to, and exports it.
+    Q_INVOKABLE void chooseExport(QWindow* above);
     // Where an export goes if the user has no better idea: a path, "~" for the home folder.
     Q_INVOKABLE QString exportPath() const;
     // Whether an export to that path would replace a file.
@@ -93,15 +97,19 @@ Q_SIGNALS:
     void copiedChanged();
     void playingChanged();
     void stateChanged();
+    // The desktop has no dialog for an export: the window has to ask for a path.
+    void exportPathWanted();
 
 private:
     void showNotes();
     void showEditor();
+    Task<> exportTo(Uuid id, Eventual<FileChooser::Answer> chosen);
 
     AppModel& m_model;
-    EventClock& m_clock;
+    Platform& m_platform;
     NoteListModel m_notes;
     std::unique_ptr<NoteEditor> m_editor;
+    TaskScope m_tasks;
 };
 
 } // namespace vesko

@@ -8,6 +8,7 @@
 #include "VeskoApp/platform/Clipboard.h"
 #include "VeskoApp/platform/CueEngine.h"
 #include "VeskoApp/platform/Desktop.h"
+#include "VeskoApp/platform/FileChooser.h"
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoApp/platform/KeyInput.h"
 #include "VeskoApp/platform/LoginItem.h"
@@ -47,6 +48,7 @@ struct Platform {
     Browser& browser;
     RunningInstance& runningInstance;
     Desktop& desktop;
+    FileChooser& fileChooser;
     Appearance& appearance;
     Permissions& permissions;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first

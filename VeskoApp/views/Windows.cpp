@@ -87,7 +87,7 @@ std::unique_ptr<QWindow> makeWindow(
         switch (kind) {
         case AppWindow::library:
             return make(engine, QStringLiteral("LibraryWindow"), properties,
-                QStringLiteral("library"), std::make_unique<LibraryWindow>(model, platform.clock));
+                QStringLiteral("library"), std::make_unique<LibraryWindow>(model, platform));
         case AppWindow::dictionary:
             return make(engine, QStringLiteral("DictionaryWindow"), properties,
                 QStringLiteral("dictionary"),

@@ -8,6 +8,7 @@
 #include "tests/fakes/FakeClipboard.h"
 #include "tests/fakes/FakeCueEngine.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeFileChooser.h"
 #include "tests/fakes/FakeFocusedField.h"
 #include "tests/fakes/FakeKeyInput.h"
 #include "tests/fakes/FakeLoginItem.h"
@@ -43,6 +44,7 @@ struct FakePlatform {
     FakeBrowser browser;
     FakeRunningInstance runningInstance;
     FakeDesktop desktop;
+    FakeFileChooser fileChooser;
     FakeAppearance appearance;
     FakePermissions permissions;
 
@@ -65,6 +67,7 @@ struct FakePlatform {
         .browser = browser,
         .runningInstance = runningInstance,
         .desktop = desktop,
+        .fileChooser = fileChooser,
         .appearance = appearance,
         .permissions = permissions,
         .preferredLanguages = { "en-US" },

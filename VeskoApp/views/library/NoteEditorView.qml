@@ -253,7 +253,7 @@ Item {
         }
         MenuRow {
             text: qsTranslate("Vesko", "Export Markdown…")
-            onTriggered: exporter.open()
+            onTriggered: view.library.chooseExport(view.Window.window)
         }
         MenuLine { }
         MenuRow {
@@ -287,6 +287,13 @@ Item {
         agreeText: qsTranslate("Vesko", "Delete permanently")
         destructive: true
         onAccepted: view.library.deletePermanently()
+    }
+    Connections {
+        function onExportPathWanted() {
+            exporter.open();
+        }
+
+        target: view.library
     }
     Sheet {
         id: exporter

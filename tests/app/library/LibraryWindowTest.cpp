@@ -2,6 +2,7 @@
 
 #include "VeskoApp/library/LibraryWindow.h"
 #include "tests/app/library/LibraryTest.h"
+#include "tests/fakes/Files.h"
 
 #include <QDir>
 #include <QTextCursor>
@@ -17,7 +18,7 @@ protected:
         LibraryTest::open();
         openWindow();
     }
-    void openWindow() { window = std::make_unique<LibraryWindow>(*model, machine.clock); }
+    void openWindow() { window = std::make_unique<LibraryWindow>(*model, machine.all); }
     std::string emptyTitle() const
     {
         return window->emptyState().toMap()[QStringLiteral("title")].toString().toStdString();
@@ -222,6 +223,102 @@ TEST_F(LibraryWindowTest, TheActionsAreOnTheSelectedNote)
     EXPECT_EQ(window->exportPath(), QString());
     drainEvents();
     EXPECT_EQ(model->library().notes.size(), 1U);
+}
+
+struct ExportTest : LibraryWindowTest {
+    QWindow above;
+    int pathWanted = 0;
+
+    void open()
+    {
+        LibraryWindowTest::open();
+        QObject::connect(window.get(), &LibraryWindow::exportPathWanted, [this] { ++pathWanted; });
+    }
+    void answer(FileChooser::Answer::Outcome outcome, const std::filesystem::path& file = {})
+    {
+        machine.fileChooser.answer.set({ outcome, file });
+        drainEvents();
+    }
+};
+
+TEST_F(ExportTest, TheDesktopIsAskedWhereTo)
+{
+    open();
+    write("Balcony", "tomatoes");
+    window->chooseExport(&above);
+    ASSERT_EQ(machine.fileChooser.asked.size(), 1U);
+    const auto& asked = machine.fileChooser.asked[0];
+    EXPECT_EQ(asked.title, "Export Markdown…");
+    EXPECT_EQ(asked.agree, "Save");
+    EXPECT_EQ(asked.file.filename(), "Balcony.md");
+    EXPECT_TRUE(std::filesystem::is_directory(asked.file.parent_path()));
+    EXPECT_EQ(asked.kind, "Markdown");
+    EXPECT_EQ(asked.pattern, "*.md");
+}
+
+TEST_F(ExportTest, TheNoteGoesIntoTheChosenFile)
+{
+    open();
+    write("Balcony", "tomatoes");
+    window->chooseExport(&above);
+    answer(FileChooser::Answer::chosen, folder.path() / "chosen.md");
+    ASSERT_TRUE(eventually([&] { return model->message() == "Markdown exported"; }));
+    EXPECT_EQ(bytesOf(folder.path() / "chosen.md"), "# Balcony\n\ntomatoes\n");
+    EXPECT_EQ(pathWanted, 0);
+}
+
+TEST_F(ExportTest, ANoteThatIsLeftMeanwhileIsTheOneThatIsExported)
+{
+    open();
+    write("Balcony", "tomatoes");
+    window->chooseExport(&above);
+    write("Errands", "bread");
+    answer(FileChooser::Answer::chosen, folder.path() / "chosen.md");
+    ASSERT_TRUE(eventually([&] { return model->message() == "Markdown exported"; }));
+    EXPECT_EQ(bytesOf(folder.path() / "chosen.md"), "# Balcony\n\ntomatoes\n");
+}
+
+TEST_F(ExportTest, WhoCancelsHearsNothingOfIt)
+{
+    open();
+    write("Balcony", "tomatoes");
+    const auto said = model->message();
+    window->chooseExport(&above);
+    answer(FileChooser::Answer::cancelled);
+    EXPECT_EQ(model->message(), said);
+    EXPECT_EQ(model->errorMessage(), "");
+    EXPECT_EQ(pathWanted, 0);
+}
+
+TEST_F(ExportTest, WithoutADialogThePathIsAskedForHere)
+{
+    open();
+    write("Balcony", "tomatoes");
+    window->chooseExport(&above);
+    answer(FileChooser::Answer::unavailable);
+    EXPECT_EQ(pathWanted, 1);
+    // Not for a note that isn't the one that is shown.
+    window->chooseExport(&above);
+    write("Errands", "bread");
+    answer(FileChooser::Answer::unavailable);
+    EXPECT_EQ(pathWanted, 1);
+}
+
+TEST_F(ExportTest, WithoutANoteNobodyIsAsked)
+{
+    open();
+    window->chooseExport(&above);
+    EXPECT_TRUE(machine.fileChooser.asked.empty());
+}
+
+TEST_F(ExportTest, AnAnswerAfterTheWindowsEndIsNobodys)
+{
+    open();
+    write("Balcony", "tomatoes");
+    window->chooseExport(&above);
+    window.reset();
+    answer(FileChooser::Answer::chosen, folder.path() / "chosen.md");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "chosen.md"));
 }
 
 TEST_F(LibraryWindowTest, ARecordingIsPlayedAndTranscribedAgain)

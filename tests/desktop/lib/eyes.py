@@ -99,6 +99,10 @@ class Node:
         # Qt Quick tells the ends of its paragraphs by a character of their own.
         return self._ask("org.a11y.atspi.Text", "GetText", "(ii)", 0, -1)[0].replace("\u2029", "\n")
 
+    def write(self, text):
+        """Puts this in the place of the field's text."""
+        self._ask("org.a11y.atspi.EditableText", "SetTextContents", "(s)", text)
+
     @property
     def caret(self):
         return self._property("Text", "CaretOffset")
@@ -169,6 +173,17 @@ def focused(app):
         except Gone:
             continue
     return None
+
+
+def owner_pid(name):
+    """The process that has the name on the session bus, or 0."""
+    try:
+        return Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
+            "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+            "GetConnectionUnixProcessID", GLib.Variant("(s)", (name,)), None, 0,
+            TIMEOUT).unpack()[0]
+    except GLib.Error:
+        return 0
 
 
 def active_pid():
