@@ -9,6 +9,12 @@
 
 namespace vesko {
 
+namespace {
+
+constexpr double openingUnseen = 0.2; // seconds; a sign for less would only flash
+
+} // namespace
+
 Q_LOGGING_CATEGORY(captureLog, "app.vesko.mac.capture")
 
 AppModel::AppModel(Platform& platform, LibraryOpening open, OpenRouterClient client,
@@ -26,6 +32,7 @@ AppModel::AppModel(Platform& platform, LibraryOpening open, OpenRouterClient cli
     , m_apple(platform.recognizer, platform.clock)
     , m_insertionReview(platform.focusedField, platform.clock)
     , m_message(L10N_KEY("Vesko", "Ready to capture"))
+    , m_openingShown(platform.clock)
     , m_meter(platform.clock)
     , m_searches(std::make_shared<std::atomic<unsigned>>(0))
     , m_playbackEnd(platform.clock)
@@ -36,6 +43,8 @@ AppModel::AppModel(Platform& platform, LibraryOpening open, OpenRouterClient cli
         if (!m_preferences.learnCorrections.get())
             stopLearning();
     });
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryOpeningChanged })
+        connect(this, changed, this, &AppModel::phaseTitleChanged);
     m_accounts.restoreAtLaunch();
     m_tasks.spawn(openLibrary(std::move(open)));
 }
@@ -52,6 +61,8 @@ std::filesystem::path AppModel::dataRoot(
 
 Task<> AppModel::openLibrary(LibraryOpening open)
 {
+    m_openingShown.start(openingUnseen,
+        [this] { assign(m_libraryOpening, true, &AppModel::libraryOpeningChanged); });
     // Captures are dropped until the library is ready, and only the first launch lets them wait
     // for the secret store: whoever dictates at once gets what that launch chooses.
     if (m_platform.settings.empty())
@@ -65,6 +76,8 @@ Task<> AppModel::openLibrary(LibraryOpening open)
     } catch (...) {
         failure = std::current_exception();
     }
+    m_openingShown.cancel();
+    assign(m_libraryOpening, false, &AppModel::libraryOpeningChanged);
     if (failure)
         setErrorMessage(safeMessage(failure));
 }
@@ -123,7 +136,8 @@ QString AppModel::phaseTitle() const
 {
     switch (m_phase) {
     case Phase::idle:
-        return translated(L10N_KEY("Vesko", "Ready"));
+        return m_libraryOpening ? translated(L10N_KEY("Vesko", "Opening library…"))
+                                : translated(L10N_KEY("Vesko", "Ready"));
     case Phase::preparing:
         return translated(L10N_KEY("Vesko", "Starting microphone"));
     case Phase::recording:

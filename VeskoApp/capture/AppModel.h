@@ -37,7 +37,7 @@ namespace vesko {
 // waits. The platform must outlive it.
 class AppModel : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QString phaseTitle READ phaseTitle NOTIFY phaseChanged)
+    Q_PROPERTY(QString phaseTitle READ phaseTitle NOTIFY phaseTitleChanged)
     Q_PROPERTY(bool recording READ isRecording NOTIFY phaseChanged)
     Q_PROPERTY(bool busy READ isBusy NOTIFY phaseChanged)
     Q_PROPERTY(double elapsed READ elapsed NOTIFY elapsedChanged)
@@ -48,6 +48,7 @@ class AppModel : public QObject {
     Q_PROPERTY(QString shortcutMessage READ shortcutText NOTIFY shortcutMessageChanged)
     Q_PROPERTY(QString dictionaryMessage READ dictionaryMessage NOTIFY dictionaryMessageChanged)
     Q_PROPERTY(bool libraryReady READ libraryReady NOTIFY libraryReadyChanged)
+    Q_PROPERTY(bool libraryOpening READ libraryOpening NOTIFY libraryOpeningChanged)
     Q_PROPERTY(bool menuBarIconHidden READ menuBarIconHidden NOTIFY menuBarIconHiddenChanged)
     // "options", each with its "tag" and "name", and a "note"; undefined if there is none.
     Q_PROPERTY(QVariant languageQuestion READ shownLanguageQuestion NOTIFY languageQuestionChanged)
@@ -162,6 +163,8 @@ public:
     double level() const { return m_level; } // 0 to 1, smoothed
     bool pushToTalk() const { return m_pushToTalk; }
     bool libraryReady() const { return m_libraryReady; }
+    // The library is being opened, and that takes long enough to be told.
+    bool libraryOpening() const { return m_libraryOpening; }
     std::optional<Uuid> playingID() const { return m_playingID; }
     const std::vector<DictionarySuggestion>& pendingCorrections() const
     {
@@ -214,6 +217,7 @@ public:
 
 Q_SIGNALS:
     void phaseChanged();
+    void phaseTitleChanged();
     void elapsedChanged();
     void levelChanged();
     void pushToTalkChanged();
@@ -223,6 +227,7 @@ Q_SIGNALS:
     void pendingCorrectionsChanged();
     void dictionaryMessageChanged();
     void libraryReadyChanged();
+    void libraryOpeningChanged();
     void libraryChanged();
     void visibleNotesChanged();
     void selectionChanged(); // of the note, the project or the Trash
@@ -360,6 +365,8 @@ private:
     QString m_dictionaryMessage;
     std::vector<DictionarySuggestion> m_pendingCorrections;
     bool m_libraryReady = false;
+    bool m_libraryOpening = false;
+    Timer m_openingShown;
     Library m_library;
 
     std::optional<ActiveCapture> m_active; // present while recording

@@ -16,6 +16,11 @@ DictionaryView::DictionaryView(AppModel& model, EventClock& clock)
     , m_clock(clock)
 {
     connect(&model, &AppModel::libraryChanged, this, &DictionaryView::showTerms);
+    for (const auto changed : { &AppModel::libraryReadyChanged, &AppModel::libraryOpeningChanged })
+        connect(&model, changed, this, [this] {
+            Q_EMIT termsChanged();
+            Q_EMIT formChanged();
+        });
     connect(&model, &AppModel::pendingCorrectionsChanged, this, &DictionaryView::pendingChanged);
     showTerms();
 }
@@ -28,6 +33,8 @@ void DictionaryView::showTerms()
 
 QString DictionaryView::countText() const
 {
+    if (!m_model.libraryReady())
+        return m_model.libraryOpening() ? m_model.phaseTitle() : QString();
     const int count = m_terms.rowCount();
     return count == 1 ? translated(L10N_KEY("Vesko", "1 term"))
                       : translated(L10N_KEY("Vesko", "%1 terms")).arg(count);
@@ -35,7 +42,7 @@ QString DictionaryView::countText() const
 
 QVariant DictionaryView::emptyState() const
 {
-    if (m_terms.rowCount() > 0)
+    if (m_terms.rowCount() > 0 || !m_model.libraryReady())
         return {};
     const auto words = [](const char* title, const char* text) {
         return QVariantMap{ { QStringLiteral("title"), translated(title) },
@@ -82,7 +89,8 @@ bool DictionaryView::canSave() const
     const auto texts = std::pair(m_original.toStdString(), m_replacement.toStdString());
     const auto original = trimmed(texts.first);
     const auto replacement = trimmed(texts.second);
-    return !original.empty() && !replacement.empty() && !sameText(original, replacement);
+    return m_model.libraryReady() && !original.empty() && !replacement.empty()
+        && !sameText(original, replacement);
 }
 
 QString DictionaryView::pendingText() const

@@ -67,10 +67,12 @@ LibraryWindow::LibraryWindow(AppModel& model, Platform& platform)
         Q_EMIT emptyStateChanged();
     });
     for (const auto changed :
-        { &AppModel::phaseChanged, &AppModel::messageChanged, &AppModel::elapsedChanged })
+        { &AppModel::phaseTitleChanged, &AppModel::messageChanged, &AppModel::elapsedChanged })
         connect(&model, changed, this, &LibraryWindow::statusLineChanged);
-    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged })
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged,
+             &AppModel::libraryOpeningChanged })
         connect(&model, changed, this, &LibraryWindow::stateChanged);
+    connect(&model, &AppModel::libraryReadyChanged, this, &LibraryWindow::emptyStateChanged);
     connect(&model, &AppModel::copiedNoteChanged, this, &LibraryWindow::copiedChanged);
     connect(&model, &AppModel::playingChanged, this, &LibraryWindow::playingChanged);
     showNotes();
@@ -173,7 +175,9 @@ QString LibraryWindow::statusLine() const
     case Phase::recording:
         return translated(L10N_KEY("Vesko", "Recording %1")).arg(shownDuration(m_model.elapsed()));
     case Phase::idle:
-        return m_model.messageText();
+        if (!opening())
+            return m_model.messageText();
+        break;
     case Phase::preparing:
     case Phase::processing:
         break;

@@ -32,6 +32,7 @@ class LibraryWindow : public QObject {
     Q_PROPERTY(QString statusLine READ statusLine NOTIFY statusLineChanged)
     Q_PROPERTY(QString copiedNoteID READ copiedNoteID NOTIFY copiedChanged)
     Q_PROPERTY(QString playingID READ playingID NOTIFY playingChanged)
+    Q_PROPERTY(bool opening READ opening NOTIFY stateChanged)
     Q_PROPERTY(bool canCreate READ canCreate NOTIFY stateChanged)
     Q_PROPERTY(bool canRecord READ canRecord NOTIFY stateChanged)
     Q_PROPERTY(QString recordText READ recordText NOTIFY stateChanged)
@@ -57,6 +58,8 @@ public:
     QString statusLine() const;
     QString copiedNoteID() const;
     QString playingID() const;
+    // The library is not there yet, which takes a while.
+    bool opening() const { return m_model.libraryOpening(); }
     bool canCreate() const { return m_model.libraryReady(); }
     bool canRecord() const { return m_model.libraryReady() && !m_model.isBusy(); }
     QString recordText() const;

@@ -175,7 +175,7 @@ void AppDelegate::setupStatusItem()
     m_platform.statusItem.onOpen = [this] { openLibrary(); };
     m_platform.statusItem.onSettings = [this] { openSettings(); };
     m_platform.statusItem.onQuit = [this] { quit(); };
-    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged })
+    for (const auto changed : { &AppModel::phaseTitleChanged, &AppModel::libraryReadyChanged })
         connect(&m_model, changed, this, &AppDelegate::showCaptureState);
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::showCaptureState);
     qGuiApp->installEventFilter(this);

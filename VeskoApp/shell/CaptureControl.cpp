@@ -33,11 +33,13 @@ CaptureControl::CaptureControl(Platform& platform, AppModel& model)
     , m_frame(platform.clock)
     , m_newsEnd(platform.clock)
 {
-    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged })
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged,
+             &AppModel::libraryOpeningChanged })
         connect(&model, changed, this, &CaptureControl::stateChanged);
     for (const auto changed : { &AppModel::phaseChanged, &AppModel::pushToTalkChanged })
         connect(&model, changed, this, &CaptureControl::showFnHint);
-    connect(&model, &AppModel::phaseChanged, this, &CaptureControl::animate);
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryOpeningChanged })
+        connect(&model, changed, this, &CaptureControl::animate);
     connect(&model, &AppModel::levelChanged, this, [this] {
         if (m_platform.appearance.reduceMotion())
             Q_EMIT glyphChanged();
@@ -131,6 +133,11 @@ void CaptureControl::cut(const QVariantList& shapes)
         visible += QRegion(path.toFillPolygon().toPolygon());
     }
     m_window->setMask(visible);
+}
+
+bool CaptureControl::live() const
+{
+    return m_model.phase() != Phase::idle || m_model.libraryOpening();
 }
 
 bool CaptureControl::orbEnabled() const

@@ -63,7 +63,7 @@ public:
     QString elapsed() const;
     bool holdingFn() const { return m_model.isRecording() && m_model.pushToTalk(); }
     bool fnHintVisible() const { return m_fnHintVisible; }
-    bool live() const { return m_model.phase() != Phase::idle; }
+    bool live() const;
     QVariantList bars() const;
     QVariantList dots() const;
     QString news() const { return m_news; }

@@ -47,7 +47,7 @@ Window {
         border.width: panel.model.recording ? 2 : 1
         Accessible.role: Accessible.Button
         Accessible.name: panel.control.name
-        Accessible.description: [panel.model.phaseTitle, panel.model.message, panel.model.errorMessage,
+        Accessible.description: [panel.model.phaseTitle, panel.model.libraryOpening ? "" : panel.model.message, panel.model.errorMessage,
                                  panel.model.shortcutMessage].filter(text => text).join("\n")
         Accessible.focusable: panel.control.orbEnabled
         Accessible.onPressAction: if (panel.control.orbEnabled) panel.model.toggleDictation()

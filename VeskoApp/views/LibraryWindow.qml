@@ -122,7 +122,7 @@ VeskoWindow {
             anchors.centerIn: parent
             width: Math.min(360, parent.width - 80)
             spacing: 10
-            visible: window.library.editors.length === 0
+            visible: window.library.canCreate && window.library.editors.length === 0
 
             LevelMark {
                 anchors.horizontalCenter: parent.horizontalCenter

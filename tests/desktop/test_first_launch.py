@@ -2,18 +2,24 @@
 """Who recognises speech on a computer that Vesko is new to, and that it stays the user's choice."""
 
 import os
+import signal
+import subprocess
 import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, settings, voice  # noqa: E402
+from lib import cases, eyes, settings, voice  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
-from lib.vesko import Vesko, deployed, forget_key, install_key  # noqa: E402
+from lib.vesko import BINARY, Vesko, deployed, forget_key, install_key  # noqa: E402
 from lib.waiting import human_pause  # noqa: E402
 
 WELCOME = "Ready to capture. Speech is recognized on this computer, without a key."
 READY = "Ready to capture"
+OPENING = "Opening library…"
+# What can only be said of a library that is open.
+ALREADY = (("label", "A place for your next thought"), ("label", "Your thoughts, ready to use"),
+           ("label", "0"))
 NO_KEY = "Add your OpenRouter key in Settings. Your audio stays saved."
 HEARD = "Heard by the service."
 
@@ -44,6 +50,26 @@ class FirstLaunch(unittest.TestCase):
             self.shows_no_welcome(vesko)
             self.assertEqual(self.provider_of_a_dictation(vesko),
                              ("Apple on-device", voice.BROTHER))
+
+    def test_a_library_that_is_long_in_opening_is_not_shown_as_empty(self):
+        # The first launch asks the keyring what is set up before it opens the library.
+        pid = eyes.owner_pid("org.freedesktop.secrets")
+        os.kill(pid, signal.SIGSTOP)
+        self.addCleanup(os.kill, pid, signal.SIGCONT)
+        with Vesko() as vesko:
+            vesko.wait_for_text(OPENING)
+            self.assertEqual(vesko.phase, "busy")
+            subprocess.run([BINARY], check=True, timeout=20)  # shows the library
+            vesko.wait_to_find("label", OPENING)
+            for role, name in ALREADY:
+                self.assertIsNone(vesko.find(role, name), name)
+            self.assertNotIn("focusable", vesko.find("push button", "New note").states)
+            cases.picture("library long in opening")
+            os.kill(pid, signal.SIGCONT)
+            for role, name in ALREADY:
+                vesko.wait_to_find(role, name)
+            self.assertIsNone(vesko.find("label", OPENING))
+            vesko.wait_for("ready")
 
     def test_what_the_user_chooses_later_stays(self):
         with Vesko() as vesko:

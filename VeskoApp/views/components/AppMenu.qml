@@ -24,8 +24,10 @@ Item {
         else
             delegate[row.action]();
     }
-    // Whether the text that had the focus can do that.
+    // Whether that can be done, by the text that had the focus if it is of texts.
     function canRun(row) {
+        if (row.action === "newNote")
+            return window.model.libraryReady;
         if (!row.ofText)
             return true;
         const text = textBefore;

@@ -27,6 +27,7 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: 20
         anchors.baseline: heading.baseline
+        visible: root.library.canCreate
         text: root.library.noteCount.toLocaleString(Qt.locale(), "f", 0)
         color: Theme.quiet
     }
@@ -38,6 +39,7 @@ Item {
         anchors.margins: 14
         y: 58
         iconName: "search"
+        enabled: root.library.canCreate
         placeholderText: qsTranslate("Vesko", "Search notes and transcripts")
 
         onTextEdited: root.library.query = text
@@ -161,6 +163,12 @@ Item {
         }
     }
 
+    Working {
+        anchors.verticalCenter: list.verticalCenter
+        anchors.horizontalCenter: parent.horizontalCenter
+        visible: root.library.opening
+        text: root.library.statusLine
+    }
     Column {
         id: empty
 

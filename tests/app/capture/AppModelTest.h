@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <memory>
 
 namespace vesko {
@@ -21,6 +22,7 @@ constexpr const char* storageText
 class AppModelTest : public testing::Test {
 protected:
     AppModelTest() { choose("provider", std::string("apple")); }
+    ~AppModelTest() override { hurryDisk(); }
 
     // Before open: what the settings hold when the program starts.
     template <class T>
@@ -41,8 +43,18 @@ protected:
     {
         model = std::make_unique<AppModel>(
             machine.all,
-            [this] { return std::make_unique<LibraryStore>(root(), machine.clock, files); },
+            [this] {
+                m_diskReady.wait(false);
+                return std::make_unique<LibraryStore>(root(), machine.clock, files);
+            },
             OpenRouterClient(openRouterURL, openRouterTransport), analytics, accounts);
+    }
+    // Before the start: the library takes until hurryDisk to be opened.
+    void slowDisk() { m_diskReady = false; }
+    void hurryDisk()
+    {
+        m_diskReady = true;
+        m_diskReady.notify_all();
     }
 
     void dictate()
@@ -103,6 +115,9 @@ protected:
     AnalyticsBundle analytics;
     AccountDeployment accounts;
     std::unique_ptr<AppModel> model; // ends before the machine
+
+private:
+    std::atomic<bool> m_diskReady = true;
 };
 
 } // namespace vesko

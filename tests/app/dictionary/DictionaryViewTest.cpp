@@ -292,6 +292,28 @@ TEST_F(DictionaryViewTest, nothingIsSavedBeforeTheLibraryIsOpen)
     EXPECT_EQ(view->original(), QStringLiteral("tallki"));
 }
 
+TEST_F(DictionaryViewTest, aLibraryThatIsLongInOpeningHasNoCountOfTerms)
+{
+    slowDisk();
+    start();
+    view = std::make_unique<DictionaryView>(*model, machine.clock);
+    EXPECT_EQ(view->countText(), QString());
+    EXPECT_FALSE(view->emptyState().isValid());
+    machine.clock.turn(0.2);
+    EXPECT_EQ(view->countText(), QStringLiteral("Opening library…"));
+    type("tallki", "Vesko");
+    EXPECT_FALSE(view->canSave());
+    QString count;
+    bool canSave = false;
+    QObject::connect(view.get(), &DictionaryView::termsChanged, [&] { count = view->countText(); });
+    QObject::connect(view.get(), &DictionaryView::formChanged, [&] { canSave = view->canSave(); });
+    hurryDisk();
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    drainEvents();
+    EXPECT_EQ(count, QStringLiteral("0 terms"));
+    EXPECT_TRUE(canSave);
+}
+
 TEST_F(DictionaryViewTest, aWindowThatIsGoneIsNotTold)
 {
     open();

@@ -64,6 +64,28 @@ TEST_F(LibraryWindowTest, NothingIsEmptyBeforeTheLibraryIsOpen)
     EXPECT_EQ(emptyTitle(), "A place for your next thought");
 }
 
+TEST_F(LibraryWindowTest, ALibraryThatIsLongInOpeningIsNotShownAsEmpty)
+{
+    slowDisk();
+    start();
+    openWindow();
+    EXPECT_FALSE(window->opening());
+    machine.clock.turn(0.2);
+    EXPECT_TRUE(window->opening());
+    EXPECT_EQ(window->statusLine(), QStringLiteral("Opening library…"));
+    EXPECT_FALSE(window->emptyState().isValid());
+    // What the views are told last is what holds.
+    QVariant shown;
+    QObject::connect(
+        window.get(), &LibraryWindow::emptyStateChanged, [&] { shown = window->emptyState(); });
+    hurryDisk();
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    drainEvents();
+    EXPECT_TRUE(shown.isValid());
+    EXPECT_FALSE(window->opening());
+    EXPECT_EQ(window->statusLine(), QStringLiteral("Ready to capture"));
+}
+
 TEST_F(LibraryWindowTest, TheHeaderNamesWhatIsShown)
 {
     open();

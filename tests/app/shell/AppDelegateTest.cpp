@@ -47,6 +47,18 @@ TEST_F(AppDelegateTest, NothingCanBeStartedUntilTheLibraryIsReady)
     expectStatus("Vesko: Ready", "Start dictation", true);
 }
 
+TEST_F(AppDelegateTest, TheStatusItemTellsOfALibraryThatIsLongInOpening)
+{
+    slowDisk();
+    start();
+    launch();
+    machine.clock.turn(0.2);
+    expectStatus("Vesko: Opening library…", "Start dictation", false);
+    hurryDisk();
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    expectStatus("Vesko: Ready", "Start dictation", true);
+}
+
 TEST_F(AppDelegateTest, WhoHasToSignInIsAskedToAtTheLaunchAndStartsNothingBefore)
 {
     choose("onboardingCompleted", true);

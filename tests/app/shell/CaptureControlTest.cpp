@@ -142,6 +142,29 @@ TEST_F(CaptureControlTest, NothingCanBeClickedBeforeTheLibraryIsOpen)
     EXPECT_TRUE(control->orbEnabled());
 }
 
+TEST_F(CaptureControlTest, ALibraryThatIsLongInOpeningKeepsTheDotsMoving)
+{
+    slowDisk();
+    start();
+    makeControl();
+    EXPECT_FALSE(control->live());
+    int redrawn = 0;
+    QObject::connect(control.get(), &CaptureControl::glyphChanged, [&] { ++redrawn; });
+    machine.clock.turn(0.2);
+    EXPECT_TRUE(control->live());
+    EXPECT_EQ(control->dots().size(), 3);
+    redrawn = 0;
+    machine.clock.turn(0.5);
+    EXPECT_EQ(redrawn, 10);
+    EXPECT_FALSE(control->orbEnabled());
+    hurryDisk();
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    EXPECT_FALSE(control->live());
+    redrawn = 0;
+    machine.clock.turn(0.5);
+    EXPECT_EQ(redrawn, 0);
+}
+
 TEST_F(CaptureControlTest, ASavedPlaceCountsOnlyWholeOnAScreen)
 {
     const struct {
