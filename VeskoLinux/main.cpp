@@ -95,10 +95,10 @@ int installKeyFromEnvironment()
 
 // What it says, or throws, also goes to whom it is promised.
 bool claim(DBusRunningInstance& runningInstance, const std::vector<std::string>& addresses,
-    std::promise<bool>& claimed)
+    bool quiet, std::promise<bool>& claimed)
 {
     try {
-        const bool isTheOne = runningInstance.claim(addresses);
+        const bool isTheOne = runningInstance.claim(addresses, quiet);
         claimed.set_value(isTheOne);
         return isTheOne;
     } catch (...) {
@@ -120,7 +120,7 @@ int runApplication(
     std::promise<bool> claimed;
     const auto root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder());
     auto library = std::async(std::launch::async, [&] {
-        const bool isTheOne = claim(runningInstance, addresses, claimed);
+        const bool isTheOne = claim(runningInstance, addresses, background, claimed);
         return isTheOne ? std::make_unique<LibraryStore>(root, clock) : nullptr;
     });
 

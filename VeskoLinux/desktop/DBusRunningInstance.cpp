@@ -45,7 +45,7 @@ DBusRunningInstance::~DBusRunningInstance()
     QDBusConnection::disconnectFromBus(m_connection);
 }
 
-bool DBusRunningInstance::claim(const std::vector<std::string>& addresses)
+bool DBusRunningInstance::claim(const std::vector<std::string>& addresses, bool quiet)
 {
     // Of its own, since Qt's shared one wants an application object first.
     auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_connection);
@@ -56,7 +56,7 @@ bool DBusRunningInstance::claim(const std::vector<std::string>& addresses)
     for (int attempt = 0; attempt < attempts; ++attempt) {
         if (bus.registerService(name))
             return true;
-        if (tell(bus, addresses))
+        if ((quiet && addresses.empty()) || tell(bus, addresses))
             return false;
         // It may have ended just now, and then the name is free.
     }

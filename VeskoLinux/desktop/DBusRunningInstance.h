@@ -22,10 +22,11 @@ public:
     // The name is free again.
     ~DBusRunningInstance() override;
 
-    // Becomes the one. False if another is, which has then been told to show itself, or, if there
-    // are addresses, of these. Without a bus there is nobody to find. Throws std::runtime_error if
-    // another one runs and does not answer. Blocks; any thread, once.
-    bool claim(const std::vector<std::string>& addresses);
+    // Becomes the one. False if another is. That has then been told of the addresses if there are
+    // any, and else to show itself, unless this start was meant to be `quiet`. Without a bus there
+    // is nobody to find. Throws std::runtime_error if another one has to be told and does not
+    // answer. Blocks; any thread, once.
+    bool claim(const std::vector<std::string>& addresses, bool quiet = false);
 
     // NOLINTBEGIN(readability-identifier-naming): the names on the bus
     Q_SCRIPTABLE void Activate(const QVariantMap& platformData);

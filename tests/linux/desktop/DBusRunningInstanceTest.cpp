@@ -32,9 +32,11 @@ struct DBusRunningInstanceTest : testing::Test {
         };
     }
     // Lets the first one answer meanwhile.
-    static bool claim(DBusRunningInstance& second, const std::vector<std::string>& addresses = {})
+    static bool claim(DBusRunningInstance& second, const std::vector<std::string>& addresses = {},
+        bool quiet = false)
     {
-        auto claimed = std::async(std::launch::async, [&] { return second.claim(addresses); });
+        auto claimed
+            = std::async(std::launch::async, [&] { return second.claim(addresses, quiet); });
         EXPECT_TRUE(eventually([&] {
             return claimed.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
         }));
@@ -88,6 +90,23 @@ TEST_F(DBusRunningInstanceTest, aSecondStartHandsItsAddressesOver)
     EXPECT_FALSE(claim(second, { redirect, "other:" }));
     EXPECT_EQ(activated, 0);
     EXPECT_THAT(opened, ElementsAre(redirect, "other:"));
+}
+
+TEST_F(DBusRunningInstanceTest, aQuietSecondStartTellsNothingButItsAddresses)
+{
+    ASSERT_TRUE(first.claim({}));
+    DBusRunningInstance second;
+    EXPECT_FALSE(claim(second, {}, true));
+    EXPECT_EQ(activated, 0);
+    DBusRunningInstance third;
+    EXPECT_FALSE(claim(third, { redirect }, true));
+    EXPECT_EQ(activated, 0);
+    EXPECT_THAT(opened, ElementsAre(redirect));
+}
+
+TEST_F(DBusRunningInstanceTest, aQuietStartIsTheOneIfItIsTheFirst)
+{
+    EXPECT_TRUE(first.claim({}, true));
 }
 
 TEST_F(DBusRunningInstanceTest, theNameIsFreeAgainAfterTheEnd)
