@@ -25,6 +25,7 @@
 #include "VeskoLinux/input/X11GlobalShortcut.h"
 #include "VeskoLinux/input/X11KeyMonitor.h"
 #include "VeskoLinux/input/X11PasteKeystroke.h"
+#include "VeskoLinux/media/GstPlugins.h"
 #include "VeskoLinux/permissions/LinuxPermissions.h"
 #include "VeskoLinux/secrets/SecretServiceStore.h"
 #include "VeskoLinux/speech/Cld2LanguageRecognizer.h"
@@ -113,6 +114,7 @@ int runApplication(
     // Each growth of the heap halts the threads that start beside each other, so it grows in large
     // steps; memory that nobody has written to costs nothing.
     mallopt(M_TOP_PAD, 64 << 20);
+    startGStreamer();
     // Reading a large library takes as long as all else of the start, and goes on beside it. Only
     // the one Vesko may begin, else two that start at once could keep each other from theirs.
     QtClock clock;

@@ -1,6 +1,7 @@
 #include "VeskoLinux/audio/CuePlayback.h"
 
 #include "VeskoCore/base/DynamicLibrary.h"
+#include "VeskoLinux/media/GstPlugins.h"
 
 #include <gst/app/gstappsrc.h>
 #include <gst/controller/controller.h>
@@ -62,7 +63,8 @@ GstClockTime nanoseconds(double seconds)
 
 Pipeline makePipeline()
 {
-    if (!gst_init_check(nullptr, nullptr, nullptr))
+    if (!loadGstPlugins({ "coreelements", "app", "wavparse", "audioconvert", "audiofx",
+            "soundtouch", "volume", "pulseaudio" }))
         throw std::runtime_error("GStreamer can't start");
     GError* lack = nullptr;
     Pipeline pipeline(gst_parse_launch(description, &lack));

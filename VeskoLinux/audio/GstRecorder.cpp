@@ -14,7 +14,7 @@ GstRecorder::GstRecorder(std::chrono::milliseconds patience)
     : m_patience(patience)
     , m_next(nextPipeline())
 {
-    m_tasks.spawn(buildFirst());
+    m_tasks.spawn(build(m_next));
 }
 
 GstRecorder::~GstRecorder()
@@ -77,20 +77,14 @@ Task<> GstRecorder::start(std::filesystem::path file)
     } state{ *this, pipeline };
 
     Eventual<std::exception_ptr> outcome;
-    m_tasks.spawn(giveUpLate(outcome));
+    QTimer::singleShot(m_patience, &m_home, [outcome] {
+        outcome.set(
+            std::make_exception_ptr(std::runtime_error("The microphone gave no sound in time")));
+    });
     m_tasks.spawn(begin(pipeline, std::move(file), outcome));
     if (const auto failure = co_await outcome)
         std::rethrow_exception(failure);
     state.begun = true;
-}
-
-Task<> GstRecorder::giveUpLate(Eventual<std::exception_ptr> begun)
-{
-    co_await m_firstBuilt;
-    QTimer::singleShot(m_patience, &m_home, [begun] {
-        begun.set(
-            std::make_exception_ptr(std::runtime_error("The microphone gave no sound in time")));
-    });
 }
 
 Task<> GstRecorder::begin(
@@ -165,14 +159,6 @@ Task<> GstRecorder::openMicrophone(Pipeline pipeline)
         co_await m_worker.run([pipeline = std::move(pipeline)] { pipeline->open(); });
     } catch (const std::runtime_error&) {
     }
-}
-
-// The first time on a machine, GStreamer looks through all its plugins, which takes longer than any
-// microphone.
-Task<> GstRecorder::buildFirst()
-{
-    co_await build(m_next);
-    m_firstBuilt.set({});
 }
 
 Task<> GstRecorder::build(Pipeline pipeline)

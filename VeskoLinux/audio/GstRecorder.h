@@ -38,9 +38,7 @@ private:
     using Pipeline = std::shared_ptr<RecordingPipeline>;
 
     Pipeline nextPipeline();
-    Task<> buildFirst();
     Task<> build(Pipeline pipeline);
-    Task<> giveUpLate(Eventual<std::exception_ptr> begun);
     Task<> openMicrophone(Pipeline pipeline);
     Task<> begin(Pipeline pipeline, std::filesystem::path file, Eventual<std::exception_ptr> begun);
     Task<> attend(Pipeline pipeline);
@@ -48,7 +46,6 @@ private:
     Task<> end(Pipeline pipeline, Eventual<std::monostate> finished);
 
     std::chrono::milliseconds m_patience;
-    Eventual<std::monostate> m_firstBuilt;
     QObject m_home; // what other threads post to; outlives them all
     Pipeline m_next; // for the coming recording
     Pipeline m_current; // between open and stop

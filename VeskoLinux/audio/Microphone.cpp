@@ -1,5 +1,7 @@
 #include "VeskoLinux/audio/Microphone.h"
 
+#include "VeskoLinux/media/GstPlugins.h"
+
 #include <gst/gst.h>
 
 #include <memory>
@@ -32,7 +34,7 @@ bool isMicrophone(GstDevice* device)
 
 bool microphoneExists()
 {
-    if (!gst_init_check(nullptr, nullptr, nullptr))
+    if (!loadGstPlugins({ "pulseaudio" }))
         return false;
     const GstOwned<GstDeviceProvider> provider(
         gst_device_provider_factory_get_by_name("pulsedeviceprovider"));
@@ -50,7 +52,7 @@ bool microphoneExists()
 
 bool microphoneOpens()
 {
-    if (!gst_init_check(nullptr, nullptr, nullptr))
+    if (!loadGstPlugins({ "coreelements", "pulseaudio" }))
         return false;
     GError* error = nullptr;
     const GstOwned<GstElement> pipeline(

@@ -1,5 +1,7 @@
 #include "VeskoLinux/audio/Playback.h"
 
+#include "VeskoLinux/media/GstPlugins.h"
+
 #include <gst/gst.h>
 
 #include <chrono>
@@ -38,9 +40,10 @@ Playback::Playback(const std::filesystem::path& file, const std::stop_token& sto
     // To open a pipe would wait for its writer.
     if (std::error_code error; !std::filesystem::is_regular_file(file, error))
         throw std::runtime_error("The audio file is missing");
+    if (!loadGstPlugins({ "coreelements", "isomp4", "audioparsers", "faad", "audioconvert",
+            "audioresample", "pulseaudio" }))
+        throw std::runtime_error("GStreamer can't start");
     GError* error = nullptr;
-    if (!gst_init_check(nullptr, nullptr, &error))
-        throw std::runtime_error("GStreamer can't start: " + takeText(error));
     m_pipeline.reset(gst_parse_launch(description, &error));
     if (error || !m_pipeline)
         throw std::runtime_error("The player lacks a part: " + takeText(error));

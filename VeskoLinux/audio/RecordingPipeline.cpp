@@ -1,5 +1,7 @@
 #include "VeskoLinux/audio/RecordingPipeline.h"
 
+#include "VeskoLinux/media/GstPlugins.h"
+
 #include <gst/gst.h>
 
 #include <algorithm>
@@ -78,9 +80,9 @@ void RecordingPipeline::build()
 {
     if (m_pipeline)
         return;
+    if (!loadGstPlugins({ "coreelements", "pulseaudio" }))
+        throw std::runtime_error("GStreamer can't start");
     GError* error = nullptr;
-    if (!gst_init_check(nullptr, nullptr, &error))
-        throw std::runtime_error("GStreamer can't start: " + takeText(error));
     Element pipeline(gst_parse_launch(listening, &error));
     if (error || !pipeline)
         throw std::runtime_error("The recorder lacks a part: " + takeText(error));
@@ -157,6 +159,7 @@ void RecordingPipeline::open()
         = gst_element_set_state(m_pipeline.get(), GST_STATE_PLAYING) != GST_STATE_CHANGE_FAILURE;
     // Only now, while sound is coming in already: the encoder brings a hundred libraries with it,
     // which a program that nobody dictates to need not hold in memory.
+    loadGstPlugins({ "audioconvert", "audioresample", "level", "libav", "audioparsers", "isomp4" });
     GError* error = nullptr;
     GstElement* writer = gst_parse_bin_from_description(writing, TRUE, &error);
     if (error || !writer)

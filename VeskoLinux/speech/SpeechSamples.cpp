@@ -1,5 +1,7 @@
 #include "VeskoLinux/speech/SpeechSamples.h"
 
+#include "VeskoLinux/media/GstPlugins.h"
+
 #include <gst/app/gstappsink.h>
 #include <gst/gst.h>
 
@@ -65,7 +67,8 @@ std::vector<std::int16_t> speechSamples(
     // To open a pipe would wait for its writer.
     if (std::error_code error; !std::filesystem::is_regular_file(audio, error))
         throw std::runtime_error("the recording is missing");
-    if (!gst_init_check(nullptr, nullptr, nullptr))
+    if (!loadGstPlugins({ "coreelements", "isomp4", "audioparsers", "faad", "audioconvert",
+            "audioresample", "app" }))
         throw std::runtime_error("GStreamer can't start");
     GError* lack = nullptr;
     const std::unique_ptr<GstElement, Stopped> pipeline(gst_parse_launch(description, &lack));

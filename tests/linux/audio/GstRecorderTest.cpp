@@ -263,19 +263,19 @@ TEST_F(GstRecorderTest, AKilledProgramLeavesAFileThatPlaysToItsLastSecond)
     EXPECT_NEAR(frequency(part(sound, 0.1, 1.5)), 440, 1);
 }
 
-// On a new machine GStreamer first looks through its plugins. That took longer than a start may,
-// and the first dictation failed.
-TEST_F(GstRecorderTest, FindingThePluginsForTheFirstTimeIsNoPartOfTheStartsLimit)
+// On a new machine GStreamer used to look through all of its plugins first. That took longer than a
+// start may, and the first dictation failed.
+TEST_F(GstRecorderTest, ANewMachineRecordsAtOnce)
 {
     SoundServer server;
     server.playTone(-20);
     const auto scanner = folder / "scanner";
-    std::ofstream(scanner) << "#!/bin/sh\nsleep 2\nexec " VESKO_GST_SCANNER " \"$@\"\n";
+    std::ofstream(scanner) << "#!/bin/sh\nsleep 60\n";
     fs::permissions(scanner, fs::perms::owner_all);
     Child program({ "env", "GST_REGISTRY=" + (folder / "registry").string(),
         "GST_PLUGIN_SCANNER=" + scanner.string(), VESKO_RECORDING_PROGRAM, file.string(), "1500" });
     EXPECT_EQ(program.line(), "0");
-    EXPECT_TRUE(fs::exists(folder / "registry"));
+    EXPECT_FALSE(fs::exists(folder / "registry"));
 }
 
 } // namespace
