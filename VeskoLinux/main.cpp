@@ -6,6 +6,7 @@
 #include "VeskoApp/shell/Deployment.h"
 #include "VeskoApp/shell/KeyInstaller.h"
 #include "VeskoApp/views/Windows.h"
+#include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoLinux/accessibility/AtspiFocusedField.h"
 #include "VeskoLinux/audio/GstCueEngine.h"
 #include "VeskoLinux/audio/GstPlayer.h"
@@ -136,8 +137,9 @@ int runApplication(
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const auto deployment = Deployment::read(deploymentFolders());
     QGuiApplication::setApplicationVersion(QString::fromStdString(deployment.version));
+    const auto languages = preferredLanguages();
     QTranslator wording;
-    if (wording.load(QStringLiteral(":/i18n/vesko_linux_en.qm")))
+    if (wording.load(catalogueOf(interfaceLanguage(languages))))
         QGuiApplication::installTranslator(&wording);
 
     GstRecorder recorder;
@@ -162,8 +164,7 @@ int runApplication(
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
         pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        browser, runningInstance, desktop, fileChooser, appearance, permissions,
-        preferredLanguages(), root };
+        browser, runningInstance, desktop, fileChooser, appearance, permissions, languages, root };
 
     AppModel model(
         platform, [&library] { return library.get(); },

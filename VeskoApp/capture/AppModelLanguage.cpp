@@ -3,6 +3,7 @@
 
 #include "VeskoApp/capture/AppModel.h"
 
+#include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/speech/SpokenLanguage.h"
@@ -34,11 +35,6 @@ std::optional<Guess> detect(const TextLanguageRecognizer& recognizer, const std:
 
 } // namespace LanguageDetector
 
-QString shownName(const std::string& tag)
-{
-    return QString::fromStdString(SpokenLanguage::displayName(tag));
-}
-
 } // namespace
 
 void AppModel::askLanguage(const std::string& text, const Recording& recording)
@@ -67,7 +63,7 @@ void AppModel::chooseLanguage(const QString& code)
         return;
     }
     setMessage(translated(L10N_KEY("Vesko", "%1 will be used for dictation"))
-            .arg(shownName(chosen))
+            .arg(shownLanguage(chosen, m_platform.preferredLanguages))
             .toStdString());
 }
 
@@ -87,7 +83,7 @@ QVariant AppModel::shownLanguageQuestion() const
     QVariantList options;
     for (const auto& tag : question.options)
         options << QVariantMap{ { QStringLiteral("tag"), QString::fromStdString(tag) },
-            { QStringLiteral("name"), shownName(tag) } };
+            { QStringLiteral("name"), shownLanguage(tag, m_platform.preferredLanguages) } };
     const bool redoes = std::ranges::any_of(question.options,
         [&](const std::string& tag) { return SpokenLanguage::needsRedo(tag, question.detected); });
     const char* note = redoes

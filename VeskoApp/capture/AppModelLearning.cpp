@@ -54,8 +54,8 @@ Task<> AppModel::learn(std::vector<DictionarySuggestion> corrections)
     if (added > 0)
         assign(m_dictionaryMessage,
             translated(
-                L10N_KEY("Vesko", "Added %1 dictionary corrections. Review them in Dictionary."))
-                .arg(added),
+                L10N_KEY("Vesko", "Added %1 dictionary corrections. Review them in Dictionary."),
+                added),
             &AppModel::dictionaryMessageChanged);
 }
 

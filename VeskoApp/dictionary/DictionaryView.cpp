@@ -35,9 +35,9 @@ QString DictionaryView::countText() const
 {
     if (!m_model.libraryReady())
         return m_model.libraryOpening() ? m_model.phaseTitle() : QString();
-    const int count = m_terms.rowCount();
+    const auto count = static_cast<std::size_t>(m_terms.rowCount());
     return count == 1 ? translated(L10N_KEY("Vesko", "1 term"))
-                      : translated(L10N_KEY("Vesko", "%1 terms")).arg(count);
+                      : translated(L10N_KEY("Vesko", "%1 terms"), count);
 }
 
 QVariant DictionaryView::emptyState() const
@@ -98,7 +98,7 @@ QString DictionaryView::pendingText() const
     const auto count = m_model.pendingCorrections().size();
     if (count == 0)
         return {};
-    return translated(L10N_KEY("Vesko", "Last edited paste: %1 word corrections")).arg(count);
+    return translated(L10N_KEY("Vesko", "Last edited paste: %1 word corrections"), count);
 }
 
 void DictionaryView::save()

@@ -1,8 +1,8 @@
 #include "VeskoApp/settings/PreferencesView.h"
 
+#include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
-#include "VeskoCore/speech/SpokenLanguage.h"
 
 #include <QPointer>
 
@@ -40,7 +40,7 @@ QString PreferencesView::languageHint() const
     return translated(L10N_KEY("Vesko",
                           "Vesko tells the speech model you speak %1. Choose Automatic if you "
                           "switch between languages."))
-        .arg(QString::fromStdString(SpokenLanguage::displayName(m_preferences.language.get())));
+        .arg(shownLanguage(m_preferences.language.get(), m_platform.preferredLanguages));
 }
 
 QString PreferencesView::keyStatus() const

@@ -2,6 +2,7 @@
 
 #include "VeskoApp/settings/GestureKeyNames.h"
 #include "VeskoApp/settings/PreferencesView.h"
+#include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/speech/SpokenLanguage.h"
@@ -22,7 +23,8 @@ QVariantMap choice(const std::string& tag, const QString& name)
 }
 
 // In the order of their names, behind a first row that stands for none of them.
-QVariantList languageChoices(QVariantMap first, const std::string& current)
+QVariantList languageChoices(
+    QVariantMap first, const std::string& current, const std::vector<std::string>& preferred)
 {
     const auto none = first[QStringLiteral("tag")].toString().toStdString();
     auto tags = SpokenLanguage::offered();
@@ -31,10 +33,10 @@ QVariantList languageChoices(QVariantMap first, const std::string& current)
     std::vector<std::pair<QString, std::string>> named;
     named.reserve(tags.size());
     for (const auto& tag : tags)
-        named.emplace_back(QString::fromStdString(SpokenLanguage::displayName(tag)), tag);
-    std::ranges::sort(named, [order = QCollator()](const auto& a, const auto& b) {
-        return order.compare(a.first, b.first) < 0;
-    });
+        named.emplace_back(shownLanguage(tag, preferred), tag);
+    std::ranges::sort(named,
+        [order = QCollator(QLocale(QString::fromStdString(interfaceLanguage(preferred))))](
+            const auto& a, const auto& b) { return order.compare(a.first, b.first) < 0; });
     QVariantList rows{ first };
     for (const auto& [name, tag] : named)
         rows << choice(tag, name);
@@ -57,14 +59,14 @@ QVariantList PreferencesView::keySources() const
 
 QVariantList PreferencesView::languages() const
 {
-    return languageChoices(
-        choice("auto", translated(L10N_KEY("Vesko", "Automatic"))), m_preferences.language.get());
+    return languageChoices(choice("auto", translated(L10N_KEY("Vesko", "Automatic"))),
+        m_preferences.language.get(), m_platform.preferredLanguages);
 }
 
 QVariantList PreferencesView::translations() const
 {
-    return languageChoices(
-        choice("off", translated(L10N_KEY("Vesko", "Off"))), m_preferences.translateTo.get());
+    return languageChoices(choice("off", translated(L10N_KEY("Vesko", "Off"))),
+        m_preferences.translateTo.get(), m_platform.preferredLanguages);
 }
 
 QVariantList PreferencesView::speechModels() const

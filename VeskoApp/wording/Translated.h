@@ -13,4 +13,12 @@ inline QString translated(const std::string& key)
     return key.empty() ? QString() : QCoreApplication::translate("Vesko", key.c_str());
 }
 
+// The same for a text that says how many: in the form that goes with the count, which takes the
+// place of %1.
+inline QString translated(const std::string& key, std::size_t count)
+{
+    return QCoreApplication::translate("Vesko", key.c_str(), nullptr, static_cast<int>(count))
+        .arg(count);
+}
+
 } // namespace vesko

@@ -95,7 +95,7 @@ Item {
 
         title: "Vesko"
         text: Qt.application.version
-        agreeText: "OK"
+        agreeText: qsTranslate("Vesko", "OK")
         cancellable: false
     }
 }

@@ -1,149 +1,132 @@
+#include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"
+#include "tests/app/wording/CatalogueFile.h"
+#include "tests/app/wording/SourceTexts.h"
 
-#include <QDirIterator>
-#include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTranslator>
-#include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <map>
 
 namespace vesko {
 namespace {
 
-struct Message {
-    QString key;
-    QString translation;
-    bool finished = true;
+// What no user of a Linux desktop has, or has under another name. An account with Apple, though,
+// anybody may have.
+const QRegularExpression foreign(
+    QStringLiteral(
+        R"(\b(Mac|macOS|OS X|Finder|Dock|Spotlight|Siri|iCloud|App Store|Command|Option key)\b)"
+        R"(|\b(System (Settings|Preferences)|Keychain|Apple on-device|Apple speech|Login Items)\b)"
+        R"(|\b(Input Monitoring|Applications folder|Do Nothing|Globe|Fn|camera area)\b)"
+        R"(|\b(menu bar|private sign-in window|Quit & Reopen|Privacy & Security)\b|Vesko\.app)"
+        R"(|строк[аеиу] меню|Системны[ех] настройк|объект[ыа]х? входа|[⌘⇧⌥⌃])"),
+    QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+
+// Keys whose translation may name such a thing, and the name.
+const std::map<QString, QString> foreignNames{
+    // It is printed on the keyboard, and only offered if the keyboard reports it.
+    { QStringLiteral("Function key"), QStringLiteral("Fn") },
 };
 
-QString contentOf(const QString& path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return QString::fromUtf8(file.readAll());
-}
-
-const QString sources = QStringLiteral(VESKO_SOURCES "/");
-
-std::vector<Message> messages()
-{
-    std::vector<Message> found;
-    QXmlStreamReader xml(contentOf(sources + QStringLiteral("VeskoApp/wording/vesko_linux_en.ts")));
-    while (!xml.atEnd()) {
-        if (xml.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        if (xml.name() == QStringLiteral("message"))
-            found.emplace_back();
-        else if (xml.name() == QStringLiteral("source"))
-            found.back().key = xml.readElementText();
-        else if (xml.name() == QStringLiteral("translation")) {
-            found.back().finished = xml.attributes().isEmpty();
-            found.back().translation = xml.readElementText();
-        }
+class Wording : public testing::TestWithParam<const char*> {
+protected:
+    Wording()
+    {
+        EXPECT_TRUE(m_translator.load(catalogueOf(GetParam())));
+        EXPECT_TRUE(QCoreApplication::installTranslator(&m_translator));
     }
-    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
-    return found;
-}
+    ~Wording() override { QCoreApplication::removeTranslator(&m_translator); }
 
-// What no user of a Linux desktop has. An account with Apple, though, anybody may have.
-const QRegularExpression foreign(QStringLiteral(
-    R"(\b(Mac|macOS|Command|System Settings|Keychain|Apple on-device|Apple speech|Login Items|Input Monitoring|Finder)\b)"
-    R"(|Vesko\.app|Privacy & Security|Globe|menu bar|private sign-in window|⌘|⇧|\bFn\b)"));
+    static std::vector<CatalogueMessage> messages()
+    {
+        return catalogueMessages(
+            catalogueOf(GetParam()).section(u'/', -1).chopped(2) + QStringLiteral("ts"));
+    }
 
-// The texts of a source file: its string literals, adjacent ones as one, without those of
-// #include lines.
-QStringList literals(QString source)
+private:
+    QTranslator m_translator;
+};
+
+INSTANTIATE_TEST_SUITE_P(Catalogues, Wording, testing::Values("en", "ru"),
+    [](const auto& language) { return std::string(language.param); });
+
+TEST_P(Wording, isInTheProgram)
 {
-    static const QRegularExpression includes(
-        QStringLiteral("^\\s*#include.*$"), QRegularExpression::MultilineOption);
-    static const QRegularExpression comments(
-        QStringLiteral("^\\s*//.*$"), QRegularExpression::MultilineOption);
-    static const QRegularExpression seam(QStringLiteral("(?<!\\\\)\"\\s*\""));
-    static const QRegularExpression literal(QStringLiteral("\"((?:[^\"\\\\\\n]|\\\\.)*)\""));
-    source.remove(includes).remove(comments).remove(seam);
-    QStringList found;
-    for (auto i = literal.globalMatch(source); i.hasNext();)
-        found << i.next().captured(1);
-    return found;
-}
-
-TEST(Wording, isInTheProgram)
-{
-    QTranslator translator;
-    ASSERT_TRUE(translator.load(QStringLiteral(":/i18n/vesko_linux_en.qm")));
-    int count = 1;
-    char name[] = "test";
-    char* arguments[] = { name, nullptr };
-    const QCoreApplication application(count, arguments);
-    ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
-    ASSERT_FALSE(messages().empty());
     for (const auto& message : messages())
-        EXPECT_EQ(translated(message.key.toStdString()), message.translation)
-            << message.key.toStdString();
-    EXPECT_EQ(translated("Ready to capture"), QStringLiteral("Ready to capture"));
+        if (!message.countsThings)
+            EXPECT_EQ(translated(message.key.toStdString()), message.translations.value(0))
+                << message.key.toStdString();
 }
 
-TEST(Wording, saysNothingThatOnlyAMacHas)
+TEST_P(Wording, saysNothingThatOnlyAMacHas)
 {
-    for (const auto& message : messages()) {
-        EXPECT_TRUE(message.finished) << message.key.toStdString();
-        EXPECT_FALSE(message.translation.trimmed().isEmpty()) << message.key.toStdString();
-        EXPECT_FALSE(foreign.match(message.translation).hasMatch())
-            << message.translation.toStdString();
+    for (const auto& key : allKeys()) {
+        auto shown = translated(key.toStdString());
+        if (const auto exception = foreignNames.find(key); exception != foreignNames.end())
+            shown.remove(exception->second);
+        EXPECT_FALSE(foreign.match(shown).hasMatch())
+            << key.toStdString() << " is shown as " << shown.toStdString();
     }
+    for (const auto& message : messages())
+        for (const auto& text : message.translations)
+            EXPECT_TRUE(foreignNames.contains(message.key) || !foreign.match(text).hasMatch())
+                << text.toStdString();
 }
 
-TEST(Wording, rewordsOnlyWhatNamesAMacAndEachTextOnce)
+TEST_P(Wording, isFinishedAndSaysEachTextOnce)
 {
     QSet<QString> keys;
     for (const auto& message : messages()) {
-        EXPECT_TRUE(foreign.match(message.key).hasMatch()) << message.key.toStdString();
+        EXPECT_TRUE(message.finished) << message.key.toStdString();
+        EXPECT_FALSE(message.translations.isEmpty()) << message.key.toStdString();
+        for (const auto& text : message.translations)
+            EXPECT_FALSE(text.trimmed().isEmpty()) << message.key.toStdString();
         EXPECT_FALSE(keys.contains(message.key)) << message.key.toStdString();
         keys.insert(message.key);
     }
 }
 
-TEST(Wording, keepsNumbersPlaceholdersAndTheEndOfASentence)
+TEST_P(Wording, hasNoTextThatTheProgramNoLongerSays)
 {
+    const auto keys = allKeys();
+    for (const auto& message : messages())
+        EXPECT_TRUE(keys.contains(message.key)) << message.key.toStdString();
+}
+
+// The placeholders and the numbers of a text, in order, written as in English.
+QStringList values(QString text)
+{
+    static const QRegularExpression fraction(QStringLiteral("(\\d),(\\d{1,2}\\b)"));
+    static const QRegularExpression thousands(QStringLiteral("(\\d)[,\u00a0\u202f](\\d{3}\\b)"));
     static const QRegularExpression value(QStringLiteral("%L?n|%L?\\d+|\\d+(\\.\\d+)?"));
-    const auto values = [](const QString& text) {
-        QStringList found;
-        for (auto i = value.globalMatch(text); i.hasNext();)
-            found << i.next().captured();
-        found.sort();
-        return found;
-    };
+    text.replace(thousands, QStringLiteral("\\1\\2")).replace(fraction, QStringLiteral("\\1.\\2"));
+    QStringList found;
+    for (auto i = value.globalMatch(text); i.hasNext();)
+        found << i.next().captured();
+    found.sort();
+    return found;
+}
+
+TEST_P(Wording, keepsNumbersPlaceholdersAndTheEndOfASentence)
+{
     for (const auto& message : messages()) {
-        EXPECT_EQ(values(message.key), values(message.translation)) << message.key.toStdString();
-        EXPECT_EQ(message.key.endsWith(u'.'), message.translation.endsWith(u'.'))
-            << message.key.toStdString();
+        for (const auto& text : message.translations) {
+            EXPECT_EQ(values(message.key), values(text)) << text.toStdString();
+            for (const auto* end : { ".", "?", "…", " " })
+                EXPECT_EQ(message.key.endsWith(QString::fromUtf8(end)),
+                    text.endsWith(QString::fromUtf8(end)))
+                    << text.toStdString();
+        }
     }
 }
 
-TEST(Wording, hasEveryTextOfTheProgramThatNamesAMac)
+TEST(LinuxEnglish, rewordsOnlyWhatNamesAMac)
 {
-    // The key installer speaks to scripts, which know these two lines; the last is a word of the
-    // analytics service.
-    QSet<QString> known{ QStringLiteral("Vesko could not configure its Keychain key.\\n"),
-        QStringLiteral("Vesko personal key configured in Keychain. No value returned.\\n"),
-        QStringLiteral("macOS") };
-    for (const auto& message : messages())
-        known.insert(message.key);
-    for (const auto* module : { "VeskoCore", "VeskoApp", "VeskoLinux" }) {
-        QDirIterator files(sources + QString::fromLatin1(module),
-            { QStringLiteral("*.cpp"), QStringLiteral("*.h"), QStringLiteral("*.qml") },
-            QDir::Files, QDirIterator::Subdirectories);
-        while (files.hasNext()) {
-            const auto path = files.next();
-            for (const auto& text : literals(contentOf(path)))
-                EXPECT_TRUE(known.contains(text) || !foreign.match(text).hasMatch())
-                    << path.toStdString() << ": " << text.toStdString();
-        }
-    }
+    for (const auto& message : catalogueMessages(QStringLiteral("vesko_linux_en.ts")))
+        EXPECT_TRUE(foreign.match(message.key).hasMatch()) << message.key.toStdString();
 }
 
 } // namespace

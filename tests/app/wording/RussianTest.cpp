@@ -1,0 +1,129 @@
+// A language other than the sources' reaches the user with everything that the program says.
+
+#include "VeskoApp/capture/CaptureFailure.h"
+#include "VeskoApp/capture/SafeMessage.h"
+#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/shell/MenuRows.h"
+#include "VeskoApp/wording/InterfaceLanguage.h"
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/library/VeskoError.h"
+#include "tests/app/wording/CatalogueFile.h"
+#include "tests/app/wording/SourceTexts.h"
+
+#include <QRegularExpression>
+#include <QTranslator>
+
+#include <gtest/gtest.h>
+
+namespace vesko {
+namespace {
+
+TEST(InterfaceLanguage, isTheFirstOfTheUsersThatHasACatalogue)
+{
+    const struct {
+        const char* described;
+        std::vector<std::string> preferred;
+        std::string language;
+    } rows[] = {
+        { "no language at all", {}, "en" },
+        { "Russian", { "ru" }, "ru" },
+        { "Russian of a country", { "ru-UA" }, "ru" },
+        { "English before Russian", { "en-GB", "ru-RU" }, "en" },
+        { "Russian before English", { "ru-RU", "en-US" }, "ru" },
+        { "a language without a catalogue", { "de-AT" }, "en" },
+        { "a language without a catalogue before Russian", { "uk-UA", "ru" }, "ru" },
+        { "a language that begins alike", { "rue" }, "en" },
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(interfaceLanguage(row.preferred), row.language) << row.described;
+}
+
+TEST(InterfaceLanguage, namesLanguages)
+{
+    EXPECT_EQ(shownLanguage("de", { "en-US" }), QStringLiteral("German"));
+    EXPECT_EQ(shownLanguage("de", { "fr" }), QStringLiteral("German"));
+    EXPECT_EQ(shownLanguage("pt-BR", { "ru-RU" }), QStringLiteral("Португальский"));
+}
+
+class Russian : public testing::Test {
+protected:
+    Russian()
+    {
+        EXPECT_TRUE(m_translator.load(catalogueOf("ru")));
+        EXPECT_TRUE(QCoreApplication::installTranslator(&m_translator));
+    }
+    ~Russian() override { QCoreApplication::removeTranslator(&m_translator); }
+
+private:
+    QTranslator m_translator;
+};
+
+TEST_F(Russian, hasEveryText)
+{
+    QStringList known;
+    for (const auto& message : catalogueMessages(QStringLiteral("vesko_ru.ts")))
+        known << message.key;
+    for (const auto& key : allKeys())
+        EXPECT_TRUE(known.contains(key)) << key.toStdString();
+}
+
+TEST_F(Russian, tellsOfFailures)
+{
+    const auto message
+        = [](const auto& error) { return translated(safeMessage(std::make_exception_ptr(error))); };
+    EXPECT_EQ(message(VeskoError(VeskoError::missingKey)),
+        QStringLiteral("Добавьте ключ OpenRouter в настройках. Звук остаётся сохранённым."));
+    EXPECT_EQ(message(std::runtime_error("anything")),
+        QStringLiteral("Не удалось выполнить это действие. Ваши сохранённые файлы целы. Проверьте "
+                       "папку данных и попробуйте ещё раз."));
+}
+
+TEST_F(Russian, isInTheMenu)
+{
+    static const QRegularExpression cyrillic(QStringLiteral("\\p{Cyrillic}"));
+    for (const auto& row : menuRows())
+        if (*row.title)
+            EXPECT_TRUE(translated(row.title).contains(cyrillic)) << row.title;
+}
+
+TEST_F(Russian, countsInItsThreeForms)
+{
+    const struct {
+        std::size_t count;
+        const char* text;
+    } rows[] = {
+        { 0, "0 терминов" },
+        { 1, "1 термин" },
+        { 2, "2 термина" },
+        { 4, "4 термина" },
+        { 5, "5 терминов" },
+        { 11, "11 терминов" },
+        { 21, "21 термин" },
+        { 112, "112 терминов" },
+        { 1000, "1000 терминов" },
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(translated("%1 terms", row.count), QString::fromUtf8(row.text));
+    for (const auto& message : catalogueMessages(QStringLiteral("vesko_ru.ts")))
+        EXPECT_EQ(message.translations.size(), message.countsThings ? 3 : 1)
+            << message.key.toStdString();
+}
+
+TEST_F(Russian, writesDatesAndCostsAsIsUsualThere)
+{
+    const QLocale locale(QStringLiteral("ru_RU"));
+    const auto may = Date::parse("2026-05-09T12:00:00Z");
+    ASSERT_TRUE(may);
+    EXPECT_EQ(shownMoment(*may, locale, QDate(2026, 11, 21)), QStringLiteral("9 мая"));
+    EXPECT_EQ(shownMoment(*may, locale, QDate(2026, 5, 10)), QStringLiteral("Вчера"));
+    EXPECT_EQ(shownCost(0.000412, locale),
+        QStringLiteral("Стоимость по данным сервиса: 0,000412\u00a0$"));
+}
+
+TEST(English, countsWithoutACatalogue)
+{
+    EXPECT_EQ(translated("%1 terms", 5), QStringLiteral("5 terms"));
+}
+
+} // namespace
+} // namespace vesko
