@@ -221,6 +221,9 @@ Window {
 
         y: orb.y - height - 8
         width: parent.width
+        // In a language with long words it is drawn smaller rather than cut off.
+        scale: Math.min(1, (orb.y - 8) / height)
+        transformOrigin: Item.Bottom
         visible: panel.asks
     }
     Loader {

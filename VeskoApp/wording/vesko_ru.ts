@@ -1061,11 +1061,11 @@
     </message>
     <message>
         <source>Vesko will use it for dictation. Another language transcribes the last recording again.</source>
-        <translation>Vesko будет использовать его для диктовки. Если выбрать другой язык, последняя запись будет расшифрована ещё раз.</translation>
+        <translation>Это будет язык диктовки. Если выбрать другой, последняя запись расшифруется ещё раз.</translation>
     </message>
     <message>
         <source>Vesko will use it for dictation.</source>
-        <translation>Vesko будет использовать его для диктовки.</translation>
+        <translation>Это будет язык диктовки.</translation>
     </message>
     <message numerus="yes">
         <source>Added %1 dictionary corrections. Review them in Dictionary.</source>

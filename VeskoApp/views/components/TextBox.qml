@@ -49,6 +49,8 @@ T.TextField {
         visible: control.length === 0 && control.preeditText.length === 0
         text: control.placeholderText
         font: control.font
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 10
         color: control.placeholderTextColor
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight

@@ -18,7 +18,7 @@ Rectangle {
         id: head
 
         width: parent.width
-        height: 96
+        height: Math.max(96, motto.y + motto.height + 4)
 
         LevelMark {
             id: mark
@@ -53,6 +53,8 @@ Rectangle {
             }
         }
         Column {
+            id: motto
+
             x: 20
             y: 56
             width: parent.width - 32
@@ -63,14 +65,14 @@ Rectangle {
                 text: qsTranslate("Vesko", "Your voice, kept close")
                 font.pixelSize: Theme.small
                 font.weight: Font.Medium
-                elide: Text.ElideRight
+                wrapMode: Text.Wrap
             }
             Words {
                 width: parent.width
                 text: qsTranslate("Vesko", "Fn or ⌘ ⇧ Space to dictate")
                 font.pixelSize: Theme.small
                 color: Theme.quiet
-                elide: Text.ElideRight
+                wrapMode: Text.Wrap
             }
         }
     }

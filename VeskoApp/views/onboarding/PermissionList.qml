@@ -22,7 +22,7 @@ Column {
             readonly property var state: list.permissions.rows[index]
 
             width: list.width
-            height: 48
+            height: Math.max(48, implicitHeight)
             spacing: 12
             Accessible.role: Accessible.ListItem
             Accessible.name: state.name
@@ -41,14 +41,14 @@ Column {
                     width: parent.width
                     text: row.state.name
                     font.weight: Font.Medium
-                    elide: Text.ElideRight
+                    wrapMode: Text.Wrap
                 }
                 Words {
                     width: parent.width
                     text: row.state.line
                     font.pixelSize: Theme.small
                     color: Theme.quiet
-                    elide: Text.ElideRight
+                    wrapMode: Text.Wrap
                 }
             }
             Words {
