@@ -22,7 +22,7 @@ Column {
             readonly property var state: list.permissions.rows[index]
 
             width: list.width
-            height: Math.max(48, implicitHeight)
+            height: Math.max(48, implicitHeight + 8)
             spacing: 12
             Accessible.role: Accessible.ListItem
             Accessible.name: state.name

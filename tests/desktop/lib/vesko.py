@@ -60,7 +60,7 @@ class Vesko:
 
     def _find_panel(self):
         for window in self.app.children:
-            for name in ("Start dictation", "Stop dictation"):
+            for name in ("Start dictation", "Stop dictation", "Начать диктовку"):
                 button = window.find(role="push button", name=name)
                 if button:
                     return window, button
