@@ -44,7 +44,8 @@ CaptureControl::CaptureControl(Platform& platform, AppModel& model)
         if (m_platform.appearance.reduceMotion())
             Q_EMIT glyphChanged();
     });
-    connect(&model, &AppModel::elapsedChanged, this, &CaptureControl::elapsedChanged);
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::elapsedChanged })
+        connect(&model, changed, this, &CaptureControl::elapsedChanged);
     connect(&model, &AppModel::messageChanged, this, [this] { tell(m_model.messageText()); });
     connect(
         &model, &AppModel::shortcutMessageChanged, this, [this] { tell(m_model.shortcutText()); });

@@ -35,24 +35,31 @@ T.Button {
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 
-    contentItem: Row {
-        spacing: 7
-        opacity: control.enabled ? 1 : 0.45
+    contentItem: Item {
+        implicitWidth: face.implicitWidth
+        implicitHeight: face.implicitHeight
 
-        Icon {
-            anchors.verticalCenter: parent.verticalCenter
-            visible: control.iconName.length > 0
-            name: control.iconName
-            color: control.prominent ? control.ink : control.destructive ? control.ink : Theme.quiet
-            size: 16
-        }
-        Text {
-            anchors.verticalCenter: parent.verticalCenter
-            text: control.text
-            font: control.font
-            color: control.ink
-            elide: Text.ElideRight
-            Accessible.ignored: true
+        Row {
+            id: face
+
+            anchors.centerIn: parent
+            spacing: 7
+            opacity: control.enabled ? 1 : 0.45
+
+            Icon {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: control.iconName.length > 0
+                name: control.iconName
+                color: control.prominent ? control.ink : control.destructive ? control.ink : Theme.quiet
+                size: 16
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                text: control.text
+                font: control.font
+                color: control.ink
+                Accessible.ignored: true
+            }
         }
     }
 

@@ -22,35 +22,35 @@ Column {
 
         OnboardingCard {
             width: parent.width
-            lead: 140
+            lead: 128
             keys: steps.gestureKey
             title: qsTranslate("Vesko", "Hold Fn and speak")
             text: qsTranslate("Vesko", "Release to finish. Vesko pastes into the field you started in.")
         }
         OnboardingCard {
             width: parent.width
-            lead: 140
+            lead: 128
             keys: steps.gestureKey
             title: qsTranslate("Vesko", "Tap Fn for longer thoughts")
             text: qsTranslate("Vesko", "Recording keeps going hands-free. Tap Fn again to finish.")
         }
         OnboardingCard {
             width: parent.width
-            lead: 140
+            lead: 128
             keys: qsTranslate("Vesko", "Command Shift Space")
             title: qsTranslate("Vesko", "Or press Command Shift Space")
             text: qsTranslate("Vesko", "Works the same way when Fn is busy.")
         }
         OnboardingCard {
             width: parent.width
-            lead: 140
+            lead: 128
             iconName: "microphone"
             title: qsTranslate("Vesko", "Click the floating circle")
             text: qsTranslate("Vesko", "It sits in the corner and shows when Vesko is listening.")
         }
         OnboardingCard {
             width: parent.width
-            lead: 140
+            lead: 128
             iconName: "notes"
             title: qsTranslate("Vesko", "Keep notes in the library")
             text: qsTranslate("Vesko", "Record a voice note, edit the text, and group notes by project.")
