@@ -215,6 +215,18 @@ TEST_F(CaptureControlTest, ItSaysWhatAClickDoes)
     EXPECT_EQ(control->elapsed(), QStringLiteral("0:03"));
 }
 
+TEST_F(CaptureControlTest, TheTimeGoesWithTheRecording)
+{
+    open();
+    dictate();
+    machine.clock.turn(3.05);
+    QString shown = control->elapsed();
+    QObject::connect(
+        control.get(), &CaptureControl::elapsedChanged, [&] { shown = control->elapsed(); });
+    finish();
+    EXPECT_EQ(shown, QString());
+}
+
 TEST_F(CaptureControlTest, TheHintOfAHeldKeyGoesAfterAWhile)
 {
     open();
