@@ -1428,6 +1428,10 @@
         <translation>Введите новый ключ</translation>
     </message>
     <message>
+        <source>Opening library…</source>
+        <translation>Открывается библиотека…</translation>
+    </message>
+    <message>
         <source>Loading models…</source>
         <translation>Загрузка моделей…</translation>
     </message>
