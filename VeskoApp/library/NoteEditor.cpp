@@ -152,15 +152,16 @@ void NoteEditor::showText()
     Q_EMIT merged(static_cast<int>(begin));
 }
 
-// Saved when the user pauses: a large library isn't written anew with every few letters. Until then
-// the edit is pending, which the end of the program, a copy and another editor know.
+// The save begins soon after the first letter that is not on its way to the disk, not after the
+// last: who writes without a pause loses no more in a crash than others. Letters that come during a
+// save are saved as soon as it has ended.
 void NoteEditor::scheduleSave()
 {
     ++m_changes;
     m_dirty = true;
     setSaved(false);
     m_model.setPendingEdit(m_id, draft());
-    if (!m_savingChange)
+    if (!m_saveTimer.pending() && !m_savingChange)
         m_saveTimer.start(saveDelay, [this] { save(); });
 }
 
@@ -176,7 +177,7 @@ Task<> NoteEditor::saveChange(unsigned change)
     const auto failure = co_await m_model.saveEdit(m_id, draft());
     m_savingChange.reset();
     if (change != m_changes) {
-        m_saveTimer.start(saveDelay, [this] { save(); });
+        save();
         co_return;
     }
     if (failure)

@@ -25,7 +25,7 @@ class NoteEditor : public QObject {
     Q_PROPERTY(int recordingCount READ recordingCount NOTIFY noteChanged)
 
 public:
-    // How long after the last letter what was typed is saved.
+    // How long a letter may wait until its save begins, unless one is under way.
     static constexpr double saveDelay = 0.35; // seconds
 
     NoteEditor(AppModel& model, EventClock& clock, const Note& note);

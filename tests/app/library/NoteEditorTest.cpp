@@ -83,35 +83,39 @@ TEST_F(NoteEditorTest, WhatIsTypedIsPendingAtOnceAndSavedSoon)
     EXPECT_FALSE(editor->saved());
 }
 
-TEST_F(NoteEditorTest, WhoWritesWithoutAPauseIsSavedAtTheFirstOne)
+TEST_F(NoteEditorTest, WhoWritesWithoutAPauseIsSavedAllTheSame)
 {
     edit("");
-    for (int letter = 0; letter < 10; ++letter) {
-        type("x");
-        machine.clock.turn(0.34);
-        drainEvents();
+    std::string typed;
+    for (int save = 0; save < 3; ++save) {
+        for (int letter = 0; letter < 4; ++letter) {
+            EXPECT_EQ(note(id).body.size(), 4U * save);
+            type("x");
+            typed += "x";
+            machine.clock.turn(0.1);
+        }
+        ASSERT_TRUE(saved());
+        EXPECT_EQ(note(id).body, typed);
     }
-    EXPECT_EQ(note(id).body, "");
-    EXPECT_EQ(model->pendingEdits().at(id).body, "xxxxxxxxxx");
-    machine.clock.turn(0.02);
-    ASSERT_TRUE(saved());
-    EXPECT_EQ(note(id).body, "xxxxxxxxxx");
 }
 
-TEST_F(NoteEditorTest, TypingDuringASaveIsSavedAfterIt)
+TEST_F(NoteEditorTest, TypingDuringASaveIsSavedAsSoonAsItHasEnded)
 {
     edit("");
+    std::vector<std::string> bodies;
+    QObject::connect(model.get(), &AppModel::libraryChanged, [&] {
+        if (bodies.empty() || bodies.back() != note(id).body)
+            bodies.push_back(note(id).body);
+    });
     type("a");
     machine.clock.turn(0.36); // the save is under way
     type("b");
-    ASSERT_TRUE(eventually([&] { return note(id).body == "a"; }));
     EXPECT_TRUE(editor->dirty());
     EXPECT_EQ(model->pendingEdits().at(id).body, "ab");
-    EXPECT_EQ(shown(), "ab");
-    ASSERT_TRUE(eventually([&] { return machine.clock.armed() == 1; }));
-    machine.clock.turn(0.36);
     ASSERT_TRUE(saved());
-    EXPECT_EQ(note(id).body, "ab");
+    EXPECT_THAT(bodies, testing::ElementsAre("a", "ab"));
+    EXPECT_EQ(shown(), "ab");
+    EXPECT_EQ(machine.clock.armed(), 0U);
 }
 
 TEST_F(NoteEditorTest, TheTitleIsSavedWithTheText)
@@ -160,8 +164,8 @@ TEST_F(NoteEditorTest, ATranscriptThatLandsWhileSomebodyWritesOnIsNotLost)
         ASSERT_NO_FATAL_FAILURE(typeBeforeWordsLand("1"));
         machine.clock.turn(0.36); // a save is under way
         type("2");
-        ASSERT_TRUE(eventually([&] { return note(id).body == "begun1\n\nheard"; }));
-        ASSERT_TRUE(eventually([&] { return machine.clock.armed() > 0; }));
+        // By now the next one may have ended as well.
+        ASSERT_TRUE(eventually([&] { return note(id).body.starts_with("begun1"); }));
         type("3");
         if (closes)
             editor.reset();
@@ -175,14 +179,14 @@ TEST_F(NoteEditorTest, ATranscriptThatLandsWhileSomebodyWritesOnIsNotLost)
     }
 }
 
-TEST_F(NoteEditorTest, ATranscriptThatLandsBetweenTwoSavesIsNotLost)
+TEST_F(NoteEditorTest, ATranscriptThatLandsAfterSavesInARowIsNotLost)
 {
     edit("begun");
     type("1");
     machine.clock.turn(0.36); // a save is under way
     type("2");
-    ASSERT_TRUE(eventually([&] { return note(id).body == "begun1"; }));
-    hear(id, "heard"); // which turns the clock: the next save is made as well
+    ASSERT_TRUE(eventually([&] { return note(id).body.starts_with("begun1"); }));
+    hear(id, "heard");
     ASSERT_TRUE(eventually([&] { return note(id).body == "begun12\n\nheard"; }));
 }
 
