@@ -1,6 +1,5 @@
 #!/usr/bin/python3
-"""The library window, driven through the accessibility bus and the keyboard alone, and the
-floating control beside a real editor."""
+"""The library window, driven through the accessibility bus and the keyboard alone."""
 
 import os
 import sys
@@ -9,7 +8,6 @@ import unittest
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, clipboard, eyes, hands, library, settings  # noqa: E402
-from lib.programs import Mousepad  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import Vesko, deployed, install_key  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
@@ -256,69 +254,6 @@ class LibraryWindow(unittest.TestCase):
         self.vesko.press(BUTTON, "Dismiss message")
         self.vesko.quit()
         self.assertEqual(self.only_note()["body"], "kept on")
-
-
-class FloatingControl(unittest.TestCase):
-    """What the pointer does to it, while an editor keeps its caret."""
-
-    def setUp(self):
-        settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True)
-        self.vesko = Vesko()
-        self.addCleanup(self.vesko.kill)
-        self.vesko.wait_for("ready")
-        self.editor = Mousepad("here")
-        self.addCleanup(self.editor.kill)
-        hands.tap("end")
-        until("the caret is at the end", lambda: self.editor.field.caret == 4)
-
-    def keeps_the_caret(self):
-        self.assertEqual(eyes.active_pid(), self.editor.process.pid)
-        self.assertEqual(eyes.focused(self.editor.app), self.editor.field)
-        self.assertEqual(self.editor.field.caret, 4)
-
-    def test_a_click_dictates(self):
-        hands.click(*self.vesko.button.centre)
-        self.vesko.wait_for("recording")
-        self.keeps_the_caret()
-        hands.click(*self.vesko.button.centre)
-        self.vesko.wait_for("ready")
-        self.assertEqual(eyes.active_pid(), self.editor.process.pid)
-
-    def test_a_drag_moves_it_for_good(self):
-        x, y = self.vesko.button.centre
-        hands.drag((x, y), (x - 300, y - 200))
-        until("it has moved", lambda: abs(self.vesko.button.centre[0] - (x - 300)) < 3)
-        self.keeps_the_caret()
-        self.assertEqual(self.vesko.phase, "ready")
-        self.assertIsNone(self.vesko.last_recording())
-        self.vesko.quit()
-        again = Vesko(root=self.vesko.root)
-        self.addCleanup(again.kill)
-        until("it is where it was", lambda: abs(again.button.centre[0] - (x - 300)) < 3)
-
-    def test_a_right_click_shows_the_menu(self):
-        hands.click(*self.vesko.button.centre, button=3)
-        row = until("the menu is open", lambda: self.vesko.panel.find(ITEM, "Open Vesko"))
-        until("it can be seen", lambda: "showing" in row.states)
-        self.keeps_the_caret()
-        self.assertEqual(self.vesko.phase, "ready")
-        hands.click(*row.centre)
-        self.vesko.wait_to_find(BUTTON, "New note")
-
-    def test_a_control_click_shows_the_menu_and_starts_nothing(self):
-        hands.press("left control")
-        hands.click(*self.vesko.button.centre)
-        hands.release("left control")
-        until("the menu is open", lambda: self.vesko.panel.find(ITEM, "Quit Vesko"))
-        self.keeps_the_caret()
-        self.assertEqual(self.vesko.phase, "ready")
-
-    def test_it_is_above_others_and_on_every_workspace(self):
-        window = eyes.windows(self.vesko.process.pid)[0]
-        self.assertEqual(eyes.window_property(window, "_NET_WM_DESKTOP"), "4294967295")
-        states = eyes.window_property(window, "_NET_WM_STATE")
-        for state in ("ABOVE", "SKIP_TASKBAR", "SKIP_PAGER"):
-            self.assertIn("_NET_WM_STATE_" + state, states)
 
 
 if __name__ == "__main__":

@@ -3,7 +3,9 @@
 Every question goes straight to the program that is asked; nothing is cached.
 """
 
+import os
 import subprocess
+import tempfile
 
 import gi
 
@@ -210,9 +212,65 @@ def windows(pid):
     return found
 
 
+def stacking():
+    """The ids of all windows, the lowest first."""
+    listed = subprocess.run(["xprop", "-root", "_NET_CLIENT_LIST_STACKING"],
+                            stdout=subprocess.PIPE, text=True, check=True).stdout
+    return listed.partition("#")[2].replace(",", " ").split()
+
+
+def viewable(window):
+    """Whether it is on the screen, be it below others."""
+    return "IsViewable" in subprocess.run(["xwininfo", "-id", window], stdout=subprocess.PIPE,
+                                          text=True, check=True).stdout
+
+
+def workspace():
+    """The number of the workspace that is shown."""
+    return int(window_property("-root", "_NET_CURRENT_DESKTOP"))
+
+
+def go_to_workspace(number):
+    subprocess.run(["xdotool", "set_desktop", str(number)], check=True)
+    until(f"workspace {number} is shown", lambda: workspace() == number)
+
+
+def fill_screen(pid):
+    """Makes the latest window of the process as large as the screen; its id."""
+    window = windows(pid)[-1]
+    subprocess.run(["xdotool", "windowsize", window, "100%", "100%", "windowmove", window, "0",
+                    "0"], check=True)
+    return window
+
+
+class ActiveWindow:
+    """Sees every change of the active window from now on, however short."""
+
+    def __init__(self):
+        self._file = tempfile.TemporaryFile("w+")
+        self._process = subprocess.Popen(["xprop", "-root", "-spy", "_NET_ACTIVE_WINDOW"],
+                                         stdout=self._file)
+        until("the active window is watched", self._lines)
+
+    def _lines(self):
+        size = os.fstat(self._file.fileno()).st_size
+        return os.pread(self._file.fileno(), size, 0).decode().splitlines()
+
+    def changes(self):
+        """What became the active window instead of the first one."""
+        first, *others = self._lines()
+        return [line for line in others if line != first]
+
+    def stop(self):
+        self._process.kill()
+        self._process.wait()
+        self._file.close()
+
+
 def window_property(window, name):
     """What xprop says of a window's property."""
-    return subprocess.run(["xprop", "-id", window, name], stdout=subprocess.PIPE, text=True,
+    which = [window] if window == "-root" else ["-id", window]
+    return subprocess.run(["xprop", *which, name], stdout=subprocess.PIPE, text=True,
                           check=True).stdout.partition("=")[2].strip()
 
 
@@ -220,6 +278,13 @@ def raise_window(pid):
     window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
     subprocess.run(["xdotool", "windowactivate", window], check=True, stderr=subprocess.DEVNULL)
     until("the raised window is active", lambda: active_pid() == pid)
+
+
+def pixels(x, y, width, height):
+    """The colours of a part of the screen, row by row, as (red, green, blue)."""
+    raw = subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}",
+                          "-depth", "8", "rgb:-"], stdout=subprocess.PIPE, check=True).stdout
+    return list(zip(raw[::3], raw[1::3], raw[2::3]))
 
 
 def screenshot(path):

@@ -104,27 +104,38 @@ def release_all():
         release(name)
 
 
-def _point(x, y):
+def point(x, y):
+    """Puts the pointer there."""
     _xtest.XTestFakeMotionEvent(_connection(), -1, int(x), int(y), 0)
     _x11.XSync(_connection(), 0)
 
 
+def press_button(number=1):
+    _xtest.XTestFakeButtonEvent(_connection(), number, 1, 0)
+    _x11.XSync(_connection(), 0)
+
+
+def release_button(number=1):
+    _xtest.XTestFakeButtonEvent(_connection(), number, 0, 0)
+    _x11.XSync(_connection(), 0)
+
+
 def click(x, y, button=1):
-    _point(x, y)
-    for down in (1, 0):
-        _xtest.XTestFakeButtonEvent(_connection(), button, down, 0)
-    _x11.XSync(_connection(), 0)
+    point(x, y)
+    press_button(button)
+    release_button(button)
 
 
-def drag(begin, end, steps=10):
-    """Moves the pointer with its button down, as slowly as a hand."""
-    _point(*begin)
-    _xtest.XTestFakeButtonEvent(_connection(), 1, 1, 0)
-    for step in range(1, steps + 1):
-        _point(*(a + (b - a) * step / steps for a, b in zip(begin, end)))
-        human_pause(0.02)
-    _xtest.XTestFakeButtonEvent(_connection(), 1, 0, 0)
-    _x11.XSync(_connection(), 0)
+def drag(*places, steps=10):
+    """Moves the pointer from the first of the places to the last with its button down, as slowly as
+    a hand."""
+    point(*places[0])
+    press_button()
+    for begin, end in zip(places, places[1:]):
+        for step in range(1, steps + 1):
+            point(*(a + (b - a) * step / steps for a, b in zip(begin, end)))
+            human_pause(0.02)
+    release_button()
 
 
 LAYOUTS = ("us", "ru", "gr")
