@@ -171,7 +171,11 @@ class LibraryWindow(unittest.TestCase):
         self.saved("waste")
         self.choose("Move to Trash…")
         self.vesko.wait_to_find("label", "Move this note to Trash?")
-        self.vesko.press(BUTTON, "Move to Trash")
+        hands.tap("escape")
+        until("the question is gone", lambda: not self.vesko.find(BUTTON, "Move to Trash"))
+        self.choose("Move to Trash…")
+        self.vesko.wait_to_find(BUTTON, "Move to Trash")
+        hands.tap("return")
         until("it is in the Trash", lambda: "deletedAt" in self.only_note())
         self.vesko.press(ROW, "Trash")
         self.vesko.press(ROW, "waste")
@@ -211,6 +215,8 @@ class LibraryWindow(unittest.TestCase):
         self.all_of(ROW, "balcony")[-1].activate()
         project = library.read(self.vesko.root)["projects"][0]["id"]
         until("the note is in the project", lambda: self.only_note().get("projectID") == project)
+        self.vesko.press(ROW, "Trash")  # and so away with the note's picker, whose list was open
+        self.vesko.wait_to_find("label", "Trash is empty")
 
     def all_of(self, role, name):
         found = []

@@ -22,7 +22,10 @@ T.ComboBox {
     Accessible.role: Accessible.ComboBox
     Accessible.name: name
     Accessible.description: displayText
-    Accessible.onPressAction: if (enabled) popup.open()
+    Accessible.onPressAction: if (enabled) {
+        forceActiveFocus(Qt.OtherFocusReason); // for the list, which has none of its own
+        popup.open();
+    }
     Keys.onReturnPressed: popup.open()
 
     contentItem: Text {
@@ -117,11 +120,14 @@ T.ComboBox {
         height: Math.min(contentItem.implicitHeight + 12, 340)
         margins: 6
         padding: 6
+        // The one around the list; it takes no name for itself.
+        Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => control.name)
 
         contentItem: ListView {
             clip: true
             implicitHeight: contentHeight
-            model: control.delegateModel // qmllint disable
+            // Qt 6.4 ends badly with a picker whose list, once opened, still has its rows.
+            model: control.popup.visible ? control.delegateModel : null // qmllint disable
             currentIndex: control.highlightedIndex
             highlightMoveDuration: 0
             boundsBehavior: Flickable.StopAtBounds

@@ -6,6 +6,7 @@ T.Menu {
     id: menu
 
     property Item focusAfter
+    property bool hadKeyboard: false
 
     implicitWidth: Math.max(180, contentWidth + leftPadding + rightPadding)
     implicitHeight: contentHeight + topPadding + bottomPadding
@@ -17,7 +18,11 @@ T.Menu {
     }
     margins: 6
     padding: 6
-    onClosed: if (focusAfter) focusAfter.forceActiveFocus(Qt.PopupFocusReason)
+    // The one that the keyboard is in; it takes no name for itself.
+    Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => menu.title)
+    // A sheet that one of its items has opened keeps the keyboard.
+    onAboutToHide: hadKeyboard = activeFocus
+    onClosed: if (hadKeyboard && focusAfter) focusAfter.forceActiveFocus(Qt.PopupFocusReason)
 
     delegate: MenuRow { }
     contentItem: ListView {
@@ -25,8 +30,6 @@ T.Menu {
         model: menu.contentModel
         currentIndex: menu.currentIndex
         interactive: false
-        Accessible.role: Accessible.PopupMenu
-        Accessible.name: menu.title
     }
     background: Rectangle {
         radius: Theme.radius - 2
