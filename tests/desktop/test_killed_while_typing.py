@@ -29,7 +29,7 @@ SEED = int(os.environ.get("SEED", "0")) or random.randrange(1, 1_000_000)
 DELAY = 0.35  # seconds that a letter may wait until its save begins
 LONGEST = 2.0  # seconds of typing
 # How long a key takes from the keyboard to the note, and a kill to the program, on a busy machine.
-ON_THE_WAY = 0.1  # seconds
+ON_THE_WAY = 0.25  # seconds
 
 
 def steady(_chance):

@@ -105,6 +105,7 @@ class SettingsWindow(unittest.TestCase):
         field = self.focus(TEXT, "")
         self.assertEqual(field.description, "Your personal API key")
         hands.type_letters("sk1")
+        until("three signs are shown", lambda: len(field.text) == 3)
         self.assertNotIn("sk1", field.text)
         hands.tap("return")
         self.vesko.wait_to_find("status bar", "Key saved in your keyring")

@@ -9,6 +9,10 @@ T.TextField {
 
     property string name: placeholderText
     property string iconName
+    // What the bus is told of the text, by a name that Qt looks for: what is shown, where Qt 6.4 by
+    // itself tells a password as it was typed, and never comes back from the question which word is
+    // at the end of a line.
+    readonly property alias textDocument: told.textDocument
 
     implicitWidth: 200
     implicitHeight: Theme.control
@@ -54,6 +58,15 @@ T.TextField {
         color: control.placeholderTextColor
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
+        Accessible.ignored: true
+    }
+
+    TextEdit {
+        id: told
+
+        visible: false
+        text: control.displayText
+        textFormat: TextEdit.PlainText
         Accessible.ignored: true
     }
 

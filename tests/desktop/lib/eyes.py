@@ -15,7 +15,8 @@ from gi.repository import Gio, GLib  # noqa: E402
 from .waiting import until  # noqa: E402
 
 STATES = {"active": 1, "checked": 4, "editable": 7, "enabled": 8, "focusable": 11, "focused": 12,
-          "showing": 25, "visible": 30}
+          "selected": 23, "showing": 25, "visible": 30}
+PASSWORD = 40  # the role
 TIMEOUT = 3000  # milliseconds for one answer
 
 _bus = None
@@ -79,6 +80,10 @@ class Node:
         return self._ask("org.a11y.atspi.Accessible", "GetRoleName")[0]
 
     @property
+    def is_password(self):
+        return self._ask("org.a11y.atspi.Accessible", "GetRole")[0] == PASSWORD
+
+    @property
     def states(self):
         low, high = self._ask("org.a11y.atspi.Accessible", "GetState")[0]
         bits = low | high << 32
@@ -108,6 +113,19 @@ class Node:
     @property
     def caret(self):
         return self._property("Text", "CaretOffset")
+
+    def everything(self):
+        """Each text that it tells, by whatever way."""
+        told = [self.name, self.description,
+                self._ask("org.a11y.atspi.Accessible", "GetAttributes")]
+        interfaces = self._ask("org.a11y.atspi.Accessible", "GetInterfaces")[0]
+        if "org.a11y.atspi.Value" in interfaces:
+            told.append(self._property("Value", "CurrentValue"))
+        if "org.a11y.atspi.Text" in interfaces:
+            told += [self.text] + [
+                self._ask("org.a11y.atspi.Text", "GetTextAtOffset", "(iu)", offset, boundary)
+                for boundary in range(5) for offset in (0, len(self.text))]
+        return [str(text) for text in told]
 
     @property
     def bounds(self):
