@@ -41,6 +41,7 @@ void AppDelegate::launch(bool background, const Demo& demo)
     m_platform.appearance.onChanged = [this, forced = demo.dark] {
         applyAppearance(forced);
         Q_EMIT reduceMotionChanged();
+        m_captureControl.animate();
     };
     setupStatusItem();
     observeMenuBarIcon();

@@ -42,6 +42,9 @@ public:
     // corner. The saved place stays.
     void position();
     const QWindow* window() const { return m_window.get(); }
+    // Shows what goes on as it is now, and goes on showing it if things may move: to be called when
+    // the user's wish for stillness has changed, too.
+    void animate();
 
     // The pointer, in coordinates of the screen. Where an event says that it was counts until it
     // drags; from then on the window is moving, and only the pointer itself knows where it is.
@@ -78,7 +81,6 @@ Q_SIGNALS:
 private:
     void showFnHint();
     void setFnHintVisible(bool visible);
-    void animate();
     void tell(const QString& news);
 
     Platform& m_platform;

@@ -35,6 +35,12 @@ Window {
     onShapesChanged: control.cut(shapes)
     onVisibleChanged: if (visible) control.cut(shapes)
 
+    // For all windows, since this one is always there.
+    Binding {
+        target: Theme
+        property: "reduceMotion"
+        value: panel.delegate.reduceMotion
+    }
     Face {
         id: orb
 

@@ -13,11 +13,6 @@ Window {
 
     color: Theme.window
 
-    Binding {
-        target: Theme
-        property: "reduceMotion"
-        value: window.delegate.reduceMotion
-    }
     Shortcut {
         sequence: "Ctrl+W"
         onActivated: window.close()

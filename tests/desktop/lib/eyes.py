@@ -206,11 +206,17 @@ def owner_pid(name):
         return 0
 
 
-def active_pid():
-    """The process of the active window, or 0."""
+def active_window():
+    """The id of the active window, or None."""
     window = subprocess.run(["xprop", "-root", "_NET_ACTIVE_WINDOW"], stdout=subprocess.PIPE,
                             text=True, check=True).stdout.split()[-1]
-    if not window.startswith("0x") or int(window, 16) == 0:
+    return window if window.startswith("0x") and int(window, 16) != 0 else None
+
+
+def active_pid():
+    """The process of the active window, or 0."""
+    window = active_window()
+    if not window:
         return 0
     answer = subprocess.run(["xprop", "-id", window, "_NET_WM_PID"], stdout=subprocess.PIPE,
                             stderr=subprocess.DEVNULL, text=True).stdout.split()
@@ -228,6 +234,12 @@ def windows(pid):
         if answer and answer[-1] == str(pid):
             found.append(window)
     return found
+
+
+def title(window):
+    """What stands in the window's frame; nothing if the window is gone meanwhile."""
+    return subprocess.run(["xprop", "-id", window, "_NET_WM_NAME"], stdout=subprocess.PIPE,
+                          stderr=subprocess.DEVNULL, text=True).stdout.partition('"')[2].strip('"\n')
 
 
 def stacking():
@@ -251,6 +263,25 @@ def workspace():
 def go_to_workspace(number):
     subprocess.run(["xdotool", "set_desktop", str(number)], check=True)
     until(f"workspace {number} is shown", lambda: workspace() == number)
+
+
+def frame_place(window):
+    """x and y of the window with its frame, width and height of what is inside."""
+    told = subprocess.run(["xwininfo", "-id", window, "-frame"], stdout=subprocess.PIPE, text=True,
+                          check=True).stdout
+    inside = subprocess.run(["xwininfo", "-id", window], stdout=subprocess.PIPE, text=True,
+                            check=True).stdout
+
+    def number(text, label):
+        return int(text.partition(label + ":")[2].split()[0])
+
+    return (number(told, "Absolute upper-left X"), number(told, "Absolute upper-left Y"),
+            number(inside, "Width"), number(inside, "Height"))
+
+
+def place(window, x, y, width, height):
+    subprocess.run(["xdotool", "windowsize", "--sync", window, str(width), str(height),
+                    "windowmove", "--sync", window, str(x), str(y)], check=True)
 
 
 def fill_screen(pid):
