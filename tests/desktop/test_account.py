@@ -136,6 +136,27 @@ class Accounts(unittest.TestCase):
         self.assertNotIn(b"veskoAccount", stored())
         self.assertEqual(files_with(kept, again), [])
 
+    def test_the_first_run_ends_with_the_sign_in_that_it_requires(self):
+        settings.write(firstLaunchDone=True)
+        with Vesko(self.program(VeskoAccountRequired=True)) as vesko:
+            vesko.press("push button", "Get started")
+            vesko.press("push button", "Continue")
+            vesko.wait_to_find("heading", "Allow access")
+            vesko.press("push button", "Continue")
+            vesko.wait_to_find("heading", "Create your Vesko account")
+            self.assertIsNone(vesko.find("push button", "Not now"))
+            start = vesko.wait_to_find("push button", "Start using Vesko")
+            self.assertNotIn("focusable", start.states)
+            code = self.ask_for_code(vesko)
+            self.type_into(vesko, "Code", code)
+            hands.tap("return")
+            vesko.wait_to_find("heading", "You are signed in")
+            until("it may be ended", lambda: "focusable" in start.states)
+            self.assertNotIn("onboardingCompleted", settings.read())
+            vesko.press("push button", "Start using Vesko")
+            vesko.wait_to_find("push button", "New note")
+            self.assertTrue(settings.read()["onboardingCompleted"])
+
     def ask_for_code(self, vesko):
         """What the email says that the user asked for."""
         self.type_into(vesko, "Email address", "user@example.com")

@@ -79,6 +79,24 @@ class Learning(unittest.TestCase):
     def test_a_correction_sent_in_a_chromium_page_acts_in_the_next_dictation(self):
         self.learns(ChatPage())
 
+    def test_what_was_corrected_and_not_sent_is_offered_in_the_dictionary(self):
+        self.vesko.kill()
+        self.vesko = Vesko(self.binary, VESKO_DEMO_SCENE="dictionary")
+        self.addCleanup(self.vesko.kill)
+        self.vesko.wait_to_find("list", "Dictionary")
+        with ChatPage() as page:
+            self.dictate(page)
+            self.correct(page)
+            page.focus("entry", "other")
+            self.vesko.wait_to_find("push button", "Save last corrections")
+            self.assertEqual(self.dictionary(), [])
+            self.vesko.press("push button", "Save last corrections")
+            entry = until("the correction stands in the dictionary", self.dictionary)[0]
+            self.assertEqual((entry["original"], entry["replacement"]), ("recieve", "receive"))
+            self.vesko.wait_to_find("list item", "recieve → receive")
+            until("nothing more is offered",
+                  lambda: not self.vesko.find("push button", "Save last corrections"))
+
     def test_what_is_sent_as_it_was_pasted_teaches_nothing(self):
         with ChatPage() as page:
             self.dictate(page)

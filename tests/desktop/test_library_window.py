@@ -2,6 +2,7 @@
 """The library window, driven through the accessibility bus and the keyboard alone."""
 
 import os
+import signal
 import sys
 import unittest
 
@@ -93,10 +94,33 @@ class LibraryWindow(unittest.TestCase):
         until("the window is closed", lambda: not self.vesko.find(BUTTON, "New note"))
         self.assertIsNone(self.vesko.process.poll())
 
-    def test_what_was_typed_a_moment_ago_survives_the_quit(self):
+    def test_what_was_typed_a_moment_ago_survives_each_way_to_quit(self):
+        for quit in (self.vesko_is_told, self.terminal_closes, self.user_quits):
+            self.new_note("almost lost")
+            quit()
+            self.vesko.process.wait(timeout=15)
+            self.assertEqual(self.vesko.process.returncode, 0)
+            self.assertEqual([note["body"] for note in self.notes()], ["almost lost"])
+            self.setUp()
+
+    def vesko_is_told(self):
+        self.vesko.process.send_signal(signal.SIGTERM)
+
+    def terminal_closes(self):
+        self.vesko.process.send_signal(signal.SIGHUP)
+
+    def user_quits(self):
+        hands.tap("left control", "q")
+
+    def test_going_to_another_note_loses_nothing(self):
+        self.new_note("other")
+        self.saved("other")
         self.new_note("almost lost")
-        self.vesko.quit()
-        self.assertEqual(self.only_note()["body"], "almost lost")
+        self.vesko.press(ROW, "other")
+        until("the other note is shown",
+              lambda: self.vesko.find(TEXT, "Note text").text == "other")
+        self.saved("almost lost")
+        self.saved("other")
 
     def test_closing_the_window_loses_nothing(self):
         self.new_note("almost lost")
@@ -255,11 +279,17 @@ class LibraryWindow(unittest.TestCase):
             "label", "Vesko could not save this change. Check free disk space and access to the "
             "data folder.")
         self.assertEqual(body.text, "kept on")
+        # Nor does it quit and leave it behind.
+        self.vesko.press(BUTTON, "Dismiss message")
+        self.vesko.process.terminate()
+        self.vesko.wait_to_find(BUTTON, "Dismiss message")
+        self.assertIsNone(self.vesko.process.poll())
+        self.assertEqual(body.text, "kept on")
         os.rmdir(document)
         os.rename(document + ".aside", document)
-        self.vesko.press(BUTTON, "Dismiss message")
+        hands.type_letters(" and on")
+        self.saved("kept on and on")
         self.vesko.quit()
-        self.assertEqual(self.only_note()["body"], "kept on")
 
 
 if __name__ == "__main__":

@@ -10,7 +10,8 @@ import unittest
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, eyes, hands, settings  # noqa: E402
-from lib.vesko import Vesko, forget_key  # noqa: E402
+from lib.service import Analytics  # noqa: E402
+from lib.vesko import Vesko, deployed, forget_key  # noqa: E402
 from lib.waiting import until  # noqa: E402
 
 BUTTON, TEXT, SWITCH, ROW, CHOICE = ("push button", "text", "check box", "list item", "combo box")
@@ -74,6 +75,8 @@ class SettingsWindow(unittest.TestCase):
         self.becomes("translateTo", "fr-FR")
         self.choose("Use", "Vesko access")
         self.becomes("keySource", "vesko")
+        self.choose("Dictation key", "Pause")
+        self.becomes("gestureKey", "pause")
 
     def test_a_model_is_typed(self):
         field = self.focus(TEXT, "Speech model ID")
@@ -119,6 +122,19 @@ class SettingsWindow(unittest.TestCase):
         hands.tap("space")
         self.vesko.wait_to_find("status bar", "Key removed")
         self.vesko.wait_to_find("label", "No key saved")
+
+    def test_the_consent_to_analytics(self):
+        self.vesko.kill()
+        with Analytics() as service:
+            self.vesko = Vesko(deployed(VeskoAnalyticsBaseURL=service.root,
+                                        VeskoAnalyticsAppKey=service.app_key),
+                               VESKO_DEMO_SCENE="settings")
+            self.addCleanup(self.vesko.kill)
+            switch = self.find_anywhere(SWITCH, "Share anonymous usage analytics")
+            for consent in (True, False):
+                switch.activate()
+                self.becomes("analyticsConsent", consent)
+                until("it shows", lambda: ("checked" in switch.states) == consent)
 
     def test_it_starts_at_login(self):
         entry = os.path.join(os.environ["XDG_CONFIG_HOME"], "autostart", "vesko.desktop")
