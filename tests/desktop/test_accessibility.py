@@ -61,6 +61,14 @@ class Accessibility(unittest.TestCase):
                 continue
         return found
 
+    def is_selected(self, *names):
+        """Of all rows these."""
+        def selected():
+            return [node.name for node in self.nodes()
+                    if node.role == ROW and "selected" in node.states]
+
+        until(f"{names} are selected; {selected()}", lambda: selected() == list(names))
+
     def is_told(self, *expected):
         """Everything that is shown, among it these (role, name)."""
         for role, name in expected:
@@ -73,6 +81,7 @@ class Accessibility(unittest.TestCase):
         self.is_told((TEXT, "Note title"), (TEXT, "Note text"), (ROW, "Dictation"),
                      (BUTTON, "Retry…"), (BUTTON, "Play or stop original recording"),
                      ("combo box", "Project"), (TEXT, "Search notes and transcripts"))
+        self.is_selected("All notes", "Dictation")
         for name, shows in (
                 ("Menu", (ITEM, "Quit Vesko")), ("Note actions", (ITEM, "Export Markdown…")),
                 ("Project", (ROW, "No project")), ("New project", (TEXT, "Project name")),
@@ -81,6 +90,11 @@ class Accessibility(unittest.TestCase):
             self.is_told(shows)
             hands.tap("escape")
             until("it is closed", lambda shows=shows: not self.vesko.find(*shows))
+        self.vesko.press(None, "Note actions")
+        self.vesko.wait_to_find(ITEM, "Copy text")
+        hands.tap("escape")
+        until("the keyboard is back where it was",
+              lambda: "focused" in self.vesko.find(None, "Note actions").states)
         for item, shows in (("Export Markdown…", (TEXT, "File")),
                             ("Move to Trash…", (BUTTON, "Move to Trash"))):
             self.vesko.press(None, "Note actions")
@@ -92,6 +106,7 @@ class Accessibility(unittest.TestCase):
         self.is_told()
         self.vesko.press(ROW, "Trash")
         self.is_told(("label", "Trash is empty"))
+        self.is_selected("Trash")
 
     def test_the_dictionary_window(self):
         self.start("dictionary")
@@ -148,8 +163,14 @@ class Accessibility(unittest.TestCase):
 
     def telling(self, secret):
         """The elements that say it, in whatever they say."""
-        return [node for node in self.vesko.app.walk()
-                if any(secret in said for said in node.everything())]
+        found = []
+        for node in self.vesko.app.walk():
+            try:
+                if any(secret in said for said in node.everything()):
+                    found.append(node)
+            except eyes.Gone:
+                continue
+        return found
 
 
 if __name__ == "__main__":

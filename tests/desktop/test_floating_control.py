@@ -174,7 +174,8 @@ class FloatingControl(BesideAnEditor):
         with FeatherPad("other") as other:
             for program in (other, self.editor):
                 program.raise_window()
-                window = eyes.fill_screen(program.process.pid)
+                window = eyes.windows(program.process.pid)[-1]
+                eyes.place(window, 0, 0, "100%", "100%")
                 until("the window is right below the control",
                       lambda window=window: eyes.stacking()[-2:] == [window, self.window])
                 self.assertGreater(self.ink(), 0)

@@ -117,10 +117,12 @@ class LibraryWindow(unittest.TestCase):
         self.saved("other")
         self.new_note("almost lost")
         self.vesko.press(ROW, "other")
-        until("the other note is shown",
-              lambda: self.vesko.find(TEXT, "Note text").text == "other")
         self.saved("almost lost")
         self.saved("other")
+        self.vesko.press(ROW, "almost lost")
+        self.vesko.press(BUTTON, "Copy note")
+        self.vesko.wait_to_find(BUTTON, "Note copied")
+        self.assertEqual(clipboard.read(), "almost lost")
 
     def test_closing_the_window_loses_nothing(self):
         self.new_note("almost lost")

@@ -1,12 +1,21 @@
 import QtQuick
 import QtQuick.Templates as T
+import QtQuick.Window
 
 // A menu of MenuRow and MenuLine. The keyboard goes back to where it was when it closes.
 T.Menu {
     id: menu
 
     property Item focusAfter
-    property bool hadKeyboard: false
+    readonly property Item overlay: T.Overlay.overlay
+
+    // Whether a sheet, which an item of the menu has opened, has the keyboard by now.
+    function keyboardIsTaken() {
+        let item = overlay?.Window.activeFocusItem;
+        while (item && item !== overlay)
+            item = item.parent;
+        return item !== null && item !== undefined;
+    }
 
     implicitWidth: Math.max(180, contentWidth + leftPadding + rightPadding)
     implicitHeight: contentHeight + topPadding + bottomPadding
@@ -20,9 +29,7 @@ T.Menu {
     padding: 6
     // The one that the keyboard is in; it takes no name for itself.
     Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => menu.title)
-    // A sheet that one of its items has opened keeps the keyboard.
-    onAboutToHide: hadKeyboard = activeFocus
-    onClosed: if (hadKeyboard && focusAfter) focusAfter.forceActiveFocus(Qt.PopupFocusReason)
+    onClosed: if (focusAfter && !keyboardIsTaken()) focusAfter.forceActiveFocus(Qt.PopupFocusReason)
 
     delegate: MenuRow { }
     contentItem: ListView {

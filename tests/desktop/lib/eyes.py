@@ -238,8 +238,9 @@ def windows(pid):
 
 def title(window):
     """What stands in the window's frame; nothing if the window is gone meanwhile."""
-    return subprocess.run(["xprop", "-id", window, "_NET_WM_NAME"], stdout=subprocess.PIPE,
-                          stderr=subprocess.DEVNULL, text=True).stdout.partition('"')[2].strip('"\n')
+    told = subprocess.run(["xprop", "-id", window, "_NET_WM_NAME"], stdout=subprocess.PIPE,
+                          stderr=subprocess.DEVNULL, text=True).stdout
+    return told.partition('"')[2].strip('"\n')
 
 
 def stacking():
@@ -280,16 +281,9 @@ def frame_place(window):
 
 
 def place(window, x, y, width, height):
-    subprocess.run(["xdotool", "windowsize", "--sync", window, str(width), str(height),
-                    "windowmove", "--sync", window, str(x), str(y)], check=True)
-
-
-def fill_screen(pid):
-    """Makes the latest window of the process as large as the screen; its id."""
-    window = windows(pid)[-1]
-    subprocess.run(["xdotool", "windowsize", window, "100%", "100%", "windowmove", window, "0",
-                    "0"], check=True)
-    return window
+    """Asks for that place and size, in points or in parts of the screen ("100%")."""
+    subprocess.run(["xdotool", "windowsize", window, str(width), str(height),
+                    "windowmove", window, str(x), str(y)], check=True)
 
 
 class ActiveWindow:
