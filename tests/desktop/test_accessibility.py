@@ -12,7 +12,7 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from lib import cases, eyes, hands, library, settings  # noqa: E402
 from lib.service import Account, OpenRouter  # noqa: E402
 from lib.vesko import Vesko, deployed, forget_key, install_key  # noqa: E402
-from lib.waiting import human_pause, until  # noqa: E402
+from lib.waiting import until  # noqa: E402
 
 BUTTON, ITEM, ROW, TEXT, SWITCH = "push button", "menu item", "list item", "text", "check box"
 CONTROLS = {BUTTON, ITEM, ROW, TEXT, SWITCH, "combo box", "link", "button menu"}

@@ -36,19 +36,10 @@ class DictionaryWindow(unittest.TestCase):
     def terms(self):
         return library.read(self.vesko.root)["dictionary"]
 
-    def focus(self, name, role=TEXT):
-        """Goes on with Tab until the keyboard is at what is called that."""
-        for _ in range(20):
-            found = self.vesko.find(role, name)
-            if found and "focused" in found.states:
-                return
-            hands.tap("tab")
-        self.fail(f"Tab never came to {name!r}")
-
     def test_a_term_is_added_by_keys_alone(self):
         self.open()
         self.vesko.wait_to_find("label", "Your personal dictionary")
-        self.focus("Recognized term")
+        self.vesko.tab_to(TEXT, "Recognized term")
         hands.type_letters("tallki")
         self.assertNotIn("focusable", self.vesko.find(BUTTON, "Add term").states)
         hands.tap("tab")
@@ -98,7 +89,7 @@ class DictionaryWindow(unittest.TestCase):
 
     def test_the_rows_by_keys_alone(self):
         self.open(term(1, "one", "1"), term(2, "two", "2"))
-        self.focus("Search dictionary")
+        self.vesko.tab_to(TEXT, "Search dictionary")
         hands.tap("tab")
         until("the first row has the keyboard",
               lambda: "focused" in self.vesko.find(ROW, "one → 1").states)
@@ -106,6 +97,8 @@ class DictionaryWindow(unittest.TestCase):
         until("it is off", lambda: not self.terms()[0]["enabled"])
         hands.tap("delete")
         until("it is gone", lambda: [one["original"] for one in self.terms()] == ["two"])
+        until("the next row has the keyboard",
+              lambda: (row := self.vesko.find(ROW, "two → 2")) and "focused" in row.states)
         hands.tap("return")
         self.vesko.wait_to_find(BUTTON, "Save term")
         hands.tap("escape")
@@ -125,7 +118,7 @@ class DictionaryWindow(unittest.TestCase):
 
     def test_what_the_dictionary_refuses_stays(self):
         self.open(term(1, "one", "uno"))
-        self.focus("Recognized term")
+        self.vesko.tab_to(TEXT, "Recognized term")
         hands.type_letters("one")
         hands.tap("tab")
         hands.type_letters("eins")

@@ -32,21 +32,13 @@ class SettingsWindow(unittest.TestCase):
               lambda: settings.read().get(key) == value)
 
     def choose(self, picker, row):
-        self.focus(CHOICE, picker)
+        self.vesko.tab_to(CHOICE, picker)
         self.vesko.press(CHOICE, picker)
         self.vesko.press(ROW, row)
 
     def find_anywhere(self, role, name):
         """Also what has to be scrolled to."""
         return until(f"a {role} called {name!r}", lambda: self.vesko.app.find(role, name))
-
-    def focus(self, role, name):
-        for _ in range(60):
-            found = self.vesko.find(role, name)
-            if found and "focused" in found.states:
-                return found
-            hands.tap("tab")
-        self.fail(f"Tab never came to {name!r}")
 
     def test_each_switch(self):
         for name, key, before in (
@@ -79,7 +71,7 @@ class SettingsWindow(unittest.TestCase):
         self.becomes("gestureKey", "pause")
 
     def test_a_model_is_typed(self):
-        field = self.focus(TEXT, "Speech model ID")
+        field = self.vesko.tab_to(TEXT, "Speech model ID")
         hands.tap("left control", "a")
         hands.type_letters("mine")
         self.becomes("sttModel", "mine")
@@ -105,7 +97,7 @@ class SettingsWindow(unittest.TestCase):
     def test_a_key_is_saved_and_removed_by_keys_alone(self):
         forget_key()
         # A password has no name over the bus; what it is for is its description.
-        field = self.focus(TEXT, "")
+        field = self.vesko.tab_to(TEXT, "")
         self.assertEqual(field.description, "Your personal API key")
         hands.type_letters("sk1")
         until("three signs are shown", lambda: len(field.text) == 3)
@@ -118,7 +110,7 @@ class SettingsWindow(unittest.TestCase):
             stdout=subprocess.PIPE, text=True).stdout
         self.assertEqual(found, "sk1")
         self.assertNotIn("sk1", self.vesko.log())
-        self.focus(BUTTON, "Remove key")
+        self.vesko.tab_to(BUTTON, "Remove key")
         hands.tap("space")
         self.vesko.wait_to_find("status bar", "Key removed")
         self.vesko.wait_to_find("label", "No key saved")
@@ -163,7 +155,7 @@ class SettingsWindow(unittest.TestCase):
         names = []
         for _ in range(60):
             hands.tap("tab")
-            focused = until("something has the keyboard", self.focused)
+            focused = until("something has the keyboard", self.vesko.focused)
             said = focused.name or focused.description
             self.assertTrue(said, focused)
             if said in names:
@@ -173,16 +165,6 @@ class SettingsWindow(unittest.TestCase):
         self.assertIn("Launch at login", names)
         self.assertIn("Open data folder", names)
         self.assertGreater(len(names), 20)
-
-    def focused(self):
-        for frame in self.vesko.app.children:
-            for node in frame.walk():
-                try:
-                    if {"focused", "showing"} <= node.states and node.role != "frame":
-                        return node
-                except eyes.Gone:
-                    continue
-        return None
 
 
 if __name__ == "__main__":

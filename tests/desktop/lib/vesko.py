@@ -88,6 +88,27 @@ class Vesko:
         """Does what the element does, over the accessibility bus alone."""
         self.wait_to_find(role, name).activate()
 
+    def focused(self):
+        """The element that the keyboard is in, or None."""
+        for frame in self.app.children:
+            for node in frame.walk():
+                try:
+                    if {"focused", "showing"} <= node.states and node.role != "frame":
+                        return node
+                except eyes.Gone:
+                    continue
+        return None
+
+    def tab_to(self, role, name):
+        """Goes on with Tab until the keyboard is in that element, which it returns."""
+        for _ in range(60):
+            here = self.focused()
+            if here and (here.role, here.name) == (role, name):
+                return here
+            hands.tap("tab")
+            until(f"Tab leads on from {here}", lambda here=here: self.focused() not in (None, here))
+        raise AssertionError(f"Tab never came to {name!r}")
+
     def log(self):
         with open(self.log_path, errors="replace") as file:
             return file.read()
