@@ -165,7 +165,8 @@ TEST_F(NoteEditorTest, ATranscriptThatLandsWhileSomebodyWritesOnIsNotLost)
         machine.clock.turn(0.36); // a save is under way
         type("2");
         // By now the next one may have ended as well.
-        ASSERT_TRUE(eventually([&] { return note(id).body.starts_with("begun1"); }));
+        ASSERT_TRUE(
+            eventually([&] { return std::string_view(note(id).body).starts_with("begun1"); }));
         type("3");
         if (closes)
             editor.reset();
@@ -185,7 +186,7 @@ TEST_F(NoteEditorTest, ATranscriptThatLandsAfterSavesInARowIsNotLost)
     type("1");
     machine.clock.turn(0.36); // a save is under way
     type("2");
-    ASSERT_TRUE(eventually([&] { return note(id).body.starts_with("begun1"); }));
+    ASSERT_TRUE(eventually([&] { return std::string_view(note(id).body).starts_with("begun1"); }));
     hear(id, "heard");
     ASSERT_TRUE(eventually([&] { return note(id).body == "begun12\n\nheard"; }));
 }
