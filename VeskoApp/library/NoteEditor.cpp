@@ -153,20 +153,21 @@ void NoteEditor::showText()
 }
 
 // The save begins soon after the first letter that is not on its way to the disk, not after the
-// last: who writes without a pause loses no more in a crash than others. Letters that come during a
-// save are saved as soon as it has ended.
+// last: who writes without a pause loses no more in a crash than others.
 void NoteEditor::scheduleSave()
 {
     ++m_changes;
     m_dirty = true;
     setSaved(false);
     m_model.setPendingEdit(m_id, draft());
-    if (!m_saveTimer.pending() && !m_savingChange)
+    if (!m_saveTimer.pending())
         m_saveTimer.start(saveDelay, [this] { save(); });
 }
 
 void NoteEditor::save()
 {
+    if (m_savingChange)
+        return; // at its end the next one begins
     m_savingChange = m_changes;
     m_tasks.spawn(saveChange(m_changes));
 }
@@ -177,7 +178,8 @@ Task<> NoteEditor::saveChange(unsigned change)
     const auto failure = co_await m_model.saveEdit(m_id, draft());
     m_savingChange.reset();
     if (change != m_changes) {
-        save();
+        if (!m_saveTimer.pending())
+            save();
         co_return;
     }
     if (failure)
