@@ -36,12 +36,10 @@ T.Button {
     Keys.onEnterPressed: clicked()
 
     contentItem: Item {
-        implicitWidth: face.implicitWidth
-        implicitHeight: face.implicitHeight
+        implicitWidth: children[0].implicitWidth
+        implicitHeight: children[0].implicitHeight
 
         Row {
-            id: face
-
             anchors.centerIn: parent
             spacing: 7
             opacity: control.enabled ? 1 : 0.45

@@ -64,6 +64,12 @@ class _Lines(unittest.TestResult):
         super().addError(test, error)
         self._bad(test, error)
 
+    def addSubTest(self, test, subtest, error):
+        super().addSubTest(test, subtest, error)
+        if error:
+            print(f"       {subtest}", flush=True)
+            self._bad(test, error)
+
 
 def main(module="__main__"):
     names = sys.argv[1:]
