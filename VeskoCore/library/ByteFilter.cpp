@@ -10,11 +10,6 @@ namespace {
 constexpr std::uint8_t caseBit = 0x20;
 constexpr std::uint8_t anyBit = 0xFF;
 
-ByteFilter::Block all(std::uint8_t byte)
-{
-    return ByteFilter::Block{} + byte;
-}
-
 struct Bytes {
     std::uint8_t first, last;
 };
@@ -48,19 +43,27 @@ void joinNearest(std::vector<Bytes>& ranges)
 
 } // namespace
 
+ByteFilter::Form ByteFilter::everywhere(std::uint8_t mask, std::uint8_t value)
+{
+    Form form;
+    form.mask += mask;
+    form.value += value;
+    return form;
+}
+
 ByteFilter::Form ByteFilter::formOf(const Set& set)
 {
     if (!set || set->size() > 2)
-        return { all(anyBit), all(anyBit) };
+        return everywhere(anyBit, anyBit);
     if (set->empty())
-        return { all(0), all(0) }; // a zero byte, which texts don't have
+        return everywhere(0, 0); // a zero byte, which texts don't have
     const auto first = static_cast<std::uint8_t>(set->front());
     const auto last = static_cast<std::uint8_t>(set->back());
     if (first == last)
-        return { all(0), all(first) };
+        return everywhere(0, first);
     if (last == (first | caseBit))
-        return { all(caseBit), all(last) };
-    return { all(anyBit), all(anyBit) };
+        return everywhere(caseBit, last);
+    return everywhere(anyBit, anyBit);
 }
 
 ByteFilter::ByteFilter(const std::array<Set, mostSets>& sets, const std::array<bool, 0x100>& leads)
@@ -78,8 +81,8 @@ ByteFilter::ByteFilter(const std::array<Set, mostSets>& sets, const std::array<b
         joinNearest(ranges);
     for (std::size_t at = 0; at < m_leads.size() && !ranges.empty(); ++at) {
         const auto& range = ranges[std::min(at, ranges.size() - 1)];
-        m_leads[at]
-            = { all(range.first), all(static_cast<std::uint8_t>(range.last - range.first)) };
+        m_leads[at].first += range.first;
+        m_leads[at].extent += static_cast<std::uint8_t>(range.last - range.first);
     }
 }
 

@@ -8,14 +8,16 @@
 
 namespace vesko {
 
-// Marks the bytes of a UTF-8 text that may be the first of what is looked for, sixteen at a time:
+// Marks the bytes of a UTF-8 text that may be the first of what is looked for, a block at a time:
 // an ASCII character of the first set before others of the second and the third, and the first
 // bytes of some longer characters. It may mark too many, never too few. Of a marked one it tells by
-// a look at the sixteen bytes from there on whether they differ from all of the sets.
+// a look at the bytes from there on whether they differ from all of the sets. Blocks go by
+// reference, since a function for one kind of processor may call one for all of them.
 class ByteFilter {
 public:
     // Compilers turn this into the machine's vectors.
-    using Block = std::uint8_t __attribute__((vector_size(16)));
+    using Block = std::uint8_t __attribute__((vector_size(32)));
+    using Words = std::array<std::uint64_t, sizeof(Block) / sizeof(std::uint64_t)>;
 
     ByteFilter() = default;
     // Behind an ASCII character may also stand what is not ASCII or may be no letter at all; from
@@ -26,50 +28,51 @@ public:
 
     // The second and third blocks are the text one and two bytes on. Sets every bit of a byte, or
     // none.
-    Block marks(Block first, Block second, Block third) const
+    [[gnu::always_inline]] Words marks(
+        const Block& first, const Block& second, const Block& third) const
     {
-        const Block ascii = m_forms[0].holds(first)
-            & ((m_forms[1].holds(second) & (m_forms[2].holds(third) | ~isPlain(third)))
-                | ~isPlain(second));
-        return ascii | m_leads[0].holds(first) | m_leads[1].holds(first) | m_leads[2].holds(first)
-            | m_leads[3].holds(first);
+        auto marks
+            = Block((third | m_forms[2].mask) == m_forms[2].value) | Block(third - blank > plain);
+        marks &= Block((second | m_forms[1].mask) == m_forms[1].value);
+        marks |= Block(second - blank > plain);
+        marks &= Block((first | m_forms[0].mask) == m_forms[0].value);
+        for (const auto& range : m_leads)
+            marks |= Block(first - range.first <= range.extent);
+        return std::bit_cast<Words>(marks);
     }
 
     // Whether what begins with these bytes is surely not what is looked for: they and the next are
     // plain characters, and not all of them are of their sets.
-    bool excludes(Block bytes) const
+    [[gnu::always_inline]] bool excludes(const Block& bytes) const
     {
-        return isAny(~m_all.holds(bytes)) && !isAny(~isPlain(bytes) & m_within);
+        const auto others = Block((bytes | m_all.mask) != m_all.value);
+        const auto unknown = Block(bytes - blank > plain) & m_within;
+        return isAny(std::bit_cast<Words>(others)) && !isAny(std::bit_cast<Words>(unknown));
+    }
+
+    [[gnu::always_inline]] static bool isAny(const Words& words)
+    {
+        return (words[0] | words[1] | words[2] | words[3]) != 0;
     }
 
 private:
+    // The bytes from the blank to the tilde are plain characters.
+    static constexpr std::uint8_t blank = 0x20;
+    static constexpr std::uint8_t plain = 0x7E - blank;
+
     // The bytes for which `byte | mask` is `value`.
     struct Form {
         Block mask{};
         Block value{};
-
-        Block holds(Block bytes) const { return (bytes | mask) == value; }
     };
     // The bytes from one on.
     struct Range {
         Block first{};
         Block extent{}; // to the last
-
-        Block holds(Block bytes) const { return bytes - first <= extent; }
     };
 
+    static Form everywhere(std::uint8_t mask, std::uint8_t value);
     static Form formOf(const Set& set);
-    static Block isPlain(Block bytes)
-    {
-        constexpr std::uint8_t blank = 0x20, tilde = 0x7E;
-        return bytes - blank <= tilde - blank;
-    }
-
-    static bool isAny(Block bytes)
-    {
-        const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(bytes);
-        return (halves[0] | halves[1]) != 0;
-    }
 
     std::array<Form, 3> m_forms;
     Form m_all; // of each byte its own set

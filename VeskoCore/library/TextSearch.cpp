@@ -58,30 +58,66 @@ std::size_t beginOfUnit(std::string_view text, std::size_t at)
 
 using Block = ByteFilter::Block;
 
-Block load(const std::uint8_t* from)
+// A block from the position on, and zeros behind the text's end.
+[[gnu::always_inline]] inline void load(std::string_view text, std::size_t from, Block& block)
 {
-    Block block;
-    std::memcpy(&block, from, sizeof block);
-    return block;
+    if (text.size() - std::min(from, text.size()) >= sizeof block) {
+        std::memcpy(&block, text.data() + from, sizeof block);
+        return;
+    }
+    std::array<char, sizeof block> bytes{};
+    text.substr(std::min(from, text.size())).copy(bytes.data(), bytes.size());
+    std::memcpy(&block, bytes.data(), sizeof block);
 }
 
-// The bytes of a text that ends there, and zeros behind them.
-Block loadEnd(std::string_view text, std::size_t from)
-{
-    std::array<std::uint8_t, sizeof(Block)> bytes{};
-    text.substr(std::min(from, text.size()))
-        .copy(reinterpret_cast<char*>(bytes.data()), bytes.size());
-    return load(bytes.data());
-}
+// Which of the two a machine runs is chosen while the program is loaded, before ThreadSanitizer is
+// ready for it.
+#if defined(__clang__) && defined(__x86_64__)
+#if !__has_feature(thread_sanitizer)
+#define VESKO_FOR_EACH_WIDTH __attribute__((target_clones("avx2", "default")))
+#endif
+#endif
+#ifndef VESKO_FOR_EACH_WIDTH
+#define VESKO_FOR_EACH_WIDTH
+#endif
 
-// The bits of eight bytes each, the first byte's lowest.
-std::array<std::uint64_t, 2> bits(Block block)
+using Judge = bool (*)(const TextSearch&, std::string_view, std::size_t);
+
+// The next position that the filter marks and, unless a glance excludes it, the judge lets pass; or
+// the end. Here a search spends its time.
+VESKO_FOR_EACH_WIDTH std::size_t nextMark(const ByteFilter& its, std::string_view text,
+    std::size_t from, const TextSearch& search, Judge passes)
 {
-    auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(block);
-    if constexpr (std::endian::native == std::endian::big)
-        for (auto& half : halves)
-            half = std::byteswap(half);
-    return halves;
+    constexpr std::uint64_t oneOfEach = 0x8080808080808080;
+    const auto filter = its; // in registers, since the compiler can't know that it stays
+    for (std::size_t at = from; at < text.size(); at += sizeof(Block)) {
+        Block first, second, third;
+        load(text, at, first);
+        load(text, at + 1, second);
+        load(text, at + 2, third);
+        const auto marks = filter.marks(first, second, third);
+        if (!ByteFilter::isAny(marks))
+            continue;
+        for (std::size_t word = 0; word < marks.size(); ++word) {
+            auto left = marks[word] & oneOfEach;
+            if constexpr (std::endian::native == std::endian::big)
+                left = std::byteswap(left);
+            for (; left != 0; left &= left - 1) {
+                const auto marked
+                    = at + 8 * word + static_cast<std::size_t>(std::countr_zero(left) / 8);
+                if (marked >= text.size())
+                    return text.size();
+                if (text.size() - marked >= sizeof(Block)) {
+                    load(text, marked, first);
+                    if (filter.excludes(first))
+                        continue;
+                }
+                if (passes(search, text, marked))
+                    return marked;
+            }
+        }
+    }
+    return text.size();
 }
 
 } // namespace
@@ -155,28 +191,10 @@ bool TextSearch::beginsAmongLetters(std::string_view text, std::size_t next)
 
 std::size_t TextSearch::nextCandidate(std::string_view text, std::size_t from) const
 {
-    constexpr std::uint64_t oneOfEach = 0x8080808080808080;
-    const auto filter = m_filter; // in registers, since the compiler can't know that it stays
-    const auto* data = bytes(text);
-    const auto isExcluded = [&](std::size_t marked) {
-        return text.size() - marked >= sizeof(Block) && filter.excludes(load(data + marked));
-    };
-    for (std::size_t at = from; at < text.size(); at += sizeof(Block)) {
-        const auto marks = text.size() - at >= sizeof(Block) + 2
-            ? filter.marks(load(data + at), load(data + at + 1), load(data + at + 2))
-            : filter.marks(loadEnd(text, at), loadEnd(text, at + 1), loadEnd(text, at + 2));
-        auto halves = bits(marks);
-        if ((halves[0] | halves[1]) == 0)
-            continue;
-        for (std::size_t half = 0; half < halves.size(); ++half)
-            for (auto left = halves[half] & oneOfEach; left != 0; left &= left - 1) {
-                const auto marked
-                    = at + 8 * half + static_cast<std::size_t>(std::countr_zero(left) / 8);
-                if (marked < text.size() && !isExcluded(marked) && isCandidate(text, marked))
-                    return marked;
-            }
-    }
-    return text.size();
+    return nextMark(m_filter, text, from, *this,
+        [](const TextSearch& search, std::string_view its, std::size_t at) {
+            return search.isCandidate(its, at);
+        });
 }
 
 bool TextSearch::isCandidate(std::string_view text, std::size_t at) const
