@@ -27,9 +27,10 @@ BUTTON, TEXT = "push button", "text"
 ROUNDS = int(os.environ.get("ROUNDS", "9"))
 SEED = int(os.environ.get("SEED", "0")) or random.randrange(1, 1_000_000)
 DELAY = 0.35  # seconds that a letter may wait until its save begins
-LONGEST = 2.0  # seconds of typing
-# How long a key takes from the keyboard to the note, and a kill to the program, on a busy machine.
-ON_THE_WAY = 0.25  # seconds
+LONGEST = 3.0  # seconds of typing
+# How long a key takes from the keyboard to the note, and a kill to the program, on a machine that
+# has no time for either; what was really lost is printed.
+ON_THE_WAY = 1.0  # seconds
 
 
 def steady(_chance):
