@@ -1,3 +1,5 @@
+#include "VeskoLinux/media/GstPlugins.h"
+
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
@@ -22,5 +24,7 @@ int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
+    // With its whole stacks remembered this alone takes longer than a start may.
+    vesko::loadGstPlugins({ "libav" });
     return RUN_ALL_TESTS();
 }
