@@ -53,11 +53,16 @@ class BesideAnEditor(unittest.TestCase):
         """The next letter lands at the caret, and no other window was active meanwhile."""
         text, caret = self.editor.text, self.editor.field.caret
         hands.type_letters("x")
-        until(f"the letter is at the caret; the editor holds {self.editor.text!r}",
-              lambda: self.editor.text == text[:caret] + "x" + text[caret:])
-        self.assertEqual(self.editor.field.caret, caret + 1)
+        until(f"the letter is at the caret; the editor held {text!r}",
+              lambda: self.editor.text == text[:caret] + "x" + text[caret:]
+              and self.editor.field.caret == caret + 1)
         self.assertEqual(eyes.focused(self.editor.app), self.editor.field)
         self.assertEqual(self.focus.changes(), [])
+
+    def words_land(self, words="spoken", before="one "):
+        until("the words are at the caret, and it is behind them",
+              lambda: self.editor.text == before + words + "two"
+              and self.editor.field.caret == len(before + words))
 
     def click(self, button=1):
         hands.click(*self.vesko.button.centre, button=button)
@@ -86,7 +91,7 @@ class FloatingControl(BesideAnEditor):
         self.vesko.wait_for("recording")
         self.writes_on()
         self.click()
-        until("the words are at the caret", lambda: self.editor.text == "one xspokentwo")
+        self.words_land(before="one x")
         self.vesko.wait_for("ready")
         self.writes_on()
 
@@ -124,7 +129,7 @@ class FloatingControl(BesideAnEditor):
         self.writes_on()
         self.open_menu()
         self.click_on(ITEM, "Stop dictation")
-        until("the words are at the caret", lambda: self.editor.text == "one xxxspokentwo")
+        self.words_land(before="one xxx")
 
     def test_a_control_click_shows_the_menu_and_starts_nothing(self):
         hands.press("left control")
@@ -150,6 +155,7 @@ class FloatingControl(BesideAnEditor):
         self.click()
         self.vesko.wait_for_text("Transcribing")
         self.service.release()
+        self.words_land()
         self.vesko.wait_for_text("Ready")
         self.writes_on()
 
@@ -166,7 +172,7 @@ class FloatingControl(BesideAnEditor):
         hands.release("right control")
         until("the hint is gone",
               lambda: "Release the key to finish recording" not in self.vesko.shown())
-        until("the words are at the caret", lambda: self.editor.text == "one spokentwo")
+        self.words_land()
         self.writes_on()
 
     def test_it_is_above_whatever_is_raised(self):
@@ -204,7 +210,7 @@ class LanguageQuestion(BesideAnEditor):
         self.start()
         self.service.answer(GERMAN)
         self.vesko.dictate(lambda: human_pause(0.3))
-        until("the words are in the editor", lambda: GERMAN in self.editor.text)
+        self.words_land(GERMAN)
         self.vesko.wait_for_text(QUESTION)
         self.writes_on()
 
