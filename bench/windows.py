@@ -68,12 +68,16 @@ def searching(root):
                 shown = count.name
             if shown != before:
                 taken.append((time.monotonic() - began) * 1000)
+        for window in ("Settings", "Dictionary"):
+            vesko.press("list item", window)
+            until(f"{window} is open", lambda window=window: vesko.find("frame", f"Vesko {window}"))
+        time.sleep(1)  # until all is painted
         resident = memory(vesko.process.pid)
     if taken:
         report("a key in the search field to the new list, vs 50 ms",
                statistics.median(taken), 50, 1, "ms")
     size = os.path.getsize(os.path.join(root, "library.json")) / 2**20
-    report("memory with the library window, vs 150 MB and 3 times the file", resident,
+    report("memory with all windows opened once, vs 150 MB and 3 times the file", resident,
            150 + 3 * size, 1, "MB")
 
 
