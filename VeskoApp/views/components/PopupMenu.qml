@@ -22,7 +22,7 @@ T.Menu {
     contentWidth: {
         let widest = 0;
         for (let index = 0; index < count; ++index)
-            widest = Math.max(widest, itemAt(index).implicitWidth);
+            widest = Math.max(widest, itemAt(index)?.implicitWidth ?? 0); // a row may be on its way
         return widest;
     }
     margins: 6
