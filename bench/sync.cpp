@@ -132,7 +132,7 @@ int main()
     store->mergeRemote(part(all, 0, 50'000));
     const auto path
         = std::filesystem::directory_iterator(folder.path() / "text-sync")->path() / "journal.json";
-    const auto bytes = *readFile(files, path, TextSyncState::mostBytes);
+    const auto bytes = InputFile::open(files, path, TextSyncState::mostBytes)->text();
     std::fprintf(stderr, "%zu bytes\n", bytes.size());
 
     // As a store mostly is when it saves: opened, not filled.

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <limits>
 #include <system_error>
+#include <vector>
 
 namespace vesko {
 
@@ -10,6 +11,7 @@ namespace {
 
 constexpr mode_t ownerOnly = 0600;
 constexpr std::size_t writtenAhead = 4 << 20; // bytes
+constexpr std::size_t copiedAtOnce = 256 << 10; // bytes
 
 std::filesystem::path suffixed(std::filesystem::path path, const char* suffix)
 {
@@ -32,9 +34,9 @@ AtomicFile::AtomicFile(
 {
 }
 
-std::optional<std::string> AtomicFile::read(std::uint64_t limit) const
+std::unique_ptr<InputFile> AtomicFile::open(std::uint64_t limit) const
 {
-    return readFile(m_files, m_path, limit);
+    return InputFile::open(m_files, m_path, limit);
 }
 
 void AtomicFile::write(std::string_view bytes)
@@ -149,8 +151,17 @@ void AtomicFile::linkOrCopy(const std::filesystem::path& from, const std::filesy
 
 void AtomicFile::copy(const std::filesystem::path& from, const std::filesystem::path& to)
 {
-    if (const auto bytes = readFile(m_files, from, std::numeric_limits<off_t>::max()))
-        fill(to, [&](const Output& output) { output(*bytes); });
+    const auto file = InputFile::open(m_files, from, std::numeric_limits<off_t>::max());
+    if (!file)
+        return;
+    fill(to, [&](const Output& output) {
+        std::vector<char> piece(copiedAtOnce);
+        std::uint64_t copied = 0;
+        while (const auto size = file->read(piece, copied)) {
+            output({ piece.data(), size });
+            copied += size;
+        }
+    });
 }
 
 void AtomicFile::syncFolder()

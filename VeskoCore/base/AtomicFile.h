@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VeskoCore/base/FileSystem.h"
+#include "VeskoCore/base/InputFile.h"
 
 #include <functional>
 
@@ -18,8 +18,8 @@ public:
     AtomicFile(FileSystem& files, std::filesystem::path path,
         std::optional<std::filesystem::path> backup = std::nullopt);
 
-    // The content as readFile() gives it, or nothing if there is none yet.
-    std::optional<std::string> read(std::uint64_t limit) const;
+    // The content, as InputFile::open() gives it.
+    std::unique_ptr<InputFile> open(std::uint64_t limit) const;
 
     // Returns when the new content is on the disk. Throws std::system_error, and then the old
     // content stands (or again no file), as long as no second call fails while it is put back.

@@ -1,10 +1,7 @@
 #include "VeskoCore/base/FileSystem.h"
 
 #include <cerrno>
-#include <exception>
 #include <fcntl.h>
-#include <memory>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -12,8 +9,6 @@
 namespace vesko {
 
 namespace {
-
-constexpr std::size_t spareForParser = 64;
 
 [[noreturn]] void fail(int number)
 {
@@ -45,29 +40,16 @@ FileStatus statusFrom(const struct stat& raw)
     return status;
 }
 
-// A hint, and harmless where it isn't taken. Filling fresh memory page by page costs more than
-// reading a large file.
-void askForLargePages(std::string& text)
-{
-#ifdef MADV_HUGEPAGE
-    constexpr std::size_t largePage = 2 << 20;
-    void* begin = text.data();
-    std::size_t room = text.capacity();
-    if (std::align(largePage, largePage, begin, room))
-        ::madvise(begin, room / largePage * largePage, MADV_HUGEPAGE);
-#endif
-}
-
 class PosixFileSystem : public FileSystem {
 public:
     int open(const std::filesystem::path& path, int flags, mode_t permissions) override
     {
         return checked([&] { return ::open(path.c_str(), flags | O_CLOEXEC, permissions); });
     }
-    std::size_t read(int file, std::span<char> into) override
+    std::size_t read(int file, std::span<char> into, std::uint64_t from) override
     {
-        return static_cast<std::size_t>(
-            checked([&] { return ::read(file, into.data(), into.size()); }));
+        return static_cast<std::size_t>(checked(
+            [&] { return ::pread(file, into.data(), into.size(), static_cast<off_t>(from)); }));
     }
     std::size_t write(int file, std::string_view bytes) override
     {
@@ -160,41 +142,6 @@ void makeFolders(FileSystem& files, const std::filesystem::path& folder)
         if (!std::filesystem::is_directory(folder))
             throw;
     }
-}
-
-std::optional<std::string> readFile(
-    FileSystem& files, const std::filesystem::path& path, std::uint64_t limit)
-{
-    if (!files.status(path))
-        return std::nullopt;
-    // Without blocking, or a pipe that stands in the file's place would hold us for ever.
-    const OpenFile file(files, path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
-    const auto status = files.status(file);
-    if (status.kind != FileStatus::regular)
-        fail(EINVAL);
-    if (status.size > limit)
-        fail(EFBIG);
-    std::string text;
-    text.reserve(status.size + spareForParser);
-    askForLargePages(text);
-    std::exception_ptr failure;
-    text.resize_and_overwrite(status.size, [&](char* begin, std::size_t size) noexcept {
-        std::size_t filled = 0;
-        try {
-            while (filled < size) {
-                const auto came = files.read(file, { begin + filled, size - filled });
-                if (came == 0)
-                    break;
-                filled += came;
-            }
-        } catch (...) {
-            failure = std::current_exception();
-        }
-        return filled;
-    });
-    if (failure)
-        std::rethrow_exception(failure);
-    return text;
 }
 
 } // namespace vesko

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 #include <sys/types.h>
 #include <utility>
@@ -31,8 +30,8 @@ public:
 
     // Flags as open(2) takes them; the descriptor is never passed on to another program.
     virtual int open(const std::filesystem::path& path, int flags, mode_t permissions) = 0;
-    // How many bytes came, 0 at the end of the file.
-    virtual std::size_t read(int file, std::span<char> into) = 0;
+    // How many bytes came from that place on, 0 at the end of the file.
+    virtual std::size_t read(int file, std::span<char> into, std::uint64_t from) = 0;
     // How many bytes went, which may be fewer than given.
     virtual std::size_t write(int file, std::string_view bytes) = 0;
     virtual void setPermissions(int file, mode_t permissions) = 0;
@@ -79,11 +78,5 @@ private:
 // Makes the folder and those above it, for the owner alone, where they don't exist. Throws
 // std::system_error, also when something else stands in the way.
 void makeFolders(FileSystem& files, const std::filesystem::path& folder);
-
-// The file's bytes, or nothing if there is no such file. Throws std::system_error, also for what
-// is no regular file (a symbolic link among them) or is longer than the limit in bytes. The text
-// has 64 bytes of spare capacity, so that a parser which reads ahead need not copy it.
-std::optional<std::string> readFile(
-    FileSystem& files, const std::filesystem::path& path, std::uint64_t limit);
 
 } // namespace vesko

@@ -3,9 +3,11 @@
 #include "VeskoCore/base/JsonReader.h"
 #include "VeskoCore/library/VeskoError.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vesko {
@@ -38,58 +40,124 @@ bool hasForNotes(const JsonDocument& document, std::string_view text)
         && notes.at(0).get(only) == simdjson::SUCCESS && only == text;
 }
 
-// The texts of the notes, the first of which begins there; `at` is then behind the last. Nothing
-// if they aren't laid out as the store does it.
-std::optional<std::vector<std::string_view>> notesIn(std::string_view text, std::size_t& at)
+// What is in memory of a file that is read from its beginning to its end: a piece that moves on,
+// and is no longer than what has to be seen at once. So a large file costs neither its size in
+// memory nor the time to fill that.
+class MovingPiece {
+public:
+    explicit MovingPiece(InputFile& file)
+        : m_file(file)
+    {
+    }
+
+    // Not for longer than until the next call.
+    std::string_view text() const { return { m_room.get() + m_begin, m_end - m_begin }; }
+    void drop(std::size_t size) { m_begin += size; }
+
+    bool startsWith(std::string_view start)
+    {
+        while (text().size() < start.size() && extend()) { }
+        return text().starts_with(start);
+    }
+    // Where the mark first ends in the text behind `from`.
+    std::optional<std::size_t> endOf(std::string_view mark, std::size_t from)
+    {
+        for (auto at = from;;) {
+            // Its last character is the rarest of all.
+            at = text().find(mark.back(), at);
+            if (at == std::string_view::npos) {
+                at = text().size();
+                if (!extend())
+                    return std::nullopt;
+            } else if (text().substr(from, ++at - from).ends_with(mark)) {
+                return at;
+            }
+        }
+    }
+    std::string_view rest()
+    {
+        while (extend()) { }
+        return text();
+    }
+
+private:
+    static constexpr std::size_t least = 256 << 10; // fits into the processor's memory
+
+    // Lets more be seen, if there is more.
+    bool extend()
+    {
+        std::copy(m_room.get() + m_begin, m_room.get() + m_end, m_room.get());
+        m_end -= std::exchange(m_begin, 0);
+        if (m_end == m_size)
+            grow();
+        const auto came = m_file.read({ m_room.get() + m_end, m_size - m_end }, m_position);
+        m_position += came;
+        m_end += came;
+        return came > 0;
+    }
+    void grow()
+    {
+        const auto size = std::max(least, 2 * m_size);
+        auto room = std::make_unique_for_overwrite<char[]>(size + JsonDocument::spare);
+        std::copy(m_room.get(), m_room.get() + m_end, room.get());
+        m_room = std::move(room);
+        m_size = size;
+    }
+
+    InputFile& m_file;
+    std::uint64_t m_position = 0; // in the file, behind what is seen
+    std::unique_ptr<char[]> m_room; // with the parser's spare bytes
+    std::size_t m_size = 0, m_begin = 0, m_end = 0;
+};
+
+// The notes from the piece's beginning on, behind the last of which it then stands. Nothing if
+// they aren't laid out as the store does it.
+std::optional<SharedArray<Note>> notesIn(MovingPiece& piece)
 {
-    std::vector<std::string_view> notes;
-    while (text.substr(at).starts_with(noteBegin)) {
-        const auto end = text.find(noteEnd, at + noteBegin.size() - 1);
-        if (end == text.npos)
+    std::vector<std::shared_ptr<const Note>> notes;
+    JsonDocument document;
+    while (piece.startsWith(noteBegin)) {
+        const auto end = piece.endOf(noteEnd, noteBegin.size() - 1);
+        if (!end)
             return std::nullopt;
-        notes.push_back(text.substr(at, end + noteEnd.size() - at));
-        at = end + noteEnd.size();
-        if (!text.substr(at).starts_with(separator))
+        document.parse(piece.text().substr(0, *end));
+        notes.push_back(std::make_shared<Note>(document.as<Note>()));
+        piece.drop(*end);
+        if (!piece.startsWith(separator))
             break;
-        at += separator.size();
-        if (!text.substr(at).starts_with(noteBegin))
+        piece.drop(separator.size());
+        if (!piece.startsWith(noteBegin))
             return std::nullopt;
     }
-    if (!text.substr(at).starts_with(listEnd))
+    if (!piece.startsWith(listEnd))
         return std::nullopt;
-    return notes;
+    return SharedArray<Note>(std::move(notes));
 }
 
 // Nothing if the text isn't laid out as the store does it, or is damaged: then a look at the whole
 // tells which.
-std::optional<Library> readInPieces(std::string_view text)
+std::optional<Library> readInPieces(InputFile& file)
 {
-    const auto begin = text.find(listBegin);
-    if (begin == text.npos)
+    MovingPiece piece(file);
+    const auto begin = piece.endOf(listBegin, 0);
+    if (!begin)
         return std::nullopt;
-    const auto before = begin + listBegin.size();
-    auto behind = before;
-    const auto pieces = notesIn(text, behind);
-    if (!pieces)
-        return std::nullopt;
-    const auto rest = [&](const std::string& notes) {
-        return std::string(text.substr(0, before)) + notes + std::string(text.substr(behind));
-    };
+    const std::string before(piece.text().substr(0, *begin));
+    piece.drop(*begin);
     try {
+        auto notes = notesIn(piece);
+        if (!notes)
+            return std::nullopt;
+        const auto behind = piece.rest();
+        const auto with
+            = [&](const std::string& list) { return before + list + std::string(behind); };
         // Another place of that name would not hold what no one can foresee.
         const auto mark = Uuid::random().text();
-        const JsonDocument marked(rest('"' + mark + '"'));
+        const JsonDocument marked(with('"' + mark + '"'));
         if (!isKnownSchema(marked) || !hasForNotes(marked, mark))
             return std::nullopt;
-        auto library = JsonDocument(rest("")).as<Library>();
-        std::vector<std::shared_ptr<const Note>> notes;
-        notes.reserve(pieces->size());
-        JsonDocument document;
-        for (const auto piece : *pieces) {
-            document.parse(piece);
-            notes.push_back(std::make_shared<Note>(document.as<Note>()));
-        }
-        library.notes = SharedArray<Note>(std::move(notes));
+        auto library = JsonDocument(with("")).as<Library>();
+        library.notes = std::move(*notes);
         return library;
     } catch (const JsonError&) {
         return std::nullopt;
@@ -98,12 +166,11 @@ std::optional<Library> readInPieces(std::string_view text)
 
 } // namespace
 
-Library readLibrary(std::string text)
+Library readLibrary(InputFile& file)
 {
-    text.reserve(text.size() + JsonDocument::spare);
-    if (auto library = readInPieces(text))
+    if (auto library = readInPieces(file))
         return std::move(*library);
-    const JsonDocument document(std::move(text));
+    const JsonDocument document(file.text());
     if (!isKnownSchema(document))
         throw VeskoError(VeskoError::unsupportedSchema);
     return document.as<Library>();

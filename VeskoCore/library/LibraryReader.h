@@ -1,15 +1,15 @@
 #pragma once
 
+#include "VeskoCore/base/InputFile.h"
 #include "VeskoCore/library/Library.h"
-
-#include <string>
 
 namespace vesko {
 
-// The library that a text holds. Throws VeskoError::unsupportedSchema for a later schema, whatever
-// its shape, and JsonError for what is no library. As quick as it can be where the text is laid out
-// as the store writes it: then each note is parsed by itself, in memory that is used again, instead
-// of a whole document that is several times as large as the library.
-Library readLibrary(std::string text);
+// The library that a file holds. Throws VeskoError::unsupportedSchema for a later schema, whatever
+// its shape, JsonError for what is no library, and std::system_error for what can't be read. As
+// quick as it can be where the text is laid out as the store writes it: then it is read and parsed
+// note by note, in memory that is used again, instead of as a whole document that is several times
+// as large as the library.
+Library readLibrary(InputFile& file);
 
 } // namespace vesko

@@ -90,8 +90,8 @@ LibraryStore::LibraryStore(std::filesystem::path root, const Clock& clock, FileS
 void LibraryStore::open()
 {
     Library library;
-    if (auto text = m_document.read(largestDocument))
-        library = readLibrary(std::move(*text));
+    if (const auto file = m_document.open(largestDocument))
+        library = readLibrary(*file);
     makeFolders(m_files, m_root / recordingsFolder);
     if (repair(library, m_clock))
         save(std::move(library));

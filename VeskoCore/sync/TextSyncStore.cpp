@@ -57,8 +57,8 @@ TextSyncState TextSyncStore::load() const
         return {};
     if (status->size > TextSyncState::mostBytes)
         throw TextSyncFailure(TextSyncFailure::tooLarge);
-    auto text = m_document.read(TextSyncState::mostBytes);
-    return text ? TextSyncState::decode(std::move(*text)) : TextSyncState();
+    const auto file = m_document.open(TextSyncState::mostBytes);
+    return file ? TextSyncState::decode(file->text()) : TextSyncState();
 }
 
 void TextSyncStore::commit(TextSyncState changed)

@@ -1,6 +1,6 @@
 #include "VeskoLinux/audio/GstCueEngine.h"
 
-#include "VeskoCore/base/FileSystem.h"
+#include "VeskoCore/base/InputFile.h"
 #include "VeskoLinux/audio/CuePlayback.h"
 
 #include <stdexcept>
@@ -47,8 +47,9 @@ void GstCueEngine::readSample(const std::string& name)
 {
     try {
         for (const auto& folder : m_folders)
-            if (auto wav = readFile(FileSystem::posix(), folder / (name + ".wav"), longestSample)) {
-                m_samples.emplace(name, std::move(*wav));
+            if (const auto wav
+                = InputFile::open(FileSystem::posix(), folder / (name + ".wav"), longestSample)) {
+                m_samples.emplace(name, wav->text());
                 return;
             }
     } catch (const std::system_error&) {

@@ -31,9 +31,9 @@ public:
     {
         return call([&] { return m_real.open(path, flags, permissions); });
     }
-    std::size_t read(int file, std::span<char> into) override
+    std::size_t read(int file, std::span<char> into, std::uint64_t from) override
     {
-        return call([&] { return m_real.read(file, into); });
+        return call([&] { return m_real.read(file, into, from); });
     }
     std::size_t write(int file, std::string_view bytes) override
     {

@@ -61,7 +61,7 @@ TEST_P(AtomicFileTest, ReplacesTheFileAndKeepsTheContentBeforeItAsTheBackup)
     EXPECT_EQ(names(), tidy(true));
     document.write("third");
     EXPECT_EQ(bytesOf(path), "third");
-    EXPECT_EQ(document.read(100), "third");
+    EXPECT_EQ(document.open(100)->text(), "third");
     if (GetParam()) {
         EXPECT_EQ(bytesOf(backup), "second");
         EXPECT_EQ(permissionsOf(backup), 0600);
@@ -157,7 +157,7 @@ TEST_P(AtomicFileTest, RefusesToReplaceWhatIsNoRegularFile)
             ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
         const auto before = names();
         EXPECT_THROW(file(FileSystem::posix()).write("new"), std::system_error);
-        EXPECT_THROW(file(FileSystem::posix()).read(100), std::system_error);
+        EXPECT_THROW(file(FileSystem::posix()).open(100), std::system_error);
         EXPECT_EQ(names(), before);
         EXPECT_EQ(bytesOf(folder.path() / "victim"), "precious");
     }

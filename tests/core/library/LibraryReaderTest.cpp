@@ -4,7 +4,9 @@
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/library/VeskoError.h"
 #include "tests/core/library/Replaced.h"
+#include "tests/fakes/FailingFileSystem.h"
 #include "tests/fakes/Files.h"
+#include "tests/fakes/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -27,7 +29,11 @@ std::string outcome(Read read)
 
 std::string outcomeOf(const std::string& text)
 {
-    return outcome([&] { return readLibrary(text); });
+    static const TemporaryFolder folder;
+    const auto path = folder.path() / "library.json";
+    putBytes(path, text);
+    return outcome(
+        [&] { return readLibrary(*InputFile::open(FileSystem::posix(), path, text.size())); });
 }
 
 // The same by a look at the document as a whole.
@@ -59,6 +65,56 @@ TEST(LibraryReader, ReadsEveryLayout)
     EXPECT_EQ(outcomeOf(replaced(full, "  \"notes\" : [\n", "  \"notes\" : [\n\n")), compact);
     const auto empty = bytesOf(VESKO_TEST_DATA "/library/empty.json");
     EXPECT_EQ(outcomeOf(empty), plainOutcomeOf(empty));
+}
+
+// A dictionary and notes that each are longer than what is read at once, among many short ones.
+std::string longLibrary(std::mt19937& random)
+{
+    const JsonDocument document(fullLibrary());
+    auto library = document.as<Library>();
+    std::vector<DictionaryEntry> terms(2'000, library.dictionary[0]);
+    library.dictionary = SharedArray(std::move(terms));
+    std::vector<Note> notes;
+    for (int count = 0; count < 100; ++count) {
+        auto note = library.notes[random() % library.notes.size()];
+        note.body = std::string(random() % 7'000, '}');
+        notes.push_back(std::move(note));
+    }
+    for (const std::size_t length : { 262'144, 262'143, 900'000, 0 }) {
+        notes[random() % notes.size()].body = std::string(length, '}');
+        notes.back().body = std::string(length, '\n');
+    }
+    library.notes = SharedArray(std::move(notes));
+    return JsonWriter::write(library, JsonWriter::Form::pretty);
+}
+
+TEST(LibraryReader, ReadsALibraryThatIsLongerThanWhatItLooksAt)
+{
+    std::mt19937 random(20260611);
+    const auto text = longLibrary(random);
+    const auto expected = plainOutcomeOf(text);
+    ASSERT_EQ(expected.front(), '{');
+    EXPECT_TRUE(outcomeOf(text) == expected);
+    EXPECT_TRUE(outcomeOf(text + std::string(300'000, ' ')) == expected);
+    EXPECT_EQ(outcomeOf(text.substr(0, random() % text.size())), "damaged");
+}
+
+TEST(LibraryReader, SaysWhenTheFileCannotBeRead)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.path() / "library.json";
+    std::mt19937 random(1);
+    putBytes(path, longLibrary(random));
+    FailingFileSystem files;
+    readLibrary(*InputFile::open(files, path, UINT64_MAX));
+    const int closing = files.calls - 1;
+    ASSERT_GT(closing, 5);
+    files.fault = FailingFileSystem::Fault::error;
+    files.number = EIO;
+    for (files.at = 0; files.at < closing; ++files.at) {
+        files.calls = 0;
+        EXPECT_THROW(readLibrary(*InputFile::open(files, path, UINT64_MAX)), std::system_error);
+    }
 }
 
 TEST(LibraryReader, IsNotMisledByWhatLooksLikeItsNotes)
