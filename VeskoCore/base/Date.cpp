@@ -6,16 +6,8 @@ namespace vesko {
 
 namespace {
 
-constexpr std::string_view pattern = "dddd-dd-ddTdd:dd:ddZ";
-static_assert(pattern.size() == Date::textLength);
-
-int number(std::string_view digits)
-{
-    int value = 0;
-    for (const char digit : digits)
-        value = value * 10 + (digit - '0');
-    return value;
-}
+constexpr std::string_view marks = "    -  -  T  :  :  Z";
+static_assert(marks.size() == Date::textLength);
 
 void putTwoDigits(char* place, unsigned value)
 {
@@ -28,20 +20,24 @@ void putTwoDigits(char* place, unsigned value)
 std::optional<Date> Date::parse(std::string_view text)
 {
     using namespace std::chrono;
-    if (text.size() != pattern.size())
+    if (text.size() != textLength)
         return std::nullopt;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const bool fits
-            = pattern[at] == 'd' ? text[at] >= '0' && text[at] <= '9' : text[at] == pattern[at];
-        if (!fits)
-            return std::nullopt;
-    }
-    const auto part
-        = [&](std::size_t at, std::size_t length) { return number(text.substr(at, length)); };
+    bool fits = true;
+    for (std::size_t at = 0; at < marks.size(); ++at)
+        fits = fits && (marks[at] == ' ' || text[at] == marks[at]);
+    const auto part = [&](std::size_t at, std::size_t length) {
+        int value = 0;
+        for (const char character : text.substr(at, length)) {
+            const int digit = character - '0';
+            fits = fits && digit >= 0 && digit <= 9;
+            value = value * 10 + digit;
+        }
+        return value;
+    };
     const year_month_day day{ year{ part(0, 4) }, month{ static_cast<unsigned>(part(5, 2)) },
         std::chrono::day{ static_cast<unsigned>(part(8, 2)) } };
     const int hour = part(11, 2), minute = part(14, 2), second = part(17, 2);
-    if (!day.ok() || hour > 23 || minute > 59 || second > 59)
+    if (!fits || !day.ok() || hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
     return Date{ sys_days{ day } + hours{ hour } + minutes{ minute } + seconds{ second } };
 }
@@ -60,7 +56,7 @@ std::optional<Date> Date::parseInternet(std::string_view text)
             return std::nullopt;
         std::string fraction(text.substr(1, digits));
         fraction.resize(6, '0');
-        date->time += microseconds(number(fraction));
+        date->time += microseconds(std::stoi(fraction));
         text.remove_prefix(1 + digits);
     }
     if (text == "Z")
@@ -90,7 +86,7 @@ void Date::writeTo(char* place) const
     const auto midnight = floor<days>(whole);
     const year_month_day day{ midnight };
     const hh_mm_ss clock{ whole - midnight };
-    std::ranges::copy(pattern, place);
+    std::ranges::copy(marks, place);
     const auto year = static_cast<unsigned>(static_cast<int>(day.year()));
     putTwoDigits(place, year / 100);
     putTwoDigits(place + 2, year % 100);

@@ -160,31 +160,24 @@ private:
     template <JsonRecord T>
     void read(Element from, T& to) const
     {
-        constexpr auto& fields = jsonFields<T>;
-        constexpr auto count = std::tuple_size_v<std::remove_cvref_t<decltype(fields)>>;
-        std::bitset<count> seen;
-        const auto readMember = [&](std::size_t index, const auto& field, auto key, Element value) {
-            if (key != field.key)
-                return false;
-            if (seen[index])
+        constexpr auto& members = membersOf<T>;
+        std::bitset<members.size()> seen;
+        std::size_t next = 0; // mostly, since the keys of a file stand in their order
+        for (const auto [key, value] : get<simdjson::dom::object>(from)) {
+            for (std::size_t tried = 0; tried < members.size(); ++tried) {
+                const auto at = std::exchange(next, (next + 1) % members.size());
+                if (members[at].key != key)
+                    continue;
+                if (seen[at])
+                    throw JsonError();
+                seen.set(at);
+                members[at].read(*this, value, to);
+                break;
+            }
+        }
+        for (std::size_t at = 0; at < members.size(); ++at)
+            if (!seen[at] && members[at].mustBeThere)
                 throw JsonError();
-            seen.set(index);
-            read(value, to.*field.member);
-            return true;
-        };
-        for (const auto member : get<simdjson::dom::object>(from))
-            std::apply(
-                [&](const auto&... field) {
-                    std::size_t index = 0;
-                    (readMember(index++, field, member.key, member.value) || ...);
-                },
-                fields);
-        std::apply(
-            [&](const auto&... field) {
-                std::size_t index = 0;
-                ((!seen[index++] && mustBeThere(field) ? throw JsonError() : void()), ...);
-            },
-            fields);
     }
 
     template <class T>
@@ -210,16 +203,35 @@ private:
             throw JsonError();
         return *value;
     }
+    template <class T>
+    struct Member {
+        std::string_view key;
+        bool mustBeThere;
+        void (*read)(const JsonDocument&, Element, T&);
+    };
     template <class Record, class T>
-    static bool mustBeThere(const JsonField<Record, T>& field)
+    static constexpr bool isOptional(const JsonField<Record, std::optional<T>>&)
     {
-        return field.presence == JsonKey::required;
+        return true;
     }
     template <class Record, class T>
-    static bool mustBeThere(const JsonField<Record, std::optional<T>>&)
+    static constexpr bool isOptional(const JsonField<Record, T>& field)
     {
-        return false;
+        return field.presence == JsonKey::mayBeMissing;
     }
+    template <JsonRecord T, std::size_t index>
+    static constexpr Member<T> memberOf()
+    {
+        constexpr auto& field = std::get<index>(jsonFields<T>);
+        return { field.key, !isOptional(field),
+            [](const JsonDocument& document, Element from, T& to) {
+                document.read(from, to.*std::get<index>(jsonFields<T>).member);
+            } };
+    }
+    template <JsonRecord T>
+    static constexpr auto membersOf = []<std::size_t... index>(std::index_sequence<index...>) {
+        return std::array{ memberOf<T, index>()... };
+    }(std::make_index_sequence<std::tuple_size_v<std::remove_cvref_t<decltype(jsonFields<T>)>>>());
 
     simdjson::dom::parser m_parser;
     simdjson::dom::element m_root;

@@ -7,10 +7,9 @@ namespace vesko {
 
 namespace {
 
-constexpr bool isDash(std::size_t position)
-{
-    return position == 8 || position == 13 || position == 18 || position == 23;
-}
+// Where the digits of each byte stand in the text.
+constexpr std::array<std::uint8_t, 16> places{ 0, 2, 4, 6, 9, 11, 14, 16, 19, 21, 24, 26, 28, 30,
+    32, 34 };
 
 constexpr std::uint8_t noDigit = 0xFF;
 
@@ -51,24 +50,19 @@ Uuid Uuid::random()
 
 std::optional<Uuid> Uuid::parse(std::string_view text)
 {
-    if (text.size() != textLength)
+    if (text.size() != textLength || text[8] != '-' || text[13] != '-' || text[18] != '-'
+        || text[23] != '-')
         return std::nullopt;
+    const auto valueAt
+        = [&](std::size_t place) { return digitValues[static_cast<unsigned char>(text[place])]; };
     Uuid id;
-    std::size_t half = 0;
-    for (std::size_t at = 0; at < textLength; ++at) {
-        if (isDash(at)) {
-            if (text[at] != '-')
-                return std::nullopt;
-            continue;
-        }
-        const auto value = digitValues[static_cast<unsigned char>(text[at])];
-        if (value == noDigit)
-            return std::nullopt;
-        auto& byte = id.m_bytes[half / 2];
-        byte = static_cast<std::uint8_t>(byte << 4 | value);
-        ++half;
+    std::uint8_t all = 0;
+    for (std::size_t at = 0; at < places.size(); ++at) {
+        const auto high = valueAt(places[at]), low = valueAt(places[at] + 1U);
+        all |= high | low;
+        id.m_bytes[at] = static_cast<std::uint8_t>(high << 4 | low);
     }
-    return id;
+    return all <= 0x0F ? std::optional(id) : std::nullopt;
 }
 
 std::string Uuid::text() const
