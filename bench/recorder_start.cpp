@@ -70,6 +70,7 @@ int main(int argc, char** argv)
     const Child reader(
         { "sh", "-c", "exec parec --device=mic --latency-msec=10 --raw >/dev/null" });
     GstRecorder recorder;
+    recorder.prepare();
     const auto file = std::filesystem::temp_directory_path()
         / ("vesko-bench-" + std::to_string(QCoreApplication::applicationPid()) + ".m4a");
     ours(recorder, file); // the first ones load plugins and libraries from the disk

@@ -73,6 +73,8 @@ Task<> AppModel::openLibrary(LibraryOpening open)
         co_await refreshLibrary();
         assign(m_libraryReady, true, &AppModel::libraryReadyChanged);
         qCInfo(captureLog, "library_ready");
+        // Not before, when it would take its time from the library and nobody could record yet.
+        m_capture.prepare();
     } catch (...) {
         failure = std::current_exception();
     }

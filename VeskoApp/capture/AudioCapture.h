@@ -13,6 +13,7 @@ public:
     explicit AudioCapture(AudioRecorder& recorder);
     ~AudioCapture();
 
+    void prepare() { m_recorder.prepare(); }
     Task<bool> requestMicrophone() { return m_recorder.requestAccess(); }
     // Takes in sound from now on; start says where it goes.
     void open() { m_recorder.open(); }

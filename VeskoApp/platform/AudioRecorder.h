@@ -19,6 +19,9 @@ class AudioRecorder {
 public:
     virtual ~AudioRecorder() = default;
 
+    // Puts together what the first open takes, which then comes sooner to its sound.
+    virtual void prepare() = 0;
+
     // Whether the user lets this program use a microphone; may ask the user, once.
     virtual Task<bool> requestAccess() = 0;
 

@@ -14,7 +14,6 @@ GstRecorder::GstRecorder(std::chrono::milliseconds patience)
     : m_patience(patience)
     , m_next(nextPipeline())
 {
-    m_tasks.spawn(build(m_next));
 }
 
 GstRecorder::~GstRecorder()
@@ -39,6 +38,11 @@ GstRecorder::Pipeline GstRecorder::nextPipeline()
     });
     *self = pipeline;
     return pipeline;
+}
+
+void GstRecorder::prepare()
+{
+    m_tasks.spawn(build(m_next));
 }
 
 // Programs outside a sandbox may use the microphone.

@@ -16,8 +16,8 @@ class RecordingPipeline;
 
 // Records through GStreamer from the sound server's default source, which stays the source if the
 // user's choice moves it elsewhere meanwhile. What plays through the speakers is never taken for a
-// microphone. The parts are put together when the program starts and after each recording, so that
-// a press finds them ready; while idle there is no thread awake and no connection.
+// microphone. The parts for the next recording are put together after each, so that a press
+// finds them ready; while idle there is no thread awake and no connection.
 //
 // Destroying it ends a running recording and waits for its file.
 class GstRecorder final : public AudioRecorder {
@@ -26,6 +26,7 @@ public:
     explicit GstRecorder(std::chrono::milliseconds patience = std::chrono::seconds(6));
     ~GstRecorder() override;
 
+    void prepare() override;
     Task<bool> requestAccess() override;
     void open() override;
     Task<> start(std::filesystem::path file) override;

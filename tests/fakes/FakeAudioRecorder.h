@@ -29,6 +29,7 @@ public:
     Gate starting;
     Gate finishing;
 
+    int preparations = 0;
     int accessRequests = 0;
     std::vector<std::filesystem::path> files; // that a start was asked for
 
@@ -43,6 +44,7 @@ public:
     // The report alone, as it may come late.
     void reportFailure(RecorderFailure failure) { onFailure(failure); }
 
+    void prepare() override { ++preparations; }
     Task<bool> requestAccess() override
     {
         ++accessRequests;

@@ -45,6 +45,17 @@ TEST_F(OpeningTest, IsToldOfWhenItTakesLonger)
     EXPECT_TRUE(model->library().notes.empty());
 }
 
+TEST_F(OpeningTest, ComesBeforeTheRecorderIsPrepared)
+{
+    slowDisk();
+    start();
+    drainEvents();
+    EXPECT_EQ(machine.recorder.preparations, 0);
+    hurryDisk();
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    EXPECT_EQ(machine.recorder.preparations, 1);
+}
+
 TEST_F(OpeningTest, IsOverWhenItFails)
 {
     std::filesystem::create_directories(root());

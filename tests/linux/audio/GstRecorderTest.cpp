@@ -29,6 +29,7 @@ TEST_F(GstRecorderTest, WhatTheMicrophoneHearsStandsInAnOrdinaryFile)
     SoundServer server;
     server.playTone(-20);
     GstRecorder recorder;
+    recorder.prepare();
     begin(recorder);
     recordUntil(recorder, 2);
     const double seconds = end(recorder);
