@@ -135,6 +135,9 @@ int runApplication(
     QGuiApplication::setApplicationName(QStringLiteral("vesko"));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.vesko.Vesko"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    // The control's parts are loaded while the rest of the machine is asked for.
+    QQmlEngine engine;
+    prepareViews(engine);
     const auto deployment = Deployment::read(deploymentFolders());
     QGuiApplication::setApplicationVersion(QString::fromStdString(deployment.version));
     const auto languages = preferredLanguages();
@@ -169,8 +172,6 @@ int runApplication(
     AppModel model(
         platform, [&library] { return library.get(); },
         OpenRouterClient(deployment.openRouterBaseURL), deployment.analytics, deployment.account);
-    QQmlEngine engine;
-    prepareViews(engine);
     AppDelegate delegate(platform, model);
     delegate.windows().make
         = [&](AppWindow kind) { return makeWindow(engine, kind, platform, model, delegate); };

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Window
 
 // The floating control: a round button with what the program is doing beside it, and above it a
 // question, the menu, a hint or what has just happened. It never takes the focus from the field

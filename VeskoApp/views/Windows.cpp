@@ -21,13 +21,19 @@ namespace {
 
 Q_LOGGING_CATEGORY(windowsLog, "app.vesko.mac.windows", QtInfoMsg)
 
+const auto capturePanel = QStringLiteral("CapturePanel");
+
+QUrl sourceOf(const QString& name)
+{
+    return { QStringLiteral("qrc:/qt/qml/Vesko/Views/%1.qml").arg(name) };
+}
+
 std::unique_ptr<QWindow> make(
     QQmlEngine& engine, const QString& name, const QVariantMap& properties)
 {
     QElapsedTimer began;
     began.start();
-    QQmlComponent component(
-        &engine, QUrl(QStringLiteral("qrc:/qt/qml/Vesko/Views/%1.qml").arg(name)));
+    QQmlComponent component(&engine, sourceOf(name));
     if (!component.isReady())
         throw std::runtime_error(component.errorString().toStdString());
     std::unique_ptr<QObject> made(component.createWithInitialProperties(properties));
@@ -65,12 +71,14 @@ void prepareViews(QQmlEngine& engine)
 {
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
+    // Whoever makes the control soon finds it loaded, or waits for the rest only.
+    new QQmlComponent(&engine, sourceOf(capturePanel), QQmlComponent::Asynchronous, &engine);
 }
 
 std::unique_ptr<QWindow> makeCapturePanel(
     QQmlEngine& engine, AppModel& model, AppDelegate& delegate)
 {
-    auto panel = make(engine, QStringLiteral("CapturePanel"),
+    auto panel = make(engine, capturePanel,
         { { QStringLiteral("model"), handed(model) },
             { QStringLiteral("control"), handed(delegate.captureControl()) },
             { QStringLiteral("delegate"), handed(delegate) } });

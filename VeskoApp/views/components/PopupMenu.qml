@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Templates as T
-import QtQuick.Window
 
 // A menu of MenuRow and MenuLine. The keyboard goes back to where it was when it closes.
 T.Menu {

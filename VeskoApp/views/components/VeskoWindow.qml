@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Window
 
 // A window of the program: its colours, the keys that work in every window, and the menu.
 Window {
