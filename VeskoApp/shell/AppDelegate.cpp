@@ -50,6 +50,9 @@ void AppDelegate::launch(bool background, const Demo& demo)
     m_platform.runningInstance.onOpen
         = [this](const auto& addresses) { m_model.openAddresses(addresses); };
     m_model.setShortcutMessage(m_hotkeys.start());
+    for (const auto changed : { &AppModel::libraryReadyChanged, &AppModel::libraryOpeningChanged,
+             &AppModel::errorMessageChanged })
+        connect(&m_model, changed, this, &AppDelegate::showCaptureControl, Qt::QueuedConnection);
     showCaptureControl();
     m_model.onAccountNeeded = [this] { showOnboarding(); };
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::observeAccess);
@@ -67,8 +70,14 @@ void AppDelegate::launch(bool background, const Demo& demo)
         m_tasks.spawn(showScene(*demo.scene));
 }
 
+// Where nothing can be dictated yet, the button would only be in the way of the library: it comes
+// when there is something to press or to say.
 void AppDelegate::showCaptureControl()
 {
+    const bool isWanted
+        = m_model.libraryReady() || m_model.libraryOpening() || !m_model.errorMessage().empty();
+    if (m_captureControl.window() || !isWanted)
+        return;
     m_captureControl.setWindow(makeCapturePanel());
     updateCaptureVisibility();
 }

@@ -3,6 +3,7 @@
 #include "tests/app/shell/AppDelegateTest.h"
 
 #include "VeskoCore/account/QueryItems.h"
+#include "tests/fakes/Files.h"
 #include "tests/fakes/LoopbackServer.h"
 
 #include <QEvent>
@@ -173,6 +174,44 @@ TEST_F(AppDelegateTest, TheFloatingControlIsShownAsTheSettingsSay)
     EXPECT_FALSE(controlShown());
     model->preferences().showFloating.set(true);
     EXPECT_TRUE(controlShown());
+}
+
+TEST_F(AppDelegateTest, TheFloatingControlComesWithTheLibrary)
+{
+    slowDisk();
+    start();
+    launch();
+    machine.clock.turn(0.1);
+    drainEvents();
+    EXPECT_FALSE(controlShown());
+    hurryDisk();
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    EXPECT_TRUE(eventually([&] { return controlShown(); }));
+}
+
+TEST_F(AppDelegateTest, TheFloatingControlSaysThatTheLibraryIsLongInOpening)
+{
+    slowDisk();
+    start();
+    launch();
+    machine.clock.turn(0.2);
+    EXPECT_TRUE(eventually([&] { return controlShown(); }));
+    const auto* const control = delegate->captureControl().window();
+    hurryDisk();
+    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    drainEvents();
+    EXPECT_EQ(delegate->captureControl().window(), control);
+}
+
+TEST_F(AppDelegateTest, TheFloatingControlSaysThatThereIsNoLibrary)
+{
+    std::filesystem::create_directories(root());
+    putBytes(root() / "library.json", "no library");
+    start();
+    launch();
+    EXPECT_TRUE(eventually([&] { return controlShown(); }));
+    EXPECT_FALSE(model->libraryReady());
+    EXPECT_FALSE(model->errorMessage().empty());
 }
 
 TEST_F(AppDelegateTest, TheGestureKeyIsThatOfTheSettings)

@@ -29,7 +29,11 @@ protected:
                 count += 1 + std::ranges::count(machine.desktop.broughtHere, window);
         return count;
     }
-    bool controlShown() const { return delegate->captureControl().window()->isVisible(); }
+    bool controlShown() const
+    {
+        const auto* const window = delegate->captureControl().window();
+        return window && window->isVisible();
+    }
     // The kinds of the windows that were made, in that order.
     std::vector<AppWindow> opened() const
     {
