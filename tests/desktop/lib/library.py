@@ -53,7 +53,7 @@ def write(root, notes):
     made = []
     for number in range(notes):
         when = f"2025-{number // 28 % 12 + 1:02}-{number % 28 + 1:02}T08:{number % 60:02}:00Z"
-        text = " ".join(chance.choices(WORDS, k=270))
+        text = " ".join(chance.choices(WORDS, k=246))
         note, recording, attempt = (_identity(chance) for _ in range(3))
         made.append({
             "id": note, "kind": "dictation", "title": "", "body": text, "createdAt": when,
