@@ -31,6 +31,28 @@ bool isFound(TextSearch& search, const Note& note)
     return false;
 }
 
+void fetch(const void* begin, std::size_t size)
+{
+    constexpr std::size_t atOnce = 64; // bytes
+    for (std::size_t at = 0; at < size; at += atOnce)
+        __builtin_prefetch(static_cast<const char*>(begin) + at);
+}
+
+// Asks the memory, step by step, for the notes behind and for where their texts begin: it takes
+// longer to give these than a short search takes.
+void fetchBehind(const SharedArray<Note>& notes, std::size_t index)
+{
+    constexpr std::size_t step = 4;
+    constexpr std::size_t beginning = 256; // bytes
+    if (index + 3 * step >= notes.size())
+        return;
+    fetch(&notes[index + 3 * step], sizeof(Note));
+    const auto& next = notes[index + 2 * step];
+    fetch(next.title.data(), 1);
+    fetch(&static_cast<const std::string&>(next.body), sizeof(std::string));
+    fetch(std::string_view(notes[index + step].body).data(), beginning);
+}
+
 } // namespace
 
 SharedArray<Note> Library::filtered(
@@ -40,6 +62,7 @@ SharedArray<Note> Library::filtered(
     // With the dates beside each other; sorting by those in the notes would go all over the memory.
     std::vector<std::pair<Date, std::size_t>> found;
     for (std::size_t index = 0; index < notes.size(); ++index) {
+        fetchBehind(notes, index);
         const auto& note = notes[index];
         if (note.deletedAt.has_value() == trash && (!projectID || note.projectID == projectID)
             && (query.empty() || isFound(search, note)))

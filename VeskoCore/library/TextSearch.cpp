@@ -58,16 +58,9 @@ std::size_t beginOfUnit(std::string_view text, std::size_t at)
 
 using Block = ByteFilter::Block;
 
-// A block from the position on, and zeros behind the text's end.
-[[gnu::always_inline]] inline void load(std::string_view text, std::size_t from, Block& block)
+[[gnu::always_inline]] inline void load(const char* from, Block& block)
 {
-    if (text.size() - std::min(from, text.size()) >= sizeof block) {
-        std::memcpy(&block, text.data() + from, sizeof block);
-        return;
-    }
-    std::array<char, sizeof block> bytes{};
-    text.substr(std::min(from, text.size())).copy(bytes.data(), bytes.size());
-    std::memcpy(&block, bytes.data(), sizeof block);
+    std::memcpy(&block, from, sizeof block);
 }
 
 // Which of the two a machine runs is chosen while the program is loaded, before ThreadSanitizer is
@@ -86,15 +79,21 @@ using Judge = bool (*)(const TextSearch&, std::string_view, std::size_t);
 // The next position that the filter marks and, unless a glance excludes it, the judge lets pass; or
 // the end. Here a search spends its time.
 VESKO_FOR_EACH_WIDTH std::size_t nextMark(const ByteFilter& its, std::string_view text,
-    std::size_t from, const TextSearch& search, Judge passes)
+    std::size_t begin, const TextSearch& search, Judge passes)
 {
     constexpr std::uint64_t oneOfEach = 0x8080808080808080;
     const auto filter = its; // in registers, since the compiler can't know that it stays
-    for (std::size_t at = from; at < text.size(); at += sizeof(Block)) {
+    for (std::size_t at = begin; at < text.size(); at += sizeof(Block)) {
+        std::array<char, 2 * sizeof(Block)> end;
+        const char* from = text.data() + at;
+        if (const auto left = text.size() - at; left < sizeof(Block) + 2) {
+            end = {};
+            from = std::copy_n(from, left, end.data()) - left;
+        }
         Block first, second, third;
-        load(text, at, first);
-        load(text, at + 1, second);
-        load(text, at + 2, third);
+        load(from, first);
+        load(from + 1, second);
+        load(from + 2, third);
         const auto marks = filter.marks(first, second, third);
         if (!ByteFilter::isAny(marks))
             continue;
@@ -108,7 +107,7 @@ VESKO_FOR_EACH_WIDTH std::size_t nextMark(const ByteFilter& its, std::string_vie
                 if (marked >= text.size())
                     return text.size();
                 if (text.size() - marked >= sizeof(Block)) {
-                    load(text, marked, first);
+                    load(text.data() + marked, first);
                     if (filter.excludes(first))
                         continue;
                 }
