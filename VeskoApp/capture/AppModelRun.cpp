@@ -122,7 +122,7 @@ Task<TranscriptResult> AppModel::recognize(
     if (!loaded.key || loaded.key->empty())
         throw VeskoError(VeskoError::missingKey);
     co_return co_await m_network.run([client = m_client, audio = std::move(audio), settings,
-                                         key = *loaded.key](std::stop_token stop) {
+                                         key = *loaded.key](const std::stop_token& stop) {
         return client.transcribe(audioBytes(audio), "m4a", settings.model, settings.language, key,
             settings.cloudAllowed, stop);
     });
