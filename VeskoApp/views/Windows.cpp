@@ -45,7 +45,9 @@ std::unique_ptr<QWindow> make(
     if (auto* const quick = qobject_cast<QQuickWindow*>(window); windowsLog().isDebugEnabled())
         QObject::connect(
             quick, &QQuickWindow::frameSwapped, quick,
-            [began] { qCDebug(windowsLog, "first_frame_ms=%lld", began.elapsed()); },
+            [began, name] {
+                qCDebug(windowsLog, "first_frame_ms=%lld %s", began.elapsed(), qPrintable(name));
+            },
             Qt::SingleShotConnection);
     return std::unique_ptr<QWindow>(window);
 }
