@@ -1,8 +1,8 @@
 // The process: names the concrete parts of this desktop, and hands them to the program.
 
 #include "VeskoApp/async/QtClock.h"
-#include "VeskoApp/capture/AppModel.h"
 #include "VeskoApp/shell/AppDelegate.h"
+#include "VeskoApp/shell/AppModel.h"
 #include "VeskoApp/shell/Deployment.h"
 #include "VeskoApp/shell/KeyInstaller.h"
 #include "VeskoApp/views/Windows.h"

@@ -1,7 +1,7 @@
 // Our own share of a key press, with a library of 10,000 notes: from the trigger until the recorder
 // is told to take in sound. Everything behind the controller is a machine in memory.
 
-#include "VeskoApp/capture/AppModel.h"
+#include "VeskoApp/shell/AppModel.h"
 #include "VeskoCore/base/AtomicFile.h"
 #include "VeskoCore/base/JsonWriter.h"
 #include "bench/Budget.h"
@@ -27,18 +27,18 @@ int main(int argc, char** argv)
     AppModel model(
         platform.all, [&] { return std::make_unique<LibraryStore>(root, platform.clock); },
         OpenRouterClient("https://provider.example/api/v1/"));
-    if (!eventually([&] { return model.libraryReady(); }))
+    if (!eventually([&] { return model.library().ready(); }))
         return 1;
     std::vector<double> taken;
     for (int round = 0; round < bench::rounds; ++round) {
         taken.push_back(bench::seconds([&] {
-            model.toggleDictation();
+            model.capture().toggleDictation();
             return eventually([&] { return platform.recorder.running(); });
         }));
-        if (!eventually([&] { return model.phase() == Phase::recording; }))
+        if (!eventually([&] { return model.capture().phase() == Phase::recording; }))
             return 1;
-        model.toggleDictation();
-        if (!eventually([&] { return model.phase() == Phase::idle; }))
+        model.capture().toggleDictation();
+        if (!eventually([&] { return model.capture().phase() == Phase::idle; }))
             return 1;
     }
     bench::report(

@@ -28,7 +28,7 @@ def opening(root):
     """From "Open Vesko" to the first frame, as the program itself tells in its log."""
     ours, bare = [], []
     for round in range(ROUNDS + 1):
-        with Vesko(root=root, QT_LOGGING_RULES="app.vesko.mac.windows.debug=true",
+        with Vesko(root=root, QT_LOGGING_RULES="app.vesko.windows.debug=true",
                    QT_FORCE_STDERR_LOGGING="1") as vesko:
             until("the control is drawn", lambda: "CapturePanel" in vesko.log(), deadline=30)
             hands.click(*vesko.button.centre, button=3)

@@ -13,7 +13,7 @@
 
 namespace vesko {
 
-Q_LOGGING_CATEGORY(accountLog, "app.vesko.mac.account")
+Q_LOGGING_CATEGORY(accountLog, "app.vesko.account")
 
 namespace {
 

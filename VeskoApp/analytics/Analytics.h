@@ -38,6 +38,7 @@ public:
         EnvironmentResolver resolver = {}, HttpTransport transport = {});
 
     // The one entry for all that happens; dropped unless it may be told.
+    void track(UsageEvent event) { track(event, m_clock.now()); }
     void track(UsageEvent event, Date date);
     // Grants or withdraws consent. A withdrawal drops what is unsent, a request under way with it,
     // and the stored identifier; each grant makes a new identity.

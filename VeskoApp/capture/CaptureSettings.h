@@ -2,11 +2,14 @@
 
 #include "VeskoCore/base/SharedArray.h"
 #include "VeskoCore/library/DictionaryEntry.h"
+#include "VeskoCore/library/Library.h"
 
 #include <optional>
 #include <string>
 
 namespace vesko {
+
+class Preferences;
 
 // The choices of one capture, frozen when it starts.
 struct CaptureSettings {
@@ -20,6 +23,11 @@ struct CaptureSettings {
     SharedArray<DictionaryEntry> dictionary;
     bool cloudAllowed = true; // choosing the service is the consent; no setting is read for it
     std::optional<std::string> translateTo;
+
+    // As the user has them now.
+    static CaptureSettings from(const Preferences& preferences, const Library& library);
+
+    bool onDevice() const { return provider == "apple"; }
 };
 
 } // namespace vesko

@@ -11,30 +11,34 @@
 
 namespace vesko {
 
-DictionaryView::DictionaryView(AppModel& model, EventClock& clock)
-    : m_model(model)
+DictionaryView::DictionaryView(DictionaryTerms& dictionary, const LibrarySession& library,
+    const Capture& capture, EventClock& clock)
+    : m_dictionary(dictionary)
+    , m_library(library)
+    , m_capture(capture)
     , m_clock(clock)
 {
-    connect(&model, &AppModel::libraryChanged, this, &DictionaryView::showTerms);
-    for (const auto changed : { &AppModel::libraryReadyChanged, &AppModel::libraryOpeningChanged })
-        connect(&model, changed, this, [this] {
+    connect(&library, &LibrarySession::changed, this, &DictionaryView::showTerms);
+    for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
+        connect(&library, changed, this, [this] {
             Q_EMIT termsChanged();
             Q_EMIT formChanged();
         });
-    connect(&model, &AppModel::pendingCorrectionsChanged, this, &DictionaryView::pendingChanged);
+    connect(&dictionary, &DictionaryTerms::pendingCorrectionsChanged, this,
+        &DictionaryView::pendingChanged);
     showTerms();
 }
 
 void DictionaryView::showTerms()
 {
-    m_terms.setTerms(m_model.library().terms(m_query.toStdString()));
+    m_terms.setTerms(m_library.contents().terms(m_query.toStdString()));
     Q_EMIT termsChanged();
 }
 
 QString DictionaryView::countText() const
 {
-    if (!m_model.libraryReady())
-        return m_model.libraryOpening() ? m_model.phaseTitle() : QString();
+    if (!m_library.ready())
+        return m_library.opening() ? m_capture.phaseTitle() : QString();
     const auto count = static_cast<std::size_t>(m_terms.rowCount());
     return count == 1 ? translated(L10N_KEY("Vesko", "1 term"))
                       : translated(L10N_KEY("Vesko", "%1 terms"), count);
@@ -42,7 +46,7 @@ QString DictionaryView::countText() const
 
 QVariant DictionaryView::emptyState() const
 {
-    if (m_terms.rowCount() > 0 || !m_model.libraryReady())
+    if (m_terms.rowCount() > 0 || !m_library.ready())
         return {};
     const auto words = [](const char* title, const char* text) {
         return QVariantMap{ { QStringLiteral("title"), translated(title) },
@@ -89,13 +93,13 @@ bool DictionaryView::canSave() const
     const auto texts = std::pair(m_original.toStdString(), m_replacement.toStdString());
     const auto original = trimmed(texts.first);
     const auto replacement = trimmed(texts.second);
-    return m_model.libraryReady() && !original.empty() && !replacement.empty()
+    return m_library.ready() && !original.empty() && !replacement.empty()
         && !sameText(original, replacement);
 }
 
 QString DictionaryView::pendingText() const
 {
-    const auto count = m_model.pendingCorrections().size();
+    const auto count = m_dictionary.pendingCorrections().size();
     if (count == 0)
         return {};
     return translated(L10N_KEY("Vesko", "Last edited paste: %1 word corrections"), count);
@@ -115,7 +119,7 @@ void DictionaryView::save()
     entry.original = m_original.toStdString();
     entry.replacement = m_replacement.toStdString();
     entry.source = DictionaryEntry::Source::manual;
-    m_model.saveTerm(std::move(entry), [self = QPointer(this)] {
+    m_dictionary.save(std::move(entry), [self = QPointer(this)] {
         if (self)
             self->cancel();
     });
@@ -147,13 +151,13 @@ void DictionaryView::setEnabled(const QString& id, bool enabled)
         return;
     DictionaryEntry changed = *term;
     changed.enabled = enabled;
-    m_model.saveTerm(std::move(changed), {});
+    m_dictionary.save(std::move(changed), {});
 }
 
 void DictionaryView::remove(const QString& id)
 {
     if (const auto* const term = m_terms.find(id))
-        m_model.removeTerm(term->id);
+        m_dictionary.remove(term->id);
 }
 
 } // namespace vesko

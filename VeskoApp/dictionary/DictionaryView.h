@@ -1,6 +1,7 @@
 #pragma once
 
-#include "VeskoApp/capture/AppModel.h"
+#include "VeskoApp/capture/Capture.h"
+#include "VeskoApp/dictionary/DictionaryTerms.h"
 #include "VeskoApp/dictionary/TermListModel.h"
 
 #include <QObject>
@@ -8,9 +9,9 @@
 
 namespace vesko {
 
-// What the dictionary window shows and does, over the controller: the terms that a search finds,
-// the form in which one is written, and the corrections that wait for the user's word. Main
-// thread; the controller must outlive it.
+// What the dictionary window shows and does: the terms that a search finds, the form in which one
+// is written, and the corrections that wait for the user's word. Main thread; what it is given must
+// outlive it.
 class DictionaryView : public QObject {
     Q_OBJECT
     Q_PROPERTY(QObject* terms READ terms CONSTANT)
@@ -28,7 +29,8 @@ class DictionaryView : public QObject {
     Q_PROPERTY(QString pendingText READ pendingText NOTIFY pendingChanged)
 
 public:
-    DictionaryView(AppModel& model, EventClock& clock);
+    DictionaryView(DictionaryTerms& dictionary, const LibrarySession& library,
+        const Capture& capture, EventClock& clock);
 
     QObject* terms() { return &m_terms; }
     const TermListModel& termList() const { return m_terms; }
@@ -64,7 +66,9 @@ private:
     void showTerms();
     void fill(std::optional<DictionaryEntry> editing);
 
-    AppModel& m_model;
+    DictionaryTerms& m_dictionary;
+    const LibrarySession& m_library;
+    const Capture& m_capture;
     EventClock& m_clock;
     TermListModel m_terms;
     QString m_query;

@@ -14,7 +14,7 @@ namespace vesko {
 
 namespace {
 
-Q_LOGGING_CATEGORY(insertionLog, "app.vesko.mac.insertion")
+Q_LOGGING_CATEGORY(insertionLog, "app.vesko.insertion")
 
 constexpr std::size_t longestWatched = 32'768; // UTF-16 units
 constexpr std::string_view secureSubrole = "AXSecureTextField";

@@ -46,35 +46,37 @@ QString exportFile(const Note& note)
     auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     if (!QFileInfo(folder).isDir())
         folder = QDir::homePath();
-    return folder + u'/' + QString::fromStdString(AppModel::exportName(note));
+    return folder + u'/' + QString::fromStdString(NoteActions::exportName(note));
 }
 
 } // namespace
 
-LibraryWindow::LibraryWindow(AppModel& model, Platform& platform)
-    : m_model(model)
-    , m_platform(platform)
+LibraryWindow::LibraryWindow(const Neighbours& neighbours)
+    : m_to(neighbours)
 {
-    connect(&model, &AppModel::visibleNotesChanged, this, &LibraryWindow::showNotes);
-    connect(&model, &AppModel::libraryChanged, this, &LibraryWindow::sidebarChanged);
-    connect(&model, &AppModel::selectionChanged, this, [this] {
+    const auto& selection = m_to.selection;
+    connect(&selection, &NoteSelection::visibleNotesChanged, this, &LibraryWindow::showNotes);
+    connect(&selection, &NoteSelection::selectionChanged, this, [this] {
         Q_EMIT sidebarChanged();
         Q_EMIT emptyStateChanged();
         showEditor();
     });
-    connect(&model, &AppModel::queryChanged, this, [this] {
+    connect(&selection, &NoteSelection::queryChanged, this, [this] {
         Q_EMIT queryChanged();
         Q_EMIT emptyStateChanged();
     });
-    for (const auto changed :
-        { &AppModel::phaseTitleChanged, &AppModel::messageChanged, &AppModel::elapsedChanged })
-        connect(&model, changed, this, &LibraryWindow::statusLineChanged);
-    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged,
-             &AppModel::libraryOpeningChanged })
-        connect(&model, changed, this, &LibraryWindow::stateChanged);
-    connect(&model, &AppModel::libraryReadyChanged, this, &LibraryWindow::emptyStateChanged);
-    connect(&model, &AppModel::copiedNoteChanged, this, &LibraryWindow::copiedChanged);
-    connect(&model, &AppModel::playingChanged, this, &LibraryWindow::playingChanged);
+    const auto& library = m_to.library;
+    connect(&library, &LibrarySession::changed, this, &LibraryWindow::sidebarChanged);
+    connect(&library, &LibrarySession::readyChanged, this, &LibraryWindow::emptyStateChanged);
+    for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
+        connect(&library, changed, this, &LibraryWindow::stateChanged);
+    const auto& capture = m_to.capture;
+    connect(&capture, &Capture::phaseChanged, this, &LibraryWindow::stateChanged);
+    for (const auto changed : { &Capture::phaseTitleChanged, &Capture::elapsedChanged })
+        connect(&capture, changed, this, &LibraryWindow::statusLineChanged);
+    connect(&m_to.status, &StatusLine::messageChanged, this, &LibraryWindow::statusLineChanged);
+    connect(&m_to.notes, &NoteActions::copiedNoteChanged, this, &LibraryWindow::copiedChanged);
+    connect(&m_to.playback, &Playback::playingChanged, this, &LibraryWindow::playingChanged);
     showNotes();
 }
 
@@ -82,7 +84,7 @@ LibraryWindow::~LibraryWindow() = default;
 
 void LibraryWindow::showNotes()
 {
-    m_notes.setNotes(m_model.visibleNotes());
+    m_notes.setNotes(m_to.selection.visibleNotes());
     showEditor();
     Q_EMIT emptyStateChanged();
 }
@@ -90,14 +92,14 @@ void LibraryWindow::showNotes()
 // An editor belongs to one note; what it has not saved yet is saved when it goes.
 void LibraryWindow::showEditor()
 {
-    const Note* const note = m_model.selectedNote();
+    const Note* const note = m_to.selection.selectedNote();
     if (note && m_editor && m_editor->id() == note->id) {
         m_editor->refresh(*note);
         Q_EMIT notesChanged();
         return;
     }
-    auto former = std::exchange(
-        m_editor, note ? std::make_unique<NoteEditor>(m_model, m_platform.clock, *note) : nullptr);
+    auto former = std::exchange(m_editor,
+        note ? std::make_unique<NoteEditor>(m_to.edits, m_to.library, m_to.clock, *note) : nullptr);
     if (former)
         former->flush();
     if (former || m_editor)
@@ -109,24 +111,25 @@ void LibraryWindow::showEditor()
 
 QString LibraryWindow::listTitle() const
 {
-    if (m_model.showingTrash())
+    if (m_to.selection.showingTrash())
         return translated(L10N_KEY("Vesko", "Trash"));
-    const auto& projects = m_model.library().projects;
-    const auto project = std::ranges::find_if(projects,
-        [this](const Project& candidate) { return candidate.id == m_model.selectedProjectID(); });
+    const auto& projects = m_to.library.contents().projects;
+    const auto project = std::ranges::find_if(projects, [this](const Project& candidate) {
+        return candidate.id == m_to.selection.selectedProjectID();
+    });
     return project == projects.end() ? translated(L10N_KEY("Vesko", "All notes"))
                                      : QString::fromStdString(project->name);
 }
 
 QString LibraryWindow::selectedProjectID() const
 {
-    return shown(m_model.selectedProjectID());
+    return shown(m_to.selection.selectedProjectID());
 }
 
 QVariantList LibraryWindow::projects() const
 {
     QVariantList rows;
-    for (const auto& project : m_model.library().projects)
+    for (const auto& project : m_to.library.contents().projects)
         rows << QVariantMap{ { QStringLiteral("id"), shown(project.id) },
             { QStringLiteral("name"), QString::fromStdString(project.name) } };
     return rows;
@@ -134,7 +137,7 @@ QVariantList LibraryWindow::projects() const
 
 int LibraryWindow::selectedRow() const
 {
-    const auto& id = m_model.selectedNoteID();
+    const auto& id = m_to.selection.selectedNoteID();
     return id ? m_notes.rowOf(*id) : -1;
 }
 
@@ -146,12 +149,12 @@ QVariantList LibraryWindow::editors() const
 
 QVariant LibraryWindow::emptyState() const
 {
-    if (m_notes.rowCount() > 0 || !m_model.libraryReady())
+    if (m_notes.rowCount() > 0 || !m_to.library.ready())
         return {};
-    if (m_model.showingTrash())
+    if (m_to.selection.showingTrash())
         return words(L10N_KEY("Vesko", "Trash is empty"),
             L10N_KEY("Vesko", "Notes you move to Trash can be restored here."), "");
-    if (!m_model.query().empty())
+    if (!m_to.selection.query().empty())
         return words(L10N_KEY("Vesko", "No matching notes"),
             L10N_KEY("Vesko", "Try another search or clear the search field."),
             L10N_KEY("Vesko", "Clear search"));
@@ -163,90 +166,91 @@ QVariant LibraryWindow::emptyState() const
 
 void LibraryWindow::fillEmptyState()
 {
-    if (m_model.query().empty())
-        m_model.newNote();
+    if (m_to.selection.query().empty())
+        m_to.notes.newNote();
     else
-        m_model.setQuery({});
+        m_to.selection.setQuery({});
 }
 
 QString LibraryWindow::statusLine() const
 {
-    switch (m_model.phase()) {
+    switch (m_to.capture.phase()) {
     case Phase::recording:
-        return translated(L10N_KEY("Vesko", "Recording %1")).arg(shownDuration(m_model.elapsed()));
+        return translated(L10N_KEY("Vesko", "Recording %1"))
+            .arg(shownDuration(m_to.capture.elapsed()));
     case Phase::idle:
         if (!opening())
-            return m_model.messageText();
+            return m_to.status.messageText();
         break;
     case Phase::preparing:
     case Phase::processing:
         break;
     }
-    return m_model.phaseTitle();
+    return m_to.capture.phaseTitle();
 }
 
 QString LibraryWindow::copiedNoteID() const
 {
-    return shown(m_model.copiedNoteID());
+    return shown(m_to.notes.copiedNoteID());
 }
 
 QString LibraryWindow::playingID() const
 {
-    return shown(m_model.playingID());
+    return shown(m_to.playback.playingID());
 }
 
 QString LibraryWindow::recordText() const
 {
-    return m_model.isRecording() ? translated(L10N_KEY("Vesko", "Finish recording"))
-                                 : translated(L10N_KEY("Vesko", "Record note"));
+    return m_to.capture.isRecording() ? translated(L10N_KEY("Vesko", "Finish recording"))
+                                      : translated(L10N_KEY("Vesko", "Record note"));
 }
 
 void LibraryWindow::showAllNotes()
 {
-    m_model.setShowingTrash(false);
-    m_model.setSelectedProjectID(std::nullopt);
+    m_to.selection.setShowingTrash(false);
+    m_to.selection.setSelectedProjectID(std::nullopt);
 }
 
 void LibraryWindow::showTrash()
 {
-    m_model.setSelectedProjectID(std::nullopt);
-    m_model.setShowingTrash(true);
+    m_to.selection.setSelectedProjectID(std::nullopt);
+    m_to.selection.setShowingTrash(true);
 }
 
 void LibraryWindow::showProject(const QString& id)
 {
-    m_model.setShowingTrash(false);
-    m_model.setSelectedProjectID(identity(id));
+    m_to.selection.setShowingTrash(false);
+    m_to.selection.setSelectedProjectID(identity(id));
 }
 
 void LibraryWindow::selectRow(int row)
 {
     const auto& notes = m_notes.notes();
     if (row >= 0 && static_cast<std::size_t>(row) < notes.size())
-        m_model.setSelectedNoteID(notes[static_cast<std::size_t>(row)].id);
+        m_to.selection.setSelectedNoteID(notes[static_cast<std::size_t>(row)].id);
 }
 
 void LibraryWindow::saveProject(const QString& renameID, const QString& name)
 {
     if (const auto id = identity(renameID))
-        m_model.renameProject(*id, name.toStdString());
+        m_to.notes.renameProject(*id, name.toStdString());
     else
-        m_model.createProject(name.toStdString());
+        m_to.notes.createProject(name.toStdString());
 }
 
 void LibraryWindow::copyNote()
 {
     if (m_editor)
-        m_model.copyNote(m_editor->id());
+        m_to.notes.copy(m_editor->id());
 }
 
 void LibraryWindow::chooseExport(QWindow* above)
 {
-    const Note* const note = m_model.selectedNote();
+    const Note* const note = m_to.selection.selectedNote();
     if (!note || !above)
         return;
     m_tasks.spawn(exportTo(note->id,
-        m_platform.fileChooser.save(
+        m_to.fileChooser.save(
             { .title = translated(L10N_KEY("Vesko", "Export Markdown…")).toStdString(),
                 .agree = translated(L10N_KEY("Vesko", "Save")).toStdString(),
                 .file = exportFile(*note).toStdString(),
@@ -259,14 +263,14 @@ Task<> LibraryWindow::exportTo(Uuid id, Eventual<FileChooser::Answer> chosen)
 {
     const auto answer = co_await chosen;
     if (answer.outcome == FileChooser::Answer::chosen)
-        m_model.exportNote(id, answer.file);
+        m_to.notes.exportTo(id, answer.file);
     else if (answer.outcome == FileChooser::Answer::unavailable && m_editor && m_editor->id() == id)
         Q_EMIT exportPathWanted();
 }
 
 QString LibraryWindow::exportPath() const
 {
-    const Note* const note = m_model.selectedNote();
+    const Note* const note = m_to.selection.selectedNote();
     if (!note)
         return {};
     auto path = exportFile(*note);
@@ -283,43 +287,43 @@ bool LibraryWindow::replacesFile(const QString& path)
 void LibraryWindow::exportNote(const QString& path)
 {
     if (m_editor)
-        m_model.exportNote(m_editor->id(), absolute(path).toStdString());
+        m_to.notes.exportTo(m_editor->id(), absolute(path).toStdString());
 }
 
 void LibraryWindow::assign(const QString& projectID)
 {
-    if (const Note* const note = m_model.selectedNote())
-        m_model.assign(*note, identity(projectID));
+    if (const Note* const note = m_to.selection.selectedNote())
+        m_to.notes.assign(*note, identity(projectID));
 }
 
 void LibraryWindow::trashNote()
 {
-    if (const Note* const note = m_model.selectedNote())
-        m_model.trash(*note, false);
+    if (const Note* const note = m_to.selection.selectedNote())
+        m_to.notes.trash(*note, false);
 }
 
 void LibraryWindow::restoreNote()
 {
-    if (const Note* const note = m_model.selectedNote())
-        m_model.restore(*note);
+    if (const Note* const note = m_to.selection.selectedNote())
+        m_to.notes.restore(*note);
 }
 
 void LibraryWindow::deletePermanently()
 {
-    if (const Note* const note = m_model.selectedNote())
-        m_model.trash(*note, true);
+    if (const Note* const note = m_to.selection.selectedNote())
+        m_to.notes.trash(*note, true);
 }
 
 void LibraryWindow::play(const QString& recordingID)
 {
     if (const auto* recording = m_editor ? m_editor->recordingList().find(recordingID) : nullptr)
-        m_model.play(*recording);
+        m_to.playback.play(*recording);
 }
 
 void LibraryWindow::retry(const QString& recordingID)
 {
     if (const auto* recording = m_editor ? m_editor->recordingList().find(recordingID) : nullptr)
-        m_model.retry(*recording, false);
+        m_to.run.retry(*recording, false);
 }
 
 } // namespace vesko

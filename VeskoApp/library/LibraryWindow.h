@@ -1,8 +1,11 @@
 #pragma once
 
+#include "VeskoApp/library/NoteActions.h"
 #include "VeskoApp/library/NoteEditor.h"
 #include "VeskoApp/library/NoteListModel.h"
-#include "VeskoApp/platform/Platform.h"
+#include "VeskoApp/library/Playback.h"
+#include "VeskoApp/platform/FileChooser.h"
+#include "VeskoApp/transcription/TranscriptionRun.h"
 
 #include <QObject>
 #include <QVariant>
@@ -12,8 +15,7 @@
 
 namespace vesko {
 
-// What the library window shows and does, over the controller. Ids are texts here; an empty one is
-// none. Main thread; the controller and the platform must outlive it.
+// What the library window shows and does. Ids are texts here; an empty one is none. Main thread.
 class LibraryWindow : public QObject {
     Q_OBJECT
     Q_PROPERTY(QObject* notes READ notes CONSTANT)
@@ -38,7 +40,22 @@ class LibraryWindow : public QObject {
     Q_PROPERTY(QString recordText READ recordText NOTIFY stateChanged)
 
 public:
-    LibraryWindow(AppModel& model, Platform& platform);
+    // What it shows and reaches; must outlive it.
+    struct Neighbours {
+        EventClock& clock;
+        FileChooser& fileChooser;
+        LibrarySession& library;
+        NoteSelection& selection;
+        NoteEdits& edits;
+        NoteActions& notes;
+        Capture& capture;
+        Playback& playback;
+        TranscriptionRun& run;
+        TextCopy& clipboard;
+        StatusLine& status;
+    };
+
+    explicit LibraryWindow(const Neighbours& neighbours);
     ~LibraryWindow() override;
 
     QObject* notes() { return &m_notes; }
@@ -47,11 +64,11 @@ public:
 
     int noteCount() const { return m_notes.rowCount(); }
     QString listTitle() const;
-    bool showingTrash() const { return m_model.showingTrash(); }
+    bool showingTrash() const { return m_to.selection.showingTrash(); }
     QString selectedProjectID() const;
     QVariantList projects() const;
-    QString query() const { return QString::fromStdString(m_model.query()); }
-    void setQuery(const QString& query) { m_model.setQuery(query.toStdString()); }
+    QString query() const { return QString::fromStdString(m_to.selection.query()); }
+    void setQuery(const QString& query) { m_to.selection.setQuery(query.toStdString()); }
     int selectedRow() const;
     QVariantList editors() const;
     QVariant emptyState() const;
@@ -59,15 +76,16 @@ public:
     QString copiedNoteID() const;
     QString playingID() const;
     // The library is not there yet, which takes a while.
-    bool opening() const { return m_model.libraryOpening(); }
-    bool canCreate() const { return m_model.libraryReady(); }
-    bool canRecord() const { return m_model.libraryReady() && !m_model.isBusy(); }
+    bool opening() const { return m_to.library.opening(); }
+    bool canCreate() const { return m_to.library.ready(); }
+    bool canRecord() const { return m_to.library.ready() && !m_to.capture.isBusy(); }
     QString recordText() const;
 
     Q_INVOKABLE void showAllNotes();
     Q_INVOKABLE void showTrash();
     Q_INVOKABLE void showProject(const QString& id);
     Q_INVOKABLE void selectRow(int row);
+    Q_INVOKABLE void newNote() { m_to.notes.newNote(); }
     // What the button of the empty state does.
     Q_INVOKABLE void fillEmptyState();
     // Renames the project, or makes a new one if there is no id.
@@ -88,7 +106,7 @@ public:
     Q_INVOKABLE void deletePermanently();
     Q_INVOKABLE void play(const QString& recordingID);
     Q_INVOKABLE void retry(const QString& recordingID);
-    Q_INVOKABLE void copyText(const QString& text) { m_model.copy(text.toStdString()); }
+    Q_INVOKABLE void copyText(const QString& text) { m_to.clipboard.copy(text.toStdString()); }
 
 Q_SIGNALS:
     void notesChanged();
@@ -108,8 +126,7 @@ private:
     void showEditor();
     Task<> exportTo(Uuid id, Eventual<FileChooser::Answer> chosen);
 
-    AppModel& m_model;
-    Platform& m_platform;
+    Neighbours m_to;
     NoteListModel m_notes;
     std::unique_ptr<NoteEditor> m_editor;
     TaskScope m_tasks;

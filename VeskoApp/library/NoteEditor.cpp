@@ -31,8 +31,10 @@ QString textOf(const QTextDocument& document)
 
 } // namespace
 
-NoteEditor::NoteEditor(AppModel& model, EventClock& clock, const Note& note)
-    : m_model(model)
+NoteEditor::NoteEditor(
+    NoteEdits& edits, const LibrarySession& library, EventClock& clock, const Note& note)
+    : m_edits(edits)
+    , m_library(library)
     , m_id(note.id)
     , m_kind(note.kind)
     , m_title(note.title)
@@ -40,8 +42,8 @@ NoteEditor::NoteEditor(AppModel& model, EventClock& clock, const Note& note)
     , m_baseBody(note.body)
     , m_saveTimer(clock)
 {
-    const auto pending = model.pendingEdits().find(m_id);
-    if (pending != model.pendingEdits().end()) {
+    const auto pending = edits.pending().find(m_id);
+    if (pending != edits.pending().end()) {
         // An earlier editor's, that is being saved or could not be.
         m_title = pending->second.title;
         m_text = pending->second.body;
@@ -70,7 +72,7 @@ void NoteEditor::flush()
 {
     m_saveTimer.cancel();
     if (m_dirty && m_savingChange != m_changes)
-        m_model.saveEdit(m_id, draft());
+        m_edits.save(m_id, draft());
 }
 
 void NoteEditor::refresh(const Note& note)
@@ -159,7 +161,7 @@ void NoteEditor::scheduleSave()
     ++m_changes;
     m_dirty = true;
     setSaved(false);
-    m_model.setPendingEdit(m_id, draft());
+    m_edits.setPending(m_id, draft());
     if (!m_saveTimer.pending())
         m_saveTimer.start(saveDelay, [this] { save(); });
 }
@@ -175,7 +177,7 @@ void NoteEditor::save()
 Task<> NoteEditor::saveChange(unsigned change)
 {
     const auto sent = m_text;
-    const auto failure = co_await m_model.saveEdit(m_id, draft());
+    const auto failure = co_await m_edits.save(m_id, draft());
     m_savingChange.reset();
     if (change != m_changes) {
         if (!m_saveTimer.pending())
@@ -186,7 +188,7 @@ Task<> NoteEditor::saveChange(unsigned change)
         co_return; // it stays pending: the next letter, another editor or the quit tries again
     m_dirty = false;
     setSaved(true);
-    const Note* const note = m_model.note(m_id);
+    const Note* const note = m_library.note(m_id);
     m_baseBody = note ? std::string(note->body) : sent;
     m_text = m_baseBody;
     showText();

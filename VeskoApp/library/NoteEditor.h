@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VeskoApp/async/TaskScope.h"
-#include "VeskoApp/capture/AppModel.h"
+#include "VeskoApp/library/NoteEdits.h"
 #include "VeskoApp/library/RecordingListModel.h"
 
 #include <QObject>
@@ -10,9 +10,9 @@
 
 namespace vesko {
 
-// One note being edited. What is typed is pending in the controller at once, is saved soon after,
-// and survives the editor. A transcript that lands in the note shows at once, or, while there is
-// something to save, with the next save. Main thread; the controller must outlive it.
+// One note being edited. What is typed is a pending edit at once, is saved soon after, and survives
+// the editor. A transcript that lands in the note shows at once, or, while there is something to
+// save, with the next save. Main thread; what it is given must outlive it.
 class NoteEditor : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString noteID READ noteID CONSTANT)
@@ -28,7 +28,8 @@ public:
     // How long a letter may wait until its save begins, unless one is under way.
     static constexpr double saveDelay = 0.35; // seconds
 
-    NoteEditor(AppModel& model, EventClock& clock, const Note& note);
+    NoteEditor(
+        NoteEdits& edits, const LibrarySession& library, EventClock& clock, const Note& note);
     ~NoteEditor() override;
 
     // Shows the body in a document, which the user then edits; once.
@@ -67,9 +68,10 @@ private:
     void save();
     Task<> saveChange(unsigned change);
     void setSaved(bool saved);
-    AppModel::PendingEdit draft() const { return { m_title, m_text, m_baseBody }; }
+    NoteEdits::PendingEdit draft() const { return { m_title, m_text, m_baseBody }; }
 
-    AppModel& m_model;
+    NoteEdits& m_edits;
+    const LibrarySession& m_library;
     Uuid m_id;
     NoteKind m_kind;
     std::string m_title;

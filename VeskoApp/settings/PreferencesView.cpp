@@ -10,29 +10,26 @@
 
 namespace vesko {
 
-PreferencesView::PreferencesView(AppModel& model, Platform& platform, PermissionRows& permissions)
-    : m_model(model)
-    , m_preferences(model.preferences())
-    , m_platform(platform)
-    , m_permissions(permissions)
-    , m_account(model.accounts())
-    , m_signIn(model.accounts())
+PreferencesView::PreferencesView(const Neighbours& neighbours)
+    : m_to(neighbours)
+    , m_account(neighbours.accounts)
+    , m_signIn(neighbours.accounts)
 {
-    connect(&m_preferences, &Preferences::changed, this, &PreferencesView::changed);
-    connect(&model.analytics(), &Analytics::enabledChanged, this, &PreferencesView::changed);
-    for (const auto happens : { &AppModel::catalogChanged, &AppModel::catalogLoadingChanged })
-        connect(&model, happens, this, &PreferencesView::changed);
+    connect(&m_to.preferences, &Preferences::changed, this, &PreferencesView::changed);
+    connect(&m_to.analytics, &Analytics::enabledChanged, this, &PreferencesView::changed);
+    for (const auto happens : { &ModelCatalog::changed, &ModelCatalog::loadingChanged })
+        connect(&m_to.catalog, happens, this, &PreferencesView::changed);
 }
 
 void PreferencesView::opened()
 {
-    m_preferences.refresh();
-    m_permissions.revise();
+    m_to.preferences.refresh();
+    m_to.permissions.revise();
 }
 
 QString PreferencesView::languageHint() const
 {
-    if (m_preferences.language.get() == "auto")
+    if (m_to.preferences.language.get() == "auto")
         return translated(L10N_KEY("Vesko",
             "Automatic lets the speech model guess, and a short phrase can come back in the wrong "
             "language. After your next dictation Vesko asks which language you speak and remembers "
@@ -40,7 +37,7 @@ QString PreferencesView::languageHint() const
     return translated(L10N_KEY("Vesko",
                           "Vesko tells the speech model you speak %1. Choose Automatic if you "
                           "switch between languages."))
-        .arg(shownLanguage(m_preferences.language.get(), m_platform.preferredLanguages));
+        .arg(shownLanguage(m_to.preferences.language.get(), m_to.platform.preferredLanguages));
 }
 
 QString PreferencesView::keyStatus() const
@@ -57,8 +54,8 @@ QString PreferencesView::keyPrompt() const
 
 QString PreferencesView::catalogTitle() const
 {
-    return m_model.catalogLoading() ? translated(L10N_KEY("Vesko", "Loading models…"))
-                                    : translated(L10N_KEY("Vesko", "Refresh model catalog"));
+    return m_to.catalog.loading() ? translated(L10N_KEY("Vesko", "Loading models…"))
+                                  : translated(L10N_KEY("Vesko", "Refresh model catalog"));
 }
 
 QString PreferencesView::analyticsNote() const
@@ -72,7 +69,7 @@ QString PreferencesView::analyticsNote() const
             "version, never your audio, notes, project names, filenames, receipts or keys. Turning "
             "this off clears unsent events and removes the local identifier. It does not erase "
             "events already sent."))
-        .arg(m_model.analytics().host());
+        .arg(m_to.analytics.host());
 }
 
 void PreferencesView::saveKey()
@@ -83,11 +80,11 @@ void PreferencesView::saveKey()
 Task<> PreferencesView::save(std::string key)
 {
     try {
-        co_await m_preferences.saveKey(std::move(key));
+        co_await m_to.preferences.saveKey(std::move(key));
         clearKeyDraft();
         setNotice(translated(L10N_KEY("Vesko", "Key saved in Keychain")));
     } catch (const std::exception&) {
-        m_model.report(std::current_exception());
+        m_to.status.report(std::current_exception());
         setNotice(translated(L10N_KEY("Vesko", "The key could not be saved.")));
     }
 }
@@ -100,17 +97,17 @@ void PreferencesView::removeKey()
 Task<> PreferencesView::remove()
 {
     try {
-        co_await m_preferences.removeKey();
+        co_await m_to.preferences.removeKey();
         clearKeyDraft();
         setNotice(translated(L10N_KEY("Vesko", "Key removed")));
     } catch (const std::exception&) {
-        m_model.report(std::current_exception());
+        m_to.status.report(std::current_exception());
     }
 }
 
 void PreferencesView::openCredits()
 {
-    m_platform.browser.open("https://openrouter.ai/settings/credits");
+    m_to.platform.browser.open("https://openrouter.ai/settings/credits");
 }
 
 void PreferencesView::clearKeyDraft()
@@ -121,7 +118,7 @@ void PreferencesView::clearKeyDraft()
 
 void PreferencesView::pressPermission(int row)
 {
-    m_permissions.press(row, [self = QPointer(this)](const QString& notice) {
+    m_to.permissions.press(row, [self = QPointer(this)](const QString& notice) {
         if (self)
             self->setNotice(notice);
     });
@@ -129,13 +126,13 @@ void PreferencesView::pressPermission(int row)
 
 void PreferencesView::openPrivacySettings()
 {
-    m_platform.desktop.openSettings(SettingsPanel::privacy);
+    m_to.platform.desktop.openSettings(SettingsPanel::privacy);
 }
 
 void PreferencesView::setLaunchAtLogin(bool on)
 {
     try {
-        m_preferences.setLogin(on);
+        m_to.preferences.setLogin(on);
     } catch (const std::system_error&) {
         setNotice(translated(L10N_KEY("Vesko",
             "Launch at login could not be changed. Check Login Items in System Settings.")));
@@ -144,7 +141,12 @@ void PreferencesView::setLaunchAtLogin(bool on)
 
 void PreferencesView::openLoginItems()
 {
-    m_platform.desktop.openSettings(SettingsPanel::startup);
+    m_to.platform.desktop.openSettings(SettingsPanel::startup);
+}
+
+void PreferencesView::openDataFolder()
+{
+    m_to.platform.desktop.openFolder(m_to.platform.dataFolder);
 }
 
 void PreferencesView::setNotice(const QString& notice)

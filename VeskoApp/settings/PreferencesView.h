@@ -2,15 +2,19 @@
 
 #include "VeskoApp/account/AccountSection.h"
 #include "VeskoApp/account/SignInChoices.h"
-#include "VeskoApp/capture/AppModel.h"
+#include "VeskoApp/analytics/Analytics.h"
+#include "VeskoApp/capture/CaptureCues.h"
 #include "VeskoApp/onboarding/PermissionRows.h"
+#include "VeskoApp/preferences/Preferences.h"
+#include "VeskoApp/status/StatusLine.h"
+#include "VeskoApp/transcription/ModelCatalog.h"
 
 #include <QObject>
 #include <QVariant>
 
 namespace vesko {
 
-// What the settings form shows and does, over the user's settings and the controller. Choices are
+// What the settings form shows and does, over the user's settings. Choices are
 // rows with "tag" and "name", and a tag that is in force without being among those offered has a
 // row of its own. The key that the user types is held here only until it is saved. Main thread;
 // what it is given must outlive it.
@@ -61,36 +65,48 @@ class PreferencesView : public QObject {
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged) // empty for none
 
 public:
-    PreferencesView(AppModel& model, Platform& platform, PermissionRows& permissions);
+    // What it shows and reaches; must outlive it.
+    struct Neighbours {
+        Platform& platform;
+        Preferences& preferences;
+        PermissionRows& permissions;
+        AccountStore& accounts;
+        Analytics& analytics;
+        const ModelCatalog& catalog;
+        CaptureCues& cues;
+        StatusLine& status;
+    };
 
-    QString provider() const { return shown(m_preferences.provider); }
-    void setProvider(const QString& tag) { set(m_preferences.provider, tag); }
-    QString keySource() const { return shown(m_preferences.keySource); }
-    void setKeySource(const QString& tag) { set(m_preferences.keySource, tag); }
-    QString sttModel() const { return shown(m_preferences.sttModel); }
-    void setSTTModel(const QString& id) { set(m_preferences.sttModel, id); }
-    QString cleanupModel() const { return shown(m_preferences.cleanupModel); }
-    void setCleanupModel(const QString& id) { set(m_preferences.cleanupModel, id); }
-    QString language() const { return shown(m_preferences.language); }
-    void setLanguage(const QString& tag) { set(m_preferences.language, tag); }
-    QString translateTo() const { return shown(m_preferences.translateTo); }
-    void setTranslateTo(const QString& tag) { set(m_preferences.translateTo, tag); }
+    explicit PreferencesView(const Neighbours& neighbours);
+
+    QString provider() const { return shown(m_to.preferences.provider); }
+    void setProvider(const QString& tag) { set(m_to.preferences.provider, tag); }
+    QString keySource() const { return shown(m_to.preferences.keySource); }
+    void setKeySource(const QString& tag) { set(m_to.preferences.keySource, tag); }
+    QString sttModel() const { return shown(m_to.preferences.sttModel); }
+    void setSTTModel(const QString& id) { set(m_to.preferences.sttModel, id); }
+    QString cleanupModel() const { return shown(m_to.preferences.cleanupModel); }
+    void setCleanupModel(const QString& id) { set(m_to.preferences.cleanupModel, id); }
+    QString language() const { return shown(m_to.preferences.language); }
+    void setLanguage(const QString& tag) { set(m_to.preferences.language, tag); }
+    QString translateTo() const { return shown(m_to.preferences.translateTo); }
+    void setTranslateTo(const QString& tag) { set(m_to.preferences.translateTo, tag); }
     QString gestureKey() const;
-    void setGestureKey(const QString& tag) { set(m_preferences.gestureKeyName, tag); }
-    bool cleanupEnabled() const { return m_preferences.cleanupEnabled.get(); }
-    void setCleanupEnabled(bool on) { m_preferences.cleanupEnabled.set(on); }
-    bool fnEnabled() const { return m_preferences.fnEnabled.get(); }
-    void setFnEnabled(bool on) { m_preferences.fnEnabled.set(on); }
-    bool showFloating() const { return m_preferences.showFloating.get(); }
-    void setShowFloating(bool on) { m_preferences.showFloating.set(on); }
-    bool soundsEnabled() const { return m_preferences.soundsEnabled.get(); }
-    void setSoundsEnabled(bool on) { m_preferences.soundsEnabled.set(on); }
-    bool pasteEnabled() const { return m_preferences.pasteEnabled.get(); }
-    void setPasteEnabled(bool on) { m_preferences.pasteEnabled.set(on); }
-    bool dictionaryEnabled() const { return m_preferences.dictionaryEnabled.get(); }
-    void setDictionaryEnabled(bool on) { m_preferences.dictionaryEnabled.set(on); }
-    bool learnCorrections() const { return m_preferences.learnCorrections.get(); }
-    void setLearnCorrections(bool on) { m_preferences.learnCorrections.set(on); }
+    void setGestureKey(const QString& tag) { set(m_to.preferences.gestureKeyName, tag); }
+    bool cleanupEnabled() const { return m_to.preferences.cleanupEnabled.get(); }
+    void setCleanupEnabled(bool on) { m_to.preferences.cleanupEnabled.set(on); }
+    bool fnEnabled() const { return m_to.preferences.fnEnabled.get(); }
+    void setFnEnabled(bool on) { m_to.preferences.fnEnabled.set(on); }
+    bool showFloating() const { return m_to.preferences.showFloating.get(); }
+    void setShowFloating(bool on) { m_to.preferences.showFloating.set(on); }
+    bool soundsEnabled() const { return m_to.preferences.soundsEnabled.get(); }
+    void setSoundsEnabled(bool on) { m_to.preferences.soundsEnabled.set(on); }
+    bool pasteEnabled() const { return m_to.preferences.pasteEnabled.get(); }
+    void setPasteEnabled(bool on) { m_to.preferences.pasteEnabled.set(on); }
+    bool dictionaryEnabled() const { return m_to.preferences.dictionaryEnabled.get(); }
+    void setDictionaryEnabled(bool on) { m_to.preferences.dictionaryEnabled.set(on); }
+    bool learnCorrections() const { return m_to.preferences.learnCorrections.get(); }
+    void setLearnCorrections(bool on) { m_to.preferences.learnCorrections.set(on); }
 
     // PreferencesViewChoices.cpp
     QVariantList providers() const;
@@ -101,27 +117,27 @@ public:
     QVariantList suggestedTextModels() const;
     QVariantList gestureKeys() const;
 
-    bool onDevice() const { return m_preferences.provider.get() == "apple"; }
+    bool onDevice() const { return m_to.preferences.provider.get() == "apple"; }
     QString languageHint() const;
-    bool usesPersonalKey() const { return m_preferences.keySource.get() != "vesko"; }
-    bool hasKey() const { return m_preferences.hasKey(); }
-    bool hasVeskoAccess() const { return m_preferences.hasVeskoAccess(); }
+    bool usesPersonalKey() const { return m_to.preferences.keySource.get() != "vesko"; }
+    bool hasKey() const { return m_to.preferences.hasKey(); }
+    bool hasVeskoAccess() const { return m_to.preferences.hasVeskoAccess(); }
     QString keyStatus() const;
     QString keyPrompt() const;
-    bool translates() const { return m_preferences.translateTo.get() != "off"; }
-    bool launchesAtLogin() const { return m_preferences.loginStatus() == LoginStatus::enabled; }
+    bool translates() const { return m_to.preferences.translateTo.get() != "off"; }
+    bool launchesAtLogin() const { return m_to.preferences.loginStatus() == LoginStatus::enabled; }
     bool needsLoginApproval() const
     {
-        return m_preferences.loginStatus() == LoginStatus::requiresApproval;
+        return m_to.preferences.loginStatus() == LoginStatus::requiresApproval;
     }
     QString catalogTitle() const;
-    QObject* permissions() { return &m_permissions; }
+    QObject* permissions() { return &m_to.permissions; }
     QObject* account() { return &m_account; }
     QObject* signIn() { return &m_signIn; }
-    bool analyticsEnabled() const { return m_model.analytics().enabled(); }
-    void setAnalyticsEnabled(bool on) { m_model.analytics().setEnabled(on); }
+    bool analyticsEnabled() const { return m_to.analytics.enabled(); }
+    void setAnalyticsEnabled(bool on) { m_to.analytics.setEnabled(on); }
     // Whether this build has a service to send to.
-    bool analyticsConfigured() const { return m_model.analytics().configured(); }
+    bool analyticsConfigured() const { return m_to.analytics.configured(); }
     QString analyticsNote() const;
     const QString& notice() const { return m_notice; }
 
@@ -131,12 +147,13 @@ public:
     Q_INVOKABLE void removeKey();
     // The page of OpenRouter on which the user pays.
     Q_INVOKABLE void openCredits();
-    Q_INVOKABLE void previewStartSound() { m_model.previewCue(CaptureCues::Cue::start); }
-    Q_INVOKABLE void previewStopSound() { m_model.previewCue(CaptureCues::Cue::stop); }
+    Q_INVOKABLE void previewStartSound() { m_to.cues.play(CaptureCues::Cue::start); }
+    Q_INVOKABLE void previewStopSound() { m_to.cues.play(CaptureCues::Cue::stop); }
     Q_INVOKABLE void pressPermission(int row);
     Q_INVOKABLE void openPrivacySettings();
     Q_INVOKABLE void setLaunchAtLogin(bool on);
     Q_INVOKABLE void openLoginItems();
+    Q_INVOKABLE void openDataFolder();
 
 Q_SIGNALS:
     void changed();
@@ -157,10 +174,7 @@ private:
     Task<> save(std::string key);
     Task<> remove();
 
-    AppModel& m_model;
-    Preferences& m_preferences;
-    Platform& m_platform;
-    PermissionRows& m_permissions;
+    Neighbours m_to;
     AccountSection m_account;
     SignInChoices m_signIn;
     QString m_keyDraft;

@@ -5,6 +5,7 @@
 #include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/speech/OpenRouterClient.h"
 #include "VeskoCore/speech/SpokenLanguage.h"
 
 #include <QCollator>
@@ -60,22 +61,22 @@ QVariantList PreferencesView::keySources() const
 QVariantList PreferencesView::languages() const
 {
     return languageChoices(choice("auto", translated(L10N_KEY("Vesko", "Automatic"))),
-        m_preferences.language.get(), m_platform.preferredLanguages);
+        m_to.preferences.language.get(), m_to.platform.preferredLanguages);
 }
 
 QVariantList PreferencesView::translations() const
 {
     return languageChoices(choice("off", translated(L10N_KEY("Vesko", "Off"))),
-        m_preferences.translateTo.get(), m_platform.preferredLanguages);
+        m_to.preferences.translateTo.get(), m_to.platform.preferredLanguages);
 }
 
 QVariantList PreferencesView::speechModels() const
 {
-    const auto& models = m_model.sttModels();
+    const auto& models = m_to.catalog.sttModels();
     QVariantList rows;
     for (const auto& model : models)
         rows << choice(model.id, QString::fromStdString(model.name));
-    const auto& current = m_preferences.sttModel.get();
+    const auto& current = m_to.preferences.sttModel.get();
     if (!models.empty() && std::ranges::find(models, current, &ProviderModel::id) == models.end())
         rows.prepend(choice(current, QString::fromStdString(current)));
     return rows;
@@ -96,7 +97,7 @@ QVariantList PreferencesView::gestureKeys() const
     QVariantList rows;
     for (const auto key : { GestureKey::fn, GestureKey::rightControl, GestureKey::rightAlt,
              GestureKey::menu, GestureKey::pause, GestureKey::scrollLock })
-        if (key != GestureKey::fn || m_platform.keys.reportsFn())
+        if (key != GestureKey::fn || m_to.platform.keys.reportsFn())
             rows << choice(Preferences::nameOf(key), shownName(key));
     return rows;
 }
@@ -104,7 +105,7 @@ QVariantList PreferencesView::gestureKeys() const
 QString PreferencesView::gestureKey() const
 {
     return QString::fromStdString(
-        Preferences::nameOf(m_preferences.gestureKey(m_platform.keys.reportsFn())));
+        Preferences::nameOf(m_to.preferences.gestureKey(m_to.platform.keys.reportsFn())));
 }
 
 } // namespace vesko

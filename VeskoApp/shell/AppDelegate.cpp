@@ -1,10 +1,11 @@
 #include "VeskoApp/shell/AppDelegate.h"
 
+#include "VeskoApp/base/Observed.h"
 #include "VeskoApp/capture/CaptureLog.h"
 #include "VeskoApp/shell/StatusIcon.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
-#include "VeskoCore/shell/MenuBarPlacement.h"
+#include "VeskoCore/shell/StatusIconPlacement.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -18,7 +19,7 @@ namespace {
 const std::string onboardingCompleted = "onboardingCompleted";
 
 // The desktop takes a moment to give the icon its place.
-constexpr double menuBarSettles = 2; // seconds
+constexpr double statusIconSettles = 2; // seconds
 
 } // namespace
 
@@ -27,9 +28,9 @@ AppDelegate::AppDelegate(Platform& platform, AppModel& model)
     , m_model(model)
     , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
     , m_windows(platform)
-    , m_captureControl(platform, model)
+    , m_captureControl(platform, model.capture(), model.library(), model.status())
     , m_gestureKey(model.preferences().gestureKey(platform.keys.reportsFn()))
-    , m_menuBarCheck(platform.clock)
+    , m_statusIconCheck(platform.clock)
 {
 }
 
@@ -44,17 +45,19 @@ void AppDelegate::launch(bool background, const Demo& demo)
         m_captureControl.animate();
     };
     setupStatusItem();
-    observeMenuBarIcon();
+    observeStatusIcon();
     wireHotkeys();
     m_platform.runningInstance.onActivate = [this] { applicationShouldHandleReopen(); };
     m_platform.runningInstance.onOpen
         = [this](const auto& addresses) { m_model.openAddresses(addresses); };
-    m_model.setShortcutMessage(m_hotkeys.start());
-    for (const auto changed : { &AppModel::libraryReadyChanged, &AppModel::libraryOpeningChanged,
-             &AppModel::errorMessageChanged })
-        connect(&m_model, changed, this, &AppDelegate::showCaptureControl, Qt::QueuedConnection);
+    m_model.status().setShortcutMessage(m_hotkeys.start());
+    for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
+        connect(&m_model.library(), changed, this, &AppDelegate::showCaptureControl,
+            Qt::QueuedConnection);
+    connect(&m_model.status(), &StatusLine::errorMessageChanged, this,
+        &AppDelegate::showCaptureControl, Qt::QueuedConnection);
     showCaptureControl();
-    m_model.onAccountNeeded = [this] { showOnboarding(); };
+    m_model.capture().onAccountNeeded = [this] { showOnboarding(); };
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::observeAccess);
     observeAccess();
     openFirstWindow(background);
@@ -74,8 +77,8 @@ void AppDelegate::launch(bool background, const Demo& demo)
 // when there is something to press or to say.
 void AppDelegate::showCaptureControl()
 {
-    const bool isWanted
-        = m_model.libraryReady() || m_model.libraryOpening() || !m_model.errorMessage().empty();
+    const bool isWanted = m_model.library().ready() || m_model.library().opening()
+        || !m_model.status().errorMessage().empty();
     if (m_captureControl.window() || !isWanted)
         return;
     m_captureControl.setWindow(makeCapturePanel());
@@ -123,8 +126,8 @@ PermissionRows& AppDelegate::permissions()
 void AppDelegate::screenChanged()
 {
     m_captureControl.position();
-    if (m_menuBarChecked)
-        checkMenuBarIcon();
+    if (m_statusIconChecked)
+        checkStatusIcon();
 }
 
 void AppDelegate::openFirstWindow(bool background)
@@ -139,7 +142,7 @@ void AppDelegate::openFirstWindow(bool background)
 void AppDelegate::newNote()
 {
     showLibrary();
-    m_model.newNote();
+    m_model.notes().newNote();
 }
 
 void AppDelegate::openDictionary()
@@ -185,58 +188,61 @@ void AppDelegate::setupStatusItem()
     m_platform.statusItem.onOpen = [this] { openLibrary(); };
     m_platform.statusItem.onSettings = [this] { openSettings(); };
     m_platform.statusItem.onQuit = [this] { quit(); };
-    for (const auto changed : { &AppModel::phaseTitleChanged, &AppModel::libraryReadyChanged })
-        connect(&m_model, changed, this, &AppDelegate::showCaptureState);
+    connect(&m_model.capture(), &Capture::phaseTitleChanged, this, &AppDelegate::showCaptureState);
+    connect(
+        &m_model.library(), &LibrarySession::readyChanged, this, &AppDelegate::showCaptureState);
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::showCaptureState);
     qGuiApp->installEventFilter(this);
     showCaptureState();
 }
 
-void AppDelegate::observeMenuBarIcon()
+void AppDelegate::observeStatusIcon()
 {
     m_platform.statusItem.onVisibleChanged = [this] {
-        if (m_menuBarChecked)
-            checkMenuBarIcon();
+        if (m_statusIconChecked)
+            checkStatusIcon();
     };
-    m_menuBarCheck.start(menuBarSettles, [this] { checkMenuBarIcon(); });
+    m_statusIconCheck.start(statusIconSettles, [this] { checkStatusIcon(); });
 }
 
 // No panel of this desktop has a notch; what hides the icon here is a panel without a place for it.
-void AppDelegate::checkMenuBarIcon()
+void AppDelegate::checkStatusIcon()
 {
     const bool hidden
-        = MenuBarPlacement::iconHidden(0, 0, std::nullopt, m_platform.statusItem.visible());
-    if (hidden != m_model.menuBarIconHidden() || !m_menuBarChecked)
-        qCInfo(captureLog, "menu_bar_icon_hidden=%d", hidden);
-    m_menuBarChecked = true;
-    m_model.setMenuBarIconHidden(hidden);
+        = StatusIconPlacement::iconHidden(0, 0, std::nullopt, m_platform.statusItem.visible());
+    if (hidden != m_statusIconHidden || !m_statusIconChecked)
+        qCInfo(captureLog, "status_icon_hidden=%d", hidden);
+    m_statusIconChecked = true;
+    assign(*this, m_statusIconHidden, hidden, &AppDelegate::statusIconHiddenChanged);
 }
 
 void AppDelegate::wireHotkeys()
 {
-    m_hotkeys.onTrigger = [this] { m_model.toggleDictation(); };
+    m_hotkeys.onTrigger = [this] { m_model.capture().toggleDictation(); };
     m_hotkeys.fnEnabled = [this] { return m_model.preferences().fnEnabled.get(); };
-    m_hotkeys.isRecording = [this] { return m_model.isRecording(); };
+    m_hotkeys.isRecording = [this] { return m_model.capture().isRecording(); };
     m_hotkeys.canStart = [this] { return canStart(); };
     m_hotkeys.gestureKey = [this] { return m_gestureKey; };
-    m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.handleFn(action); };
-    m_hotkeys.onSendIntent = [this] { m_model.insertionReview().armSend(); };
+    m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.capture().handleFn(action); };
+    m_hotkeys.onSendIntent = [this] { m_model.review().armSend(); };
 }
 
 bool AppDelegate::canStart() const
 {
-    return m_model.phase() == Phase::idle && m_model.libraryReady() && m_model.accounts().admits();
+    return m_model.capture().phase() == Phase::idle && m_model.library().ready()
+        && m_model.accounts().admits();
 }
 
 void AppDelegate::showCaptureState()
 {
-    const bool recording = m_model.isRecording();
+    const bool recording = m_model.capture().isRecording();
     const bool dark = qGuiApp->palette().color(QPalette::Window).lightnessF() < 0.5F;
     m_platform.statusItem.show(
-        statusIcon(recording, dark), QStringLiteral("Vesko: ") + m_model.phaseTitle());
-    const QString title = recording      ? translated(L10N_KEY("Vesko", "Stop dictation"))
-        : m_model.phase() == Phase::idle ? translated(L10N_KEY("Vesko", "Start dictation"))
-                                         : m_model.phaseTitle();
+        statusIcon(recording, dark), QStringLiteral("Vesko: ") + m_model.capture().phaseTitle());
+    const QString title = recording ? translated(L10N_KEY("Vesko", "Stop dictation"))
+        : m_model.capture().phase() == Phase::idle
+        ? translated(L10N_KEY("Vesko", "Start dictation"))
+        : m_model.capture().phaseTitle();
     m_platform.statusItem.setCapture(title, recording || canStart());
 }
 
@@ -244,7 +250,7 @@ void AppDelegate::showCaptureState()
 void AppDelegate::observeAccess()
 {
     if (m_model.accounts().signedOut() && !m_model.accounts().admits())
-        m_model.onAccountNeeded();
+        m_model.capture().onAccountNeeded();
 }
 
 // The icon's strokes follow the desktop's change between light and dark.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "VeskoApp/async/TaskScope.h"
-#include "VeskoApp/capture/AppModel.h"
 #include "VeskoApp/capture/Hotkeys.h"
 #include "VeskoApp/onboarding/PermissionRows.h"
+#include "VeskoApp/shell/AppModel.h"
 #include "VeskoApp/shell/AppWindows.h"
 #include "VeskoApp/shell/CaptureControl.h"
 #include "VeskoCore/shell/DemoScene.h"
@@ -14,8 +14,8 @@
 
 namespace vesko {
 
-// The process around the controller: wires the global inputs, the status item, the floating
-// control and the windows to it, and ends the program when the controller says that nothing would
+// The process around the program: wires the global inputs, the status item, the floating
+// control and the windows to it, and ends the program when nothing would
 // be lost. Main thread.
 class AppDelegate : public QObject {
     Q_OBJECT
@@ -23,6 +23,8 @@ class AppDelegate : public QObject {
     // The rows of menuRows(), as the user reads them: "title", "keys" (as they are shown),
     // "sequence" and "action"; a row without a title parts two groups.
     Q_PROPERTY(QVariantList menu READ menu CONSTANT)
+    // The desktop has no place for the status icon, or none that can be seen.
+    Q_PROPERTY(bool statusIconHidden READ statusIconHidden NOTIFY statusIconHiddenChanged)
 
 public:
     // What the environment asks the program to show, to be photographed.
@@ -42,7 +44,7 @@ public:
     void launch(bool background, const Demo& demo = {});
 
     // The actions of the menus.
-    Q_INVOKABLE void toggleCapture() { m_model.toggleDictation(); }
+    Q_INVOKABLE void toggleCapture() { m_model.capture().toggleDictation(); }
     Q_INVOKABLE void newNote();
     Q_INVOKABLE void openLibrary() { showLibrary(); }
     Q_INVOKABLE void openDictionary();
@@ -64,6 +66,7 @@ public:
 
     QVariantList menu() const;
     bool reduceMotion() const { return m_platform.appearance.reduceMotion(); }
+    bool statusIconHidden() const { return m_statusIconHidden; }
     AppWindows& windows() { return m_windows; }
     CaptureControl& captureControl() { return m_captureControl; }
     // Nothing is read of the permissions before somebody wants to know.
@@ -76,6 +79,7 @@ public:
 
 Q_SIGNALS:
     void reduceMotionChanged();
+    void statusIconHiddenChanged();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -88,8 +92,8 @@ private:
     void observeScreens();
     void screenChanged();
     void openFirstWindow(bool background);
-    void observeMenuBarIcon();
-    void checkMenuBarIcon();
+    void observeStatusIcon();
+    void checkStatusIcon();
     void showCaptureState();
     void observeAccess();
     void applyAppearance(std::optional<bool> dark);
@@ -108,8 +112,9 @@ private:
     AppWindows m_windows; // goes before what its windows show
     CaptureControl m_captureControl;
     GestureKey m_gestureKey;
-    Timer m_menuBarCheck;
-    bool m_menuBarChecked = false;
+    Timer m_statusIconCheck;
+    bool m_statusIconChecked = false;
+    bool m_statusIconHidden = false;
     bool m_quitting = false;
     TaskScope m_tasks;
 };

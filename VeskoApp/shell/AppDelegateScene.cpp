@@ -30,9 +30,9 @@ AppDelegate::Demo AppDelegate::Demo::from(
 
 Task<> AppDelegate::showScene(DemoScene scene)
 {
-    for (int looks = 0; !m_model.libraryReady() && looks < mostLooks; ++looks)
+    for (int looks = 0; !m_model.library().ready() && looks < mostLooks; ++looks)
         co_await sleepFor(m_platform.clock, betweenLooks);
-    if (!m_model.libraryReady())
+    if (!m_model.library().ready())
         co_return;
     switch (scene.kind) {
     case DemoScene::note:
@@ -41,8 +41,9 @@ Task<> AppDelegate::showScene(DemoScene scene)
         break;
     case DemoScene::project:
         showLibrary();
-        if (const auto& projects = m_model.library().projects; scene.projectIndex < projects.size())
-            m_model.setSelectedProjectID(projects[scene.projectIndex].id);
+        if (const auto& projects = m_model.library().contents().projects;
+            scene.projectIndex < projects.size())
+            m_model.selection().setSelectedProjectID(projects[scene.projectIndex].id);
         selectNote(scene.noteIndex);
         break;
     case DemoScene::dictionary:
@@ -56,9 +57,9 @@ Task<> AppDelegate::showScene(DemoScene scene)
 
 void AppDelegate::selectNote(std::size_t index)
 {
-    const auto& notes = m_model.visibleNotes();
+    const auto& notes = m_model.selection().visibleNotes();
     if (index < notes.size())
-        m_model.setSelectedNoteID(notes[index].id);
+        m_model.selection().setSelectedNoteID(notes[index].id);
 }
 
 } // namespace vesko

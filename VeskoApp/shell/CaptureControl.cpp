@@ -25,30 +25,32 @@ constexpr double newsTime = 8; // seconds
 
 } // namespace
 
-CaptureControl::CaptureControl(Platform& platform, AppModel& model)
+CaptureControl::CaptureControl(
+    Platform& platform, Capture& capture, const LibrarySession& library, const StatusLine& status)
     : pointer([] { return QCursor::pos(); })
     , m_platform(platform)
-    , m_model(model)
+    , m_capture(capture)
+    , m_library(library)
     , m_fnHint(platform.clock)
     , m_frame(platform.clock)
     , m_newsEnd(platform.clock)
 {
-    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged,
-             &AppModel::libraryOpeningChanged })
-        connect(&model, changed, this, &CaptureControl::stateChanged);
-    for (const auto changed : { &AppModel::phaseChanged, &AppModel::pushToTalkChanged })
-        connect(&model, changed, this, &CaptureControl::showFnHint);
-    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryOpeningChanged })
-        connect(&model, changed, this, &CaptureControl::animate);
-    connect(&model, &AppModel::levelChanged, this, [this] {
+    connect(&library, &LibrarySession::readyChanged, this, &CaptureControl::stateChanged);
+    connect(&library, &LibrarySession::openingChanged, this, &CaptureControl::stateChanged);
+    connect(&library, &LibrarySession::openingChanged, this, &CaptureControl::animate);
+    for (const auto follow : { &CaptureControl::stateChanged, &CaptureControl::showFnHint,
+             &CaptureControl::animate, &CaptureControl::elapsedChanged })
+        connect(&capture, &Capture::phaseChanged, this, follow);
+    connect(&capture, &Capture::pushToTalkChanged, this, &CaptureControl::showFnHint);
+    connect(&capture, &Capture::elapsedChanged, this, &CaptureControl::elapsedChanged);
+    connect(&capture, &Capture::levelChanged, this, [this] {
         if (m_platform.appearance.reduceMotion())
             Q_EMIT glyphChanged();
     });
-    for (const auto changed : { &AppModel::phaseChanged, &AppModel::elapsedChanged })
-        connect(&model, changed, this, &CaptureControl::elapsedChanged);
-    connect(&model, &AppModel::messageChanged, this, [this] { tell(m_model.messageText()); });
-    connect(
-        &model, &AppModel::shortcutMessageChanged, this, [this] { tell(m_model.shortcutText()); });
+    connect(&status, &StatusLine::messageChanged, this,
+        [this, &status] { tell(status.messageText()); });
+    connect(&status, &StatusLine::shortcutMessageChanged, this,
+        [this, &status] { tell(status.shortcutText()); });
 }
 
 CaptureControl::~CaptureControl() = default;
@@ -115,7 +117,7 @@ void CaptureControl::release(const QPointF& at)
         m_platform.settings.set(
             originKey, SettingValue{ std::vector<double>{ origin.x(), origin.y() } });
     } else if (orbEnabled()) {
-        m_model.toggleDictation();
+        m_capture.toggleDictation();
     }
 }
 
@@ -138,26 +140,26 @@ void CaptureControl::cut(const QVariantList& shapes)
 
 bool CaptureControl::live() const
 {
-    return m_model.phase() != Phase::idle || m_model.libraryOpening();
+    return m_capture.phase() != Phase::idle || m_library.opening();
 }
 
 bool CaptureControl::orbEnabled() const
 {
-    return m_model.isRecording() || (m_model.phase() == Phase::idle && m_model.libraryReady());
+    return m_capture.isRecording() || (m_capture.phase() == Phase::idle && m_library.ready());
 }
 
 QString CaptureControl::name() const
 {
-    return m_model.isRecording() ? translated(L10N_KEY("Vesko", "Stop dictation"))
-                                 : translated(L10N_KEY("Vesko", "Start dictation"));
+    return m_capture.isRecording() ? translated(L10N_KEY("Vesko", "Stop dictation"))
+                                   : translated(L10N_KEY("Vesko", "Start dictation"));
 }
 
 QString CaptureControl::help() const
 {
-    if (m_model.isRecording())
+    if (m_capture.isRecording())
         return translated(
             L10N_KEY("Vesko", "Click once to stop. Drag to move. Right-click for the menu."));
-    if (m_model.phase() == Phase::idle)
+    if (m_capture.phase() == Phase::idle)
         return translated(L10N_KEY("Vesko",
             "Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift "
             "Space"));
@@ -166,7 +168,7 @@ QString CaptureControl::help() const
 
 QString CaptureControl::elapsed() const
 {
-    return m_model.isRecording() ? shownDuration(m_model.elapsed()) : QString();
+    return m_capture.isRecording() ? shownDuration(m_capture.elapsed()) : QString();
 }
 
 // For a while after the gesture key has come to be held; letting go of it takes the hint away.
@@ -198,9 +200,9 @@ void CaptureControl::animate()
 QVariantList CaptureControl::bars() const
 {
     QVariantList heights;
-    if (AudioGlyph::showsBars(m_model.level(), m_model.isRecording()))
-        for (const double height : AudioGlyph::bars(
-                 m_model.level(), m_platform.clock.uptime(), m_platform.appearance.reduceMotion()))
+    if (AudioGlyph::showsBars(m_capture.level(), m_capture.isRecording()))
+        for (const double height : AudioGlyph::bars(m_capture.level(), m_platform.clock.uptime(),
+                 m_platform.appearance.reduceMotion()))
             heights << height;
     return heights;
 }
@@ -208,7 +210,7 @@ QVariantList CaptureControl::bars() const
 QVariantList CaptureControl::dots() const
 {
     QVariantList opacities;
-    if (live() && !AudioGlyph::showsBars(m_model.level(), m_model.isRecording()))
+    if (live() && !AudioGlyph::showsBars(m_capture.level(), m_capture.isRecording()))
         for (const double opacity :
             AudioGlyph::dots(m_platform.clock.uptime(), m_platform.appearance.reduceMotion()))
             opacities << opacity;

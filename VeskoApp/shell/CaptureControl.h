@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VeskoApp/capture/AppModel.h"
+#include "VeskoApp/capture/Capture.h"
 #include "VeskoApp/platform/Platform.h"
 #include "VeskoCore/shell/PointerGesture.h"
 
@@ -32,7 +32,8 @@ class CaptureControl : public QObject {
     Q_PROPERTY(QString news READ news NOTIFY newsChanged)
 
 public:
-    CaptureControl(Platform& platform, AppModel& model);
+    CaptureControl(Platform& platform, Capture& capture, const LibrarySession& library,
+        const StatusLine& status);
     ~CaptureControl() override;
 
     // Takes the window in its size, and puts it in its place.
@@ -64,7 +65,7 @@ public:
     QString name() const;
     QString help() const;
     QString elapsed() const;
-    bool holdingFn() const { return m_model.isRecording() && m_model.pushToTalk(); }
+    bool holdingFn() const { return m_capture.isRecording() && m_capture.pushToTalk(); }
     bool fnHintVisible() const { return m_fnHintVisible; }
     bool live() const;
     QVariantList bars() const;
@@ -84,7 +85,8 @@ private:
     void tell(const QString& news);
 
     Platform& m_platform;
-    AppModel& m_model;
+    Capture& m_capture;
+    const LibrarySession& m_library;
     std::unique_ptr<QWindow> m_window;
     std::optional<PointerGesture> m_gesture;
     QPoint m_startOrigin; // of the window at the press

@@ -8,12 +8,15 @@ import QtQuick
 Window {
     id: panel
 
-    required property var model
+    required property var capture
+    required property var session
+    required property var inquiry
+    required property var status
     required property var control
     required property var delegate
     property bool menuOpen: false
     readonly property bool pointedAt: pointer.containsMouse
-    readonly property bool asks: model.languageQuestion !== undefined && !menuOpen
+    readonly property bool asks: inquiry.question !== undefined && !menuOpen
 
     // What can be seen of the window; the rest of it lets clicks through.
     readonly property var shapes: [shape(orb, orb.radius), shape(beside, beside.radius), shape(question, Theme.radius),
@@ -29,7 +32,7 @@ Window {
     color: "transparent"
     width: 240
     height: 236
-    onAsksChanged: question.setSource(asks ? "LanguageQuestionView.qml" : "", { model: panel.model })
+    onAsksChanged: question.setSource(asks ? "LanguageQuestionView.qml" : "", { inquiry: panel.inquiry })
     onMenuOpenChanged: menu.setSource(menuOpen ? "PanelMenu.qml" : "", { panel: panel })
     onShapesChanged: control.cut(shapes)
     onVisibleChanged: if (visible) control.cut(shapes)
@@ -48,14 +51,14 @@ Window {
         width: 56
         height: 56
         radius: 28
-        border.color: panel.model.recording || pointer.containsMouse ? Theme.accent : Theme.outline
-        border.width: panel.model.recording ? 2 : 1
+        border.color: panel.capture.recording || pointer.containsMouse ? Theme.accent : Theme.outline
+        border.width: panel.capture.recording ? 2 : 1
         Accessible.role: Accessible.Button
         Accessible.name: panel.control.name
-        Accessible.description: [panel.model.phaseTitle, panel.model.libraryOpening ? "" : panel.model.message, panel.model.errorMessage,
-                                 panel.model.shortcutMessage].filter(text => text).join("\n")
+        Accessible.description: [panel.capture.phaseTitle, panel.session.opening ? "" : panel.status.message, panel.status.errorMessage,
+                                 panel.status.shortcutMessage].filter(text => text).join("\n")
         Accessible.focusable: panel.control.orbEnabled
-        Accessible.onPressAction: if (panel.control.orbEnabled) panel.model.toggleDictation()
+        Accessible.onPressAction: if (panel.control.orbEnabled) panel.capture.toggleDictation()
 
         Row {
             anchors.centerIn: parent
@@ -147,7 +150,7 @@ Window {
 
             x: 12
             anchors.verticalCenter: parent.verticalCenter
-            text: panel.model.phaseTitle
+            text: panel.capture.phaseTitle
             Accessible.role: Accessible.StaticText
             Accessible.name: text
         }
@@ -171,7 +174,7 @@ Window {
         id: above
 
         readonly property string text: panel.control.fnHintVisible ? qsTranslate("Vesko", "Release Fn to finish")
-            : panel.model.errorMessage || panel.control.news || (rests.elapsed ? panel.control.help : "")
+            : panel.status.errorMessage || panel.control.news || (rests.elapsed ? panel.control.help : "")
         property string shownText
 
         onTextChanged: if (text) shownText = text
@@ -182,7 +185,7 @@ Window {
         radius: Theme.radius
         visible: opacity > 0 && !menu.visible && !question.visible
         opacity: text ? 1 : 0
-        color: panel.model.errorMessage && !panel.control.fnHintVisible ? Theme.alarmSurface : Theme.surface
+        color: panel.status.errorMessage && !panel.control.fnHintVisible ? Theme.alarmSurface : Theme.surface
 
         Behavior on opacity {
             NumberAnimation {
@@ -197,7 +200,7 @@ Window {
             y: 10
             width: Math.min(implicitWidth, 240 - 28)
             text: above.shownText
-            color: panel.model.errorMessage && !panel.control.fnHintVisible ? Theme.alarm : Theme.text
+            color: panel.status.errorMessage && !panel.control.fnHintVisible ? Theme.alarm : Theme.text
             wrapMode: Text.Wrap
             Accessible.role: Accessible.StaticText
             Accessible.name: panel.control.fnHintVisible
@@ -206,7 +209,7 @@ Window {
         MouseArea {
             anchors.fill: parent
             enabled: above.visible
-            onClicked: panel.model.dismissError()
+            onClicked: panel.status.dismissError()
         }
     }
     Timer {

@@ -8,6 +8,7 @@ VeskoWindow {
     id: window
 
     required property var dictionary
+    required property var terms
 
     title: qsTranslate("Vesko", "Vesko Dictionary")
     width: 680
@@ -56,12 +57,12 @@ VeskoWindow {
             PushButton {
                 text: qsTranslate("Vesko", "Save last corrections")
                 flat: true
-                onClicked: window.model.learnPendingCorrections()
+                onClicked: window.terms.learnPendingCorrections()
             }
             IconButton {
                 name: qsTranslate("Vesko", "Dismiss")
                 iconName: "close"
-                onClicked: window.model.dismissPendingCorrections()
+                onClicked: window.terms.dismissPendingCorrections()
             }
         }
 
@@ -70,7 +71,7 @@ VeskoWindow {
 
             Layout.fillWidth: true
             Layout.topMargin: 20
-            model: window.model
+            terms: window.terms
             dictionary: window.dictionary
         }
 

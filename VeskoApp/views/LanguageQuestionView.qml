@@ -6,8 +6,8 @@ import QtQuick
 Rectangle {
     id: view
 
-    required property var model
-    readonly property var question: model.languageQuestion
+    required property var inquiry
+    readonly property var question: inquiry.question
 
     height: content.height + 22
     radius: Theme.radius
@@ -56,13 +56,13 @@ Rectangle {
                     Accessible.role: Accessible.Button
                     Accessible.name: modelData.name
                     Accessible.focusable: true
-                    Accessible.onPressAction: view.model.chooseLanguage(modelData.tag)
+                    Accessible.onPressAction: view.inquiry.choose(modelData.tag)
 
                     HoverHandler {
                         id: hover
                     }
                     TapHandler {
-                        onTapped: view.model.chooseLanguage(option.modelData.tag)
+                        onTapped: view.inquiry.choose(option.modelData.tag)
                     }
                     Text {
                         id: name
@@ -91,13 +91,13 @@ Rectangle {
             Accessible.role: Accessible.Link
             Accessible.name: text
             Accessible.focusable: true
-            Accessible.onPressAction: view.model.keepAutomaticLanguage()
+            Accessible.onPressAction: view.inquiry.keepAutomatic()
 
             HoverHandler {
                 id: over
             }
             TapHandler {
-                onTapped: view.model.keepAutomaticLanguage()
+                onTapped: view.inquiry.keepAutomatic()
             }
         }
         Text {

@@ -7,6 +7,8 @@ VeskoWindow {
     id: window
 
     required property var library
+    required property var capture
+    required property var status
 
     title: "Vesko"
     width: 1120
@@ -20,7 +22,7 @@ VeskoWindow {
         anchors.top: parent.top
         anchors.bottom: parent.bottom
         width: 232
-        model: window.model
+        capture: window.capture
         library: window.library
         delegate: window.delegate
         menu: window.menu
@@ -67,15 +69,15 @@ VeskoWindow {
                 iconName: "plus"
                 flat: true
                 enabled: window.library.canCreate
-                onClicked: window.model.newNote()
+                onClicked: window.library.newNote()
             }
             PushButton {
                 text: window.library.recordText
                 help: qsTranslate("Vesko", "Records into the library without pasting into another app")
-                iconName: window.model.recording ? "stop" : "microphone"
+                iconName: window.capture.recording ? "stop" : "microphone"
                 prominent: true
                 enabled: window.library.canRecord
-                onClicked: window.model.recordNote(false)
+                onClicked: window.capture.recordNote(false)
             }
         }
 
@@ -90,7 +92,7 @@ VeskoWindow {
             anchors.rightMargin: 20
             height: visible ? implicitHeight : 0
             visible: text.length > 0
-            text: window.model.errorMessage
+            text: window.status.errorMessage
 
             PushButton {
                 text: qsTranslate("Vesko", "Settings")
@@ -101,7 +103,7 @@ VeskoWindow {
                 name: qsTranslate("Vesko", "Dismiss message")
                 iconName: "close"
                 ink: Theme.alarm
-                onClicked: window.model.dismissError()
+                onClicked: window.status.dismissError()
             }
         }
 
@@ -113,7 +115,7 @@ VeskoWindow {
                 anchors.left: parent?.left
                 anchors.right: parent?.right
                 anchors.bottom: parent?.bottom
-                model: window.model
+                capture: window.capture
                 library: window.library
             }
         }

@@ -31,8 +31,8 @@ Rectangle {
         width: parent.width - 12
 
         PanelRow {
-            text: menu.panel.model.recording ? qsTranslate("Vesko", "Stop dictation")
-                : menu.panel.model.busy ? menu.panel.model.phaseTitle : qsTranslate("Vesko", "Start dictation")
+            text: menu.panel.capture.recording ? qsTranslate("Vesko", "Stop dictation")
+                : menu.panel.capture.busy ? menu.panel.capture.phaseTitle : qsTranslate("Vesko", "Start dictation")
             enabled: menu.panel.control.orbEnabled
             onChosen: {
                 menu.panel.delegate.toggleCapture();

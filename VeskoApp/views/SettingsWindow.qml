@@ -8,6 +8,8 @@ VeskoWindow {
     id: window
 
     required property var preferences
+    required property var catalog
+    required property var status
 
     title: qsTranslate("Vesko", "Vesko Settings")
     width: 650
@@ -41,13 +43,13 @@ VeskoWindow {
         anchors.margins: visible ? 16 : 0
         height: visible ? implicitHeight : 0
         visible: text.length > 0
-        text: window.model.errorMessage
+        text: window.status.errorMessage
 
         IconButton {
             name: qsTranslate("Vesko", "Dismiss message")
             iconName: "close"
             ink: Theme.alarm
-            onClicked: window.model.dismissError()
+            onClicked: window.status.dismissError()
         }
     }
 
@@ -89,12 +91,13 @@ VeskoWindow {
             }
             TextSections {
                 width: parent.width
-                model: window.model
+                catalog: window.catalog
                 preferences: window.preferences
             }
             CaptureSection {
                 width: parent.width
-                model: window.model
+                delegate: window.delegate
+                status: window.status
                 preferences: window.preferences
             }
             Section {
@@ -143,7 +146,6 @@ VeskoWindow {
             }
             StorageSection {
                 width: parent.width
-                model: window.model
                 preferences: window.preferences
             }
             Section {

@@ -19,7 +19,7 @@ namespace vesko {
 
 namespace {
 
-Q_LOGGING_CATEGORY(windowsLog, "app.vesko.mac.windows", QtInfoMsg)
+Q_LOGGING_CATEGORY(windowsLog, "app.vesko.windows", QtInfoMsg)
 
 const auto capturePanel = QStringLiteral("CapturePanel");
 
@@ -67,6 +67,64 @@ std::unique_ptr<QWindow> make(QQmlEngine& engine, const QString& name, QVariantM
     return window;
 }
 
+std::unique_ptr<QWindow> makeLibrary(
+    QQmlEngine& engine, QVariantMap properties, Platform& platform, AppModel& model)
+{
+    properties.insert(QStringLiteral("capture"), handed(model.capture()));
+    properties.insert(QStringLiteral("status"), handed(model.status()));
+    return make(engine, QStringLiteral("LibraryWindow"), properties, QStringLiteral("library"),
+        std::make_unique<LibraryWindow>(LibraryWindow::Neighbours{ .clock = platform.clock,
+            .fileChooser = platform.fileChooser,
+            .library = model.library(),
+            .selection = model.selection(),
+            .edits = model.edits(),
+            .notes = model.notes(),
+            .capture = model.capture(),
+            .playback = model.playback(),
+            .run = model.run(),
+            .clipboard = model.clipboard(),
+            .status = model.status() }));
+}
+
+std::unique_ptr<QWindow> makeSettings(QQmlEngine& engine, QVariantMap properties,
+    Platform& platform, AppModel& model, PermissionRows& permissions)
+{
+    properties.insert(QStringLiteral("catalog"), handed(model.catalog()));
+    properties.insert(QStringLiteral("status"), handed(model.status()));
+    return make(engine, QStringLiteral("SettingsWindow"), properties, QStringLiteral("preferences"),
+        std::make_unique<PreferencesView>(PreferencesView::Neighbours{ .platform = platform,
+            .preferences = model.preferences(),
+            .permissions = permissions,
+            .accounts = model.accounts(),
+            .analytics = model.analytics(),
+            .catalog = model.catalog(),
+            .cues = model.cues(),
+            .status = model.status() }));
+}
+
+std::unique_ptr<QWindow> makeOnboarding(QQmlEngine& engine, QVariantMap properties,
+    Platform& platform, AppModel& model, AppDelegate& delegate)
+{
+    auto& accounts = model.accounts();
+    auto view = std::make_unique<OnboardingView>(
+        delegate.permissions(),
+        shownName(model.preferences().gestureKey(platform.keys.reportsFn())),
+        OnboardingView::Account{ .flow
+            = [&accounts] { return OnboardingFlow{ accounts.required(), accounts.signedIn() }; },
+            .email =
+                [&accounts] {
+                    const auto* const account = accounts.account();
+                    return account ? account->email : std::nullopt;
+                } },
+        [&analytics = model.analytics()](UsageEvent event) { analytics.track(event); },
+        [&delegate] { delegate.finishOnboarding(); });
+    QObject::connect(
+        &accounts, &AccountStore::stateChanged, view.get(), &OnboardingView::accountChanged);
+    properties.insert(QStringLiteral("signIn"), handed(*new SignInChoices(accounts, view.get())));
+    return make(engine, QStringLiteral("OnboardingWindow"), properties,
+        QStringLiteral("onboarding"), std::move(view));
+}
+
 } // namespace
 
 void prepareViews(QQmlEngine& engine)
@@ -81,7 +139,10 @@ std::unique_ptr<QWindow> makeCapturePanel(
     QQmlEngine& engine, AppModel& model, AppDelegate& delegate)
 {
     auto panel = make(engine, capturePanel,
-        { { QStringLiteral("model"), handed(model) },
+        { { QStringLiteral("capture"), handed(model.capture()) },
+            { QStringLiteral("session"), handed(model.library()) },
+            { QStringLiteral("inquiry"), handed(model.language()) },
+            { QStringLiteral("status"), handed(model.status()) },
             { QStringLiteral("control"), handed(delegate.captureControl()) },
             { QStringLiteral("delegate"), handed(delegate) } });
     panel->setProperty("_q_showWithoutActivating", true);
@@ -91,45 +152,22 @@ std::unique_ptr<QWindow> makeCapturePanel(
 std::unique_ptr<QWindow> makeWindow(
     QQmlEngine& engine, AppWindow kind, Platform& platform, AppModel& model, AppDelegate& delegate)
 {
-    QVariantMap properties{ { QStringLiteral("model"), handed(model) },
+    QVariantMap properties{ { QStringLiteral("session"), handed(model.library()) },
         { QStringLiteral("delegate"), handed(delegate) } };
     try {
         switch (kind) {
         case AppWindow::library:
-            return make(engine, QStringLiteral("LibraryWindow"), properties,
-                QStringLiteral("library"), std::make_unique<LibraryWindow>(model, platform));
+            return makeLibrary(engine, properties, platform, model);
         case AppWindow::dictionary:
+            properties.insert(QStringLiteral("terms"), handed(model.terms()));
             return make(engine, QStringLiteral("DictionaryWindow"), properties,
                 QStringLiteral("dictionary"),
-                std::make_unique<DictionaryView>(model, platform.clock));
+                std::make_unique<DictionaryView>(
+                    model.terms(), model.library(), model.capture(), platform.clock));
         case AppWindow::settings:
-            return make(engine, QStringLiteral("SettingsWindow"), properties,
-                QStringLiteral("preferences"),
-                std::make_unique<PreferencesView>(model, platform, delegate.permissions()));
-        case AppWindow::onboarding: {
-            auto& accounts = model.accounts();
-            auto view = std::make_unique<OnboardingView>(
-                delegate.permissions(),
-                shownName(model.preferences().gestureKey(platform.keys.reportsFn())),
-                OnboardingView::Account{ .flow =
-                                             [&accounts] {
-                                                 return OnboardingFlow{ accounts.required(),
-                                                     accounts.signedIn() };
-                                             },
-                    .email =
-                        [&accounts] {
-                            const auto* const account = accounts.account();
-                            return account ? account->email : std::nullopt;
-                        } },
-                [&model](UsageEvent event) { model.track(event); },
-                [&delegate] { delegate.finishOnboarding(); });
-            QObject::connect(&accounts, &AccountStore::stateChanged, view.get(),
-                &OnboardingView::accountChanged);
-            properties.insert(
-                QStringLiteral("signIn"), handed(*new SignInChoices(accounts, view.get())));
-            return make(engine, QStringLiteral("OnboardingWindow"), properties,
-                QStringLiteral("onboarding"), std::move(view));
-        }
+            return makeSettings(engine, properties, platform, model, delegate.permissions());
+        case AppWindow::onboarding:
+            return makeOnboarding(engine, properties, platform, model, delegate);
         }
     } catch (const std::exception& error) {
         // A broken installation. Nothing that runs is to end because of it.

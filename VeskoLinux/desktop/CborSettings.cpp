@@ -19,7 +19,7 @@ namespace vesko {
 
 namespace {
 
-Q_LOGGING_CATEGORY(settingsLog, "app.vesko.mac.settings")
+Q_LOGGING_CATEGORY(settingsLog, "app.vesko.settings")
 
 constexpr qint64 sizeLimit = 1 << 20; // bytes
 constexpr int damagedFilesKept = 5;

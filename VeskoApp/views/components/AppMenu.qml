@@ -27,7 +27,7 @@ Item {
     // Whether that can be done, by the text that had the focus if it is of texts.
     function canRun(row) {
         if (row.action === "newNote")
-            return window.model.libraryReady;
+            return window.session.ready;
         if (!row.ofText)
             return row.title.length > 0;
         const text = textBefore;

@@ -6,7 +6,7 @@ import QtQuick
 Window {
     id: window
 
-    required property var model
+    required property var session
     required property var delegate
     readonly property alias menu: appMenu
 

@@ -7,7 +7,7 @@ import QtQuick.Layouts
 Column {
     id: form
 
-    required property var model
+    required property var terms
     required property var dictionary
 
     // The keyboard comes here, to change what stands in the form.
@@ -106,7 +106,7 @@ Column {
     Words {
         width: parent.width
         visible: text.length > 0
-        text: form.model.dictionaryMessage
+        text: form.terms.message
         font.pixelSize: Theme.small
         color: Theme.quiet
         wrapMode: Text.Wrap

@@ -7,7 +7,7 @@ import QtQuick.Templates as T
 Rectangle {
     id: sidebar
 
-    required property var model
+    required property var capture
     required property var library
     required property var delegate
     required property var menu
@@ -25,8 +25,8 @@ Rectangle {
 
             x: 20
             y: 25
-            recording: sidebar.model.recording
-            level: sidebar.model.level
+            recording: sidebar.capture.recording
+            level: sidebar.capture.level
         }
         Words {
             anchors.left: mark.right
@@ -208,7 +208,7 @@ Rectangle {
         bottomPadding: 16
         text: sidebar.library.statusLine
         font.pixelSize: Theme.small
-        color: sidebar.model.recording ? Theme.accent : Theme.quiet
+        color: sidebar.capture.recording ? Theme.accent : Theme.quiet
         wrapMode: Text.Wrap
         Accessible.role: Accessible.StatusBar
     }

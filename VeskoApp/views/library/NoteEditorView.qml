@@ -10,7 +10,7 @@ Item {
     id: view
 
     required property var modelData // the NoteEditor
-    required property var model
+    required property var capture
     required property var library
     readonly property var editor: modelData
     readonly property bool copied: library.copiedNoteID === editor.noteID
@@ -108,7 +108,7 @@ Item {
             iconName: "microphone"
             flat: true
             enabled: view.library.canRecord
-            onClicked: view.model.recordNote(true)
+            onClicked: view.capture.recordNote(true)
         }
         Words {
             Layout.fillWidth: true
@@ -235,7 +235,7 @@ Item {
                     width: recordings.width
                     library: view.library
                     trashed: view.editor.trashed
-                    idle: view.library.canRecord && !view.model.recording
+                    idle: view.library.canRecord && !view.capture.recording
                 }
             }
         }

@@ -4,7 +4,8 @@ import QtQuick
 Section {
     id: section
 
-    required property var model
+    required property var delegate
+    required property var status
     required property var preferences
 
     title: qsTranslate("Vesko", "Capture and insertion")
@@ -20,7 +21,7 @@ Section {
     }
     SettingNote {
         width: parent.width
-        text: section.model.shortcutMessage
+        text: section.status.shortcutMessage
         color: Theme.alarm
     }
     SettingSwitch {
@@ -53,7 +54,7 @@ Section {
     }
     SettingNote {
         width: parent.width
-        visible: section.model.menuBarIconHidden
+        visible: section.delegate.statusIconHidden
         text: qsTranslate("Vesko", "The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.")
     }
     SettingSwitch {

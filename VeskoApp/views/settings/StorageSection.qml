@@ -4,7 +4,6 @@ import QtQuick
 Section {
     id: section
 
-    required property var model
     required property var preferences
 
     title: qsTranslate("Vesko", "Availability and storage")
@@ -28,7 +27,7 @@ Section {
     PushButton {
         text: qsTranslate("Vesko", "Open data folder")
         iconName: "folder"
-        onClicked: section.model.openDataFolder()
+        onClicked: section.preferences.openDataFolder()
     }
     SettingNote {
         width: parent.width

@@ -6,7 +6,7 @@ import QtQuick
 Column {
     id: sections
 
-    required property var model
+    required property var catalog
     required property var preferences
 
     spacing: 18
@@ -87,12 +87,12 @@ Column {
         }
         PushButton {
             text: sections.preferences.catalogTitle
-            enabled: !sections.model.catalogLoading
-            onClicked: sections.model.refreshCatalog()
+            enabled: !sections.catalog.loading
+            onClicked: sections.catalog.refresh()
         }
         SettingNote {
             width: parent.width
-            text: sections.model.catalogMessage
+            text: sections.catalog.message
         }
     }
 }

@@ -1,7 +1,7 @@
 // The tones that mark a capture: what they are, and when the controller has them played.
 
 #include "VeskoApp/capture/CaptureCues.h"
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 
 #include <algorithm>
 
@@ -162,9 +162,9 @@ TEST_F(CapturesAndCuesTest, TheStartCueComesRightBeforeTheRecordersStartAndIsNot
     machine.cues.onPlay = [&](const CueSound&) {
         EXPECT_TRUE(machine.recorder.running()) << "the first words would be lost";
         EXPECT_TRUE(machine.recorder.files.empty());
-        EXPECT_EQ(model->phase(), Phase::preparing);
+        EXPECT_EQ(model->capture().phase(), Phase::preparing);
     };
-    model->toggleDictation();
+    model->capture().toggleDictation();
     ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
     EXPECT_THAT(heard(), ElementsAre("CaptureStart"));
     EXPECT_TRUE(machine.cues.sounding());
@@ -175,7 +175,7 @@ TEST_F(CapturesAndCuesTest, TheStartCueComesRightBeforeTheRecordersStartAndIsNot
 TEST_F(CapturesAndCuesTest, TheCuesAreLoadedWhileTheRecordingIsBeingSaved)
 {
     open();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     EXPECT_EQ(machine.cues.loads.size(), 1U);
     EXPECT_TRUE(machine.cues.played.empty());
     ASSERT_TRUE(reach(Phase::recording));
@@ -187,7 +187,7 @@ TEST_F(CapturesAndCuesTest, TheStopCueComesWhenTheMicrophoneHasClosed)
     dictate();
     machine.cues.onPlay = [&](const CueSound&) {
         EXPECT_FALSE(machine.recorder.running());
-        EXPECT_EQ(model->phase(), Phase::recording);
+        EXPECT_EQ(model->capture().phase(), Phase::recording);
     };
     finish();
     EXPECT_THAT(heard(), ElementsAre("CaptureStart", "CaptureStop"));
@@ -196,9 +196,9 @@ TEST_F(CapturesAndCuesTest, TheStopCueComesWhenTheMicrophoneHasClosed)
 TEST_F(CapturesAndCuesTest, AVoiceNoteHasThemToo)
 {
     open();
-    model->recordNote(false);
+    model->capture().recordNote(false);
     ASSERT_TRUE(reach(Phase::recording));
-    model->recordNote(false);
+    model->capture().recordNote(false);
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_THAT(heard(), ElementsAre("CaptureStart", "CaptureStop"));
 }
@@ -249,14 +249,14 @@ TEST_F(CapturesAndCuesTest, MissingSoundsChangeNothingElse)
     finish();
     EXPECT_TRUE(machine.cues.played.empty());
     EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
-    EXPECT_EQ(model->errorMessage(), "");
+    EXPECT_EQ(model->status().errorMessage(), "");
 }
 
 TEST_F(CapturesAndCuesTest, ARefusedMicrophoneIsSilent)
 {
     machine.recorder.grantsAccess = false;
     open();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_TRUE(machine.cues.loads.empty());
     EXPECT_TRUE(machine.cues.played.empty());
@@ -266,7 +266,7 @@ TEST_F(CapturesAndCuesTest, ALibraryThatCannotSaveIsSilent)
 {
     open();
     breakStore();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_TRUE(machine.cues.played.empty());
 }
@@ -284,9 +284,9 @@ TEST_F(CapturesAndCuesTest, ARecordingThatIsLostHasNoCue)
 TEST_F(CapturesAndCuesTest, AKeyCombinationHasNoStopCue)
 {
     open();
-    model->handleFn(FnShortcutAction::begin);
+    model->capture().handleFn(FnShortcutAction::begin);
     ASSERT_TRUE(reach(Phase::recording));
-    model->handleFn(FnShortcutAction::discard);
+    model->capture().handleFn(FnShortcutAction::discard);
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_THAT(heard(), ElementsAre("CaptureStart"));
 }

@@ -1,7 +1,7 @@
 // The gesture key through the whole chain: keyboard, state, controller, library.
 
 #include "VeskoApp/shell/AppDelegate.h"
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 
 namespace vesko {
 
@@ -32,13 +32,13 @@ protected:
     void expectDiscarded(double duration)
     {
         ASSERT_TRUE(reach(Phase::idle));
-        EXPECT_EQ(model->message(), discarded);
-        EXPECT_EQ(model->errorMessage(), "");
+        EXPECT_EQ(model->status().message(), discarded);
+        EXPECT_EQ(model->status().errorMessage(), "");
         EXPECT_EQ(onlyRecording().status, RecordingStatus::recorded);
         EXPECT_NEAR(onlyRecording().duration, duration, 1e-6);
         EXPECT_TRUE(onlyRecording().attempts.empty());
         EXPECT_TRUE(std::filesystem::exists(audioFile()));
-        EXPECT_FALSE(model->pushToTalk());
+        EXPECT_FALSE(model->capture().pushToTalk());
         EXPECT_EQ(machine.clipboard.text, std::nullopt);
         EXPECT_TRUE(machine.recognizer.audio.empty());
         EXPECT_FALSE(machine.recorder.running());
@@ -48,7 +48,7 @@ protected:
         ASSERT_TRUE(reach(Phase::idle));
         EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
         EXPECT_EQ(onlyNote().body, "hello world");
-        EXPECT_FALSE(model->pushToTalk());
+        EXPECT_FALSE(model->capture().pushToTalk());
     }
 
     std::unique_ptr<AppDelegate> delegate; // ends before the model
@@ -59,11 +59,11 @@ TEST_F(GestureTest, ATapStartsAndASecondTapFinishes)
     open();
     tap();
     ASSERT_TRUE(reach(Phase::recording));
-    EXPECT_FALSE(model->pushToTalk());
+    EXPECT_FALSE(model->capture().pushToTalk());
     machine.clock.turn(2);
-    EXPECT_EQ(model->phase(), Phase::recording);
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
     tap();
-    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
     expectTranscribed();
     EXPECT_EQ(machine.clipboard.text, "hello world");
     EXPECT_EQ(machine.pasteKeystroke.sent, 1);
@@ -76,7 +76,7 @@ TEST_F(GestureTest, TheFieldIsSettledWhenTheKeyGoesDown)
     machine.recorder.access.close();
     press();
     EXPECT_EQ(machine.focusedField.reads.size(), 1U);
-    EXPECT_EQ(model->phase(), Phase::preparing);
+    EXPECT_EQ(model->capture().phase(), Phase::preparing);
 }
 
 TEST_F(GestureTest, AHoldIsPushToTalk)
@@ -85,13 +85,13 @@ TEST_F(GestureTest, AHoldIsPushToTalk)
     press();
     ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(0.34);
-    EXPECT_FALSE(model->pushToTalk());
+    EXPECT_FALSE(model->capture().pushToTalk());
     machine.clock.turn(0.01);
-    EXPECT_TRUE(model->pushToTalk());
+    EXPECT_TRUE(model->capture().pushToTalk());
     machine.clock.turn(1);
     release();
-    EXPECT_EQ(model->phase(), Phase::processing);
-    EXPECT_FALSE(model->pushToTalk());
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
+    EXPECT_FALSE(model->capture().pushToTalk());
     expectTranscribed();
     EXPECT_NEAR(onlyRecording().duration, 1.35, 1e-6);
 }
@@ -102,7 +102,7 @@ TEST_F(GestureTest, ATapFinishesACaptureThatTheShortcutBegan)
     machine.shortcut.press();
     ASSERT_TRUE(reach(Phase::recording));
     tap();
-    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
     expectTranscribed();
 }
 
@@ -113,8 +113,8 @@ TEST_F(GestureTest, AHoldFinishesARunningCaptureOnRelease)
     ASSERT_TRUE(reach(Phase::recording));
     press();
     machine.clock.turn(1);
-    EXPECT_EQ(model->phase(), Phase::recording);
-    EXPECT_FALSE(model->pushToTalk());
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
+    EXPECT_FALSE(model->capture().pushToTalk());
     release();
     expectTranscribed();
 }
@@ -135,14 +135,14 @@ TEST_F(GestureTest, ACombinationKeepsTheAudioAndTranscribesNothing)
     ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(0.2);
     machine.keys.pressKey();
-    EXPECT_EQ(model->phase(), Phase::processing);
-    EXPECT_EQ(model->level(), 0);
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
+    EXPECT_EQ(model->capture().level(), 0);
     expectDiscarded(0.2);
     release();
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
 
     // It can be transcribed by hand.
-    model->retry(onlyRecording(), false);
+    model->run().retry(onlyRecording(), false);
     expectTranscribed();
 }
 
@@ -152,9 +152,9 @@ TEST_F(GestureTest, ACombinationAfterTheHoldEndsPushToTalk)
     press();
     ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(1);
-    ASSERT_TRUE(model->pushToTalk());
+    ASSERT_TRUE(model->capture().pushToTalk());
     machine.keys.pressModifier();
-    EXPECT_FALSE(model->pushToTalk());
+    EXPECT_FALSE(model->capture().pushToTalk());
     expectDiscarded(1);
 }
 
@@ -166,9 +166,9 @@ TEST_F(GestureTest, ACombinationThatCannotBeStoredIsReported)
     breakStore();
     machine.keys.pressKey();
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_EQ(model->errorMessage(),
+    EXPECT_EQ(model->status().errorMessage(),
         "Vesko could not save this change. Check free disk space and access to the data folder.");
-    EXPECT_NE(model->message(), discarded);
+    EXPECT_NE(model->status().message(), discarded);
 }
 
 TEST_F(GestureTest, ACombinationWhileTheUserIsBeingAskedLeavesNothingBehind)
@@ -177,10 +177,10 @@ TEST_F(GestureTest, ACombinationWhileTheUserIsBeingAskedLeavesNothingBehind)
     machine.recorder.access.close();
     press();
     machine.keys.pressKey();
-    EXPECT_EQ(model->phase(), Phase::preparing);
+    EXPECT_EQ(model->capture().phase(), Phase::preparing);
     machine.recorder.access.open();
-    EXPECT_EQ(model->phase(), Phase::idle);
-    EXPECT_EQ(model->errorMessage(), "");
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
+    EXPECT_EQ(model->status().errorMessage(), "");
     EXPECT_TRUE(machine.recorder.files.empty());
     release();
 
@@ -197,13 +197,13 @@ TEST_F(GestureTest, ACombinationWhileTheMicrophoneStartsKeepsWhatWasRecorded)
     press();
     ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
     machine.keys.pressModifier();
-    EXPECT_EQ(model->phase(), Phase::preparing);
+    EXPECT_EQ(model->capture().phase(), Phase::preparing);
     machine.recorder.starting.open();
-    ASSERT_TRUE(eventually([&] { return model->message() == discarded; }));
+    ASSERT_TRUE(eventually([&] { return model->status().message() == discarded; }));
     expectDiscarded(0);
     machine.keys.releaseModifier();
     release();
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
 }
 
 TEST_F(GestureTest, AKeyThatCameUpWhileTheMicrophoneStartedFinishesAtOnce)
@@ -213,9 +213,9 @@ TEST_F(GestureTest, AKeyThatCameUpWhileTheMicrophoneStartedFinishesAtOnce)
     press();
     ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
     machine.clock.turn(0.5);
-    EXPECT_TRUE(model->pushToTalk()); // held, though nothing is recorded yet
+    EXPECT_TRUE(model->capture().pushToTalk()); // held, though nothing is recorded yet
     release();
-    EXPECT_EQ(model->phase(), Phase::preparing);
+    EXPECT_EQ(model->capture().phase(), Phase::preparing);
     machine.recorder.starting.open();
     ASSERT_TRUE(reach(Phase::processing));
     expectTranscribed();
@@ -228,9 +228,12 @@ TEST_F(GestureTest, AKeyThatCameUpWhileTheUserWasBeingAskedFinishesAtOnce)
     press();
     machine.clock.turn(2);
     release();
+    std::vector<Phase> phases;
+    QObject::connect(&model->capture(), &Capture::phaseChanged,
+        [&] { phases.push_back(model->capture().phase()); });
     machine.recorder.access.open();
-    ASSERT_TRUE(reach(Phase::recording));
     ASSERT_TRUE(reach(Phase::processing));
+    EXPECT_EQ(phases, (std::vector{ Phase::recording, Phase::processing }));
     expectTranscribed();
 }
 
@@ -244,9 +247,9 @@ TEST_F(GestureTest, ATapThatEndedWhileTheMicrophoneStartedLeavesTheCaptureRunnin
     release();
     machine.recorder.starting.open();
     ASSERT_TRUE(reach(Phase::recording));
-    ASSERT_TRUE(eventually([&] { return !model->library().notes.empty(); }));
-    EXPECT_EQ(model->phase(), Phase::recording);
-    EXPECT_FALSE(model->pushToTalk());
+    ASSERT_TRUE(eventually([&] { return !model->library().contents().notes.empty(); }));
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
+    EXPECT_FALSE(model->capture().pushToTalk());
     tap();
     expectTranscribed();
 }
@@ -259,17 +262,17 @@ TEST_F(GestureTest, AStartThatFailsForgetsTheGesture)
     press();
     ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
     machine.clock.turn(0.5);
-    ASSERT_TRUE(model->pushToTalk());
+    ASSERT_TRUE(model->capture().pushToTalk());
     release(); // asks for a finish that will never come
     machine.recorder.starting.open();
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_FALSE(model->pushToTalk());
+    EXPECT_FALSE(model->capture().pushToTalk());
 
     machine.recorder.startFails = false;
     tap();
     ASSERT_TRUE(reach(Phase::recording));
-    ASSERT_TRUE(eventually([&] { return model->library().notes.size() == 2; }));
-    EXPECT_EQ(model->phase(), Phase::recording);
+    ASSERT_TRUE(eventually([&] { return model->library().contents().notes.size() == 2; }));
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
 }
 
 TEST_F(GestureTest, ARefusedMicrophoneForgetsTheGesture)
@@ -282,8 +285,8 @@ TEST_F(GestureTest, ARefusedMicrophoneForgetsTheGesture)
     release();
     machine.recorder.access.open();
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_FALSE(model->pushToTalk());
-    EXPECT_NE(model->errorMessage(), "");
+    EXPECT_FALSE(model->capture().pushToTalk());
+    EXPECT_NE(model->status().errorMessage(), "");
 }
 
 TEST_F(GestureTest, ARecordingThatEndsByItselfForgetsTheGesture)
@@ -292,12 +295,12 @@ TEST_F(GestureTest, ARecordingThatEndsByItselfForgetsTheGesture)
     press();
     ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(1);
-    ASSERT_TRUE(model->pushToTalk());
+    ASSERT_TRUE(model->capture().pushToTalk());
     machine.recorder.fail(RecorderFailure::stoppedUnexpectedly);
-    EXPECT_EQ(model->phase(), Phase::idle);
-    EXPECT_FALSE(model->pushToTalk());
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
+    EXPECT_FALSE(model->capture().pushToTalk());
     release();
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
 }
 
 TEST_F(GestureTest, APressWhileBusyDoesNothing)
@@ -308,12 +311,12 @@ TEST_F(GestureTest, APressWhileBusyDoesNothing)
     ASSERT_TRUE(reach(Phase::recording));
     tap();
     ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
-    const std::string message = model->message();
+    const std::string message = model->status().message();
     press();
     machine.clock.turn(1);
     release();
-    EXPECT_EQ(model->phase(), Phase::processing);
-    EXPECT_EQ(model->message(), message);
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
+    EXPECT_EQ(model->status().message(), message);
     EXPECT_EQ(machine.focusedField.reads.size(), 1U);
     machine.recognizer.report({ .text = "hello world", .isFinal = true });
     expectTranscribed();
@@ -332,7 +335,7 @@ TEST_F(GestureTest, AKeyHeldFromTheRunIntoReadinessStartsNothing)
     expectTranscribed();
     machine.clock.turn(1);
     release();
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
     EXPECT_EQ(machine.recorder.files.size(), 1U);
 }
 
@@ -344,7 +347,7 @@ TEST_F(GestureTest, AKeyThatJoinsAPressWhileRecordingLetsTheCaptureGoOn)
     press();
     machine.keys.pressKey();
     release();
-    EXPECT_EQ(model->phase(), Phase::recording);
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
     tap();
     expectTranscribed();
 }
@@ -353,12 +356,12 @@ TEST_F(GestureTest, AFinishThatNobodyArmedLeavesTheCaptureAlone)
 {
     open();
     dictate();
-    model->handleFn(FnShortcutAction::finish);
-    EXPECT_EQ(model->phase(), Phase::recording);
-    model->handleFn(FnShortcutAction::hold);
-    EXPECT_FALSE(model->pushToTalk());
-    model->handleFn(FnShortcutAction::discard);
-    EXPECT_EQ(model->phase(), Phase::recording);
+    model->capture().handleFn(FnShortcutAction::finish);
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
+    model->capture().handleFn(FnShortcutAction::hold);
+    EXPECT_FALSE(model->capture().pushToTalk());
+    model->capture().handleFn(FnShortcutAction::discard);
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
     finish();
     EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
 }
@@ -367,11 +370,11 @@ TEST_F(GestureTest, AnArmedFinishIsForTheCaptureOfItsMoment)
 {
     open();
     dictate();
-    model->handleFn(FnShortcutAction::armStop);
+    model->capture().handleFn(FnShortcutAction::armStop);
     finish();
     dictate();
-    model->handleFn(FnShortcutAction::finish);
-    EXPECT_EQ(model->phase(), Phase::recording);
+    model->capture().handleFn(FnShortcutAction::finish);
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
 }
 
 TEST_F(GestureTest, ActionsWithoutACaptureDoNothing)
@@ -379,9 +382,9 @@ TEST_F(GestureTest, ActionsWithoutACaptureDoNothing)
     open();
     for (const auto action : { FnShortcutAction::armStop, FnShortcutAction::finish,
              FnShortcutAction::hold, FnShortcutAction::discard }) {
-        model->handleFn(action);
-        EXPECT_EQ(model->phase(), Phase::idle);
-        EXPECT_FALSE(model->pushToTalk());
+        model->capture().handleFn(action);
+        EXPECT_EQ(model->capture().phase(), Phase::idle);
+        EXPECT_FALSE(model->capture().pushToTalk());
     }
     tap();
     ASSERT_TRUE(reach(Phase::recording));
@@ -400,8 +403,8 @@ TEST_F(GestureTest, ACaptureOfTheShortcutIsNotEndedByTheGestureBeforeIt)
     machine.shortcut.press();
     ASSERT_TRUE(reach(Phase::recording));
     release();
-    ASSERT_TRUE(eventually([&] { return !model->library().notes.empty(); }));
-    EXPECT_EQ(model->phase(), Phase::recording);
+    ASSERT_TRUE(eventually([&] { return !model->library().contents().notes.empty(); }));
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
 }
 
 TEST_F(GestureTest, TurningTheGestureOffInTheMiddleDiscards)
@@ -414,7 +417,7 @@ TEST_F(GestureTest, TurningTheGestureOffInTheMiddleDiscards)
     machine.keys.pressKey();
     expectDiscarded(0.1);
     tap();
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
 }
 
 TEST_F(GestureTest, MissedEventsDiscard)

@@ -1,6 +1,6 @@
 // What is shown of a running recording, and its limit.
 
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 
 namespace vesko {
 
@@ -14,9 +14,9 @@ protected:
         dictate();
         machine.recorder.power = decibels;
         machine.clock.turn(0.1);
-        const double level = model->level();
+        const double level = model->capture().level();
         finish();
-        EXPECT_EQ(model->level(), 0);
+        EXPECT_EQ(model->capture().level(), 0);
         return level;
     }
 };
@@ -37,10 +37,10 @@ TEST_F(MeterTest, TheLevelIsSmoothed)
     dictate();
     machine.recorder.power = -5;
     machine.clock.turn(0.2);
-    EXPECT_NEAR(model->level(), 0.65 + 0.35 * 0.65, 1e-9);
+    EXPECT_NEAR(model->capture().level(), 0.65 + 0.35 * 0.65, 1e-9);
     machine.recorder.power = -160;
     machine.clock.turn(0.1);
-    EXPECT_NEAR(model->level(), 0.35 * (0.65 + 0.35 * 0.65), 1e-9);
+    EXPECT_NEAR(model->capture().level(), 0.35 * (0.65 + 0.35 * 0.65), 1e-9);
 }
 
 TEST_F(MeterTest, ObserversHearOfChangesOnly)
@@ -49,8 +49,8 @@ TEST_F(MeterTest, ObserversHearOfChangesOnly)
     dictate();
     int levels = 0;
     int seconds = 0;
-    QObject::connect(model.get(), &AppModel::levelChanged, [&] { ++levels; });
-    QObject::connect(model.get(), &AppModel::elapsedChanged, [&] { ++seconds; });
+    QObject::connect(&model->capture(), &Capture::levelChanged, [&] { ++levels; });
+    QObject::connect(&model->capture(), &Capture::elapsedChanged, [&] { ++seconds; });
     machine.clock.turn(1);
     EXPECT_EQ(levels, 0);
     EXPECT_EQ(seconds, 10);
@@ -62,11 +62,11 @@ TEST_F(MeterTest, ItStopsWithTheRecordingAndStartsAtNothing)
     open();
     dictate();
     machine.clock.turn(3);
-    EXPECT_NEAR(model->elapsed(), 3, 1e-6);
+    EXPECT_NEAR(model->capture().elapsed(), 3, 1e-6);
     finish();
     EXPECT_EQ(machine.clock.armed(), 0U);
     dictate();
-    EXPECT_EQ(model->elapsed(), 0);
+    EXPECT_EQ(model->capture().elapsed(), 0);
 }
 
 TEST_F(MeterTest, ARecordingIsFinishedAndTranscribedAfterFiveMinutes)
@@ -74,15 +74,15 @@ TEST_F(MeterTest, ARecordingIsFinishedAndTranscribedAfterFiveMinutes)
     open();
     dictate();
     machine.clock.turn(299.9);
-    EXPECT_EQ(model->phase(), Phase::recording);
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
     machine.clock.turn(0.1);
-    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
     EXPECT_FALSE(machine.recorder.running());
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_NEAR(onlyRecording().duration, 300, 1e-6);
     EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
     EXPECT_EQ(onlyNote().body, "hello world");
-    EXPECT_EQ(model->errorMessage(), "");
+    EXPECT_EQ(model->status().errorMessage(), "");
     EXPECT_EQ(machine.clock.armed(), 0U);
 }
 

@@ -1,6 +1,6 @@
 // The program is asked to end, in every phase.
 
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 
 namespace vesko {
 
@@ -24,7 +24,7 @@ TEST_F(QuitTest, ItIsRefusedWhileTheMicrophoneStarts)
 {
     open();
     machine.recorder.access.close();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     EXPECT_FALSE(awaited(model->prepareToQuit()));
     machine.recorder.access.open();
     ASSERT_TRUE(reach(Phase::recording));
@@ -38,7 +38,7 @@ TEST_F(QuitTest, ARunningCaptureIsKeptAndNotTranscribed)
     dictate();
     machine.clock.turn(4);
     EXPECT_TRUE(awaited(model->prepareToQuit()));
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
     EXPECT_FALSE(machine.recorder.running());
     EXPECT_EQ(machine.clock.armed(), 0U);
     model.reset();
@@ -78,13 +78,13 @@ TEST_F(QuitTest, ATriggerMeanwhileStartsNothing)
     scope.spawn([](AppModel& of, std::optional<bool>& into) -> Task<> {
         into = co_await of.prepareToQuit();
     }(*model, answer));
-    model->toggleDictation();
-    model->recordNote(false);
-    model->handleFn(FnShortcutAction::begin);
+    model->capture().toggleDictation();
+    model->capture().recordNote(false);
+    model->capture().handleFn(FnShortcutAction::begin);
     machine.recorder.finishing.open();
     ASSERT_TRUE(eventually([&] { return answer.has_value(); }));
     EXPECT_EQ(answer, true);
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
     EXPECT_EQ(machine.recorder.files.size(), 1U);
     EXPECT_TRUE(machine.recognizer.audio.empty());
 }
@@ -95,7 +95,7 @@ TEST_F(QuitTest, ACaptureThatCannotBeStoredRefusesIt)
     dictate();
     breakStore();
     EXPECT_FALSE(awaited(model->prepareToQuit()));
-    EXPECT_EQ(model->errorMessage(),
+    EXPECT_EQ(model->status().errorMessage(),
         "Vesko could not save this change. Check free disk space and access to the data folder.");
     EXPECT_FALSE(machine.recorder.running());
 
@@ -103,7 +103,7 @@ TEST_F(QuitTest, ACaptureThatCannotBeStoredRefusesIt)
     repairStore();
     dictate();
     finish();
-    EXPECT_EQ(model->library().notes.back().body, "hello world");
+    EXPECT_EQ(model->library().contents().notes.back().body, "hello world");
     EXPECT_TRUE(awaited(model->prepareToQuit()));
 }
 
@@ -112,10 +112,10 @@ TEST_F(QuitTest, ATranscriptionDoesNotHoldItUp)
     open();
     machine.recognizer.hears.reset();
     dictate();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
     EXPECT_TRUE(awaited(model->prepareToQuit()));
-    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
     EXPECT_TRUE(machine.recognizer.running());
     model.reset();
     EXPECT_FALSE(machine.recognizer.running());

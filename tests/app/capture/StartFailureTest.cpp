@@ -1,6 +1,6 @@
 // Each step on the way to a running capture fails once.
 
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 
 namespace vesko {
 
@@ -15,10 +15,10 @@ protected:
     void expectThatTheNextCaptureWorks()
     {
         dictate();
-        EXPECT_EQ(model->errorMessage(), "");
+        EXPECT_EQ(model->status().errorMessage(), "");
         finish();
-        EXPECT_EQ(model->library().notes.back().body, "hello world");
-        EXPECT_EQ(model->errorMessage(), "");
+        EXPECT_EQ(model->library().contents().notes.back().body, "hello world");
+        EXPECT_EQ(model->status().errorMessage(), "");
     }
 };
 
@@ -26,9 +26,9 @@ TEST_F(StartFailureTest, ARefusedMicrophoneLeavesNeitherNoteNorRecording)
 {
     open();
     machine.recorder.grantsAccess = false;
-    model->toggleDictation();
+    model->capture().toggleDictation();
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_EQ(model->errorMessage(),
+    EXPECT_EQ(model->status().errorMessage(),
         "Allow Microphone for Vesko in System Settings > Privacy & Security > Microphone, then "
         "try again.");
     EXPECT_TRUE(machine.recorder.files.empty());
@@ -36,23 +36,23 @@ TEST_F(StartFailureTest, ARefusedMicrophoneLeavesNeitherNoteNorRecording)
 
     machine.recorder.grantsAccess = true;
     expectThatTheNextCaptureWorks();
-    EXPECT_EQ(model->library().notes.size(), 1U);
+    EXPECT_EQ(model->library().contents().notes.size(), 1U);
 }
 
 TEST_F(StartFailureTest, ANoteThatCannotBeSavedIsReported)
 {
     open();
     breakStore();
-    model->toggleDictation();
-    EXPECT_EQ(model->phase(), Phase::preparing);
+    model->capture().toggleDictation();
+    EXPECT_EQ(model->capture().phase(), Phase::preparing);
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_EQ(model->errorMessage(), storageText);
+    EXPECT_EQ(model->status().errorMessage(), storageText);
     EXPECT_TRUE(machine.recorder.files.empty());
     EXPECT_FALSE(machine.recorder.running());
 
     repairStore();
     expectThatTheNextCaptureWorks();
-    EXPECT_EQ(model->library().notes.size(), 1U);
+    EXPECT_EQ(model->library().contents().notes.size(), 1U);
 }
 
 // The note and its recording are two changes; the disk can fail within each and between them.
@@ -68,21 +68,23 @@ TEST_F(StartFailureTest, ADiskThatFailsAtAnyMomentOfTheStartLeavesNothingHalfMad
         files.number = ENOSPC;
         files.calls = 0;
         files.fault = FailingFileSystem::Fault::error;
-        model->toggleDictation();
-        ASSERT_TRUE(eventually(
-            [&] { return model->phase() == Phase::recording || model->phase() == Phase::idle; }));
+        model->capture().toggleDictation();
+        ASSERT_TRUE(eventually([&] {
+            return model->capture().phase() == Phase::recording
+                || model->capture().phase() == Phase::idle;
+        }));
         drainEvents();
         files.fault = FailingFileSystem::Fault::none;
         failing = files.calls > call;
-        if (model->phase() == Phase::recording) {
+        if (model->capture().phase() == Phase::recording) {
             finish(); // what failed was of no consequence
             continue;
         }
         ++failures;
-        EXPECT_EQ(model->errorMessage(), storageText);
+        EXPECT_EQ(model->status().errorMessage(), storageText);
         EXPECT_EQ(machine.recorder.files.size(), captured);
         EXPECT_FALSE(machine.recorder.running());
-        for (const Note& note : model->library().notes)
+        for (const Note& note : model->library().contents().notes)
             for (const Recording& recording : note.recordings)
                 EXPECT_EQ(recording.status, RecordingStatus::ready);
         expectThatTheNextCaptureWorks();
@@ -93,10 +95,10 @@ TEST_F(StartFailureTest, ADiskThatFailsAtAnyMomentOfTheStartLeavesNothingHalfMad
 TEST_F(StartFailureTest, ANoteThatIsGoneCannotBeContinued)
 {
     open();
-    model->setSelectedNoteID(Uuid::random());
-    model->recordNote(true);
+    model->selection().setSelectedNoteID(Uuid::random());
+    model->capture().recordNote(true);
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_EQ(model->errorMessage(), "This item is no longer available.");
+    EXPECT_EQ(model->status().errorMessage(), "This item is no longer available.");
     EXPECT_TRUE(machine.recorder.files.empty());
     EXPECT_FALSE(machine.recorder.running());
     expectThatTheNextCaptureWorks();
@@ -105,11 +107,11 @@ TEST_F(StartFailureTest, ANoteThatIsGoneCannotBeContinued)
 TEST_F(StartFailureTest, AnUnknownProjectIsReported)
 {
     open();
-    model->setSelectedProjectID(Uuid::random());
-    model->toggleDictation();
+    model->selection().setSelectedProjectID(Uuid::random());
+    model->capture().toggleDictation();
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_EQ(model->errorMessage(), "This item is no longer available.");
-    model->setSelectedProjectID(std::nullopt);
+    EXPECT_EQ(model->status().errorMessage(), "This item is no longer available.");
+    model->selection().setSelectedProjectID(std::nullopt);
     expectThatTheNextCaptureWorks();
 }
 
@@ -117,10 +119,10 @@ TEST_F(StartFailureTest, ARecorderThatCannotStartMarksTheRecordingAsFailed)
 {
     open();
     machine.recorder.startFails = true;
-    model->toggleDictation();
+    model->capture().toggleDictation();
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_EQ(model->errorMessage(), microphoneText);
-    ASSERT_TRUE(eventually([&] { return !model->library().notes.empty(); }));
+    EXPECT_EQ(model->status().errorMessage(), microphoneText);
+    ASSERT_TRUE(eventually([&] { return !model->library().contents().notes.empty(); }));
     EXPECT_EQ(onlyRecording().status, RecordingStatus::failed);
     EXPECT_EQ(onlyRecording().errorMessage, microphoneText);
     EXPECT_EQ(machine.clock.armed(), 0U);
@@ -134,12 +136,12 @@ TEST_F(StartFailureTest, TheFirstFailureIsWhatTheUserReadsEvenIfItCannotBeStored
     open();
     machine.recorder.starting.close();
     machine.recorder.startFails = true;
-    model->toggleDictation();
+    model->capture().toggleDictation();
     ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
     breakStore();
     machine.recorder.starting.open();
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_EQ(model->errorMessage(), microphoneText);
+    EXPECT_EQ(model->status().errorMessage(), microphoneText);
 
     repairStore();
     machine.recorder.startFails = false;
@@ -164,18 +166,18 @@ TEST_F(StartFailureTest, ARecordingThatEndsByItselfIsKeptAsFailed)
         dictate();
         machine.recorder.power = -5;
         machine.clock.turn(1);
-        ASSERT_GT(model->level(), 0);
+        ASSERT_GT(model->capture().level(), 0);
         machine.recorder.fail(failure);
-        EXPECT_EQ(model->phase(), Phase::idle);
-        EXPECT_EQ(model->level(), 0);
-        ASSERT_TRUE(eventually([&] { return model->errorMessage() == text; }));
+        EXPECT_EQ(model->capture().phase(), Phase::idle);
+        EXPECT_EQ(model->capture().level(), 0);
+        ASSERT_TRUE(eventually([&] { return model->status().errorMessage() == text; }));
         const auto failed = [&] {
-            const auto& notes = model->library().notes;
+            const auto& notes = model->library().contents().notes;
             return !notes.empty()
                 && notes.back().recordings.back().status == RecordingStatus::failed;
         };
         ASSERT_TRUE(eventually(failed));
-        const auto& recording = model->library().notes.back().recordings.back();
+        const auto& recording = model->library().contents().notes.back().recordings.back();
         EXPECT_EQ(recording.errorMessage, text);
         EXPECT_EQ(recording.duration, 0);
         EXPECT_TRUE(recording.attempts.empty());
@@ -191,9 +193,9 @@ TEST_F(StartFailureTest, AFailedRecordingIsReportedEvenIfThatCannotBeStored)
     dictate();
     breakStore();
     machine.recorder.fail(RecorderFailure::encoding);
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
     ASSERT_TRUE(eventually([&] {
-        return model->errorMessage()
+        return model->status().errorMessage()
             == "Recording was interrupted by an audio error. Your original file was kept.";
     }));
     repairStore();
@@ -204,13 +206,14 @@ TEST_F(StartFailureTest, ALateReportOfTheRecorderDoesNotTouchAFinishedCapture)
 {
     open();
     dictate();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     machine.recorder.reportFailure(RecorderFailure::stoppedUnexpectedly);
-    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
     ASSERT_TRUE(reach(Phase::idle));
     machine.recorder.reportFailure(RecorderFailure::encoding);
     expectThatTheNextCaptureWorks();
-    EXPECT_EQ(model->library().notes[0].recordings.back().status, RecordingStatus::ready);
+    EXPECT_EQ(
+        model->library().contents().notes[0].recordings.back().status, RecordingStatus::ready);
 }
 
 TEST_F(StartFailureTest, ACaptureThatCannotBeFinishedIsNotTranscribed)
@@ -218,10 +221,10 @@ TEST_F(StartFailureTest, ACaptureThatCannotBeFinishedIsNotTranscribed)
     open();
     dictate();
     breakStore();
-    model->toggleDictation();
-    EXPECT_EQ(model->phase(), Phase::processing);
+    model->capture().toggleDictation();
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
     ASSERT_TRUE(reach(Phase::idle));
-    EXPECT_EQ(model->errorMessage(), storageText);
+    EXPECT_EQ(model->status().errorMessage(), storageText);
     EXPECT_TRUE(machine.recognizer.audio.empty());
     EXPECT_EQ(machine.clipboard.text, std::nullopt);
     repairStore();
@@ -233,9 +236,9 @@ TEST_F(StartFailureTest, ACaptureIsNotFinishedBeforeItsFileIsWhole)
     open();
     dictate();
     machine.recorder.finishing.close();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     drainEvents();
-    EXPECT_EQ(model->phase(), Phase::processing);
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
     EXPECT_TRUE(machine.recognizer.audio.empty());
     machine.recorder.finishing.open();
     ASSERT_TRUE(reach(Phase::idle));

@@ -1,7 +1,7 @@
 // What the dictionary window shows and does.
 
 #include "VeskoApp/dictionary/DictionaryView.h"
-#include "tests/app/capture/LearningTest.h"
+#include "tests/app/dictionary/LearningTest.h"
 
 namespace vesko {
 namespace {
@@ -11,7 +11,8 @@ protected:
     void open()
     {
         LearningTest::open();
-        view = std::make_unique<DictionaryView>(*model, machine.clock);
+        view = std::make_unique<DictionaryView>(
+            model->terms(), model->library(), model->capture(), machine.clock);
     }
     void type(const char* original, const char* replacement)
     {
@@ -30,18 +31,21 @@ protected:
     void put(DictionaryEntry entry)
     {
         const auto before = terms().size();
-        model->saveTerm(std::move(entry), {});
+        model->terms().save(std::move(entry), {});
         ASSERT_TRUE(eventually([&] { return terms().size() > before; }));
         drainEvents();
     }
     // The outcome of the last save, as the form shows it.
     std::string outcome()
     {
-        const auto known = model->dictionaryMessage();
-        EXPECT_TRUE(eventually([&] { return model->dictionaryMessage() != known; }));
-        return model->dictionaryMessage().toStdString();
+        const auto known = model->terms().message();
+        EXPECT_TRUE(eventually([&] { return model->terms().message() != known; }));
+        return model->terms().message().toStdString();
     }
-    const SharedArray<DictionaryEntry>& terms() const { return model->library().dictionary; }
+    const SharedArray<DictionaryEntry>& terms() const
+    {
+        return model->library().contents().dictionary;
+    }
     QString idOf(std::size_t index) const
     {
         return QString::fromStdString(terms()[index].id.text());
@@ -71,7 +75,7 @@ TEST_F(DictionaryViewTest, aTermIsAddedAndTheFormIsEmptied)
     EXPECT_EQ(view->original(), QString());
     EXPECT_EQ(view->replacement(), QString());
     EXPECT_EQ(view->countText(), QStringLiteral("1 term"));
-    EXPECT_EQ(model->errorMessage(), "");
+    EXPECT_EQ(model->status().errorMessage(), "");
 }
 
 TEST_F(DictionaryViewTest, onlyTwoDifferentTextsCanBeSaved)
@@ -102,7 +106,7 @@ TEST_F(DictionaryViewTest, onlyTwoDifferentTextsCanBeSaved)
     }
     drainEvents();
     EXPECT_TRUE(terms().empty());
-    EXPECT_EQ(model->dictionaryMessage(), QString());
+    EXPECT_EQ(model->terms().message(), QString());
 }
 
 TEST_F(DictionaryViewTest, aSearchLooksAtBothSidesIgnoringCaseAndDiacritics)
@@ -197,11 +201,11 @@ TEST_F(DictionaryViewTest, aTermIsRemovedWithoutAWord)
 {
     open();
     add("tallki", "Vesko");
-    const auto said = model->dictionaryMessage();
+    const auto said = model->terms().message();
     view->remove(idOf(0));
     ASSERT_TRUE(eventually([&] { return terms().empty(); }));
     drainEvents();
-    EXPECT_EQ(model->dictionaryMessage(), said);
+    EXPECT_EQ(model->terms().message(), said);
     EXPECT_EQ(view->countText(), QStringLiteral("0 terms"));
     view->remove(QStringLiteral("no such term"));
     view->edit(QStringLiteral("no such term"));
@@ -230,7 +234,7 @@ TEST_F(DictionaryViewTest, whatTheDictionaryRefusesStaysInTheForm)
     view->save();
     const auto refused = outcome();
     EXPECT_EQ(refused, VeskoError(VeskoError::duplicateDictionary).errorDescription());
-    EXPECT_EQ(model->errorMessage(), refused);
+    EXPECT_EQ(model->status().errorMessage(), refused);
     EXPECT_EQ(view->original(), QStringLiteral("Tallki"));
     EXPECT_EQ(view->replacement(), QStringLiteral("Talky"));
     EXPECT_EQ(terms().size(), 1U);
@@ -246,9 +250,9 @@ TEST_F(DictionaryViewTest, aFailingDiskKeepsWhatWasTypedAndWhatWasThere)
     EXPECT_EQ(outcome(), VeskoError(VeskoError::storage).errorDescription());
     EXPECT_EQ(view->original(), QStringLiteral("wurld"));
     EXPECT_EQ(view->replacement(), QStringLiteral("world"));
-    model->dismissError();
+    model->status().dismissError();
     view->remove(idOf(0));
-    ASSERT_TRUE(eventually([&] { return !model->errorMessage().empty(); }));
+    ASSERT_TRUE(eventually([&] { return !model->status().errorMessage().empty(); }));
     EXPECT_EQ(terms().size(), 1U);
     repairStore();
     view->save();
@@ -261,7 +265,7 @@ TEST_F(DictionaryViewTest, aSwitchThatCouldNotBeSavedStaysAsItWas)
     add("tallki", "Vesko");
     breakStore();
     view->setEnabled(idOf(0), false);
-    ASSERT_TRUE(eventually([&] { return !model->errorMessage().empty(); }));
+    ASSERT_TRUE(eventually([&] { return !model->status().errorMessage().empty(); }));
     drainEvents();
     EXPECT_TRUE(terms()[0].enabled);
     EXPECT_EQ(view->termList().data(view->termList().index(0), TermListModel::enabledRole), true);
@@ -275,7 +279,7 @@ TEST_F(DictionaryViewTest, correctionsThatWaitAreCounted)
     dictateAndEdit();
     leave();
     EXPECT_EQ(view->pendingText(), QStringLiteral("Last edited paste: 1 word corrections"));
-    model->learnPendingCorrections();
+    model->terms().learnPendingCorrections();
     EXPECT_EQ(view->pendingText(), QString());
     ASSERT_TRUE(eventually([&] { return view->countText() == QStringLiteral("1 term"); }));
 }
@@ -283,10 +287,11 @@ TEST_F(DictionaryViewTest, correctionsThatWaitAreCounted)
 TEST_F(DictionaryViewTest, nothingIsSavedBeforeTheLibraryIsOpen)
 {
     start();
-    view = std::make_unique<DictionaryView>(*model, machine.clock);
+    view = std::make_unique<DictionaryView>(
+        model->terms(), model->library(), model->capture(), machine.clock);
     type("tallki", "Vesko");
     view->save();
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     drainEvents();
     EXPECT_TRUE(terms().empty());
     EXPECT_EQ(view->original(), QStringLiteral("tallki"));
@@ -296,7 +301,8 @@ TEST_F(DictionaryViewTest, aLibraryThatIsLongInOpeningHasNoCountOfTerms)
 {
     slowDisk();
     start();
-    view = std::make_unique<DictionaryView>(*model, machine.clock);
+    view = std::make_unique<DictionaryView>(
+        model->terms(), model->library(), model->capture(), machine.clock);
     EXPECT_EQ(view->countText(), QString());
     EXPECT_FALSE(view->emptyState().isValid());
     machine.clock.turn(0.2);
@@ -308,7 +314,7 @@ TEST_F(DictionaryViewTest, aLibraryThatIsLongInOpeningHasNoCountOfTerms)
     QObject::connect(view.get(), &DictionaryView::termsChanged, [&] { count = view->countText(); });
     QObject::connect(view.get(), &DictionaryView::formChanged, [&] { canSave = view->canSave(); });
     hurryDisk();
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     drainEvents();
     EXPECT_EQ(count, QStringLiteral("0 terms"));
     EXPECT_TRUE(canSave);

@@ -31,7 +31,7 @@ protected:
         lines.clear();
         m_earlier = qInstallMessageHandler(
             [](QtMsgType, const QMessageLogContext& context, const QString& text) {
-                EXPECT_STREQ(context.category, "app.vesko.mac.insertion");
+                EXPECT_STREQ(context.category, "app.vesko.insertion");
                 lines.push_back(text.toStdString());
             });
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 
 namespace vesko {
 
@@ -10,36 +10,43 @@ protected:
     // A new text note, saved with this text and selected.
     Uuid write(const std::string& title, const std::string& body)
     {
-        const auto before = model->library().notes.size();
-        model->newNote();
-        EXPECT_TRUE(eventually([&] { return model->library().notes.size() > before; }));
-        const auto id = model->library().notes.back().id;
+        const auto before = model->library().contents().notes.size();
+        model->notes().newNote();
+        EXPECT_TRUE(eventually([&] { return model->library().contents().notes.size() > before; }));
+        const auto id = model->library().contents().notes.back().id;
         machine.clock.turn(1); // no two changes fall on one moment
-        awaited(model->editNote(id, { title, body, "" }));
+        awaited(savedEdit(id, { title, body, "" }));
         return id;
     }
-    const Note& note(const Uuid& id) const { return *model->note(id); }
+    // The edit has been saved, or throws why not.
+    Task<> savedEdit(Uuid id, NoteEdits::PendingEdit edit)
+    {
+        if (const auto failure = co_await model->edits().save(id, std::move(edit)))
+            std::rethrow_exception(failure);
+    }
+    const Note& note(const Uuid& id) const { return *model->library().note(id); }
     Uuid makeProject(const std::string& name)
     {
-        const auto before = model->library().projects.size();
-        model->createProject(name);
-        EXPECT_TRUE(eventually([&] { return model->library().projects.size() > before; }));
-        return model->library().projects.back().id;
+        const auto before = model->library().contents().projects.size();
+        model->notes().createProject(name);
+        EXPECT_TRUE(
+            eventually([&] { return model->library().contents().projects.size() > before; }));
+        return model->library().contents().projects.back().id;
     }
     void moveToTrash(const Uuid& id)
     {
-        model->trash(note(id), false);
+        model->notes().trash(note(id), false);
         ASSERT_TRUE(eventually([&] { return note(id).deletedAt.has_value(); }));
     }
     // A transcript lands in the note from its first recording, or from one more.
     void hear(const Uuid& id, const std::string& words)
     {
         machine.clock.turn(1);
-        model->setSelectedNoteID(id);
-        model->recordNote(true);
+        model->selection().setSelectedNoteID(id);
+        model->capture().recordNote(true);
         ASSERT_TRUE(reach(Phase::recording));
         machine.recognizer.hears = words;
-        model->recordNote(true);
+        model->capture().recordNote(true);
         ASSERT_TRUE(reach(Phase::idle));
     }
 };

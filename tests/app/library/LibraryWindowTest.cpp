@@ -18,7 +18,20 @@ protected:
         LibraryTest::open();
         openWindow();
     }
-    void openWindow() { window = std::make_unique<LibraryWindow>(*model, machine.all); }
+    void openWindow()
+    {
+        window = std::make_unique<LibraryWindow>(LibraryWindow::Neighbours{ .clock = machine.clock,
+            .fileChooser = machine.fileChooser,
+            .library = model->library(),
+            .selection = model->selection(),
+            .edits = model->edits(),
+            .notes = model->notes(),
+            .capture = model->capture(),
+            .playback = model->playback(),
+            .run = model->run(),
+            .clipboard = model->clipboard(),
+            .status = model->status() });
+    }
     std::string emptyTitle() const
     {
         return window->emptyState().toMap()[QStringLiteral("title")].toString().toStdString();
@@ -58,7 +71,7 @@ TEST_F(LibraryWindowTest, NothingIsEmptyBeforeTheLibraryIsOpen)
     EXPECT_FALSE(window->emptyState().isValid());
     EXPECT_FALSE(window->canCreate());
     EXPECT_FALSE(window->canRecord());
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     drainEvents();
     EXPECT_TRUE(window->canCreate());
     EXPECT_EQ(emptyTitle(), "A place for your next thought");
@@ -79,7 +92,7 @@ TEST_F(LibraryWindowTest, ALibraryThatIsLongInOpeningIsNotShownAsEmpty)
     QObject::connect(
         window.get(), &LibraryWindow::emptyStateChanged, [&] { shown = window->emptyState(); });
     hurryDisk();
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     drainEvents();
     EXPECT_TRUE(shown.isValid());
     EXPECT_FALSE(window->opening());
@@ -181,7 +194,7 @@ TEST_F(LibraryWindowTest, TheStatusLineTellsThePhase)
     open();
     EXPECT_EQ(window->statusLine(), QStringLiteral("Ready to capture"));
     machine.recorder.access.close();
-    model->recordNote(false);
+    model->capture().recordNote(false);
     EXPECT_EQ(window->statusLine(), QStringLiteral("Starting microphone"));
     EXPECT_FALSE(window->canRecord());
     machine.recorder.access.open();
@@ -191,7 +204,7 @@ TEST_F(LibraryWindowTest, TheStatusLineTellsThePhase)
     machine.clock.turn(61.05);
     EXPECT_EQ(window->statusLine(), QStringLiteral("Recording 1:01"));
     machine.recognizer.hears.reset();
-    model->recordNote(false);
+    model->capture().recordNote(false);
     EXPECT_EQ(window->statusLine(), QStringLiteral("Transcribing"));
     EXPECT_FALSE(window->canRecord());
     ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
@@ -234,8 +247,8 @@ TEST_F(LibraryWindowTest, TheActionsAreOnTheSelectedNote)
     ASSERT_TRUE(eventually([&] { return note(id).deletedAt.has_value(); }));
     window->showTrash();
     window->deletePermanently();
-    ASSERT_TRUE(eventually([&] { return !model->note(id); }));
-    EXPECT_NE(model->note(other), nullptr);
+    ASSERT_TRUE(eventually([&] { return !model->library().note(id); }));
+    EXPECT_NE(model->library().note(other), nullptr);
     // Without a selected note all of them do nothing.
     window->copyNote();
     window->assign(text(garden));
@@ -244,7 +257,7 @@ TEST_F(LibraryWindowTest, TheActionsAreOnTheSelectedNote)
     window->deletePermanently();
     EXPECT_EQ(window->exportPath(), QString());
     drainEvents();
-    EXPECT_EQ(model->library().notes.size(), 1U);
+    EXPECT_EQ(model->library().contents().notes.size(), 1U);
 }
 
 struct ExportTest : LibraryWindowTest {
@@ -284,7 +297,7 @@ TEST_F(ExportTest, TheNoteGoesIntoTheChosenFile)
     write("Balcony", "tomatoes");
     window->chooseExport(&above);
     answer(FileChooser::Answer::chosen, folder.path() / "chosen.md");
-    ASSERT_TRUE(eventually([&] { return model->message() == "Markdown exported"; }));
+    ASSERT_TRUE(eventually([&] { return model->status().message() == "Markdown exported"; }));
     EXPECT_EQ(bytesOf(folder.path() / "chosen.md"), "# Balcony\n\ntomatoes\n");
     EXPECT_EQ(pathWanted, 0);
 }
@@ -296,7 +309,7 @@ TEST_F(ExportTest, ANoteThatIsLeftMeanwhileIsTheOneThatIsExported)
     window->chooseExport(&above);
     write("Errands", "bread");
     answer(FileChooser::Answer::chosen, folder.path() / "chosen.md");
-    ASSERT_TRUE(eventually([&] { return model->message() == "Markdown exported"; }));
+    ASSERT_TRUE(eventually([&] { return model->status().message() == "Markdown exported"; }));
     EXPECT_EQ(bytesOf(folder.path() / "chosen.md"), "# Balcony\n\ntomatoes\n");
 }
 
@@ -304,11 +317,11 @@ TEST_F(ExportTest, WhoCancelsHearsNothingOfIt)
 {
     open();
     write("Balcony", "tomatoes");
-    const auto said = model->message();
+    const auto said = model->status().message();
     window->chooseExport(&above);
     answer(FileChooser::Answer::cancelled);
-    EXPECT_EQ(model->message(), said);
-    EXPECT_EQ(model->errorMessage(), "");
+    EXPECT_EQ(model->status().message(), said);
+    EXPECT_EQ(model->status().errorMessage(), "");
     EXPECT_EQ(pathWanted, 0);
 }
 
@@ -363,7 +376,7 @@ TEST_F(LibraryWindowTest, ARecordingIsPlayedAndTranscribedAgain)
     EXPECT_EQ(machine.clipboard.text, std::nullopt);
     window->play(QStringLiteral("no id"));
     window->retry(QStringLiteral("no id"));
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
 }
 
 } // namespace

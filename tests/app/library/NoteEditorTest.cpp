@@ -21,9 +21,10 @@ protected:
     void openEditor()
     {
         document.setPlainText({});
-        editor = std::make_unique<NoteEditor>(*model, machine.clock, note(id));
+        editor = std::make_unique<NoteEditor>(
+            model->edits(), model->library(), machine.clock, note(id));
         editor->attach(document);
-        QObject::connect(model.get(), &AppModel::libraryChanged, editor.get(),
+        QObject::connect(&model->library(), &LibrarySession::changed, editor.get(),
             [this] { editor->refresh(note(id)); });
     }
     void type(const char* text)
@@ -40,12 +41,12 @@ protected:
     // way.
     void typeBeforeWordsLand(const char* text)
     {
-        model->setSelectedNoteID(id);
+        model->selection().setSelectedNoteID(id);
         machine.clock.turn(1);
-        model->recordNote(true);
+        model->capture().recordNote(true);
         ASSERT_TRUE(reach(Phase::recording));
         machine.recognizer.hears.reset();
-        model->recordNote(true);
+        model->capture().recordNote(true);
         ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
         type(text);
         machine.recognizer.report({ .text = "heard", .isFinal = true });
@@ -70,7 +71,8 @@ TEST_F(NoteEditorTest, WhatIsTypedIsPendingAtOnceAndSavedSoon)
     EXPECT_EQ(machine.clock.armed(), 0U);
     type(" and");
     EXPECT_TRUE(editor->dirty());
-    EXPECT_EQ(model->pendingEdits().at(id), (AppModel::PendingEdit{ "", "begun and", "begun" }));
+    EXPECT_EQ(
+        model->edits().pending().at(id), (NoteEdits::PendingEdit{ "", "begun and", "begun" }));
     machine.clock.turn(0.349);
     drainEvents();
     EXPECT_EQ(note(id).body, "begun");
@@ -78,7 +80,7 @@ TEST_F(NoteEditorTest, WhatIsTypedIsPendingAtOnceAndSavedSoon)
     ASSERT_TRUE(saved());
     EXPECT_FALSE(editor->dirty());
     EXPECT_EQ(note(id).body, "begun and");
-    EXPECT_TRUE(model->pendingEdits().empty());
+    EXPECT_TRUE(model->edits().pending().empty());
     type(" more");
     EXPECT_FALSE(editor->saved());
 }
@@ -107,7 +109,7 @@ TEST_F(NoteEditorTest, TypingDuringASaveIsSavedAsSoonAsOtherTyping)
     type("b");
     ASSERT_TRUE(eventually([&] { return note(id).body == "a"; }));
     EXPECT_TRUE(editor->dirty());
-    EXPECT_EQ(model->pendingEdits().at(id).body, "ab");
+    EXPECT_EQ(model->edits().pending().at(id).body, "ab");
     machine.clock.turn(0.36);
     ASSERT_TRUE(saved());
     EXPECT_EQ(note(id).body, "ab");
@@ -118,7 +120,7 @@ TEST_F(NoteEditorTest, TypingDuringALongSaveIsSavedAsSoonAsItHasEnded)
 {
     edit("");
     std::vector<std::string> bodies;
-    QObject::connect(model.get(), &AppModel::libraryChanged, [&] {
+    QObject::connect(&model->library(), &LibrarySession::changed, [&] {
         if (bodies.empty() || bodies.back() != note(id).body)
             bodies.push_back(note(id).body);
     });
@@ -151,7 +153,7 @@ TEST_F(NoteEditorTest, ATranscriptThatLandsWhileCleanShowsAtOnce)
     EXPECT_FALSE(editor->dirty());
     EXPECT_FALSE(editor->saved()); // an edit that nobody made
     type("!");
-    EXPECT_EQ(model->pendingEdits().at(id).baseBody, "begun\n\nand heard");
+    EXPECT_EQ(model->edits().pending().at(id).baseBody, "begun\n\nand heard");
 }
 
 TEST_F(NoteEditorTest, ATranscriptThatLandsWhileDirtyShowsWithTheSave)
@@ -232,10 +234,10 @@ TEST_F(NoteEditorTest, AMergeNeverCutsACharacterInTwo)
 {
     edit("😀");
     machine.clock.turn(1);
-    awaited(model->editNote(id, { "", "😁", "😀" })); // they differ in their second half
+    awaited(savedEdit(id, { "", "😁", "😀" })); // they differ in their second half
     EXPECT_EQ(shown(), "😁");
-    awaited(model->editNote(id, { "", "x𐀁", "" }));
-    awaited(model->editNote(id, { "", "x𐐁", "" })); // these in their first
+    awaited(savedEdit(id, { "", "x𐀁", "" }));
+    awaited(savedEdit(id, { "", "x𐐁", "" })); // these in their first
     EXPECT_EQ(shown(), "x𐐁");
 }
 
@@ -262,7 +264,7 @@ TEST_F(NoteEditorTest, TheEndOfTheEditorSavesWhatItHolds)
     editor.reset();
     ASSERT_TRUE(eventually([&] { return note(id).body == "begun and left"; }));
     drainEvents();
-    EXPECT_TRUE(model->pendingEdits().empty());
+    EXPECT_TRUE(model->edits().pending().empty());
     EXPECT_EQ(machine.clock.armed(), 0U);
 }
 
@@ -292,7 +294,7 @@ TEST_F(NoteEditorTest, AFailingDiskLosesNothingAndSaysSo)
     type(" typed");
     breakStore();
     machine.clock.turn(1);
-    ASSERT_TRUE(eventually([&] { return model->errorMessage() == storageFailed; }));
+    ASSERT_TRUE(eventually([&] { return model->status().errorMessage() == storageFailed; }));
     drainEvents();
     EXPECT_FALSE(editor->saved());
     EXPECT_TRUE(editor->dirty());
@@ -320,7 +322,7 @@ TEST_F(NoteEditorTest, ANoteInTheTrashIsNotEdited)
     editor->setTitle(QStringLiteral("no"));
     type("no");
     EXPECT_FALSE(editor->dirty());
-    EXPECT_TRUE(model->pendingEdits().empty());
+    EXPECT_TRUE(model->edits().pending().empty());
     EXPECT_EQ(editor->title(), QString());
 }
 
@@ -328,7 +330,7 @@ TEST_F(NoteEditorTest, CopyingWithinTheDelayCopiesTheNewText)
 {
     edit("begun");
     type(" and typed");
-    model->copyNote(id);
+    model->notes().copy(id);
     EXPECT_EQ(machine.clipboard.text, "begun and typed");
 }
 
@@ -359,8 +361,8 @@ TEST_F(NoteEditorTest, ThePromptTellsTheKindOfNote)
     for (const auto& row : rows) {
         Note untitled;
         untitled.kind = row.kind;
-        EXPECT_EQ(
-            NoteEditor(*model, machine.clock, untitled).titlePrompt().toStdString(), row.prompt);
+        const NoteEditor made(model->edits(), model->library(), machine.clock, untitled);
+        EXPECT_EQ(made.titlePrompt().toStdString(), row.prompt);
     }
 }
 

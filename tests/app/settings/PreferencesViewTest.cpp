@@ -1,7 +1,7 @@
 // What the settings form shows and does.
 
 #include "VeskoApp/settings/PreferencesView.h"
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 
 namespace vesko {
 namespace {
@@ -14,7 +14,15 @@ protected:
     {
         AppModelTest::open();
         permissions = std::make_unique<PermissionRows>(machine.all, [this] { ++restarts; });
-        view = std::make_unique<PreferencesView>(*model, machine.all, *permissions);
+        view = std::make_unique<PreferencesView>(
+            PreferencesView::Neighbours{ .platform = machine.all,
+                .preferences = model->preferences(),
+                .permissions = *permissions,
+                .accounts = model->accounts(),
+                .analytics = model->analytics(),
+                .catalog = model->catalog(),
+                .cues = model->cues(),
+                .status = model->status() });
     }
     template <class T>
     T stored(const std::string& key)
@@ -194,13 +202,13 @@ TEST_F(PreferencesViewTest, aKeyThatCannotBeSavedStaysInTheForm)
     };
     for (const auto& [what, draft, locked, error] : rows) {
         SCOPED_TRACE(what);
-        model->dismissError();
+        model->status().dismissError();
         if (locked)
             machine.secrets.lock();
         view->setProperty("keyDraft", QString::fromUtf8(draft));
         view->saveKey();
-        ASSERT_TRUE(eventually([&] { return !model->errorMessage().empty(); }));
-        EXPECT_EQ(model->errorMessage(), error);
+        ASSERT_TRUE(eventually([&] { return !model->status().errorMessage().empty(); }));
+        EXPECT_EQ(model->status().errorMessage(), error);
         EXPECT_EQ(view->notice(), QStringLiteral("The key could not be saved."));
         EXPECT_EQ(view->property("keyDraft").toString(), QString::fromUtf8(draft));
         machine.secrets.unlock();
@@ -219,7 +227,7 @@ TEST_F(PreferencesViewTest, aKeyIsRemovedAndTheSourceStays)
     view->setProperty("keyDraft", QStringLiteral("half"));
     machine.secrets.lock();
     view->removeKey();
-    ASSERT_TRUE(eventually([&] { return !model->errorMessage().empty(); }));
+    ASSERT_TRUE(eventually([&] { return !model->status().errorMessage().empty(); }));
     EXPECT_EQ(view->notice(), QString());
     EXPECT_TRUE(view->hasKey());
     machine.secrets.unlock();
@@ -301,9 +309,9 @@ TEST_F(PreferencesViewTest, whatTheFormDependsOnFollowsTheSettings)
     EXPECT_TRUE(view->translates());
     EXPECT_TRUE(view->speechModels().isEmpty()); // until the catalogue is loaded
     EXPECT_EQ(view->catalogTitle(), QStringLiteral("Refresh model catalog"));
-    model->refreshCatalog();
+    model->catalog().refresh();
     EXPECT_EQ(view->catalogTitle(), QStringLiteral("Loading models…"));
-    ASSERT_TRUE(eventually([&] { return !model->catalogLoading(); }));
+    ASSERT_TRUE(eventually([&] { return !model->catalog().loading(); }));
 }
 
 TEST_F(PreferencesViewTest, aBuildWithoutAnalyticsSaysSo)
@@ -317,6 +325,14 @@ TEST_F(PreferencesViewTest, aBuildWithoutAnalyticsSaysSo)
     EXPECT_TRUE(stored<bool>("analyticsConsent"));
     view->setAnalyticsEnabled(false);
     EXPECT_FALSE(view->analyticsEnabled());
+}
+
+TEST_F(PreferencesViewTest, theDataFolderIsOpened)
+{
+    open();
+    view->openDataFolder();
+    EXPECT_EQ(machine.desktop.openedFolders,
+        std::vector<std::filesystem::path>{ machine.all.dataFolder });
 }
 
 TEST_F(PreferencesViewTest, aPermissionsNoticeIsShown)

@@ -44,7 +44,7 @@ TEST_F(AppDelegateTest, NothingCanBeStartedUntilTheLibraryIsReady)
     machine.keys.pressGestureKey();
     machine.keys.releaseGestureKey();
     EXPECT_TRUE(machine.focusedField.reads.empty());
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     expectStatus("Vesko: Ready", "Start dictation", true);
 }
 
@@ -56,7 +56,7 @@ TEST_F(AppDelegateTest, TheStatusItemTellsOfALibraryThatIsLongInOpening)
     machine.clock.turn(0.2);
     expectStatus("Vesko: Opening library…", "Start dictation", false);
     hurryDisk();
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     expectStatus("Vesko: Ready", "Start dictation", true);
 }
 
@@ -73,7 +73,7 @@ TEST_F(AppDelegateTest, WhoHasToSignInIsAskedToAtTheLaunchAndStartsNothingBefore
     machine.shortcut.press();
     EXPECT_EQ(onboardings(), 2);
     EXPECT_TRUE(machine.focusedField.reads.empty());
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
 }
 
 TEST_F(AppDelegateTest, NobodyIsAskedWhoNeedNotSignInOrMayHave)
@@ -154,14 +154,14 @@ TEST_F(AppDelegateTest, TheShortcutTogglesADictation)
     machine.shortcut.press();
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(onlyNote().body, "hello world");
-    EXPECT_EQ(model->shortcutMessage(), "");
+    EXPECT_EQ(model->status().shortcutMessage(), "");
 }
 
 TEST_F(AppDelegateTest, AShortcutThatIsTakenIsReported)
 {
     machine.shortcut.taken = true;
     open();
-    EXPECT_EQ(model->shortcutMessage(),
+    EXPECT_EQ(model->status().shortcutMessage(),
         "Command Shift Space is unavailable. Use the floating button or choose another system "
         "shortcut.");
 }
@@ -185,7 +185,7 @@ TEST_F(AppDelegateTest, TheFloatingControlComesWithTheLibrary)
     drainEvents();
     EXPECT_FALSE(controlShown());
     hurryDisk();
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     EXPECT_TRUE(eventually([&] { return controlShown(); }));
 }
 
@@ -198,7 +198,7 @@ TEST_F(AppDelegateTest, TheFloatingControlSaysThatTheLibraryIsLongInOpening)
     EXPECT_TRUE(eventually([&] { return controlShown(); }));
     const auto* const control = delegate->captureControl().window();
     hurryDisk();
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     drainEvents();
     EXPECT_EQ(delegate->captureControl().window(), control);
 }
@@ -210,8 +210,8 @@ TEST_F(AppDelegateTest, TheFloatingControlSaysThatThereIsNoLibrary)
     start();
     launch();
     EXPECT_TRUE(eventually([&] { return controlShown(); }));
-    EXPECT_FALSE(model->libraryReady());
-    EXPECT_FALSE(model->errorMessage().empty());
+    EXPECT_FALSE(model->library().ready());
+    EXPECT_FALSE(model->status().errorMessage().empty());
 }
 
 TEST_F(AppDelegateTest, TheGestureKeyIsThatOfTheSettings)
@@ -226,7 +226,7 @@ TEST_F(AppDelegateTest, TheGestureKeyIsThatOfTheSettings)
     // Another setting does not disturb a gesture.
     model->preferences().soundsEnabled.set(false);
     machine.clock.turn(1);
-    EXPECT_TRUE(model->pushToTalk());
+    EXPECT_TRUE(model->capture().pushToTalk());
 }
 
 TEST_F(AppDelegateTest, TheGestureCanBeTurnedOff)
@@ -234,7 +234,7 @@ TEST_F(AppDelegateTest, TheGestureCanBeTurnedOff)
     choose("fnEnabled", false);
     open();
     machine.keys.pressGestureKey();
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
 }
 
 TEST_F(AppDelegateTest, QuittingKeepsARunningCapture)
@@ -264,7 +264,7 @@ TEST_F(AppDelegateTest, ARefusedQuitCanBeAskedForAgain)
 {
     open();
     machine.recorder.access.close();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     delegate->quit();
     EXPECT_EQ(terminated, 0);
     machine.recorder.access.open();
@@ -290,12 +290,12 @@ TEST_F(AppDelegateTest, AnIconThatCannotBeSeenIsNoticed)
     machine.statusItem.isVisible = false;
     open();
     machine.statusItem.onVisibleChanged();
-    EXPECT_FALSE(model->menuBarIconHidden()); // too soon to tell
+    EXPECT_FALSE(delegate->statusIconHidden()); // too soon to tell
     machine.clock.turn(2);
-    EXPECT_TRUE(model->menuBarIconHidden());
+    EXPECT_TRUE(delegate->statusIconHidden());
     machine.statusItem.isVisible = true;
     machine.statusItem.onVisibleChanged();
-    EXPECT_FALSE(model->menuBarIconHidden());
+    EXPECT_FALSE(delegate->statusIconHidden());
 }
 
 TEST_F(AppDelegateTest, TheAppearanceIsTheDesktopsUnlessForced)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VeskoApp/shell/AppDelegate.h"
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 
 namespace vesko {
 

@@ -106,7 +106,7 @@ TEST_F(AppDelegateWindowsTest, ARefusedQuitShowsTheLibraryWhichSaysWhy)
     choose("onboardingCompleted", true);
     open();
     machine.recorder.access.close();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     delegate->quit();
     EXPECT_EQ(opened(), std::vector{ AppWindow::library });
     machine.recorder.access.open();
@@ -143,11 +143,11 @@ TEST_F(AppDelegateWindowsTest, AScenePicksItsWindowAndItsNote)
     choose("onboardingCompleted", true);
     AppModelTest::open();
     for (const char* name : { "Garden", "Radio" })
-        model->createProject(name);
-    ASSERT_TRUE(eventually([&] { return model->library().projects.size() == 2; }));
-    model->setSelectedProjectID(model->library().projects[1].id);
-    model->newNote();
-    ASSERT_TRUE(eventually([&] { return !model->library().notes.empty(); }));
+        model->notes().createProject(name);
+    ASSERT_TRUE(eventually([&] { return model->library().contents().projects.size() == 2; }));
+    model->selection().setSelectedProjectID(model->library().contents().projects[1].id);
+    model->notes().newNote();
+    ASSERT_TRUE(eventually([&] { return !model->library().contents().notes.empty(); }));
     const auto id = onlyNote().id;
     const struct {
         DemoScene scene;
@@ -164,12 +164,12 @@ TEST_F(AppDelegateWindowsTest, AScenePicksItsWindowAndItsNote)
     for (const auto& row : rows) {
         delegate.reset();
         made.clear();
-        model->setSelectedProjectID(std::nullopt);
-        model->setSelectedNoteID(std::nullopt);
+        model->selection().setSelectedProjectID(std::nullopt);
+        model->selection().setSelectedNoteID(std::nullopt);
         demo.scene = row.scene;
         launch();
         EXPECT_EQ(opened(), row.opened);
-        EXPECT_EQ(model->selectedNoteID(), row.selected);
+        EXPECT_EQ(model->selection().selectedNoteID(), row.selected);
     }
 }
 
@@ -180,7 +180,7 @@ TEST_F(AppDelegateWindowsTest, ASceneWaitsForTheLibraryButNotForever)
     start();
     launch();
     EXPECT_TRUE(made.empty());
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     machine.clock.turn(0.1);
     EXPECT_EQ(opened(), std::vector{ AppWindow::settings });
 
@@ -190,7 +190,7 @@ TEST_F(AppDelegateWindowsTest, ASceneWaitsForTheLibraryButNotForever)
     start();
     launch();
     machine.clock.turn(6);
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     machine.clock.turn(6);
     EXPECT_TRUE(made.empty());
 }

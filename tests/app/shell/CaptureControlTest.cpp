@@ -1,7 +1,7 @@
 // The floating control.
 
 #include "VeskoApp/shell/CaptureControl.h"
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -19,7 +19,8 @@ protected:
     }
     void makeControl()
     {
-        control = std::make_unique<CaptureControl>(machine.all, *model);
+        control = std::make_unique<CaptureControl>(
+            machine.all, model->capture(), model->library(), model->status());
         auto made = std::make_unique<QWindow>();
         made->resize(240, 236);
         window = made.get();
@@ -119,14 +120,14 @@ TEST_F(CaptureControlTest, AClickWhileItIsBusyIsIgnored)
 {
     open();
     machine.recorder.access.close();
-    model->toggleDictation();
+    model->capture().toggleDictation();
     EXPECT_FALSE(control->orbEnabled());
     machine.recorder.access.open();
     ASSERT_TRUE(reach(Phase::recording));
     EXPECT_TRUE(control->orbEnabled());
     machine.recognizer.hears.reset();
-    model->toggleDictation();
-    EXPECT_EQ(model->phase(), Phase::processing);
+    model->capture().toggleDictation();
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
     EXPECT_FALSE(control->orbEnabled());
     press(100, 100);
     release();
@@ -138,7 +139,7 @@ TEST_F(CaptureControlTest, NothingCanBeClickedBeforeTheLibraryIsOpen)
     start();
     makeControl();
     EXPECT_FALSE(control->orbEnabled());
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     EXPECT_TRUE(control->orbEnabled());
 }
 
@@ -158,7 +159,7 @@ TEST_F(CaptureControlTest, ALibraryThatIsLongInOpeningKeepsTheDotsMoving)
     EXPECT_EQ(redrawn, 10);
     EXPECT_FALSE(control->orbEnabled());
     hurryDisk();
-    ASSERT_TRUE(eventually([&] { return model->libraryReady(); }));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     EXPECT_FALSE(control->live());
     redrawn = 0;
     machine.clock.turn(0.5);
@@ -230,10 +231,10 @@ TEST_F(CaptureControlTest, TheTimeGoesWithTheRecording)
 TEST_F(CaptureControlTest, TheHintOfAHeldKeyGoesAfterAWhile)
 {
     open();
-    model->handleFn(FnShortcutAction::begin);
+    model->capture().handleFn(FnShortcutAction::begin);
     ASSERT_TRUE(reach(Phase::recording));
     EXPECT_FALSE(control->fnHintVisible());
-    model->handleFn(FnShortcutAction::hold);
+    model->capture().handleFn(FnShortcutAction::hold);
     EXPECT_TRUE(control->holdingFn());
     EXPECT_TRUE(control->fnHintVisible());
     machine.clock.turn(2.39);
@@ -245,11 +246,11 @@ TEST_F(CaptureControlTest, TheHintOfAHeldKeyGoesAfterAWhile)
 TEST_F(CaptureControlTest, TheHintGoesWithTheKey)
 {
     open();
-    model->handleFn(FnShortcutAction::begin);
+    model->capture().handleFn(FnShortcutAction::begin);
     ASSERT_TRUE(reach(Phase::recording));
-    model->handleFn(FnShortcutAction::hold);
+    model->capture().handleFn(FnShortcutAction::hold);
     machine.clock.turn(1);
-    model->handleFn(FnShortcutAction::finish);
+    model->capture().handleFn(FnShortcutAction::finish);
     EXPECT_FALSE(control->holdingFn());
     EXPECT_FALSE(control->fnHintVisible());
 }
@@ -305,7 +306,7 @@ TEST_F(CaptureControlTest, NewsAreShownForAWhile)
 {
     open();
     EXPECT_EQ(control->news(), QString());
-    model->copy("text");
+    model->clipboard().copy("text");
     EXPECT_EQ(control->news(), QStringLiteral("Copied to clipboard"));
     machine.clock.turn(7.9);
     EXPECT_EQ(control->news(), QStringLiteral("Copied to clipboard"));

@@ -6,7 +6,7 @@
 #include "VeskoApp/onboarding/OnboardingView.h"
 #include "VeskoApp/settings/PreferencesView.h"
 #include "VeskoApp/shell/AppDelegate.h"
-#include "tests/app/capture/AppModelTest.h"
+#include "tests/app/AppModelTest.h"
 #include "tests/app/views/Layout.h"
 #include "tests/app/views/LongWords.h"
 
@@ -165,21 +165,21 @@ TEST_P(WindowsTest, libraryHasRoom)
     open();
     delegate->showLibrary();
     look("library-nothing-selected");
-    for (std::size_t note = 0; note < model->visibleNotes().size(); ++note) {
-        model->setSelectedNoteID(model->visibleNotes()[note].id);
+    for (std::size_t note = 0; note < model->selection().visibleNotes().size(); ++note) {
+        model->selection().setSelectedNoteID(model->selection().visibleNotes()[note].id);
         look("library-note-" + std::to_string(note));
     }
     lookAtPopups("library");
-    model->setQuery("nothing like it");
-    model->setSelectedNoteID({});
-    ASSERT_TRUE(eventually([&] { return model->visibleNotes().size() == 0; }));
+    model->selection().setQuery("nothing like it");
+    model->selection().setSelectedNoteID({});
+    ASSERT_TRUE(eventually([&] { return model->selection().visibleNotes().size() == 0; }));
     look("library-no-match");
-    model->setQuery({});
-    model->setShowingTrash(true);
-    model->setSelectedNoteID(model->visibleNotes()[0].id);
+    model->selection().setQuery({});
+    model->selection().setShowingTrash(true);
+    model->selection().setSelectedNoteID(model->selection().visibleNotes()[0].id);
     look("library-trash");
     lookAtPopups("library-trash");
-    model->report(std::make_exception_ptr(VeskoError(VeskoError::storage)));
+    model->status().report(std::make_exception_ptr(VeskoError(VeskoError::storage)));
     look("library-error");
     shown->resize(shown->minimumSize());
     look("library-small");
@@ -238,10 +238,10 @@ TEST_P(WindowsTest, floatingControlHasRoom)
     dictate();
     look(panel(), "panel-recording");
     finish();
-    ASSERT_TRUE(model->languageQuestion());
+    ASSERT_TRUE(model->language().question());
     look(panel(), "panel-question");
-    model->keepAutomaticLanguage();
-    model->report(std::make_exception_ptr(VeskoError(VeskoError::corruptLibrary)));
+    model->language().keepAutomatic();
+    model->status().report(std::make_exception_ptr(VeskoError(VeskoError::corruptLibrary)));
     look(panel(), "panel-error");
 }
 

@@ -1,9 +1,9 @@
 // A language other than the sources' reaches the user with everything that the program says.
 
 #include "VeskoApp/capture/CaptureFailure.h"
-#include "VeskoApp/capture/SafeMessage.h"
 #include "VeskoApp/library/NoteWords.h"
 #include "VeskoApp/shell/MenuRows.h"
+#include "VeskoApp/status/SafeMessage.h"
 #include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/library/VeskoError.h"

@@ -1,0 +1,304 @@
+#include "VeskoApp/capture/Capture.h"
+
+#include "VeskoApp/base/Observed.h"
+#include "VeskoApp/capture/CaptureLog.h"
+#include "VeskoApp/status/SafeMessage.h"
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vesko {
+
+namespace {
+
+constexpr double meterInterval = 0.1; // seconds
+constexpr double longestRecording = 300; // seconds
+
+} // namespace
+
+Q_LOGGING_CATEGORY(captureLog, "app.vesko.capture")
+
+Capture::Capture(const Neighbours& neighbours)
+    : m_to(neighbours)
+    , m_audio(neighbours.recorder)
+    , m_meter(neighbours.clock)
+{
+    m_audio.onFailure = [this](std::string message) { failed(std::move(message)); };
+    connect(this, &Capture::phaseChanged, this, &Capture::phaseTitleChanged);
+    connect(&m_to.library, &LibrarySession::openingChanged, this, &Capture::phaseTitleChanged);
+}
+
+QString Capture::phaseTitle() const
+{
+    switch (m_phase) {
+    case Phase::idle:
+        return m_to.library.opening() ? translated(L10N_KEY("Vesko", "Opening library…"))
+                                      : translated(L10N_KEY("Vesko", "Ready"));
+    case Phase::preparing:
+        return translated(L10N_KEY("Vesko", "Starting microphone"));
+    case Phase::recording:
+        return translated(L10N_KEY("Vesko", "Recording"));
+    case Phase::processing:
+        return translated(L10N_KEY("Vesko", "Transcribing"));
+    }
+    return {};
+}
+
+void Capture::setPhase(Phase phase)
+{
+    assign(*this, m_phase, phase, &Capture::phaseChanged);
+}
+
+void Capture::toggleDictation()
+{
+    if (m_phase == Phase::recording) {
+        stop();
+        return;
+    }
+    if (m_phase != Phase::idle)
+        return;
+    if (!m_to.accounts.admits()) {
+        if (onAccountNeeded)
+            onAccountNeeded();
+        return;
+    }
+    m_tasks.spawn(start(std::nullopt, true, captureField(), false));
+}
+
+void Capture::recordNote(bool append)
+{
+    if (m_phase == Phase::recording) {
+        stop();
+        return;
+    }
+    if (m_phase != Phase::idle)
+        return;
+    m_tasks.spawn(
+        start(append ? m_to.selection.selectedNoteID() : std::nullopt, false, std::nullopt, false));
+}
+
+// Which field it is, is settled here and now; everything that follows can move the focus or take
+// time. Only the reading of its text goes on beside the start of the microphone.
+Destination Capture::captureField()
+{
+    const Destination destination;
+    m_tasks.spawn(readField(destination));
+    return destination;
+}
+
+Task<> Capture::readField(Destination destination)
+{
+    const Date at = m_to.clock.now();
+    const FieldReading reading = co_await m_to.focusedField.read(std::nullopt);
+    destination.set(FocusDestination::from(reading, at));
+}
+
+Task<> Capture::start(
+    std::optional<Uuid> noteID, bool dictation, std::optional<Destination> destination, bool fromFn)
+{
+    if (m_phase != Phase::idle || !m_to.library.ready())
+        co_return;
+    setPhase(Phase::preparing);
+    m_to.status.setErrorMessage({});
+    if (!fromFn) {
+        clearFn();
+    } else if (m_fn.discardPending) {
+        clearFn();
+        setPhase(Phase::idle);
+        co_return;
+    }
+    Q_EMIT starting();
+    CaptureSettings frozen = CaptureSettings::from(m_to.preferences, m_to.library.contents());
+
+    if (!co_await m_audio.requestMicrophone()) {
+        setPhase(Phase::idle);
+        m_to.status.setErrorMessage(L10N_KEY("Vesko",
+            "Allow Microphone for Vesko in System Settings > Privacy & Security > Microphone, "
+            "then try again."));
+        clearFn();
+        co_return;
+    }
+    if (fromFn && m_fn.discardPending) {
+        clearFn();
+        setPhase(Phase::idle);
+        co_return;
+    }
+
+    // The user speaks from here on, while the note and the recording are being saved.
+    m_audio.open();
+    if (m_to.preferences.soundsEnabled.get())
+        m_to.cues.prepare();
+    std::optional<Recording> recording;
+    std::exception_ptr failure;
+    try {
+        recording = co_await prepareRecording(noteID, dictation);
+        auto file = co_await m_to.library.audioFile(*recording);
+        if (m_to.preferences.soundsEnabled.get())
+            m_to.cues.play(CaptureCues::Cue::start);
+        co_await m_audio.start(std::move(file));
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    if (failure) {
+        co_await startFailed(
+            recording ? std::optional(recording->id) : std::nullopt, safeMessage(failure));
+        co_return;
+    }
+
+    auto key = frozen.onDevice() ? std::nullopt : std::optional(m_to.keys.fetch(frozen.keySource));
+    m_active = CapturedRecording{ *recording, dictation, std::move(destination), std::move(frozen),
+        std::move(key) };
+    if (fromFn) {
+        m_fn.target = recording->id;
+        m_fn.pendingStart = false;
+    }
+    assign(*this, m_elapsed, 0.0, &Capture::elapsedChanged);
+    setPhase(Phase::recording);
+    m_to.status.setMessage(L10N_KEY("Vesko", "Recording. Press the shortcut again to finish."));
+    m_to.analytics.track(UsageEvent::recordingStarted);
+    qCInfo(captureLog, "capture_started");
+    m_meter.start(meterInterval, [this] { meter(); });
+    if (fromFn) {
+        if (m_fn.discardPending)
+            handleFn(FnShortcutAction::discard);
+        else if (m_fn.finishAfterStart)
+            stop();
+    }
+}
+
+// The note and the recording stand in the library before the audio file exists.
+Task<Recording> Capture::prepareRecording(std::optional<Uuid> noteID, bool dictation)
+{
+    if (!noteID) {
+        const NoteKind kind = dictation ? NoteKind::dictation : NoteKind::voice;
+        const auto note = co_await m_to.library.change(
+            [kind, project = m_to.selection.selectedProjectID()](
+                LibraryStore& store) { return store.createNote(kind, project); });
+        if (!note)
+            std::rethrow_exception(note.error());
+        noteID = note->id;
+        m_to.analytics.track(UsageEvent::noteCreated);
+        if (!dictation)
+            m_to.selection.reveal(note->id);
+    }
+    auto begun = co_await m_to.library.change(
+        [id = *noteID](LibraryStore& store) { return store.beginRecording(id); });
+    if (!begun)
+        std::rethrow_exception(begun.error());
+    co_return std::move(*begun);
+}
+
+Task<> Capture::startFailed(std::optional<Uuid> recordingID, std::string message)
+{
+    endCapture();
+    if (recordingID)
+        co_await storeFailure(*recordingID, message);
+    clearFn();
+    setPhase(Phase::idle);
+    m_to.status.setErrorMessage(message);
+}
+
+void Capture::meter()
+{
+    if (m_phase != Phase::recording)
+        return;
+    m_meter.start(meterInterval, [this] { meter(); });
+    assign(*this, m_elapsed, m_audio.currentTime(), &Capture::elapsedChanged);
+    const double loudness = std::clamp((m_audio.averagePower() + 50) / 45, 0.0, 1.0);
+    assign(*this, m_level, loudness * 0.65 + m_level * 0.35, &Capture::levelChanged);
+    if (m_elapsed >= longestRecording)
+        stop();
+}
+
+// Ends the recorder and all that goes with a running capture; the recorded seconds.
+double Capture::endCapture()
+{
+    const double duration = m_audio.stop();
+    m_meter.cancel();
+    m_active.reset();
+    assign(*this, m_level, 0.0, &Capture::levelChanged);
+    return duration;
+}
+
+void Capture::stop()
+{
+    if (m_phase != Phase::recording || !m_active)
+        return;
+    CapturedRecording captured = *m_active;
+    const double duration = endCapture();
+    clearFn();
+    if (m_to.preferences.soundsEnabled.get())
+        m_to.cues.play(CaptureCues::Cue::stop);
+    setPhase(Phase::processing);
+    m_to.status.setMessage(L10N_KEY("Vesko", "Original saved. Transcribing…"));
+    m_tasks.spawn(finish(std::move(captured), duration));
+}
+
+Task<> Capture::finish(CapturedRecording captured, double duration)
+{
+    const auto saved = co_await save(captured.recording.id, duration);
+    if (!saved) {
+        m_to.status.report(saved.error());
+        setPhase(Phase::idle);
+        co_return;
+    }
+    m_to.analytics.track(UsageEvent::recordingSaved);
+    onCaptured(std::move(captured));
+}
+
+// Once the file is whole, the library says so.
+Task<LibrarySession::Outcome<void>> Capture::save(Uuid recordingID, double duration)
+{
+    co_await m_audio.finished();
+    co_return co_await m_to.library.change([recordingID, duration](LibraryStore& store) {
+        store.finishRecording(recordingID, duration);
+    });
+}
+
+void Capture::failed(std::string message)
+{
+    if (!m_active)
+        return;
+    const Uuid recordingID = m_active->recording.id;
+    endCapture();
+    setPhase(Phase::idle);
+    clearFn();
+    m_tasks.spawn(storeFailure(recordingID, std::move(message)));
+}
+
+// The message stays in the error line even if it could not be stored: it tells more.
+Task<> Capture::storeFailure(Uuid recordingID, std::string message)
+{
+    co_await m_to.library.change(
+        [recordingID, message](LibraryStore& store) { store.failRecording(recordingID, message); });
+    m_to.status.setErrorMessage(message);
+}
+
+bool Capture::beginProcessing()
+{
+    if (m_phase != Phase::idle)
+        return false;
+    setPhase(Phase::processing);
+    return true;
+}
+
+Task<bool> Capture::prepareToQuit()
+{
+    // A note and a recording may be half made.
+    if (m_phase == Phase::preparing)
+        co_return false;
+    if (m_phase != Phase::recording || !m_active)
+        co_return true;
+    const Uuid recordingID = m_active->recording.id;
+    const double duration = endCapture();
+    const auto saved = co_await save(recordingID, duration);
+    // Not sooner: until the program ends, no trigger is to start another capture.
+    setPhase(Phase::idle);
+    if (!saved)
+        m_to.status.report(saved.error());
+    co_return saved.has_value();
+}
+
+} // namespace vesko

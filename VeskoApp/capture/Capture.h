@@ -1,0 +1,141 @@
+#pragma once
+
+#include "VeskoApp/account/AccountStore.h"
+#include "VeskoApp/capture/AudioCapture.h"
+#include "VeskoApp/capture/CaptureCues.h"
+#include "VeskoApp/capture/CaptureSettings.h"
+#include "VeskoApp/capture/Phase.h"
+#include "VeskoApp/insertion/TextDelivery.h"
+#include "VeskoApp/library/NoteSelection.h"
+#include "VeskoApp/preferences/ServiceKeys.h"
+#include "VeskoCore/shell/FnShortcutState.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+namespace vesko {
+
+// A recording that is under way, or stands whole in the library, with what was settled when it
+// began.
+struct CapturedRecording {
+    Recording recording;
+    bool dictation = false; // ends on the clipboard and in a field
+    std::optional<Destination> destination;
+    CaptureSettings settings;
+    std::optional<ServiceKey> key; // being fetched while the user speaks
+};
+
+// Turns a trigger into a recording that stands in the library: the phase, the microphone, the
+// meter, and what the gesture key means for them. The note and the recording are on disk before the
+// audio file exists, while the sound is held in memory. Main thread; nothing here waits.
+class Capture : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString phaseTitle READ phaseTitle NOTIFY phaseTitleChanged)
+    Q_PROPERTY(bool recording READ isRecording NOTIFY phaseChanged)
+    Q_PROPERTY(bool busy READ isBusy NOTIFY phaseChanged)
+    Q_PROPERTY(double elapsed READ elapsed NOTIFY elapsedChanged)
+    Q_PROPERTY(double level READ level NOTIFY levelChanged)
+
+public:
+    // What it reaches; must outlive it.
+    struct Neighbours {
+        EventClock& clock;
+        AudioRecorder& recorder;
+        FocusedField& focusedField;
+        CaptureCues& cues;
+        LibrarySession& library;
+        NoteSelection& selection;
+        const Preferences& preferences;
+        const AccountStore& accounts;
+        ServiceKeys& keys;
+        Analytics& analytics;
+        StatusLine& status;
+    };
+
+    explicit Capture(const Neighbours& neighbours);
+
+    // What can be made ready before the first trigger is.
+    void prepare() { m_audio.prepare(); }
+    // The one entry of shortcut, menu and floating control.
+    Q_INVOKABLE void toggleDictation();
+    // Records into a voice note: the selected note if `append`, else a new one.
+    Q_INVOKABLE void recordNote(bool append);
+    void handleFn(FnShortcutAction action);
+
+    // A stored recording is about to be transcribed again: nothing else is captured until that has
+    // ended. False if something is under way.
+    bool beginProcessing();
+    // What followed the recording has ended.
+    void endProcessing() { setPhase(Phase::idle); }
+
+    // Ends a running recording and keeps it. False if the program can't end now.
+    Task<bool> prepareToQuit();
+
+    Phase phase() const { return m_phase; }
+    QString phaseTitle() const;
+    bool isRecording() const { return m_phase == Phase::recording; }
+    bool isBusy() const { return m_phase == Phase::preparing || m_phase == Phase::processing; }
+    double elapsed() const { return m_elapsed; } // seconds
+    double level() const { return m_level; } // 0 to 1, smoothed
+    bool pushToTalk() const { return m_pushToTalk; }
+
+    // A recording is whole and saved as such; endProcessing is due in the end.
+    std::function<void(CapturedRecording)> onCaptured;
+    // The user has to sign in before a dictation; shows where.
+    std::function<void()> onAccountNeeded;
+
+Q_SIGNALS:
+    void starting(); // the microphone is about to open
+    void phaseChanged();
+    void phaseTitleChanged();
+    void elapsedChanged();
+    void levelChanged();
+    void pushToTalkChanged();
+
+private:
+    // What the running gesture wants.
+    struct FnGesture {
+        std::optional<Uuid> target; // the recording that it may finish
+        bool pendingStart = false; // it asked for a start that is not yet recording
+        bool finishAfterStart = false; // its key came up during that start
+        bool discardPending = false; // it became a combination during that start
+    };
+
+    void setPhase(Phase phase);
+    Destination captureField();
+    Task<> readField(Destination destination);
+    Task<> start(std::optional<Uuid> noteID, bool dictation, std::optional<Destination> destination,
+        bool fromFn);
+    Task<Recording> prepareRecording(std::optional<Uuid> noteID, bool dictation);
+    Task<> startFailed(std::optional<Uuid> recordingID, std::string message);
+    void meter();
+    double endCapture();
+    void stop();
+    Task<> finish(CapturedRecording captured, double duration);
+    void failed(std::string message);
+    Task<> storeFailure(Uuid recordingID, std::string message);
+    Task<LibrarySession::Outcome<void>> save(Uuid recordingID, double duration);
+
+    // CaptureGesture.cpp
+    void beginFn();
+    void discardFn();
+    Task<> keepWithoutTranscription(Uuid recordingID, double duration);
+    bool fnTargetsActive() const;
+    void clearFn();
+    void setPushToTalk(bool on);
+
+    Neighbours m_to;
+    AudioCapture m_audio;
+    Phase m_phase = Phase::idle;
+    double m_elapsed = 0;
+    double m_level = 0;
+    bool m_pushToTalk = false;
+    std::optional<CapturedRecording> m_active; // present while recording
+    Timer m_meter;
+    FnGesture m_fn;
+    TaskScope m_tasks;
+};
+
+} // namespace vesko

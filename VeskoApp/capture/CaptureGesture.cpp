@@ -1,0 +1,86 @@
+// What the gesture key means for a capture.
+
+#include "VeskoApp/base/Observed.h"
+#include "VeskoApp/capture/Capture.h"
+#include "VeskoCore/base/Localized.h"
+
+namespace vesko {
+
+void Capture::handleFn(FnShortcutAction action)
+{
+    switch (action) {
+    case FnShortcutAction::begin:
+        beginFn();
+        break;
+    case FnShortcutAction::armStop:
+        m_fn.target = m_active ? std::optional(m_active->recording.id) : std::nullopt;
+        break;
+    case FnShortcutAction::finish:
+        if (m_fn.pendingStart)
+            m_fn.finishAfterStart = true;
+        else if (m_phase == Phase::recording && m_active && fnTargetsActive())
+            stop();
+        break;
+    case FnShortcutAction::hold:
+        if (m_fn.pendingStart || (m_phase == Phase::recording && fnTargetsActive()))
+            setPushToTalk(true);
+        break;
+    case FnShortcutAction::discard:
+        discardFn();
+        break;
+    }
+}
+
+// A capture that was started by other means can't be ended by a gesture that did not arm it.
+bool Capture::fnTargetsActive() const
+{
+    return m_fn.target == (m_active ? std::optional(m_active->recording.id) : std::nullopt);
+}
+
+void Capture::beginFn()
+{
+    if (m_phase != Phase::idle || !m_to.library.ready())
+        return;
+    m_fn = {};
+    m_fn.pendingStart = true;
+    m_tasks.spawn(start(std::nullopt, true, captureField(), true));
+}
+
+// The key turned out to be part of a combination: the user never meant to dictate. What was
+// recorded meanwhile may be real speech and is kept.
+void Capture::discardFn()
+{
+    m_fn.discardPending = true;
+    setPushToTalk(false);
+    if (m_phase != Phase::recording || !m_active || !fnTargetsActive())
+        return;
+    const Uuid recordingID = m_active->recording.id;
+    const double duration = endCapture();
+    clearFn();
+    setPhase(Phase::processing);
+    m_tasks.spawn(keepWithoutTranscription(recordingID, duration));
+}
+
+Task<> Capture::keepWithoutTranscription(Uuid recordingID, double duration)
+{
+    const auto saved = co_await save(recordingID, duration);
+    if (saved)
+        m_to.status.setMessage(
+            L10N_KEY("Vesko", "Fn combination used. Audio saved without transcription."));
+    else
+        m_to.status.report(saved.error());
+    setPhase(Phase::idle);
+}
+
+void Capture::clearFn()
+{
+    m_fn = {};
+    setPushToTalk(false);
+}
+
+void Capture::setPushToTalk(bool on)
+{
+    assign(*this, m_pushToTalk, on, &Capture::pushToTalkChanged);
+}
+
+} // namespace vesko

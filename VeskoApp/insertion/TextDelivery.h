@@ -1,0 +1,41 @@
+#pragma once
+
+#include "VeskoApp/async/Eventual.h"
+#include "VeskoApp/dictionary/DictionaryTerms.h"
+#include "VeskoApp/insertion/FocusDestination.h"
+#include "VeskoApp/insertion/InsertionReview.h"
+#include "VeskoApp/insertion/TextCopy.h"
+#include "VeskoApp/preferences/Preferences.h"
+
+namespace vesko {
+
+// The field of a capture: settled at the trigger, read by the time the text is ready.
+using Destination = Eventual<std::optional<FocusDestination>>;
+
+// Brings a dictated text to the user: onto the clipboard, and into the field where the dictation
+// began if that is safe; the status line says what happened. What the user then corrects in it is
+// handed to the dictionary. Main thread.
+class TextDelivery {
+public:
+    // What it reaches; must outlive it.
+    struct Neighbours {
+        EventClock& clock;
+        FocusedField& focusedField;
+        PasteKeystroke& pasteKeystroke;
+        const Preferences& preferences;
+        InsertionReview& review;
+        DictionaryTerms& terms;
+        TextCopy& clipboard;
+        StatusLine& status;
+    };
+
+    explicit TextDelivery(const Neighbours& neighbours);
+
+    // Without `paste`, or without a destination, it ends on the clipboard.
+    Task<> deliver(std::string text, bool paste, std::optional<Destination> destination);
+
+private:
+    Neighbours m_to;
+};
+
+} // namespace vesko

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "VeskoApp/account/KeychainSessionVault.h"
+#include "VeskoApp/account/SystemIdentityProviders.h"
+#include "VeskoApp/library/NoteActions.h"
+#include "VeskoApp/library/Playback.h"
+#include "VeskoApp/platform/Platform.h"
+#include "VeskoApp/transcription/ModelCatalog.h"
+#include "VeskoApp/transcription/TranscriptionRun.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace vesko {
+
+// The program without its windows: makes its parts in the order in which they need each other, and
+// joins them. Each part is handed what it uses; who shows one to the user takes it from here. Main
+// thread; the platform must outlive it.
+class AppModel {
+public:
+    // Opens the library by `open`, off the main thread; captures are dropped until it is ready.
+    AppModel(Platform& platform, LibrarySession::Opening open, const OpenRouterClient& client,
+        AnalyticsBundle analytics = {}, const AccountDeployment& accounts = {});
+    AppModel(const AppModel&) = delete;
+    AppModel& operator=(const AppModel&) = delete;
+    ~AppModel();
+
+    // The data folder: VESKO_DATA_ROOT if it is an absolute path, else "Vesko" in the user's data
+    // folder.
+    static std::filesystem::path dataRoot(
+        const char* environmentValue, const std::filesystem::path& userDataFolder);
+
+    // Makes the program safe to end: a running capture and what was typed are kept. False if it
+    // can't end now.
+    Task<bool> prepareToQuit();
+    // These addresses were opened with the program, by whomever.
+    void openAddresses(const std::vector<std::string>& addresses);
+
+    StatusLine& status() { return m_status; }
+    Preferences& preferences() { return m_preferences; }
+    Analytics& analytics() { return m_analytics; }
+    AccountStore& accounts() { return m_accounts; }
+    LibrarySession& library() { return m_library; }
+    NoteSelection& selection() { return m_selection; }
+    NoteEdits& edits() { return m_edits; }
+    NoteActions& notes() { return m_notes; }
+    DictionaryTerms& terms() { return m_terms; }
+    InsertionReview& review() { return m_review; }
+    TextCopy& clipboard() { return m_clipboard; }
+    CaptureCues& cues() { return m_cues; }
+    Capture& capture() { return m_capture; }
+    Playback& playback() { return m_playback; }
+    LanguageInquiry& language() { return m_language; }
+    TranscriptionRun& run() { return m_run; }
+    ModelCatalog& catalog() { return m_catalog; }
+
+private:
+    Task<> start(LibrarySession::Opening open);
+    Task<> chooseFirstProvider();
+
+    Platform& m_platform;
+    StatusLine m_status;
+
+    Keychain m_keychain;
+    ServiceKeys m_keys;
+    Preferences m_preferences;
+    Analytics m_analytics;
+    KeychainSessionVault m_vault;
+    SystemIdentityProviders m_identities;
+    AccountStore m_accounts;
+
+    LibrarySession m_library;
+    NoteSelection m_selection;
+    NoteEdits m_edits;
+    TextCopy m_clipboard;
+    NoteActions m_notes;
+
+    InsertionReview m_review;
+    DictionaryTerms m_terms;
+    TextDelivery m_delivery;
+
+    CaptureCues m_cues;
+    Capture m_capture;
+    Playback m_playback;
+
+    OnDeviceTranscriber m_onDevice;
+    TranscriptTransform m_transform;
+    LanguageInquiry m_language;
+    TranscriptionRun m_run;
+    ModelCatalog m_catalog;
+
+    TaskScope m_tasks; // last, so that tasks end before what they use
+};
+
+} // namespace vesko

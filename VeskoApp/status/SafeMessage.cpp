@@ -1,0 +1,55 @@
+#include "VeskoApp/status/SafeMessage.h"
+
+#include "VeskoApp/capture/CaptureFailure.h"
+#include "VeskoApp/platform/SecretStore.h"
+#include "VeskoCore/base/Localized.h"
+#include "VeskoCore/library/VeskoError.h"
+#include "VeskoCore/speech/HttpTransport.h"
+
+namespace vesko {
+
+namespace {
+
+const char* message(const URLError& error)
+{
+    switch (error.kind()) {
+    case URLError::notConnectedToInternet:
+    case URLError::networkConnectionLost:
+    case URLError::cannotFindHost:
+    case URLError::cannotConnectToHost:
+        return L10N_KEY(
+            "Vesko", "The network is unavailable. Your recording is saved. Reconnect and retry.");
+    case URLError::timedOut:
+        return L10N_KEY("Vesko",
+            "The provider timed out. Your recording is saved. A retry may incur another provider "
+            "charge.");
+    case URLError::cancelled:
+    case URLError::other:
+        break;
+    }
+    return L10N_KEY("Vesko",
+        "The network request could not finish. Your recording is saved. Retry when ready.");
+}
+
+} // namespace
+
+std::string safeMessage(const std::exception_ptr& failure)
+{
+    try {
+        std::rethrow_exception(failure);
+    } catch (const VeskoError& error) {
+        return error.errorDescription();
+    } catch (const CaptureFailure& error) {
+        return error.message();
+    } catch (const KeychainFailure& error) {
+        return error.errorDescription();
+    } catch (const URLError& error) {
+        return message(error);
+    } catch (...) {
+        return L10N_KEY("Vesko",
+            "Vesko could not complete this operation. Your saved files were preserved. Check the "
+            "data folder and try again.");
+    }
+}
+
+} // namespace vesko

@@ -1,0 +1,139 @@
+#include "VeskoApp/transcription/TranscriptionRun.h"
+
+#include "VeskoApp/capture/CaptureLog.h"
+#include "VeskoApp/status/SafeMessage.h"
+#include "VeskoApp/transcription/AudioBytes.h"
+#include "VeskoCore/base/Localized.h"
+#include "VeskoCore/insertion/PersonalDictionary.h"
+
+#include <utility>
+
+namespace vesko {
+
+TranscriptionRun::TranscriptionRun(const Neighbours& neighbours, OpenRouterClient client)
+    : m_to(neighbours)
+    , m_client(std::move(client))
+{
+}
+
+void TranscriptionRun::start(CapturedRecording captured)
+{
+    const bool dictation = captured.dictation;
+    m_tasks.spawn(transcribe(std::move(captured), dictation));
+}
+
+bool TranscriptionRun::retry(const Recording& recording, bool copyWhenDone)
+{
+    if (!m_to.capture.beginProcessing())
+        return false;
+    m_to.status.setErrorMessage({});
+    m_to.status.setMessage(L10N_KEY("Vesko", "Original saved. Transcribing…"));
+    CapturedRecording again;
+    again.recording = recording;
+    again.settings = CaptureSettings::from(m_to.preferences, m_to.library.contents());
+    m_tasks.spawn(transcribe(std::move(again), copyWhenDone));
+    return true;
+}
+
+Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDone)
+{
+    if (!m_to.library.ready()) {
+        m_to.capture.endProcessing();
+        co_return;
+    }
+    const Recording& recording = captured.recording;
+    const CaptureSettings& settings = captured.settings;
+    const auto key = settings.onDevice()
+        ? std::nullopt
+        : std::optional(m_to.keys.fetch(settings.keySource, captured.key));
+    std::optional<Uuid> attemptID;
+    TranscriptResult result;
+    std::exception_ptr failure;
+    try {
+        const auto begun = co_await m_to.library.change(
+            [id = recording.id,
+                provider = std::string(settings.onDevice() ? "Apple on-device" : "OpenRouter"),
+                model
+                = settings.onDevice() ? "apple/on-device/" + settings.language : settings.model,
+                cleanupModel = settings.cleanup || settings.translateTo
+                    ? std::optional(settings.cleanupModel)
+                    : std::nullopt](LibraryStore& store) {
+                return store.beginAttempt(id, provider, model, cleanupModel);
+            });
+        if (!begun)
+            std::rethrow_exception(begun.error());
+        attemptID = begun->id;
+        result = co_await attempt(recording, begun->id, settings, key);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    if (failure) {
+        co_await failed(recording.id, attemptID, safeMessage(failure));
+        co_return;
+    }
+
+    if (copyWhenDone)
+        co_await m_to.delivery.deliver(result.text, settings.paste, captured.destination);
+    else
+        m_to.status.setMessage(L10N_KEY("Vesko", "Saved to your note"));
+    if (result.warning)
+        m_to.status.setErrorMessage(*result.warning);
+    qCInfo(captureLog, "transcription_saved");
+    m_to.analytics.track(UsageEvent::transcriptionSucceeded);
+    m_to.capture.endProcessing();
+}
+
+// From speech to the final text; once completeAttempt has succeeded the transcript is safe.
+Task<TranscriptResult> TranscriptionRun::attempt(
+    Recording recording, Uuid attemptID, CaptureSettings settings, std::optional<ServiceKey> key)
+{
+    auto audio = co_await m_to.library.audioFile(recording);
+    TranscriptResult result = co_await recognize(std::move(audio), settings, std::move(key));
+    result.text = PersonalDictionary::apply(settings.dictionary, result.text);
+    const auto stored
+        = co_await m_to.library.change([id = recording.id, attemptID, result](LibraryStore& store) {
+              store.completeAttempt(id, attemptID, result);
+          });
+    if (!stored)
+        std::rethrow_exception(stored.error());
+    if (settings.language == "auto")
+        m_to.language.consider(result.rawText, recording);
+    if (settings.cleanup || settings.translateTo)
+        result = co_await m_to.transform.apply(recording.id, attemptID, result, settings);
+    co_return result;
+}
+
+// With a service's key by OpenRouter, else on this machine.
+Task<TranscriptResult> TranscriptionRun::recognize(
+    std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key)
+{
+    if (!key)
+        co_return co_await m_to.onDevice.transcribe(std::move(audio), settings.language);
+    const KeyOutcome loaded = co_await *key;
+    if (loaded.failure)
+        std::rethrow_exception(loaded.failure);
+    if (!loaded.key || loaded.key->empty())
+        throw VeskoError(VeskoError::missingKey);
+    co_return co_await m_network.run([client = m_client, audio = std::move(audio), settings,
+                                         key = *loaded.key](const std::stop_token& stop) {
+        return client.transcribe(audioBytes(audio), "m4a", settings.model, settings.language, key,
+            settings.cloudAllowed, stop);
+    });
+}
+
+Task<> TranscriptionRun::failed(
+    Uuid recordingID, std::optional<Uuid> attemptID, std::string message)
+{
+    m_to.analytics.track(UsageEvent::transcriptionFailed);
+    if (attemptID)
+        co_await m_to.library.change([recordingID, id = *attemptID, message](LibraryStore& store) {
+            store.failAttempt(recordingID, id, message);
+        });
+    // What failed tells the user more than that it could not be stored.
+    m_to.status.setErrorMessage(message);
+    m_to.status.setMessage(L10N_KEY("Vesko", "Audio saved. Transcription needs attention."));
+    qCCritical(captureLog, "transcription_failed");
+    m_to.capture.endProcessing();
+}
+
+} // namespace vesko

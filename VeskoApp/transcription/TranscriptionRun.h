@@ -1,0 +1,53 @@
+#pragma once
+
+#include "VeskoApp/capture/Capture.h"
+#include "VeskoApp/transcription/LanguageInquiry.h"
+#include "VeskoApp/transcription/OnDeviceTranscriber.h"
+#include "VeskoApp/transcription/TranscriptTransform.h"
+
+namespace vesko {
+
+// From a stored recording to a stored text that is delivered: the attempt, recognition on this
+// machine or by the service, the user's own spellings, what is made of the text, and the failure,
+// which keeps the recording. One run at a time, since the capture's phase goes on meanwhile. Main
+// thread.
+class TranscriptionRun {
+public:
+    // What it reaches; must outlive it.
+    struct Neighbours {
+        Capture& capture;
+        OnDeviceTranscriber& onDevice;
+        TranscriptTransform& transform;
+        LanguageInquiry& language;
+        TextDelivery& delivery;
+        LibrarySession& library;
+        const Preferences& preferences;
+        ServiceKeys& keys;
+        Analytics& analytics;
+        StatusLine& status;
+    };
+
+    TranscriptionRun(const Neighbours& neighbours, OpenRouterClient client);
+
+    // What the capture has just left.
+    void start(CapturedRecording captured);
+    // Transcribes a stored recording again, with today's settings. False if something is under way.
+    bool retry(const Recording& recording, bool copyWhenDone);
+
+private:
+    Task<> transcribe(CapturedRecording captured, bool copyWhenDone);
+    Task<TranscriptResult> attempt(Recording recording, Uuid attemptID, CaptureSettings settings,
+        std::optional<ServiceKey> key);
+    Task<TranscriptResult> recognize(
+        std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key);
+    Task<> failed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
+
+    Neighbours m_to;
+    OpenRouterClient m_client;
+
+    // Last, so that tasks end before what they use.
+    Worker m_network;
+    TaskScope m_tasks;
+};
+
+} // namespace vesko

@@ -1,0 +1,122 @@
+// On a fresh machine a recogniser that is installed is chosen, once.
+
+#include "tests/app/AppModelTest.h"
+
+namespace vesko {
+
+namespace {
+
+class FirstLaunchTest : public AppModelTest {
+protected:
+    FirstLaunchTest() { machine.settings.values.clear(); }
+
+    std::optional<std::string> storedProvider() const
+    {
+        return machine.settings.get<std::string>("provider");
+    }
+    void launch()
+    {
+        model.reset();
+        start();
+        ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
+        drainEvents();
+    }
+};
+
+TEST(DataRoot, IsTheEnvironmentsIfThatIsAnAbsolutePath)
+{
+    const std::filesystem::path user = "/home/someone/.local/share";
+    EXPECT_EQ(AppModel::dataRoot("/tmp/library", user), "/tmp/library");
+    EXPECT_EQ(AppModel::dataRoot("library", user), user / "Vesko");
+    EXPECT_EQ(AppModel::dataRoot("./library", user), user / "Vesko");
+    EXPECT_EQ(AppModel::dataRoot("~/library", user), user / "Vesko");
+    EXPECT_EQ(AppModel::dataRoot("", user), user / "Vesko");
+    EXPECT_EQ(AppModel::dataRoot(nullptr, user), user / "Vesko");
+}
+
+TEST_F(FirstLaunchTest, ChoosesTheRecogniserOfThisMachine)
+{
+    launch();
+    EXPECT_EQ(storedProvider(), "apple");
+    EXPECT_EQ(model->preferences().provider.get(), "apple");
+    EXPECT_EQ(model->status().message(),
+        "Ready to capture. Speech is recognized on this computer, without a key.");
+    dictate();
+    finish();
+    EXPECT_EQ(onlyNote().body, "hello world");
+}
+
+TEST_F(FirstLaunchTest, LeavesALaterChoiceAlone)
+{
+    launch();
+    model->preferences().provider.set("openrouter");
+    launch();
+    EXPECT_EQ(storedProvider(), "openrouter");
+    EXPECT_EQ(model->status().message(), "Ready to capture");
+}
+
+TEST_F(FirstLaunchTest, IsTheOnlyOneThatChooses)
+{
+    machine.recognizer.installed.clear();
+    launch();
+    EXPECT_EQ(storedProvider(), std::nullopt);
+    machine.recognizer.installed = { "en-US" };
+    launch();
+    EXPECT_EQ(storedProvider(), std::nullopt);
+    EXPECT_EQ(model->preferences().provider.get(), "openrouter");
+}
+
+// Asking may make the desktop ask the user for a password, and takes memory.
+TEST_F(FirstLaunchTest, IsTheOnlyOneThatAsksTheSecretStore)
+{
+    launch();
+    const int asked = machine.secrets.loads();
+    EXPECT_GT(asked, 0);
+    launch();
+    EXPECT_EQ(machine.secrets.loads(), asked);
+}
+
+TEST_F(FirstLaunchTest, ChoosesNothingWhereAKeyOrASettingExists)
+{
+    using Arrange = void (*)(FakePlatform&);
+    const std::vector<std::pair<const char*, Arrange>> cases{
+        { "a personal key", [](auto& m) { m.secrets.put("personal", "sk-1"); } },
+        { "a Vesko access key", [](auto& m) { m.secrets.put("vesko-access", "sk-2"); } },
+        { "a setting of any kind",
+            [](auto& m) { m.settings.values.emplace("soundsEnabled", SettingValue{ false }); } },
+        { "no recogniser for the user's language", [](auto& m) { m.recognizer.system = "fi-FI"; } },
+    };
+    for (const auto& [name, arrange] : cases) {
+        SCOPED_TRACE(name);
+        for (const auto& [account, value] : machine.secrets.items())
+            machine.secrets.remove(account);
+        machine.settings.values.clear();
+        machine.recognizer.system = "en-US";
+        arrange(machine);
+        launch();
+        EXPECT_EQ(storedProvider(), std::nullopt);
+        EXPECT_EQ(model->preferences().provider.get(), "openrouter");
+        EXPECT_EQ(model->status().message(), "Ready to capture");
+    }
+}
+
+TEST_F(FirstLaunchTest, IsNotMisledBySettingsThatAreWrittenMeanwhile)
+{
+    start();
+    model->preferences().refresh(); // writes the provider in force, as when a window comes up
+    ASSERT_EQ(storedProvider(), "openrouter");
+    ASSERT_TRUE(eventually([&] { return storedProvider() == "apple"; }));
+}
+
+TEST_F(FirstLaunchTest, ChoosesNothingIfTheUserIsQuickerWithAKey)
+{
+    start();
+    awaited(model->preferences().saveKey("sk-1"));
+    ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
+    awaited(model->preferences().refreshKeys());
+    EXPECT_EQ(storedProvider(), std::nullopt);
+}
+
+} // namespace
+
+} // namespace vesko
