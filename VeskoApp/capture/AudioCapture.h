@@ -7,7 +7,7 @@
 
 namespace vesko {
 
-// The microphone as the controller sees it: the recorder, with its failures in the user's words.
+// The microphone as a capture sees it: the recorder, with its failures in the user's words.
 class AudioCapture {
 public:
     explicit AudioCapture(AudioRecorder& recorder);

@@ -4,7 +4,7 @@
 
 namespace vesko {
 
-// What the controller is doing with a capture.
+// How far a capture is, or what follows it.
 enum class Phase : std::uint8_t { idle, preparing, recording, processing };
 
 } // namespace vesko
