@@ -63,7 +63,7 @@ void AtomicFile::write(const Producer& producer)
         throw;
     }
     try {
-        syncFolder();
+        syncFolder(m_files, m_path.parent_path());
     } catch (...) {
         // The caller will go on with the old content, so it has to be what stands on the disk.
         if (present)
@@ -83,7 +83,7 @@ void AtomicFile::renewBackup()
     try {
         copy(m_path, fresh);
         m_files.rename(fresh, m_previous);
-        syncFolder();
+        syncFolder(m_files, m_path.parent_path());
     } catch (...) {
         discard(fresh);
         throw;
@@ -104,12 +104,7 @@ void AtomicFile::fill(const std::filesystem::path& path, const Producer& produce
     std::size_t since = 0; // bytes since the disk was last told to begin
     producer([&](std::string_view bytes) {
         since += bytes.size();
-        while (!bytes.empty()) {
-            const auto written = m_files.write(file, bytes);
-            if (written == 0)
-                throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
-            bytes.remove_prefix(written);
-        }
+        writeAll(m_files, file, bytes);
         // The disk works while the rest is still being made.
         if (since >= writtenAhead) {
             m_files.beginSync(file);
@@ -162,18 +157,6 @@ void AtomicFile::copy(const std::filesystem::path& from, const std::filesystem::
             copied += size;
         }
     });
-}
-
-void AtomicFile::syncFolder()
-{
-    const OpenFile folder(m_files, m_path.parent_path(), O_RDONLY | O_DIRECTORY);
-    try {
-        m_files.sync(folder);
-    } catch (const std::system_error& error) {
-        // Some file systems can't do this for a folder, and no later attempt would fare better.
-        if (error.code() != std::errc::invalid_argument)
-            throw;
-    }
 }
 
 void AtomicFile::discard(const std::filesystem::path& path)

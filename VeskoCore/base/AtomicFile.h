@@ -41,7 +41,6 @@ private:
     void linkOrCopy(const std::filesystem::path& from, const std::filesystem::path& to);
     void copy(const std::filesystem::path& from, const std::filesystem::path& to);
     void dropPrevious();
-    void syncFolder();
     void discard(const std::filesystem::path& path);
 
     FileSystem& m_files;

@@ -37,6 +37,8 @@ FileStatus statusFrom(const struct stat& raw)
                                        : FileStatus::other;
     status.permissions = raw.st_mode & 07777;
     status.size = static_cast<std::uint64_t>(raw.st_size);
+    status.owner = raw.st_uid;
+    status.group = raw.st_gid;
     return status;
 }
 
@@ -59,6 +61,10 @@ public:
     void setPermissions(int file, mode_t permissions) override
     {
         checked([&] { return ::fchmod(file, permissions); });
+    }
+    void setOwner(int file, uid_t owner, gid_t group) override
+    {
+        checked([&] { return ::fchown(file, owner, group); });
     }
     void sync(int file) override
     {
@@ -126,6 +132,28 @@ OpenFile::~OpenFile()
         m_files.close(m_file);
     } catch (const std::system_error&) {
         // Whoever closes this way has read only, or has a failure of its own to report.
+    }
+}
+
+void writeAll(FileSystem& files, int file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const auto written = files.write(file, bytes);
+        if (written == 0)
+            throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
+        bytes.remove_prefix(written);
+    }
+}
+
+void syncFolder(FileSystem& files, const std::filesystem::path& folder)
+{
+    const OpenFile opened(files, folder, O_RDONLY | O_DIRECTORY);
+    try {
+        files.sync(opened);
+    } catch (const std::system_error& error) {
+        // Some file systems can't do this for a folder, and no later attempt would fare better.
+        if (error.code() != std::errc::invalid_argument)
+            throw;
     }
 }
 

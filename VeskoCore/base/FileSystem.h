@@ -16,6 +16,8 @@ struct FileStatus {
     Kind kind = regular;
     mode_t permissions = 0;
     std::uint64_t size = 0; // bytes
+    uid_t owner = 0;
+    gid_t group = 0;
 };
 
 // The system calls that reading and saving a document takes, so that tests can let each of them
@@ -35,6 +37,7 @@ public:
     // How many bytes went, which may be fewer than given.
     virtual std::size_t write(int file, std::string_view bytes) = 0;
     virtual void setPermissions(int file, mode_t permissions) = 0;
+    virtual void setOwner(int file, uid_t owner, gid_t group) = 0;
     // Returns when the file's content, or the folder's entries, are on the disk.
     virtual void sync(int file) = 0;
     // Lets what has been written so far begin its way to the disk. A hint, which may do nothing.
@@ -74,6 +77,13 @@ private:
     FileSystem& m_files;
     int m_file;
 };
+
+// All of the bytes, however many calls it takes. Throws std::system_error.
+void writeAll(FileSystem& files, int file, std::string_view bytes);
+
+// Returns when the folder's entries are on the disk, or when its file system can't promise that.
+// Throws std::system_error.
+void syncFolder(FileSystem& files, const std::filesystem::path& folder);
 
 // Makes the folder and those above it, for the owner alone, where they don't exist. Throws
 // std::system_error, also when something else stands in the way.

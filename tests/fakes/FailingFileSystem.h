@@ -45,6 +45,10 @@ public:
     {
         call([&] { return m_real.setPermissions(file, permissions), 0; });
     }
+    void setOwner(int file, uid_t owner, gid_t group) override
+    {
+        call([&] { return m_real.setOwner(file, owner, group), 0; });
+    }
     void sync(int file) override
     {
         if (!syncsFolders && m_real.status(file).kind == FileStatus::folder)
