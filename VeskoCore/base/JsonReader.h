@@ -3,6 +3,7 @@
 #include "VeskoCore/base/Date.h"
 #include "VeskoCore/base/JsonError.h"
 #include "VeskoCore/base/JsonFields.h"
+#include "VeskoCore/base/JsonText.h"
 #include "VeskoCore/base/SharedArray.h"
 #include "VeskoCore/base/SharedText.h"
 #include "VeskoCore/base/Uuid.h"
@@ -28,18 +29,15 @@ enum class JsonOrigin : bool {
 };
 
 // A parsed JSON text. Only what the standard allows is JSON: no byte order mark, no comma too many,
-// nothing behind the value, UTF-8 throughout, at most 1,024 levels; numbers have to fit.
+// nothing behind the value, UTF-8 throughout, at most 1,024 levels.
 class JsonDocument {
 public:
-    // The bytes behind a text that the parser may look at.
-    static constexpr std::size_t spare = simdjson::SIMDJSON_PADDING;
-
     // Holds nothing yet.
     JsonDocument() = default;
     // Throws JsonError. A text with spare capacity is not copied.
     explicit JsonDocument(std::string text, JsonOrigin origin = JsonOrigin::file);
-    // Holds another text from now on, in the memory of the one before. Throws JsonError. The spare
-    // bytes behind it must be readable.
+    // Holds another text from now on, in the memory of the one before. Throws JsonError. The bytes
+    // behind it, spareForJson of them, must be readable.
     void parse(std::string_view text);
     JsonDocument(const JsonDocument&) = delete;
     JsonDocument& operator=(const JsonDocument&) = delete;
@@ -48,7 +46,8 @@ public:
     simdjson::dom::element root() const { return m_root; }
 
     // The record that the text holds. Throws JsonError for a missing or doubled key, a wrong type,
-    // a null, a malformed UUID or date, an unknown raw text; keys that no table has are ignored.
+    // a null, a number that doesn't fit, a malformed UUID or date, an unknown raw text; keys that
+    // no table has are ignored, whatever stands under them.
     template <class T>
     T as() const
     {

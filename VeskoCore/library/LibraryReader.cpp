@@ -98,7 +98,7 @@ private:
     void grow()
     {
         const auto size = std::max(least, 2 * m_size);
-        auto room = std::make_unique_for_overwrite<char[]>(size + JsonDocument::spare);
+        auto room = std::make_unique_for_overwrite<char[]>(size + spareForJson);
         std::copy(m_room.get(), m_room.get() + m_end, room.get());
         m_room = std::move(room);
         m_size = size;

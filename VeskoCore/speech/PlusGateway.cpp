@@ -1,6 +1,7 @@
 #include "VeskoCore/speech/PlusGateway.h"
 
 #include "VeskoCore/base/Digest.h"
+#include "VeskoCore/base/JsonText.h"
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/base/Text.h"
 #include "VeskoCore/library/VeskoError.h"
@@ -80,7 +81,8 @@ PlusFailure failureOf(const HTTPResult& result)
 {
     simdjson::dom::parser parser;
     std::string_view code;
-    const bool found = parser.parse(result.data).at_key("error").get(code) == simdjson::SUCCESS;
+    const bool found
+        = parseJson(parser, result.data).at_key("error").get(code) == simdjson::SUCCESS;
     return PlusFailure::from(found ? std::optional(code) : std::nullopt, result.status);
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "VeskoCore/base/JsonText.h"
 #include "VeskoCore/library/VeskoError.h"
 
 #include <optional>
-#include <simdjson.h>
 #include <string>
 #include <string_view>
 
@@ -17,7 +17,7 @@ public:
     using Object = simdjson::dom::object;
 
     explicit ServiceAnswer(const std::string& body)
-        : m_root(as<Object>(m_parser.parse(body)))
+        : m_root(as<Object>(parseJson(m_parser, body)))
     {
     }
     ServiceAnswer(const ServiceAnswer&) = delete;

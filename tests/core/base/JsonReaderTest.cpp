@@ -93,6 +93,48 @@ TEST(JsonReader, TakesKeysInAnyOrderAndIgnoresUnknownOnes)
         read(replaced("{\"text\":\"a\"}", R"({"other":1,"text":"a","other":2})")), read(complete));
 }
 
+// A number that no 64 bits hold made a whole library "damaged", though nobody asked for it.
+TEST(JsonReader, IgnoresNumbersOfAnySizeUnderUnknownKeys)
+{
+    for (const std::string number : {
+             "18446744073709551616",
+             "-9223372036854775809",
+             "1e400",
+             "-1E+400",
+             "123.5e9999",
+             "1e-400",
+             "0.0000001e-99999",
+             "1e99999999999999999999",
+         })
+        for (const auto& value : { number, "[" + number + "," + number + "]",
+                 R"({"number": )" + number + R"( , "\" 1e400": "1e400\\"})" }) {
+            SCOPED_TRACE(value);
+            EXPECT_EQ(
+                read(replaced("{\"text\":\"a\"}", R"({"other":)" + value + R"(,"text":"a"})")),
+                read(complete));
+            EXPECT_EQ(read(replaced("]}", "],\"other\":" + value + "}")), read(complete));
+        }
+}
+
+TEST(JsonReader, RefusesWhatOnlyLooksLikeALargeNumber)
+{
+    for (const std::string number : { "018446744073709551616", "18446744073709551616.", "1e400.5",
+             "1e", "+1e400", "--1e400", "1e400e", "1ee400", ".1e400", "1e4 00",
+             "18446744073709551616a", "- 18446744073709551616" })
+        EXPECT_THROW(read(replaced("]}", "],\"large\":1e400,\"other\":" + number + "}")), JsonError)
+            << number;
+}
+
+TEST(JsonReader, ReadsAWholeNumberBeyond64BitsAsReal)
+{
+    EXPECT_EQ(read(replaced("1.5", "18446744073709551616")).real, 18446744073709551616.0);
+    EXPECT_EQ(read(replaced("1.5", "-9223372036854775809")).real, -9223372036854775809.0);
+    for (const std::string number : { "18446744073709551616", "1e400" })
+        for (const auto* value : { "-7", R"(["x"])", R"("a")", "true", R"({"text":"a"})",
+                 R"([{"text":"a"},{"text":"b"}])", R"("square")" })
+            EXPECT_THROW(read(replaced(value, number)), JsonError) << value;
+}
+
 TEST(JsonReader, ReadsAWholeNumberAsReal)
 {
     EXPECT_EQ(read(replaced("1.5", "3")).real, 3);

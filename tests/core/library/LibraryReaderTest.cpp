@@ -157,6 +157,19 @@ TEST(LibraryReader, TellsALaterSchemaFromDamage)
     EXPECT_EQ(outcomeOf(replaced(fullLibrary(), "\"kind\"", "\"sort\"")), "damaged");
 }
 
+TEST(LibraryReader, PassesOverNumbersThatNo64BitsHold)
+{
+    const auto& full = fullLibrary();
+    for (const std::string number : { "18446744073709551616", "1e400" })
+        for (const std::string at :
+            { "\n      \"body\"", "\n  \"notes\"", "\n  \"schemaVersion\"" }) {
+            const auto other = "\n \"other\" : [" + number + "]," + at;
+            EXPECT_EQ(outcomeOf(replaced(full, at, other)), outcomeOf(full));
+            const auto later = replaced(full, "\"schemaVersion\" : 1", "\"schemaVersion\" : 2");
+            EXPECT_EQ(outcomeOf(replaced(later, at, other)), "later");
+        }
+}
+
 TEST(LibraryReader, GivesForEveryTextWhatALookAtTheWholeGives)
 {
     const std::vector<std::string> pieces{ "{", "}", "[", "]", ",", ":", "\"", "\n", " ", "\\", "0",
