@@ -16,6 +16,7 @@ public:
     static std::unique_ptr<InputFile> open(
         FileSystem& files, const std::filesystem::path& path, std::uint64_t limit);
 
+    std::uint64_t size() const { return m_size; } // bytes, when it was opened
     // How many bytes came from that place on: fewer than there is room for only at the file's end.
     // Throws std::system_error.
     std::size_t read(std::span<char> into, std::uint64_t from);

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <system_error>
 
 namespace vesko {
@@ -37,6 +38,15 @@ TEST(AudioBytes, OfNoFileAreAFailure)
     const TemporaryFolder folder;
     EXPECT_THROW(audioBytes(folder.path() / "absent"), std::system_error);
     EXPECT_THROW(audioBytes(folder.path()), std::system_error);
+}
+
+// The open of a pipe waits for its other end, and so did the run, and the end of the program.
+TEST(AudioBytes, OfAPipeAreAFailureAtOnce)
+{
+    const TemporaryFolder folder;
+    const auto pipe = folder.path() / "a.m4a";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_THROW(audioBytes(pipe), std::system_error);
 }
 
 } // namespace

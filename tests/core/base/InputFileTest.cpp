@@ -55,6 +55,7 @@ TEST_F(InputFileTest, IsNoLongerThanWhenItWasOpened)
 {
     putBytes(folder.path() / "file", "01234");
     const auto file = open("file", 5);
+    EXPECT_EQ(file->size(), 5U);
     std::filesystem::resize_file(folder.path() / "file", 1ULL << 40);
     EXPECT_EQ(piece(*file, 10, 3), "34");
     EXPECT_EQ(file->text(), "01234");
