@@ -77,6 +77,30 @@ TEST(FileLock, IsGivenBackThoughAChildInheritedTheDescriptor)
     waitpid(child, nullptr, 0);
 }
 
+// Someone tidies up, and makes room for a second writer.
+TEST(FileLock, HoldsThoughItsFileWasRemoved)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.path() / ".lock";
+    auto first = FileLock::acquire(path);
+    ASSERT_TRUE(first);
+    std::filesystem::remove(path);
+    EXPECT_FALSE(FileLock::acquire(path));
+    putBytes(path, "");
+    EXPECT_FALSE(FileLock::acquire(path));
+    first.reset();
+    EXPECT_TRUE(FileLock::acquire(path));
+}
+
+TEST(FileLock, OfOneFolderSaysNothingOfAnother)
+{
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.path() / "within");
+    const auto outer = FileLock::acquire(folder.path() / ".lock");
+    EXPECT_TRUE(outer);
+    EXPECT_TRUE(FileLock::acquire(folder.path() / "within" / ".lock"));
+}
+
 TEST(FileLock, SaysWhenTheFileCannotBeOpened)
 {
     const TemporaryFolder folder;
