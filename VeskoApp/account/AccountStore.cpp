@@ -80,6 +80,26 @@ void AccountStore::restoreAtLaunch()
 {
     if (m_settings.value(accountSetting))
         run(restore());
+    else if (m_client.configured())
+        run(restoreWithoutCopy());
+    else
+        setState(SignedOut());
+}
+
+// The copy is lost with the settings, or could not be written; the session is not.
+Task<> AccountStore::restoreWithoutCopy()
+{
+    const int session = m_session;
+    bool hasToken = false;
+    try {
+        hasToken = co_await m_vault.has();
+    } catch (const std::exception&) {
+        // Who can't be asked knows of no session.
+    }
+    if (m_session != session)
+        co_return;
+    if (hasToken)
+        co_await restore();
     else
         setState(SignedOut());
 }

@@ -42,8 +42,9 @@ public:
     AccountStore(const AccountDeployment& deployment, SessionVault& vault,
         IdentityProviders& identities, SettingsStore& settings, HttpTransport transport = {});
 
-    // At the start of the program: restores the session of an earlier run. A machine without a copy
-    // of an account has none, and its secret store is left alone, which may ask for a password.
+    // At the start of the program: restores the session of an earlier run. On a machine without a
+    // copy of the account the secret store is first asked whether it has a token at all, which
+    // never makes it ask for a password.
     void restoreAtLaunch();
     // Runs an operation to its end, whatever becomes of the window that asked for it.
     void run(Task<> operation) { m_tasks.spawn(std::move(operation)); }
@@ -96,6 +97,7 @@ private:
     template <class Call>
     Task<> complete(Call call, AuthProvider provider);
     void fail(const std::exception_ptr& error, AuthProvider provider);
+    Task<> restoreWithoutCopy();
     Task<std::optional<std::string>> storedToken();
     Task<> endSession();
     void remember(const VeskoAccount& account);

@@ -12,6 +12,11 @@ Task<std::optional<std::string>> KeychainSessionVault::load()
     co_return co_await m_keychain.load(Keychain::veskoSession);
 }
 
+Task<bool> KeychainSessionVault::has()
+{
+    co_return co_await m_keychain.has(Keychain::veskoSession);
+}
+
 Task<> KeychainSessionVault::remove()
 {
     try {

@@ -15,6 +15,7 @@ public:
 
     Task<> save(std::string token) override;
     Task<std::optional<std::string>> load() override;
+    Task<bool> has() override;
     Task<> remove() override;
 
 private:

@@ -15,6 +15,8 @@ public:
     // Saving and loading throw when the token can't be kept, or got at.
     virtual Task<> save(std::string token) = 0;
     virtual Task<std::optional<std::string>> load() = 0;
+    // Whether there is a token, without asking the user anything. Throws as well.
+    virtual Task<bool> has() = 0;
     // As well as it goes.
     virtual Task<> remove() = 0;
 };

@@ -12,6 +12,7 @@ class FakeSecretStore final : public SecretStore {
 public:
     void lock() { setLocked(true); }
     void unlock() { setLocked(false); }
+    void lockWithSave() { m_locksWithSave = true; } // the next one goes well, and nothing after it
     std::map<std::string, std::string> items() const
     {
         const std::scoped_lock guard(m_mutex);
@@ -23,10 +24,17 @@ public:
         m_items[account] = value;
     }
 
+    // How often a secret was asked for, or whether there is one.
     int loads() const
     {
         const std::scoped_lock guard(m_mutex);
-        return m_loads;
+        return m_loads + m_questions;
+    }
+    // How often only whether there is one, for which nothing is unlocked.
+    int questions() const
+    {
+        const std::scoped_lock guard(m_mutex);
+        return m_questions;
     }
 
     std::optional<std::string> load(const std::string& account) override
@@ -37,12 +45,19 @@ public:
         const auto item = m_items.find(account);
         return item == m_items.end() ? std::nullopt : std::optional(item->second);
     }
-    bool has(const std::string& account) override { return load(account).has_value(); }
+    bool has(const std::string& account) override
+    {
+        const std::scoped_lock guard(m_mutex);
+        ++m_questions;
+        requireUnlocked();
+        return m_items.contains(account);
+    }
     void save(const std::string& value, const std::string& account) override
     {
         const std::scoped_lock guard(m_mutex);
         requireUnlocked();
         m_items[account] = value;
+        m_locked = m_locksWithSave;
     }
     void remove(const std::string& account) override
     {
@@ -65,7 +80,9 @@ private:
 
     mutable std::mutex m_mutex;
     bool m_locked = false;
+    bool m_locksWithSave = false;
     int m_loads = 0;
+    int m_questions = 0;
     std::map<std::string, std::string> m_items;
 };
 

@@ -222,8 +222,8 @@ TEST_F(AccountStoreEmailTest, ObserversHearOfChangesOnly)
     awaited(store->startEmail("no address"));
     EXPECT_EQ(messages, 1);
     EXPECT_EQ(busy, 0);
-    store->restoreAtLaunch();
-    store->restoreAtLaunch();
+    awaited(store->restore());
+    awaited(store->restore());
     EXPECT_EQ(states, 1);
     answer(204, "");
     awaited(store->startEmail("user@example.com"));

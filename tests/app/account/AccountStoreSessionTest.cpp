@@ -214,15 +214,39 @@ TEST_F(AccountStoreSessionTest, TheLaunchRestoresWhatAnEarlierRunLeft)
     EXPECT_TRUE(eventually([&] { return store->signedIn(); }));
 }
 
-TEST_F(AccountStoreSessionTest, TheLaunchLeavesTheSecretStoreAloneWhereNobodyWasSignedIn)
+// The copy is lost with damaged settings; the one who was signed in then had to sign in again.
+TEST_F(AccountStoreSessionTest, TheLaunchFindsASessionWhoseCopyIsLost)
+{
+    machineSecrets.put("vesko-session", "kept");
+    answer(200, accountBody(account()));
+    open();
+    store->restoreAtLaunch();
+    ASSERT_TRUE(eventually([&] { return store->signedIn(); }));
+    EXPECT_EQ(*store->account(), account());
+}
+
+TEST_F(AccountStoreSessionTest, TheLaunchUnlocksNothingWhereNobodyWasSignedIn)
+{
+    open();
+    store->restoreAtLaunch();
+    ASSERT_TRUE(eventually([&] { return store->signedOut(); }));
+    machineSecrets.lock(); // it can't even be asked
+    open();
+    store->restoreAtLaunch();
+    ASSERT_TRUE(eventually([&] { return store->signedOut(); }));
+    EXPECT_EQ(machineSecrets.questions(), 2);
+    EXPECT_EQ(machineSecrets.loads(), machineSecrets.questions());
+    EXPECT_EQ(server.connections(), 0U);
+    EXPECT_EQ(message(), "");
+}
+
+TEST_F(AccountStoreSessionTest, TheLaunchAsksNoSecretStoreInABuildWithoutAccounts)
 {
     machineSecrets.put("vesko-session", "left behind");
+    deployment.baseURL = std::nullopt;
     open();
     store->restoreAtLaunch();
     EXPECT_TRUE(store->signedOut());
-    drainEvents();
-    EXPECT_EQ(machineSecrets.loads(), 0);
-    EXPECT_EQ(server.connections(), 0U);
 }
 
 TEST_F(AccountStoreSessionTest, AnAnswerAboutAnEarlierSessionDoesNotOverruleANewOne)
