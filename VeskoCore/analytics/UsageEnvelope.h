@@ -15,7 +15,7 @@ struct UsageEnvelope {
     struct SystemProps {
         bool isDebug = false; // not of a build that people run
         std::string sdkVersion = "vesko-aptabase@1";
-        std::string osName = "macOS"; // the service's name for the program's kind of system
+        std::string osName = "Linux"; // by the service's names for kinds of systems
         std::string appVersion;
         std::string appBuildNumber;
 

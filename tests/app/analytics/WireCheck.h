@@ -58,7 +58,7 @@ private:
             { "systemProps.appBuildNumber", { Kind::text, std::regex("[0-9]{1,9}") } },
             { "systemProps.appVersion", { Kind::text, std::regex("[0-9]+(\\.[0-9]+){1,3}") } },
             { "systemProps.isDebug", { Kind::truth, std::regex() } },
-            { "systemProps.osName", { Kind::text, std::regex("macOS") } },
+            { "systemProps.osName", { Kind::text, std::regex("Linux") } },
             { "systemProps.sdkVersion", { Kind::text, std::regex("vesko-aptabase@1") } },
             { "timestamp",
                 { Kind::text, std::regex("\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\dZ") } },

@@ -111,7 +111,7 @@ LoopbackServer::Request altered(const std::string& part, const std::string& by)
                        R"("iid":"6f9619ff-8b86-d011-b42d-00c04fc964ff"},)"
                        R"("sessionId":"00000000-0000-0000-0000-00000000000a","systemProps":{)"
                        R"("appBuildNumber":"45","appVersion":"1.2.3","isDebug":true,)"
-                       R"("osName":"macOS","sdkVersion":"vesko-aptabase@1"},)"
+                       R"("osName":"Linux","sdkVersion":"vesko-aptabase@1"},)"
                        R"("timestamp":"2026-11-21T12:00:00Z"}])";
     const auto at = body.find(part);
     EXPECT_NE(at, std::string::npos) << part;

@@ -48,7 +48,7 @@ TEST(AnalyticsState, AnEventCarriesTheStateAndNothingElse)
     expected.eventName = UsageEvent::textCopied;
     expected.systemProps = { .isDebug = false,
         .sdkVersion = "vesko-aptabase@1",
-        .osName = "macOS",
+        .osName = "Linux",
         .appVersion = "1.2.3",
         .appBuildNumber = "45" };
     expected.props = { .iid = "6f9619ff-8b86-d011-b42d-00c04fc964ff", .environment = production };

@@ -29,7 +29,7 @@ TEST(UsageEnvelope, ABatchIsReadableTextInTheOrderOfTheKeys)
       "appBuildNumber" : "45",
       "appVersion" : "1.2.3",
       "isDebug" : false,
-      "osName" : "macOS",
+      "osName" : "Linux",
       "sdkVersion" : "vesko-aptabase@1"
     },
     "timestamp" : "2026-11-21T12:00:00Z"

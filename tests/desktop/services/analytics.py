@@ -43,7 +43,7 @@ ENVELOPE = {
     "systemProps": {
         "isDebug": lambda value: isinstance(value, bool),
         "sdkVersion": matches("vesko-aptabase@1"),
-        "osName": matches("macOS"),
+        "osName": matches("Linux"),
         "appVersion": matches(r"\d+(\.\d+){1,3}"),
         "appBuildNumber": matches(r"\d{1,9}"),
     },
