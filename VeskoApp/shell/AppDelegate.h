@@ -32,7 +32,7 @@ public:
         std::optional<DemoScene> scene;
         std::optional<bool> dark;
 
-        // Nothing unless the data is not the user's own: then `dataRoot` is set.
+        // Nothing unless the data is not the user's own: then `dataRoot` is an absolute path.
         static Demo from(const char* dataRoot, const char* scene, const char* appearance);
     };
 

@@ -19,7 +19,8 @@ AppDelegate::Demo AppDelegate::Demo::from(
     const char* dataRoot, const char* scene, const char* appearance)
 {
     Demo demo;
-    if (!dataRoot || !scene)
+    // A relative root is none: the library that is open then is the user's own.
+    if (!dataRoot || *dataRoot != '/' || !scene)
         return demo;
     demo.scene = DemoScene::fromText(scene);
     const std::string_view look = appearance ? appearance : "";

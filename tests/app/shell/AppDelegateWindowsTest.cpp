@@ -124,6 +124,9 @@ TEST_F(AppDelegateWindowsTest, ADemoNeedsADataFolderOfItsOwn)
         std::optional<bool> dark;
     } rows[] = {
         { "no data folder", nullptr, "settings", "dark", {}, {} },
+        // The library of these is the user's own.
+        { "a relative data folder", "tmp", "settings", "dark", {}, {} },
+        { "an empty data folder", "", "settings", "dark", {}, {} },
         { "no scene", "/tmp", nullptr, "dark", {}, {} },
         { "a scene", "/tmp", "note=2", nullptr, DemoScene{ DemoScene::note, 0, 2 }, {} },
         { "a dark scene", "/tmp", "settings", "dark", DemoScene{ DemoScene::settings }, true },
