@@ -92,7 +92,8 @@ int installKeyFromEnvironment()
 {
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
-    return installKey(std::getenv("OPENROUTER_API_KEY"), secrets, settings, std::cout, std::cerr);
+    const char* const key = std::getenv("OPENROUTER_API_KEY");
+    return installKey(key ? key : "", secrets, settings, std::cout, std::cerr);
 }
 
 // What it says, or throws, also goes to whom it is promised.

@@ -23,6 +23,9 @@ public:
     virtual void set(const std::string& key, const SettingValue& value) = 0;
     // Nothing is stored under the key afterwards; does nothing if that is so already.
     virtual void remove(const std::string& key) = 0;
+    // Whether every change is on disk: one that could not be written counts all the same, for as
+    // long as this object lives, and is tried again with the next.
+    virtual bool saved() const = 0;
     // Whether anything has ever been stored.
     virtual bool empty() const = 0;
 

@@ -29,6 +29,7 @@ public:
     std::optional<SettingValue> value(const std::string& key) const override;
     void set(const std::string& key, const SettingValue& value) override;
     void remove(const std::string& key) override;
+    bool saved() const override { return m_unwritten.isEmpty(); }
     // A damaged or unreadable file is not empty: something was stored there.
     bool empty() const override;
 

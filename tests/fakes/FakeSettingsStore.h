@@ -10,6 +10,7 @@ class FakeSettingsStore final : public SettingsStore {
 public:
     std::map<std::string, SettingValue> values;
     int writes = 0;
+    bool writable = true;
 
     std::optional<SettingValue> value(const std::string& key) const override
     {
@@ -22,6 +23,7 @@ public:
         values.insert_or_assign(key, value);
     }
     void remove(const std::string& key) override { writes += static_cast<int>(values.erase(key)); }
+    bool saved() const override { return writable || writes == 0; }
     bool empty() const override { return values.empty(); }
 };
 

@@ -413,9 +413,11 @@ TEST_F(CborSettingsTest, keepsInMemoryWhatAnUnwritableFolderRefuses)
     settings.set("a", true);
     EXPECT_EQ(settings.get<bool>("a"), true);
     EXPECT_FALSE(settings.empty());
+    EXPECT_FALSE(settings.saved());
 
     fs::remove(home / "taken");
     settings.set("b", true);
+    EXPECT_TRUE(settings.saved());
     const CborSettings later(home / "taken");
     EXPECT_EQ(later.get<bool>("a"), true);
     EXPECT_EQ(later.get<bool>("b"), true);
