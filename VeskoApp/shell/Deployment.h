@@ -11,10 +11,11 @@ namespace vesko {
 
 // What a build was made for: the values of Info.json.
 struct Deployment {
-    std::string version; // CFBundleShortVersionString
-    std::string openRouterBaseURL; // VeskoOpenRouterBaseURL, ends in "/api/v1/"
+    std::string version; // CFBundleShortVersionString, "0.0.0" if it is no text
+    std::string openRouterBaseURL; // VeskoOpenRouterBaseURL: https, or a service on this machine
     // VeskoAnalyticsAppKey, VeskoAnalyticsBaseURL, VeskoAnalyticsEnvironment ("production" or, with
-    // any other value, the sandbox), CFBundleVersion. None has to be there.
+    // any other value, the sandbox), CFBundleVersion. What is missing, or is not of its kind, is
+    // as if there were no such service.
     AnalyticsBundle analytics;
     // VeskoAuthBaseURL, VeskoGoogleClientID, VeskoAccountRequired; what is missing there, or is not
     // of its kind, is off. VeskoGoogleAuthURL and VeskoGoogleTokenURL name another Google, as

@@ -135,28 +135,66 @@ TEST_F(DeploymentTest, FailsWhenItIsMissingDamagedOrIncomplete)
     EXPECT_THROW(Deployment::read({}), std::runtime_error);
     EXPECT_THROW(Deployment::read({ folder.path() }), std::runtime_error);
     for (const char* text : { "", "[]", "{", R"({"CFBundleShortVersionString": "1"})",
-             R"({"CFBundleShortVersionString": "1", "VeskoOpenRouterBaseURL": ""})",
-             R"({"CFBundleShortVersionString": 1, "VeskoOpenRouterBaseURL": "https://x/"})" }) {
+             R"({"CFBundleShortVersionString": "1", "VeskoOpenRouterBaseURL": ""})" }) {
         SCOPED_TRACE(text);
         write(text);
         EXPECT_THROW(Deployment::read({ folder.path() }), std::runtime_error);
     }
 }
 
-TEST_F(DeploymentTest, FailsWhenAServiceHasNoWebAddress)
+constexpr const char* noWebAddresses[]
+    = { "", "openrouter", "//openrouter.example/", "ftp://openrouter.example/", "https://",
+          "https:///api/v1/", "https://open router/", "http://[::1/", "file:///etc/passwd" };
+
+TEST_F(DeploymentTest, FailsWhenTheSpeechServiceHasNoWebAddress)
 {
-    for (const char* address :
-        { "", "openrouter", "//openrouter.example/", "ftp://openrouter.example/", "https://",
-            "https:///api/v1/", "https://open router/", "http://[::1/", "file:///etc/passwd" }) {
+    for (const char* address : noWebAddresses) {
         SCOPED_TRACE(address);
-        write(R"({"CFBundleShortVersionString": "1", "VeskoOpenRouterBaseURL": "https://x.example/",
-                  "VeskoAnalyticsBaseURL": ")"
-            + std::string(address) + "\"}");
-        EXPECT_THROW(Deployment::read({ folder.path() }), std::runtime_error);
         write(std::string(R"({"CFBundleShortVersionString": "1", "VeskoOpenRouterBaseURL": ")")
             + address + "\"}");
         EXPECT_THROW(Deployment::read({ folder.path() }), std::runtime_error);
     }
+}
+
+// The user's key would go there for everyone on the way to read.
+TEST_F(DeploymentTest, TakesAnUnencryptedSpeechServiceOnlyOnThisMachine)
+{
+    const auto reads = [this](const std::string& address) {
+        write(R"({"VeskoOpenRouterBaseURL": ")" + address + "\"}");
+        try {
+            return Deployment::read({ folder.path() }).openRouterBaseURL == address;
+        } catch (const std::runtime_error&) {
+            return false;
+        }
+    };
+    for (const char* address : { "http://127.0.0.1:8080/api/v1/", "http://127.8.9.1/api/v1",
+             "http://localhost/api/v1/", "http://LOCALHOST:1/", "http://[::1]:8080/api/v1/",
+             "https://openrouter.example/api/v1/", "https://192.168.0.1/" })
+        EXPECT_TRUE(reads(address)) << address;
+    for (const char* address : { "http://openrouter.ai/api/v1/", "HTTP://openrouter.ai/api/v1/",
+             "http://192.168.0.1/", "http://localhost.example/", "http://127.0.0.1.example/",
+             "http://localhost@openrouter.ai/", "http://[fe80::1]/", "http://0.0.0.0/" })
+        EXPECT_FALSE(reads(address)) << address;
+}
+
+// What only counts for usage events never keeps anyone from dictating.
+TEST_F(DeploymentTest, WithoutAVersionOrAnAnalyticsAddressItStartsAllTheSame)
+{
+    for (const char* version :
+        { "", R"("CFBundleShortVersionString": 1,)", R"("CFBundleShortVersionString": null,)" })
+        for (const char* address : noWebAddresses) {
+            SCOPED_TRACE(std::string(version) + address);
+            write("{" + std::string(version)
+                + R"("VeskoOpenRouterBaseURL": "https://x.example/", "VeskoAnalyticsAppKey": "A",
+                     "VeskoAnalyticsBaseURL": ")"
+                + address + "\"}");
+            const auto deployment = Deployment::read({ folder.path() });
+            EXPECT_EQ(deployment.version, "0.0.0");
+            EXPECT_EQ(deployment.analytics.version, "0.0.0");
+            EXPECT_EQ(deployment.analytics.baseURL, "");
+        }
+    write(R"({"VeskoOpenRouterBaseURL": "https://x.example/", "VeskoAnalyticsBaseURL": 5})");
+    EXPECT_EQ(Deployment::read({ folder.path() }).analytics.baseURL, "");
 }
 
 } // namespace
