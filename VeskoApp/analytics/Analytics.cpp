@@ -45,7 +45,7 @@ Analytics::Analytics(SettingsStore& defaults, EventClock& clock, AnalyticsBundle
     : m_defaults(defaults)
     , m_clock(clock)
     , m_bundle(std::move(bundle))
-    , m_transport(transport ? std::move(transport) : curlTransport(exchangeTime, replyLimit))
+    , m_transport(transport ? std::move(transport) : curlTransport(replyLimit))
     , m_enabled(defaults.get<bool>(consentKey).value_or(false))
     , m_state(resolver ? std::nullopt : std::optional(m_bundle.environment), m_enabled,
           storedIdentifier(defaults))
@@ -58,10 +58,11 @@ Analytics::Analytics(SettingsStore& defaults, EventClock& clock, AnalyticsBundle
     track(UsageEvent::appStarted, m_clock.now());
 }
 
-// One that nobody agreed to, or that nothing is sent under, goes, whoever left it there.
+// One that nobody agreed to goes, whoever left it there. Consent outlives a build without a
+// service, and so does who it was given as.
 void Analytics::storeIdentifier()
 {
-    if (m_state.iid && configured())
+    if (m_state.iid)
         m_defaults.set(identifierKey, SettingValue{ lowercased(m_state.iid->text()) });
     else
         m_defaults.remove(identifierKey);
@@ -162,7 +163,8 @@ std::optional<HttpRequest> Analytics::request(const std::vector<UsageEnvelope>& 
             .method = "POST",
             .headers = { { "Content-Type", "application/json" }, { "App-Key", *m_bundle.appKey } },
             .body = JsonWriter::write(batch, JsonWriter::Form::pretty),
-            .timeout = idleTime };
+            .timeout = idleTime,
+            .resourceTimeout = exchangeTime };
     } catch (const JsonError&) {
         return std::nullopt; // a date that no calendar writes; the events wait
     }

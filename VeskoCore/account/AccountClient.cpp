@@ -98,7 +98,7 @@ AccountClient::AccountClient(
     std::optional<std::string> baseURL, GoogleEndpoints google, HttpTransport transport)
     : m_baseURL(std::move(baseURL))
     , m_google(std::move(google))
-    , m_transport(transport ? std::move(transport) : curlTransport(wholeTimeout, answerLimit))
+    , m_transport(transport ? std::move(transport) : curlTransport(answerLimit))
 {
     if (m_baseURL && !m_baseURL->ends_with('/'))
         *m_baseURL += '/';
@@ -159,7 +159,8 @@ std::string AccountClient::exchangeGoogle(const std::string& code, const std::st
             { "redirect_uri", redirectURI },
             { "grant_type", "authorization_code" },
         }),
-        .timeout = idleTimeout };
+        .timeout = idleTimeout,
+        .resourceTimeout = wholeTimeout };
     HTTPResult result = exchange(request, std::move(stop));
     if (result.status != 200)
         throw AuthFailure(AuthFailure::unavailable);
@@ -188,7 +189,8 @@ std::string AccountClient::call(const std::string& method, const std::string& pa
         .method = method,
         .headers = {},
         .body = std::move(body),
-        .timeout = idleTimeout };
+        .timeout = idleTimeout,
+        .resourceTimeout = wholeTimeout };
     if (token)
         request.headers.emplace_back("Authorization", "Bearer " + *token);
     if (request.body)

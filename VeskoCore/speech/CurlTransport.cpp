@@ -85,7 +85,7 @@ std::string headerText(std::string_view value)
 // One exchange, from its first byte to its last.
 class Exchange {
 public:
-    Exchange(const HttpRequest& request, double resourceTimeout, std::size_t bodyLimit)
+    Exchange(const HttpRequest& request, std::size_t bodyLimit)
         : m_request(request)
         , m_bodyLimit(bodyLimit)
         , m_easy(curl().easyInit())
@@ -111,7 +111,7 @@ public:
         set(CURLOPT_NOSIGNAL, 1L);
         // Else the end of an exchange waits for a name server that does not answer.
         set(CURLOPT_QUICK_EXIT, 1L);
-        set(CURLOPT_TIMEOUT_MS, static_cast<long>(std::ceil(resourceTimeout * 1000)));
+        set(CURLOPT_TIMEOUT_MS, static_cast<long>(std::ceil(request.resourceTimeout * 1000)));
         set(CURLOPT_HTTPHEADER, m_headers.get());
         if (request.body || request.method == "POST") {
             // libcurl reads the body where it stands.
@@ -256,13 +256,13 @@ private:
 
 } // namespace
 
-HttpTransport curlTransport(double resourceTimeout, std::size_t bodyLimit)
+HttpTransport curlTransport(std::size_t bodyLimit)
 {
     return [=](const HttpRequest& request, const std::stop_token& stop) {
         static const CURLcode ready = curl().globalInit(CURL_GLOBAL_DEFAULT);
         if (ready != CURLE_OK)
             throw URLError(URLError::other);
-        return Exchange(request, resourceTimeout, bodyLimit).perform(stop);
+        return Exchange(request, bodyLimit).perform(stop);
     };
 }
 

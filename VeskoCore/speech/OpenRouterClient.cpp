@@ -42,6 +42,10 @@ inline constexpr std::tuple jsonFields<SpeechRequest>{
 
 namespace {
 
+// Seconds.
+constexpr double longestSilence = 75;
+constexpr double longestExchange = 90;
+
 TranscriptResult transcriptOf(const HTTPResult& result)
 {
     const ServiceAnswer answer(result.data);
@@ -76,11 +80,12 @@ OpenRouterClient::OpenRouterClient(std::string baseURL, HttpTransport transport)
 HTTPResult OpenRouterClient::send(const std::string& path, const std::optional<std::string>& key,
     std::optional<std::string> body, std::stop_token stop) const
 {
-    HttpRequest request{ .url = m_baseURL + path,
+    HttpRequest request{ .url = serviceURL(m_baseURL, path),
         .method = body ? "POST" : "GET",
         .headers = { { "Content-Type", "application/json" }, { "X-Title", "Vesko" } },
         .body = std::move(body),
-        .timeout = 75 };
+        .timeout = longestSilence,
+        .resourceTimeout = longestExchange };
     requireURL(request.url);
     if (key) {
         const std::string_view bearer = trimmed(*key);

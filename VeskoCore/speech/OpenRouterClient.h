@@ -18,8 +18,8 @@ public:
     static constexpr std::string_view defaultCleanupModel = "xiaomi/mimo-v2.6-pro";
     static constexpr std::size_t audioLimit = 26'214'400; // bytes before encoding
 
-    // The base URL ends in "/api/v1/". Without a transport it uses libcurl: 75 seconds without
-    // progress, 90 for the whole exchange, no cookies, no cache.
+    // The base URL ends in "/api/v1", with a slash or without. Without a transport it uses libcurl:
+    // 75 seconds without progress, 90 for the whole exchange, no cookies, no cache.
     explicit OpenRouterClient(std::string baseURL, HttpTransport transport = {});
 
     // POST with a body, GET without. A key is trimmed and sent as a bearer token; one that is then

@@ -67,8 +67,7 @@ constexpr double exchangeTime = 120;
 
 HttpTransport gatewayTransport()
 {
-    return [transport = curlTransport(exchangeTime)](
-               const HttpRequest& request, std::stop_token stop) {
+    return [transport = curlTransport()](const HttpRequest& request, std::stop_token stop) {
         try {
             return transport(request, std::move(stop));
         } catch (const VeskoError&) {
@@ -130,7 +129,8 @@ std::string PlusGateway::send(const std::string& path, const std::string& token,
         .method = body ? "POST" : "GET",
         .headers = { { "Authorization", "Bearer " + token } },
         .body = std::move(body),
-        .timeout = idleTime };
+        .timeout = idleTime,
+        .resourceTimeout = exchangeTime };
     if (request.body)
         request.headers.emplace_back("Content-Type", "application/json");
     HTTPResult result = m_transport(request, std::move(stop));

@@ -101,6 +101,7 @@ TEST_F(AnalyticsTest, TheRequestIsThatOfTheService)
             ElementsAre(
                 std::pair("Content-Type", "application/json"), std::pair("App-Key", "A-EU-1")));
         EXPECT_EQ(request.timeout, 15);
+        EXPECT_EQ(request.resourceTimeout, 60);
     }
 }
 
@@ -169,7 +170,7 @@ TEST_F(AnalyticsTest, ObserversHearOfEachChange)
     EXPECT_EQ(heard, 2);
 }
 
-TEST_F(AnalyticsTest, ABuildWithoutAServiceQueuesSendsAndIdentifiesNothing)
+TEST_F(AnalyticsTest, ABuildWithoutAServiceQueuesAndSendsNothing)
 {
     const struct {
         const char* what;
@@ -188,14 +189,17 @@ TEST_F(AnalyticsTest, ABuildWithoutAServiceQueuesSendsAndIdentifiesNothing)
         bundle.baseURL = row.baseURL;
         start();
         EXPECT_FALSE(analytics->configured());
+        EXPECT_EQ(storedIdentifier(), known);
         track();
         analytics->setEnabled(false);
+        EXPECT_EQ(storedIdentifier(), std::nullopt);
         analytics->setEnabled(true);
         track();
         drainEvents();
         EXPECT_TRUE(analytics->queue().items.empty());
         EXPECT_EQ(service.count(), 0U);
-        EXPECT_EQ(storedIdentifier(), std::nullopt);
+        EXPECT_NE(storedIdentifier(), known);
+        EXPECT_NE(storedIdentifier(), std::nullopt);
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include "tests/app/analytics/AnalyticsFixture.h"
 
-#include "VeskoCore/speech/CurlTransport.h"
+#include "tests/fakes/HurriedTransport.h"
 #include "tests/fakes/LoopbackServer.h"
 #include "tests/fakes/UnprovenServer.h"
 
@@ -92,7 +92,7 @@ TEST_F(HostileReplyTest, AReplyByteByByteEndsWithTheExchangesTime)
     expectAll(
         { { "a byte each 20 ms",
             { .bytes = "HTTP/1.1 200 OK\r\n\r\n", .pause = 20ms, .repeated = "x" }, Batch::kept } },
-        curlTransport(0.5));
+        hurriedTransport(0.5));
 }
 
 TEST_F(HostileReplyTest, AServerThatCannotProveWhoItIsGetsNothing)

@@ -1,8 +1,8 @@
 // A service, or somebody in its place, that means no good: every call ends, in bounded time and
 // memory, and none ends as a success.
 
-#include "VeskoCore/speech/CurlTransport.h"
 #include "tests/core/account/AccountCalls.h"
+#include "tests/fakes/HurriedTransport.h"
 #include "tests/fakes/UnprovenServer.h"
 
 #include <chrono>
@@ -115,7 +115,7 @@ TEST(AccountClientHostile, AnAnswerThatComesByteByByteEndsWithTheWholeTime)
 {
     LoopbackServer server;
     server.reply({ .bytes = "HTTP/1.1 200 OK\r\n\r\n", .pause = 20ms, .repeated = " " });
-    EXPECT_EQ(signInOutcome(clientOf(server, curlTransport(0.5))), "URLError");
+    EXPECT_EQ(signInOutcome(clientOf(server, hurriedTransport(0.5))), "URLError");
     EXPECT_EQ(server.requests().size(), 1U);
 }
 

@@ -129,6 +129,7 @@ TEST(AccountClient, ThePathFollowsTheBaseURLWithOneSlash)
         const AccountClient client(base, {}, [&](const HttpRequest& request, const auto&) {
             url = request.url;
             EXPECT_EQ(request.timeout, 20);
+            EXPECT_EQ(request.resourceTimeout, 60);
             return HTTPResult{ .data = {}, .status = 200, .requestID = std::nullopt };
         });
         client.signOut("secret", {});

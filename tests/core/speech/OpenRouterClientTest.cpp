@@ -50,10 +50,19 @@ TEST(OpenRouterClientSend, WithABodyItPosts)
     EXPECT_EQ(request.method, "POST");
     EXPECT_EQ(request.body, "{}");
     EXPECT_EQ(request.timeout, 75);
+    EXPECT_EQ(request.resourceTimeout, 90);
     EXPECT_EQ(header(request, "Content-Type"), "application/json");
     EXPECT_EQ(header(request, "X-Title"), "Vesko");
     EXPECT_EQ(header(request, "Authorization"), "Bearer key");
     EXPECT_EQ(request.headers.size(), 3U);
+}
+
+TEST(OpenRouterClientSend, ABaseWithoutAClosingSlashIsWhole)
+{
+    Network network;
+    OpenRouterClient("https://provider.example/api/v1", network.transport())
+        .send("models", std::nullopt, std::nullopt, {});
+    EXPECT_EQ(network.requests.at(0).url, "https://provider.example/api/v1/models");
 }
 
 TEST(OpenRouterClientSend, WithoutABodyItGetsAndStillNamesTheContentType)

@@ -31,6 +31,7 @@ TEST(PlusGatewaySend, WithABodyItPosts)
     EXPECT_EQ(request.method, "POST");
     EXPECT_EQ(request.body, "{}");
     EXPECT_EQ(request.timeout, 60);
+    EXPECT_EQ(request.resourceTimeout, 120);
     EXPECT_EQ(header(request, "Authorization"), "Bearer token");
     EXPECT_EQ(header(request, "Content-Type"), "application/json");
     EXPECT_EQ(request.headers.size(), 2U);

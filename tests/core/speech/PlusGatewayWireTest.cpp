@@ -3,6 +3,7 @@
 
 #include "tests/core/speech/Exchanges.h"
 #include "tests/core/speech/PlusCalls.h"
+#include "tests/fakes/HurriedTransport.h"
 #include "tests/fakes/UnprovenServer.h"
 
 #include <gtest/gtest.h>
@@ -158,8 +159,8 @@ TEST(PlusGatewayOnTheWire, AnAnswerByteByByteEndsWithTheExchangesTime)
 {
     LoopbackServer server;
     server.reply({ .bytes = "HTTP/1.1 200 OK\r\n\r\n", .pause = 20ms, .repeated = " " });
-    EXPECT_EQ(
-        outcome(PlusGateway(server.url(), curlTransport(0.5))), networkFailure(URLError::timedOut));
+    EXPECT_EQ(outcome(PlusGateway(server.url(), hurriedTransport(0.5))),
+        networkFailure(URLError::timedOut));
 }
 
 TEST(PlusGatewayOnTheWire, AStopEndsACallUnderWay)
