@@ -852,6 +852,10 @@
         <translation>Не удалось прочитать библиотеку. Ваши файлы сохранены. Откройте папку данных, чтобы восстановить её из резервной копии.</translation>
     </message>
     <message>
+        <source>The library is too large. Vesko can open up to 1 GB. Your files were preserved.</source>
+        <translation>Библиотека слишком велика. Vesko открывает библиотеки размером до 1 ГБ. Ваши файлы сохранены.</translation>
+    </message>
+    <message>
         <source>Vesko is already using this library. Open the running app instead.</source>
         <translation>Эта библиотека уже открыта в Vesko. Перейдите в запущенную программу.</translation>
     </message>

@@ -11,6 +11,9 @@ namespace vesko {
 // Costs as much memory as the document's text.
 class JsonCache {
 public:
+    // Bytes of one element's text: what a reader has to be able to hold at once.
+    static constexpr std::size_t longestText = 40 << 20;
+
     // Nothing for an element that has not been added.
     const std::string* find(const std::shared_ptr<const void>& element);
     const std::string& add(std::shared_ptr<const void> element, std::string text);

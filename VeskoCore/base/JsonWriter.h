@@ -35,7 +35,7 @@ public:
     // UTF-8, a date outside the years 0000 to 9999, more than
     // 64 levels. Some pieces may have gone out by then.
     // With a cache, always the same one for the same kind of document, only what changed is
-    // encoded.
+    // encoded; an element of more than JsonCache::longestText is then a JsonError too.
     template <class T>
     static void write(const T& value, Form form, Output output, JsonCache* cache = nullptr)
     {
@@ -141,6 +141,8 @@ private:
             put(*element);
             flush();
             m_output = std::move(output);
+            if (fresh.size() > JsonCache::longestText)
+                throw JsonError();
             text = &m_cache->add(element, std::move(fresh));
         }
         appendChecked(*text);

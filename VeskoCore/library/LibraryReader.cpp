@@ -1,9 +1,11 @@
 #include "VeskoCore/library/LibraryReader.h"
 
+#include "VeskoCore/base/JsonCache.h"
 #include "VeskoCore/base/JsonReader.h"
 #include "VeskoCore/library/VeskoError.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -23,6 +25,14 @@ constexpr auto noteBegin = "\n    {\n"sv;
 constexpr auto noteEnd = "\n    }"sv;
 constexpr auto separator = ","sv;
 constexpr auto listEnd = "\n  ]"sv;
+constexpr auto schemaBegin = "\n  \"schemaVersion\" : "sv; // behind the notes
+constexpr auto knownSchema = "1\n}"sv;
+
+// Bytes of text that are looked at together. The parser may need fifteen times as much memory for
+// them.
+constexpr std::size_t longestPiece = 48 << 20;
+constexpr std::size_t longestFrame = 24 << 20; // what stands around the notes, looked at twice
+static_assert(JsonCache::longestText < longestPiece);
 
 // A later schema has to be told apart from damage, so it is looked for before anything is decoded.
 bool isKnownSchema(const JsonDocument& document)
@@ -74,20 +84,23 @@ public:
             }
         }
     }
-    std::string_view rest()
+    // Nothing if that is too long.
+    std::optional<std::string_view> rest()
     {
         while (extend()) { }
-        return text();
+        return m_position < m_file.size() ? std::nullopt : std::optional(text());
     }
 
 private:
     static constexpr std::size_t least = 256 << 10; // fits into the processor's memory
 
-    // Lets more be seen, if there is more.
+    // Lets more be seen, if there is more, and room for it.
     bool extend()
     {
         std::copy(m_room.get() + m_begin, m_room.get() + m_end, m_room.get());
         m_end -= std::exchange(m_begin, 0);
+        if (m_end == longestPiece)
+            return false;
         if (m_end == m_size)
             grow();
         const auto came = m_file.read({ m_room.get() + m_end, m_size - m_end }, m_position);
@@ -97,7 +110,7 @@ private:
     }
     void grow()
     {
-        const auto size = std::max(least, 2 * m_size);
+        const auto size = std::clamp(2 * m_size, least, longestPiece);
         auto room = std::make_unique_for_overwrite<char[]>(size + spareForJson);
         std::copy(m_room.get(), m_room.get() + m_end, room.get());
         m_room = std::move(room);
@@ -149,8 +162,10 @@ std::optional<Library> readInPieces(InputFile& file)
         if (!notes)
             return std::nullopt;
         const auto behind = piece.rest();
+        if (!behind || before.size() + behind->size() > longestFrame)
+            return std::nullopt;
         const auto with
-            = [&](const std::string& list) { return before + list + std::string(behind); };
+            = [&](const std::string& list) { return before + list + std::string(*behind); };
         // Another place of that name would not hold what no one can foresee.
         const auto mark = Uuid::random().text();
         const JsonDocument marked(with('"' + mark + '"'));
@@ -164,12 +179,29 @@ std::optional<Library> readInPieces(InputFile& file)
     }
 }
 
+// Of a document that is too long to be looked at as a whole.
+bool endsAsLaterSchema(InputFile& file)
+{
+    std::array<char, 256> room{};
+    const auto size
+        = file.read(room, file.size() - std::min<std::uint64_t>(file.size(), room.size()));
+    const std::string_view end(room.data(), size);
+    const auto at = end.rfind(schemaBegin);
+    return at != std::string_view::npos
+        && !end.substr(at + schemaBegin.size()).starts_with(knownSchema);
+}
+
 } // namespace
 
 Library readLibrary(InputFile& file)
 {
     if (auto library = readInPieces(file))
         return std::move(*library);
+    if (file.size() > longestPiece) {
+        if (endsAsLaterSchema(file))
+            throw VeskoError(VeskoError::unsupportedSchema);
+        throw JsonError();
+    }
     const JsonDocument document(file.text());
     if (!isKnownSchema(document))
         throw VeskoError(VeskoError::unsupportedSchema);

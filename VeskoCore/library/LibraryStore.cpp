@@ -82,6 +82,9 @@ LibraryStore::LibraryStore(std::filesystem::path root, const Clock& clock, FileS
         open();
     } catch (const VeskoError&) {
         throw;
+    } catch (const std::system_error& error) {
+        throw VeskoError(error.code() == std::errc::file_too_large ? VeskoError::libraryTooLarge
+                                                                   : VeskoError::corruptLibrary);
     } catch (const std::exception&) {
         throw VeskoError(VeskoError::corruptLibrary);
     }

@@ -22,8 +22,9 @@ class LibraryStore {
 public:
     // Opens or creates the library at an absolute path and repairs what a crash left open. Holds
     // the lock until destroyed. Throws std::system_error when the root can't be made, libraryBusy
-    // when another store has it, unsupportedSchema, corruptLibrary or storage as the case may be;
-    // the files then stay as they were. Clock and file system must outlive the store.
+    // when another store has it, unsupportedSchema, corruptLibrary, libraryTooLarge or storage as
+    // the case may be; the files then stay as they were. Clock and file system must outlive the
+    // store.
     LibraryStore(
         std::filesystem::path root, const Clock& clock, FileSystem& files = FileSystem::posix());
 

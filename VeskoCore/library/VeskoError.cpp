@@ -36,6 +36,9 @@ const char* VeskoError::errorDescription() const
         return L10N_KEY("Vesko",
             "The library could not be read. Your files were preserved. Open the data folder to "
             "recover its backup.");
+    case libraryTooLarge:
+        return L10N_KEY("Vesko",
+            "The library is too large. Vesko can open up to 1 GB. Your files were preserved.");
     case libraryBusy:
         return L10N_KEY(
             "Vesko", "Vesko is already using this library. Open the running app instead.");

@@ -18,6 +18,7 @@ public:
         unsafePath,
         unsupportedSchema,
         corruptLibrary,
+        libraryTooLarge,
         libraryBusy,
         emptyTranscript,
         missingKey,

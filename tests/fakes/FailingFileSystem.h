@@ -23,6 +23,7 @@ public:
     int number = 0; // the system's number of the error
     int at = 0; // which call, counted from 0 since `calls` was set
     int calls = 0;
+    std::uint64_t bytesRead = 0;
     bool hasLinks = true;
     bool syncsFolders = true;
     bool syncs = true; // only a death of the machine could tell
@@ -33,7 +34,9 @@ public:
     }
     std::size_t read(int file, std::span<char> into, std::uint64_t from) override
     {
-        return call([&] { return m_real.read(file, into, from); });
+        const auto came = call([&] { return m_real.read(file, into, from); });
+        bytesRead += came;
+        return came;
     }
     std::size_t write(int file, std::string_view bytes) override
     {

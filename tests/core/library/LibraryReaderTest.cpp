@@ -157,6 +157,55 @@ TEST(LibraryReader, TellsALaterSchemaFromDamage)
     EXPECT_EQ(outcomeOf(replaced(fullLibrary(), "\"kind\"", "\"sort\"")), "damaged");
 }
 
+// However long, none takes more memory than for a piece, or is read again as a whole.
+TEST(LibraryReader, RefusesWhatIsTooLongToBeLookedAtAsAWhole)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.path() / "library.json";
+    constexpr std::uint64_t length = 1 << 30;
+    const auto& full = fullLibrary();
+    const auto list = full.find("\n  \"notes\" : [") + 14;
+    const auto behind = full.find("\n  ],", list);
+    const auto later = replaced(full, "\"schemaVersion\" : 1", "\"schemaVersion\" : 2");
+    const struct {
+        const char* what;
+        std::string begin, end;
+        std::string expected;
+    } rows[] = {
+        { "nothing of ours", "", "", "damaged" },
+        { "a note without end", full.substr(0, list) + "\n    {\n", "", "damaged" },
+        { "notes and then none", full.substr(0, behind) + ",\n    {\n", "", "damaged" },
+        { "blanks behind", full, "", "damaged" },
+        { "a later schema", later.substr(0, list), later.substr(behind), "later" },
+        { "this schema", full.substr(0, list), full.substr(behind), "damaged" },
+    };
+    for (const auto& [what, begin, end, expected] : rows) {
+        SCOPED_TRACE(what);
+        putBytes(path, begin);
+        std::filesystem::resize_file(path, length - end.size());
+        std::ofstream(path, std::ios::binary | std::ios::app) << end;
+        FailingFileSystem files;
+        EXPECT_EQ(
+            outcome([&] { return readLibrary(*InputFile::open(files, path, length)); }), expected);
+        EXPECT_LT(files.bytesRead, 64U << 20);
+    }
+}
+
+TEST(LibraryReader, ReadsTheLongestNoteThatTheStoreWrites)
+{
+    auto library = JsonDocument(fullLibrary()).as<Library>();
+    Note note = library.notes[0];
+    note.body = std::string((40 << 20) - 20'000, 'x');
+    library.notes.append(note);
+    const auto text = JsonWriter::write(library, JsonWriter::Form::pretty)
+        + std::string(10 << 20, ' '); // too long to be looked at as a whole
+    const TemporaryFolder folder;
+    putBytes(folder.path() / "library.json", text);
+    EXPECT_TRUE(readLibrary(*InputFile::open(
+                    FileSystem::posix(), folder.path() / "library.json", UINT64_MAX))
+        == library);
+}
+
 TEST(LibraryReader, PassesOverNumbersThatNo64BitsHold)
 {
     const auto& full = fullLibrary();

@@ -22,6 +22,8 @@ TEST(VeskoError, SaysWhatWasKept)
         { VeskoError::corruptLibrary,
             "The library could not be read. Your files were preserved. Open the data folder to "
             "recover its backup." },
+        { VeskoError::libraryTooLarge,
+            "The library is too large. Vesko can open up to 1 GB. Your files were preserved." },
         { VeskoError::libraryBusy,
             "Vesko is already using this library. Open the running app instead." },
         { VeskoError::emptyTranscript,
