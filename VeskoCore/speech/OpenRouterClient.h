@@ -17,6 +17,8 @@ public:
     static constexpr std::string_view defaultSTTModel = "openai/whisper-large-v3-turbo";
     static constexpr std::string_view defaultCleanupModel = "xiaomi/mimo-v2.6-pro";
     static constexpr std::size_t audioLimit = 26'214'400; // bytes before encoding
+    static constexpr std::size_t mostModels = 2'000; // some times what the service has
+    static constexpr std::size_t longestModelText = 200; // bytes of an identifier or a name
 
     // The base URL ends in "/api/v1", with a slash or without. Without a transport it uses libcurl:
     // 75 seconds without progress, 90 for the whole exchange, no cookies, no cache.
@@ -36,8 +38,9 @@ public:
         const std::string& key, bool allowProcessing, std::stop_token stop) const;
 
     // The models for transcription, or all of them, sorted by name as the user's locale sorts, with
-    // numbers by their value; never none. Needs no key. Throws VeskoError (http, invalidResponse)
-    // and URLError.
+    // numbers by their value; never none. Models with longer texts are left out, and of a
+    // longer list all but the first mostModels. Needs no key. Throws VeskoError (http,
+    // invalidResponse) and URLError.
     std::vector<ProviderModel> models(bool transcription, std::stop_token stop) const;
 
     // The transcript cleaned up, translated into the language of a tag, or both, by a chat model in

@@ -38,9 +38,13 @@ std::vector<ProviderModel> modelsOf(const std::string& body)
     std::vector<ProviderModel> models;
     for (const auto element : answer.required<simdjson::dom::array>(answer.root(), "data")) {
         const auto model = ServiceAnswer::as<ServiceAnswer::Object>(element);
-        models.push_back({ .id = std::string(answer.required<std::string_view>(model, "id")),
-            .name = std::string(answer.required<std::string_view>(model, "name")),
-            .pricing = pricingOf(model) });
+        const auto id = answer.required<std::string_view>(model, "id");
+        const auto name = answer.required<std::string_view>(model, "name");
+        constexpr auto longest = OpenRouterClient::longestModelText;
+        if (models.size() < OpenRouterClient::mostModels && id.size() <= longest
+            && name.size() <= longest)
+            models.push_back(
+                { .id = std::string(id), .name = std::string(name), .pricing = pricingOf(model) });
     }
     if (models.empty())
         throw VeskoError(VeskoError::invalidResponse);

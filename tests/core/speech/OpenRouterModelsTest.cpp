@@ -56,6 +56,36 @@ private:
     icu::Locale m_before = icu::Locale::getDefault();
 };
 
+// A list of 250,000 once kept the settings from answering for minutes.
+TEST_F(OpenRouterModels, AreNoMoreThanAPickerCanShow)
+{
+    std::string rows;
+    for (int row = 0; row < 50'000; ++row)
+        rows += (row == 0 ? "" : ",")
+            + (R"({"id":"m/)" + std::to_string(row) + R"(","name":"Model )") + std::to_string(row)
+            + "\"}";
+    const auto models = listed(R"({"data":[)" + rows + "]}");
+    ASSERT_EQ(models.size(), OpenRouterClient::mostModels);
+    EXPECT_EQ(models.front().id, "m/0");
+    EXPECT_EQ(models.back().id, "m/" + std::to_string(OpenRouterClient::mostModels - 1));
+    // What is beyond has to be readable all the same.
+    EXPECT_EQ(failureOf(LoopbackServer::answer(200, R"({"data":[)" + rows + R"(,{"id":5}]})")),
+        VeskoError(VeskoError::invalidResponse));
+}
+
+TEST_F(OpenRouterModels, HaveIdentifiersAndNamesThatCanBeShown)
+{
+    const std::string longest(OpenRouterClient::longestModelText, 'x');
+    const auto row = [](const std::string& id, const std::string& name) {
+        return R"({"id":")" + id + R"(","name":")" + name + "\"}";
+    };
+    const auto models = listed(R"({"data":[)" + row(longest, longest) + ","
+        + row(longest + "x", "a") + "," + row("a", longest + "x") + "]}");
+    ASSERT_EQ(models.size(), 1U);
+    EXPECT_EQ(models[0].id, longest);
+    EXPECT_EQ(models[0].name, longest);
+}
+
 TEST_F(OpenRouterModels, AreAskedForWithoutAKey)
 {
     listed(R"({"data":[{"id":"a/b","name":"B"}]})");
