@@ -2,9 +2,9 @@
 
 #include "VeskoApp/async/Sleep.h"
 #include "VeskoApp/base/Observed.h"
-#include "VeskoCore/base/AtomicFile.h"
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/base/Text.h"
+#include "VeskoCore/base/UserFile.h"
 
 #include <algorithm>
 #include <utility>
@@ -151,7 +151,7 @@ Task<> NoteActions::writeExport(std::string markdown, std::filesystem::path file
 {
     try {
         co_await m_writing.run([markdown = std::move(markdown), file = std::move(file)] {
-            AtomicFile(FileSystem::posix(), file).write(markdown);
+            writeUserFile(FileSystem::posix(), file, markdown);
         });
         m_status.setMessage(L10N_KEY("Vesko", "Markdown exported"));
         m_analytics.track(UsageEvent::noteExported);

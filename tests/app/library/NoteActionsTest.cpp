@@ -236,6 +236,24 @@ TEST_F(NoteActionsTest, AnExportHoldsWhatIsSaved)
     EXPECT_EQ(contentOf(file), note(id).markdown("Garden"));
 }
 
+TEST_F(NoteActionsTest, AnExportLeavesTheFilesBesideItAlone)
+{
+    open();
+    const auto id = write("Plan", "Sow beans");
+    const auto file = folder.path() / "plan.md";
+    const auto temporary = folder.path() / "plan.md.tmp";
+    const auto previous = folder.path() / "plan.md.previous";
+    for (const auto& own : { file, temporary, previous })
+        std::ofstream(own) << "the user's own";
+    std::filesystem::permissions(file, std::filesystem::perms(0644));
+    model->notes().exportTo(id, file);
+    ASSERT_TRUE(eventually([&] { return model->status().message() == "Markdown exported"; }));
+    EXPECT_NE(contentOf(file), "the user's own");
+    EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0644));
+    EXPECT_EQ(contentOf(temporary), "the user's own");
+    EXPECT_EQ(contentOf(previous), "the user's own");
+}
+
 TEST_F(NoteActionsTest, AnExportThatFailsIsTold)
 {
     open();
