@@ -101,17 +101,15 @@ Task<> Capture::start(
     if (m_phase != Phase::idle || !m_to.library.ready())
         co_return;
     setPhase(Phase::preparing);
-    m_to.status.setErrorMessage({});
+    const auto begin = [this] {
+        m_to.status.setErrorMessage({});
+        Q_EMIT starting();
+    };
     if (!fromFn) {
         clearFn();
-    } else if (m_fn.discardPending) {
-        clearFn();
-        setPhase(Phase::idle);
-        co_return;
+        begin();
     }
-    Q_EMIT starting();
     CaptureSettings frozen = CaptureSettings::from(m_to.preferences, m_to.library.contents());
-
     if (!co_await m_audio.requestMicrophone()) {
         setPhase(Phase::idle);
         m_to.status.setErrorMessage(L10N_KEY("Vesko",
@@ -120,14 +118,19 @@ Task<> Capture::start(
         clearFn();
         co_return;
     }
-    if (fromFn && m_fn.discardPending) {
-        clearFn();
-        setPhase(Phase::idle);
-        co_return;
-    }
 
-    // The user speaks from here on, while the note and the recording are being saved.
+    // The user speaks from here on, while the gesture comes clear and the note and the recording
+    // are being saved.
     m_audio.open();
+    if (fromFn) {
+        if (!co_await m_fn.settled) {
+            endCapture();
+            clearFn();
+            setPhase(Phase::idle);
+            co_return;
+        }
+        begin();
+    }
     if (m_to.preferences.soundsEnabled.get())
         m_to.cues.prepare();
     std::optional<Recording> recording;

@@ -28,8 +28,10 @@ struct CapturedRecording {
 };
 
 // Turns a trigger into a recording that stands in the library: the phase, the microphone, the
-// meter, and what the gesture key means for them. The note and the recording are on disk before the
-// audio file exists, while the sound is held in memory. Main thread; nothing here waits.
+// meter, and what the gesture key means for them. The note and the recording are on disk before
+// the audio file exists, while the sound is held in memory; and a press of the gesture key leaves
+// no trace until it can't be the beginning of an ordinary combination any more. Main thread;
+// nothing here waits.
 class Capture : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString phaseTitle READ phaseTitle NOTIFY phaseTitleChanged)
@@ -63,6 +65,8 @@ public:
     // Records into a voice note: the selected note if `append`, else a new one.
     Q_INVOKABLE void recordNote(bool append);
     void handleFn(FnShortcutAction action);
+    // The press that began a capture was a tap: no key can join it any more.
+    void fnTapped() { m_fn.settled.set(true); }
 
     // A stored recording is about to be transcribed again: nothing else is captured until that has
     // ended. False if something is under way.
@@ -97,6 +101,7 @@ Q_SIGNALS:
 private:
     // What the running gesture wants.
     struct FnGesture {
+        Eventual<bool> settled; // whether it means a capture, or is a combination of keys
         std::optional<Uuid> target; // the recording that it may finish
         bool pendingStart = false; // it asked for a start that is not yet recording
         bool finishAfterStart = false; // its key came up during that start

@@ -16,6 +16,7 @@ void Capture::handleFn(FnShortcutAction action)
         m_fn.target = m_active ? std::optional(m_active->recording.id) : std::nullopt;
         break;
     case FnShortcutAction::finish:
+        m_fn.settled.set(true);
         if (m_fn.pendingStart)
             m_fn.finishAfterStart = true;
         else if (m_phase == Phase::recording && m_active && fnTargetsActive())
@@ -24,6 +25,7 @@ void Capture::handleFn(FnShortcutAction action)
     case FnShortcutAction::hold:
         if (m_fn.pendingStart || (m_phase == Phase::recording && fnTargetsActive()))
             setPushToTalk(true);
+        m_fn.settled.set(true);
         break;
     case FnShortcutAction::discard:
         discardFn();
@@ -47,11 +49,12 @@ void Capture::beginFn()
 }
 
 // The key turned out to be part of a combination: the user never meant to dictate. What was
-// recorded meanwhile may be real speech and is kept.
+// recorded once it had been taken for a gesture may be real speech and is kept.
 void Capture::discardFn()
 {
     m_fn.discardPending = true;
     setPushToTalk(false);
+    m_fn.settled.set(false);
     if (m_phase != Phase::recording || !m_active || !fnTargetsActive())
         return;
     const Uuid recordingID = m_active->recording.id;

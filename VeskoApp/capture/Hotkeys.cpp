@@ -81,10 +81,14 @@ void Hotkeys::flagsChanged(const KeyEvent& event)
 {
     const auto action = m_fnState.flagsChanged(event.isGestureKey, event.gestureKeyDown,
         event.otherModifiers, m_clock.uptime(), isRecording(), canStart());
+    const bool wasTap = m_hold.pending() && event.isGestureKey && !event.gestureKeyDown;
     if (!event.gestureKeyDown)
         m_hold.cancel();
-    if (!action)
+    if (!action) {
+        if (wasTap)
+            onFnTap();
         return;
+    }
     onFnAction(*action);
     if (*action == FnShortcutAction::begin)
         m_hold.start(FnShortcutState::holdDuration, [this] {

@@ -23,6 +23,7 @@ public:
     std::function<bool()> canStart;
     std::function<GestureKey()> gestureKey;
     std::function<void(FnShortcutAction)> onFnAction;
+    std::function<void()> onFnTap; // the press that began a capture ended before it was a hold
     std::function<void()> onSendIntent; // Return: the user sends what stands in the field
 
     // Installs both. Gives a warning, a key for the catalogues, if the shortcut could not be had;

@@ -224,6 +224,7 @@ void AppDelegate::wireHotkeys()
     m_hotkeys.canStart = [this] { return canStart(); };
     m_hotkeys.gestureKey = [this] { return m_gestureKey; };
     m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.capture().handleFn(action); };
+    m_hotkeys.onFnTap = [this] { m_model.capture().fnTapped(); };
     m_hotkeys.onSendIntent = [this] { m_model.review().armSend(); };
 }
 

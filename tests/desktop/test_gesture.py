@@ -100,13 +100,16 @@ class Gesture(unittest.TestCase):
         hands.release(KEY)
         self.kept_untranscribed()
 
-    def test_a_key_that_joins_in_during_the_start_leaves_nothing_recording(self):
-        hands.tap(KEY, "left")
+    def test_ordinary_combinations_leave_no_trace(self):
+        played = len(self.vesko.log().split("capture_started"))
+        for _ in range(10):
+            hands.tap(KEY, "left")
+            human_pause(0.05)
         self.vesko.wait_for("ready")
-        human_pause(0.3)
+        human_pause(0.5)
         self.assertEqual(self.vesko.phase, "ready")
-        self.assertEqual([r for r in self.all() if r["status"] == "recording"], [])
-        self.assertLessEqual(len(self.all()), self.recordings + 1)
+        self.assertEqual(len(self.all()), self.recordings)
+        self.assertEqual(len(self.vesko.log().split("capture_started")), played)
 
     def test_with_a_modifier_already_down_it_means_nothing(self):
         hands.press("left shift")

@@ -285,6 +285,7 @@ TEST_F(CapturesAndCuesTest, AKeyCombinationHasNoStopCue)
 {
     open();
     model->capture().handleFn(FnShortcutAction::begin);
+    model->capture().handleFn(FnShortcutAction::hold);
     ASSERT_TRUE(reach(Phase::recording));
     model->capture().handleFn(FnShortcutAction::discard);
     ASSERT_TRUE(reach(Phase::idle));

@@ -22,6 +22,12 @@ protected:
     }
     void press() { machine.keys.pressGestureKey(); }
     void release() { machine.keys.releaseGestureKey(); }
+    // Down for longer than a tap, from which on it records.
+    void hold()
+    {
+        press();
+        machine.clock.turn(FnShortcutState::holdDuration);
+    }
     void tap()
     {
         press();
@@ -83,11 +89,12 @@ TEST_F(GestureTest, AHoldIsPushToTalk)
 {
     open();
     press();
-    ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(0.34);
     EXPECT_FALSE(model->capture().pushToTalk());
+    EXPECT_EQ(model->capture().phase(), Phase::preparing);
     machine.clock.turn(0.01);
     EXPECT_TRUE(model->capture().pushToTalk());
+    ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(1);
     release();
     EXPECT_EQ(model->capture().phase(), Phase::processing);
@@ -128,16 +135,68 @@ TEST_F(GestureTest, TheShortcutFinishesACaptureThatATapBegan)
     expectTranscribed();
 }
 
-TEST_F(GestureTest, ACombinationKeepsTheAudioAndTranscribesNothing)
+TEST_F(GestureTest, AnOrdinaryCombinationLeavesNoTrace)
+{
+    using Join = void (*)(FakeKeyMonitor&);
+    struct Case {
+        const char* name;
+        double after; // seconds of the gesture key alone
+        Join join;
+    };
+    const std::vector<Case> cases{
+        { "a key at once", 0, [](auto& keys) { keys.pressKey(); } },
+        { "a key just before the press is a hold", 0.34, [](auto& keys) { keys.pressKey(); } },
+        { "a modifier", 0.1, [](auto& keys) { keys.pressModifier(); } },
+    };
+    open();
+    const auto message = model->status().message();
+    model->status().setErrorMessage("what went wrong before");
+    for (const auto& [name, after, join] : cases) {
+        SCOPED_TRACE(name);
+        press();
+        machine.clock.turn(after);
+        join(machine.keys);
+        EXPECT_EQ(model->capture().phase(), Phase::idle);
+        EXPECT_FALSE(machine.recorder.running());
+        machine.clock.turn(1);
+        machine.keys.releaseModifier();
+        release();
+        drainEvents();
+        EXPECT_EQ(model->capture().phase(), Phase::idle);
+    }
+    EXPECT_TRUE(model->library().contents().notes.empty());
+    EXPECT_TRUE(machine.recorder.files.empty());
+    EXPECT_TRUE(machine.cues.played.empty());
+    EXPECT_EQ(model->status().message(), message);
+    EXPECT_EQ(model->status().errorMessage(), "what went wrong before");
+
+    tap();
+    ASSERT_TRUE(reach(Phase::recording));
+    tap();
+    expectTranscribed(); // the only note there is
+}
+
+TEST_F(GestureTest, WhatIsSaidWhileTheGestureComesClearIsRecorded)
 {
     open();
-    press();
+    hold();
+    ASSERT_TRUE(reach(Phase::recording));
+    machine.clock.turn(1);
+    release();
+    expectTranscribed();
+    EXPECT_NEAR(onlyRecording().duration, FnShortcutState::holdDuration + 1, 1e-6);
+}
+
+TEST_F(GestureTest, ACombinationAfterTheHoldKeepsTheAudioAndTranscribesNothing)
+{
+    open();
+    hold();
     ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(0.2);
     machine.keys.pressKey();
     EXPECT_EQ(model->capture().phase(), Phase::processing);
     EXPECT_EQ(model->capture().level(), 0);
-    expectDiscarded(0.2);
+    expectDiscarded(FnShortcutState::holdDuration + 0.2);
     release();
     EXPECT_EQ(model->capture().phase(), Phase::idle);
 
@@ -149,9 +208,9 @@ TEST_F(GestureTest, ACombinationKeepsTheAudioAndTranscribesNothing)
 TEST_F(GestureTest, ACombinationAfterTheHoldEndsPushToTalk)
 {
     open();
-    press();
+    hold();
     ASSERT_TRUE(reach(Phase::recording));
-    machine.clock.turn(1);
+    machine.clock.turn(0.65);
     ASSERT_TRUE(model->capture().pushToTalk());
     machine.keys.pressModifier();
     EXPECT_FALSE(model->capture().pushToTalk());
@@ -161,7 +220,7 @@ TEST_F(GestureTest, ACombinationAfterTheHoldEndsPushToTalk)
 TEST_F(GestureTest, ACombinationThatCannotBeStoredIsReported)
 {
     open();
-    press();
+    hold();
     ASSERT_TRUE(reach(Phase::recording));
     breakStore();
     machine.keys.pressKey();
@@ -194,13 +253,13 @@ TEST_F(GestureTest, ACombinationWhileTheMicrophoneStartsKeepsWhatWasRecorded)
 {
     open();
     machine.recorder.starting.close();
-    press();
+    hold();
     ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
     machine.keys.pressModifier();
     EXPECT_EQ(model->capture().phase(), Phase::preparing);
     machine.recorder.starting.open();
     ASSERT_TRUE(eventually([&] { return model->status().message() == discarded; }));
-    expectDiscarded(0);
+    expectDiscarded(FnShortcutState::holdDuration);
     machine.keys.releaseModifier();
     release();
     EXPECT_EQ(model->capture().phase(), Phase::idle);
@@ -210,9 +269,9 @@ TEST_F(GestureTest, AKeyThatCameUpWhileTheMicrophoneStartedFinishesAtOnce)
 {
     open();
     machine.recorder.starting.close();
-    press();
+    hold();
     ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
-    machine.clock.turn(0.5);
+    machine.clock.turn(0.15);
     EXPECT_TRUE(model->capture().pushToTalk()); // held, though nothing is recorded yet
     release();
     EXPECT_EQ(model->capture().phase(), Phase::preparing);
@@ -241,10 +300,8 @@ TEST_F(GestureTest, ATapThatEndedWhileTheMicrophoneStartedLeavesTheCaptureRunnin
 {
     open();
     machine.recorder.starting.close();
-    press();
+    tap();
     ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
-    machine.clock.turn(0.2);
-    release();
     machine.recorder.starting.open();
     ASSERT_TRUE(reach(Phase::recording));
     ASSERT_TRUE(eventually([&] { return !model->library().contents().notes.empty(); }));
@@ -259,9 +316,8 @@ TEST_F(GestureTest, AStartThatFailsForgetsTheGesture)
     open();
     machine.recorder.starting.close();
     machine.recorder.startFails = true;
-    press();
+    hold();
     ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
-    machine.clock.turn(0.5);
     ASSERT_TRUE(model->capture().pushToTalk());
     release(); // asks for a finish that will never come
     machine.recorder.starting.open();
@@ -292,7 +348,7 @@ TEST_F(GestureTest, ARefusedMicrophoneForgetsTheGesture)
 TEST_F(GestureTest, ARecordingThatEndsByItselfForgetsTheGesture)
 {
     open();
-    press();
+    hold();
     ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(1);
     ASSERT_TRUE(model->capture().pushToTalk());
@@ -410,12 +466,12 @@ TEST_F(GestureTest, ACaptureOfTheShortcutIsNotEndedByTheGestureBeforeIt)
 TEST_F(GestureTest, TurningTheGestureOffInTheMiddleDiscards)
 {
     open();
-    press();
+    hold();
     ASSERT_TRUE(reach(Phase::recording));
     model->preferences().fnEnabled.set(false);
     machine.clock.turn(0.1);
     machine.keys.pressKey();
-    expectDiscarded(0.1);
+    expectDiscarded(FnShortcutState::holdDuration + 0.1);
     tap();
     EXPECT_EQ(model->capture().phase(), Phase::idle);
 }
@@ -423,11 +479,11 @@ TEST_F(GestureTest, TurningTheGestureOffInTheMiddleDiscards)
 TEST_F(GestureTest, MissedEventsDiscard)
 {
     open();
-    press();
+    hold();
     ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(0.5);
     machine.keys.interrupt();
-    expectDiscarded(0.5);
+    expectDiscarded(FnShortcutState::holdDuration + 0.5);
 }
 
 } // namespace

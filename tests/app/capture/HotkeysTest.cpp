@@ -26,6 +26,7 @@ protected:
         hotkeys.canStart = [&] { return startable; };
         hotkeys.gestureKey = [&] { return chosen; };
         hotkeys.onFnAction = [this](FnShortcutAction action) { actions.push_back(action); };
+        hotkeys.onFnTap = [this] { ++taps; };
         hotkeys.onSendIntent = [&] { ++sends; };
     }
 
@@ -38,6 +39,7 @@ protected:
     GestureKey chosen = GestureKey::rightControl;
     int triggers = 0;
     int sends = 0;
+    int taps = 0;
     std::vector<FnShortcutAction> actions;
     Hotkeys hotkeys{ shortcut, keys, clock };
 };
@@ -331,12 +333,35 @@ TEST(Hotkeys, LetGoOfTheKeysWhenTheyAreDestroyed)
         hotkeys.canStart = [] { return true; };
         hotkeys.gestureKey = [] { return GestureKey::fn; };
         hotkeys.onFnAction = [](FnShortcutAction) { };
+        hotkeys.onFnTap = [] { };
         hotkeys.start();
         keys.pressGestureKey();
     }
     EXPECT_FALSE(shortcut.installed());
     EXPECT_EQ(keys.watched, std::nullopt);
     clock.turn(1);
+}
+
+TEST_F(HotkeysTest, OnlyAPressThatBeganACaptureAndEndedSoonByItselfIsATap)
+{
+    hotkeys.start();
+    keys.pressGestureKey();
+    clock.turn(0.34);
+    EXPECT_EQ(taps, 0); // a key may still join in
+    keys.releaseGestureKey();
+    EXPECT_EQ(taps, 1);
+
+    keys.pressGestureKey();
+    clock.turn(0.1);
+    keys.pressKey();
+    keys.releaseGestureKey();
+    keys.pressGestureKey();
+    clock.turn(1);
+    keys.releaseGestureKey();
+    recording = true;
+    keys.pressGestureKey();
+    keys.releaseGestureKey();
+    EXPECT_EQ(taps, 1);
 }
 
 } // namespace

@@ -232,9 +232,9 @@ TEST_F(CaptureControlTest, TheHintOfAHeldKeyGoesAfterAWhile)
 {
     open();
     model->capture().handleFn(FnShortcutAction::begin);
-    ASSERT_TRUE(reach(Phase::recording));
     EXPECT_FALSE(control->fnHintVisible());
     model->capture().handleFn(FnShortcutAction::hold);
+    ASSERT_TRUE(reach(Phase::recording));
     EXPECT_TRUE(control->holdingFn());
     EXPECT_TRUE(control->fnHintVisible());
     machine.clock.turn(2.39);
@@ -247,8 +247,8 @@ TEST_F(CaptureControlTest, TheHintGoesWithTheKey)
 {
     open();
     model->capture().handleFn(FnShortcutAction::begin);
-    ASSERT_TRUE(reach(Phase::recording));
     model->capture().handleFn(FnShortcutAction::hold);
+    ASSERT_TRUE(reach(Phase::recording));
     machine.clock.turn(1);
     model->capture().handleFn(FnShortcutAction::finish);
     EXPECT_FALSE(control->holdingFn());

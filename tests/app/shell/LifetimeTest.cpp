@@ -123,6 +123,7 @@ TEST_F(LifetimeTest, WhileADiscardedCaptureIsBeingStored)
 {
     open();
     model->capture().handleFn(FnShortcutAction::begin);
+    model->capture().handleFn(FnShortcutAction::hold);
     ASSERT_TRUE(reach(Phase::recording));
     model->capture().handleFn(FnShortcutAction::discard);
     EXPECT_EQ(model->capture().phase(), Phase::processing);
