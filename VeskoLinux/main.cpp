@@ -14,6 +14,7 @@
 #include "VeskoLinux/desktop/CborSettings.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 #include "VeskoLinux/desktop/DesktopBrowser.h"
+#include "VeskoLinux/desktop/DesktopSession.h"
 #include "VeskoLinux/desktop/PortalAppearance.h"
 #include "VeskoLinux/desktop/PortalFileChooser.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
@@ -154,7 +155,8 @@ int runApplication(
     SentKeys sentKeys(clock);
     X11KeyMonitor keys(sentKeys, clock);
     X11GlobalShortcut shortcut;
-    X11PasteKeystroke pasteKeystroke(sentKeys, clock);
+    DesktopSession session;
+    X11PasteKeystroke pasteKeystroke(sentKeys, shortcut, session, clock);
     QtClipboard clipboard;
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
@@ -167,7 +169,8 @@ int runApplication(
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
         pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        browser, runningInstance, desktop, fileChooser, appearance, permissions, languages, root };
+        browser, runningInstance, desktop, fileChooser, appearance, permissions, session, languages,
+        root };
 
     AppModel model(
         platform, [&library] { return library.get(); },

@@ -219,6 +219,8 @@ void AppDelegate::wireHotkeys()
     m_hotkeys.isRecording = [this] { return m_model.isRecording(); };
     m_hotkeys.canStart = [this] { return canStart(); };
     m_hotkeys.gestureKey = [this] { return m_gestureKey; };
+    m_hotkeys.combination = [] { return KeyCombination{}; };
+    m_hotkeys.isLocked = [this] { return m_platform.session.locked(); };
     m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.handleFn(action); };
     m_hotkeys.onSendIntent = [this] { m_model.insertionReview().armSend(); };
 }
