@@ -65,6 +65,7 @@ Eventual<std::monostate> X11PasteKeystroke::keysReleased()
 {
     m_patienceEnds = m_clock.uptime() + patience;
     m_heldAt.reset();
+    m_ownReleased = false;
     const Eventual<std::monostate> released;
     m_released = released;
     look();
@@ -77,13 +78,38 @@ void X11PasteKeystroke::look()
     const bool held = !heldKeys().empty();
     if (held)
         m_heldAt = now;
-    if (held ? now < m_patienceEnds : m_heldAt && now < *m_heldAt + calm) {
+    const bool waits
+        = held ? now < m_patienceEnds || releaseOwnKeys() : m_heldAt && now < *m_heldAt + calm;
+    if (waits) {
         m_look.start(lookInterval, [this] { look(); });
         return;
     }
     m_focus = m_connection.works() ? keyFocus(m_connection) : KeyFocus{};
     if (const auto released = std::exchange(m_released, std::nullopt))
         released->set({});
+}
+
+// While its key is down our own shortcut keeps all keys from the field. Once, unless the user holds
+// other modifiers too; nobody presses these keys again, and the user's own release finds them
+// released. Of a real keyboard's keys the server may think that they are down all the same, which
+// send() then finds.
+bool X11PasteKeystroke::releaseOwnKeys()
+{
+    const auto own = std::exchange(m_ownReleased, true) ? std::nullopt : m_shortcut.held();
+    if (!own)
+        return false;
+    const KeyMap map(m_connection);
+    std::vector<KeyCode> ours;
+    for (const KeyCode held : heldKeys()) {
+        const std::uint32_t modifiers = map.modifiers(held) & ~map.locks();
+        if (held == own->key || (modifiers && (modifiers & ~own->modifiers) == 0))
+            ours.push_back(held);
+        else if (modifiers)
+            return false;
+    }
+    for (const KeyCode key : ours)
+        type(key, false);
+    return !ours.empty();
 }
 
 Eventual<std::optional<std::string>> X11PasteKeystroke::send(const FieldElement& element)
@@ -105,8 +131,9 @@ X11PasteKeystroke::Obstacle X11PasteKeystroke::sendNow(
         return "app_changed";
     if (slowKeys())
         return "slow_keys";
-    if (const auto obstacle = releaseOwnKeys(map, keys))
-        return obstacle;
+    const auto held = heldKeys();
+    if (std::ranges::find_first_of(held, keys) != held.end())
+        return "keys_held";
     if (const auto obstacle = stateObstacle(map.locks()))
         return obstacle;
     if (m_keyboard.isHeld())
@@ -117,26 +144,6 @@ X11PasteKeystroke::Obstacle X11PasteKeystroke::sendNow(
     for (auto key = keys.rbegin(); key != keys.rend(); ++key)
         sent = type(*key, false) && sent;
     return sent ? Obstacle() : "event_failed";
-}
-
-// While its key is down our own shortcut keeps all keys from the field. Nobody presses what is
-// released here again: the user's own release finds it released. A key that is down on a keyboard
-// of its own may stay down all the same, which the look at the state then finds.
-X11PasteKeystroke::Obstacle X11PasteKeystroke::releaseOwnKeys(
-    const KeyMap& map, const std::vector<KeyCode>& keys)
-{
-    const auto own = m_shortcut.held().value_or(TakenKey{});
-    std::vector<KeyCode> ours;
-    for (const KeyCode held : heldKeys()) {
-        const std::uint32_t modifiers = map.modifiers(held) & ~map.locks();
-        if (own.key && (held == own.key || (modifiers && (modifiers & ~own.modifiers) == 0)))
-            ours.push_back(held);
-        else if (modifiers || std::ranges::find(keys, held) != keys.end())
-            return "keys_held";
-    }
-    for (const KeyCode key : ours)
-        type(key, false);
-    return std::nullopt;
 }
 
 X11PasteKeystroke::Obstacle X11PasteKeystroke::stateObstacle(std::uint32_t locks) const

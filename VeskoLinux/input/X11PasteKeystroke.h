@@ -31,11 +31,11 @@ private:
 
     std::vector<KeyCode> heldKeys() const;
     void look();
+    bool releaseOwnKeys();
     std::vector<KeyCode> pasteKeys(const KeyMap& map, bool terminal) const;
     KeyCode letterKey(const KeyMap& map) const;
     Obstacle sendNow(const KeyMap& map, const std::vector<KeyCode>& keys);
     Obstacle stateObstacle(std::uint32_t locks) const;
-    Obstacle releaseOwnKeys(const KeyMap& map, const std::vector<KeyCode>& keys);
     bool slowKeys() const;
     bool type(KeyCode key, bool down);
 
@@ -49,6 +49,7 @@ private:
     KeyFocus m_focus; // when the user had let go
     double m_patienceEnds = 0; // uptime
     std::optional<double> m_heldAt; // uptime of the last look that found a key held
+    bool m_ownReleased = false; // our shortcut's keys, while somebody waits
     std::optional<Eventual<std::monostate>> m_released; // while somebody waits
 };
 

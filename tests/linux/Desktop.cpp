@@ -176,6 +176,12 @@ void Hands::buttonUp(unsigned button) const
     XSync(m_display, False);
 }
 
+void Hands::point(int x, int y) const
+{
+    XTestFakeMotionEvent(m_display, -1, x, y, CurrentTime);
+    XSync(m_display, False);
+}
+
 namespace {
 
 bool refused = false; // by the X server, which tells through a function

@@ -90,6 +90,7 @@ public:
     void slowKeys(bool on) const;
     void buttonDown(unsigned button) const;
     void buttonUp(unsigned button) const;
+    void point(int x, int y) const;
 
 private:
     _XDisplay* m_display;
@@ -138,6 +139,7 @@ public:
     PlainWindow& operator=(const PlainWindow&) = delete;
     ~PlainWindow();
 
+    unsigned long id() const { return m_window; }
     // Takes the keys, whatever the window manager thinks of it.
     void takeFocus() const;
     // How often it lost or got the keys since that was asked last.
