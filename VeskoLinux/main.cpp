@@ -42,6 +42,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <chrono>
 #include <cstdlib>
 #include <future>
 #include <iostream>
@@ -49,6 +50,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(Vesko_ViewsPlugin)
@@ -108,6 +110,16 @@ bool claim(DBusRunningInstance& runningInstance, const std::vector<std::string>&
         claimed.set_exception(std::current_exception());
         return false;
     }
+}
+
+// Everything that must not be lost was kept before the event loop ended. What still waits then, for
+// a sound server that hangs, must not keep the program alive.
+void endSoon(int code)
+{
+    std::thread([code] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        std::_Exit(code);
+    }).detach();
 }
 
 int runApplication(
@@ -186,7 +198,9 @@ int runApplication(
     delegate.launch(background,
         AppDelegate::Demo::from(std::getenv("VESKO_DATA_ROOT"), std::getenv("VESKO_DEMO_SCENE"),
             std::getenv("VESKO_DEMO_APPEARANCE")));
-    return QGuiApplication::exec();
+    const int code = QGuiApplication::exec();
+    endSoon(code);
+    return code;
 }
 
 } // namespace
