@@ -91,8 +91,7 @@ void X11PasteKeystroke::look()
 
 // While its key is down our own shortcut keeps all keys from the field. Once, unless the user holds
 // other modifiers too; nobody presses these keys again, and the user's own release finds them
-// released. Of a real keyboard's keys the server may think that they are down all the same, which
-// send() then finds.
+// released.
 bool X11PasteKeystroke::releaseOwnKeys()
 {
     const auto own = std::exchange(m_ownReleased, true) ? std::nullopt : m_shortcut.held();
