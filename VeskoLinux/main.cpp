@@ -14,6 +14,7 @@
 #include "VeskoLinux/desktop/CborSettings.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 #include "VeskoLinux/desktop/DesktopBrowser.h"
+#include "VeskoLinux/desktop/DesktopSession.h"
 #include "VeskoLinux/desktop/PortalAppearance.h"
 #include "VeskoLinux/desktop/PortalFileChooser.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
@@ -41,6 +42,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <chrono>
 #include <cstdlib>
 #include <future>
 #include <iostream>
@@ -48,6 +50,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(Vesko_ViewsPlugin)
@@ -110,6 +113,16 @@ bool claim(DBusRunningInstance& runningInstance, const std::vector<std::string>&
     }
 }
 
+// Everything that must not be lost was kept before the event loop ended. What still waits then, for
+// a sound server that hangs, must not keep the program alive.
+void endSoon(int code)
+{
+    std::thread([code] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        std::_Exit(code);
+    }).detach();
+}
+
 int runApplication(
     int argc, char** argv, bool background, const std::vector<std::string>& addresses)
 {
@@ -155,7 +168,8 @@ int runApplication(
     SentKeys sentKeys(clock);
     X11KeyMonitor keys(sentKeys, clock);
     X11GlobalShortcut shortcut;
-    X11PasteKeystroke pasteKeystroke(sentKeys, clock);
+    DesktopSession session;
+    X11PasteKeystroke pasteKeystroke(sentKeys, shortcut, session, clock);
     QtClipboard clipboard;
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
@@ -168,7 +182,8 @@ int runApplication(
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
         pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        browser, runningInstance, desktop, fileChooser, appearance, permissions, languages, root };
+        browser, runningInstance, desktop, fileChooser, appearance, permissions, session, languages,
+        root };
 
     AppModel model(
         platform, [&library] { return library.get(); },
@@ -184,7 +199,9 @@ int runApplication(
     delegate.launch(background,
         AppDelegate::Demo::from(std::getenv("VESKO_DATA_ROOT"), std::getenv("VESKO_DEMO_SCENE"),
             std::getenv("VESKO_DEMO_APPEARANCE")));
-    return QGuiApplication::exec();
+    const int code = QGuiApplication::exec();
+    endSoon(code);
+    return code;
 }
 
 } // namespace

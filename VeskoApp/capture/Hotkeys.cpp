@@ -27,9 +27,14 @@ Hotkeys::~Hotkeys()
 
 std::string Hotkeys::start()
 {
-    const bool installed = m_shortcut.install([this] { trigger(); });
+    const std::string warning = installShortcut();
     installFnMonitors();
-    if (installed)
+    return warning;
+}
+
+std::string Hotkeys::installShortcut()
+{
+    if (m_shortcut.install(combination(), [this] { trigger(); }))
         return {};
     return L10N_KEY("Vesko",
         "Command Shift Space is unavailable. Use the floating button or choose another system "
@@ -38,6 +43,8 @@ std::string Hotkeys::start()
 
 void Hotkeys::trigger()
 {
+    if (isLocked())
+        return;
     const double now = m_clock.uptime();
     if (m_lastTrigger && now - *m_lastTrigger <= triggerInterval)
         return;
@@ -63,7 +70,7 @@ void Hotkeys::receive(const KeyEvent& event)
     }
     // Ahead of the switch for the gesture: the send signal works without it.
     if (event.kind == KeyEvent::Kind::keyDown && event.isReturn && !event.gestureKeyDown
-        && !event.shiftDown)
+        && !event.shiftDown && !areForOther())
         onSendIntent();
     if (!fnEnabled()) {
         resetFn();
@@ -77,10 +84,18 @@ void Hotkeys::receive(const KeyEvent& event)
     }
 }
 
+bool Hotkeys::areForOther() const
+{
+    return isLocked() || m_keys.takenByOther();
+}
+
+// A press that is meant for another program is as one that belongs to a combination.
 void Hotkeys::flagsChanged(const KeyEvent& event)
 {
+    const bool pressed = event.isGestureKey && event.gestureKeyDown;
     const auto action = m_fnState.flagsChanged(event.isGestureKey, event.gestureKeyDown,
-        event.otherModifiers, m_clock.uptime(), isRecording(), canStart());
+        event.otherModifiers || (pressed && areForOther()), m_clock.uptime(), isRecording(),
+        canStart());
     const bool wasTap = m_hold.pending() && event.isGestureKey && !event.gestureKeyDown;
     if (!event.gestureKeyDown)
         m_hold.cancel();

@@ -22,6 +22,8 @@ public:
     std::function<bool()> isRecording;
     std::function<bool()> canStart;
     std::function<GestureKey()> gestureKey;
+    std::function<KeyCombination()> combination; // of the shortcut
+    std::function<bool()> isLocked; // the session: its keys are meant for the locker
     std::function<void(FnShortcutAction)> onFnAction;
     std::function<void()> onFnTap; // the press that began a capture ended before it was a hold
     std::function<void()> onSendIntent; // Return: the user sends what stands in the field
@@ -29,6 +31,8 @@ public:
     // Installs both. Gives a warning, a key for the catalogues, if the shortcut could not be had;
     // the gesture works all the same. Empty: all is well.
     std::string start();
+    // Takes the shortcut anew: its combination has changed. The same warning.
+    std::string installShortcut();
     // Watches the keys anew: the key of the gesture or the permission has changed.
     void installFnMonitors();
     // Forgets the gesture, and discards what it began.
@@ -39,6 +43,8 @@ private:
     void trigger();
     void receive(const KeyEvent& event);
     void flagsChanged(const KeyEvent& event);
+    // Whether keys are meant for another program, whatever has the focus.
+    bool areForOther() const;
 
     GlobalShortcut& m_shortcut;
     KeyMonitor& m_keys;

@@ -107,8 +107,8 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
     };
     if (!context.permitsPaste())
         co_return refused(context.blockers(), reading.role);
-    if (!co_await keystroke.send(*reading.element))
-        co_return refused({ "event_failed" }, reading.role);
+    if (const auto obstacle = co_await keystroke.send(*reading.element))
+        co_return refused({ *obstacle }, reading.role);
     qCInfo(insertionLog, "paste_sent role=%s notes=%s", shown(reading.role),
         joined(context.notes()).c_str());
     co_return std::vector<std::string>{};
@@ -144,6 +144,24 @@ std::string pasteMessage(const std::vector<std::string>& reasons)
         return L10N_KEY("Vesko",
             "Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command "
             "V.");
+    if (first == "session_locked")
+        return L10N_KEY("Vesko",
+            "Copied. The session was locked, so Vesko did not paste. Paste it with Command V.");
+    if (first == "keyboard_grabbed")
+        return L10N_KEY("Vesko",
+            "Copied. Another program was holding the keyboard, so Vesko did not paste. Paste it "
+            "with Command V.");
+    if (first == "keys_held")
+        return L10N_KEY("Vesko",
+            "Copied. A key was held down, so Vesko did not paste. Paste it with Command V.");
+    if (first == "modifiers_latched")
+        return L10N_KEY("Vesko",
+            "Copied. Shift, Alt or another such key was latched or locked, so Vesko did not paste. "
+            "Paste it with Command V.");
+    if (first == "slow_keys")
+        return L10N_KEY("Vesko",
+            "Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. "
+            "Paste it with Command V.");
     return L10N_KEY("Vesko", "Copied. Paste it when you are ready.");
 }
 

@@ -46,6 +46,10 @@ public:
     // made one. At once when none is under way.
     virtual Eventual<std::monostate> finished() = 0;
 
+    // Called with true when the recording that was started has taken no sound for two seconds, as
+    // from a source that was suspended or a headset that went to sleep, and with false when sound
+    // comes again. The recording goes on. Not called after stop().
+    std::function<void(bool stalled)> onStalled;
     // Called when a recording ends by itself; the file is then as whole as it will be. Not called
     // after stop().
     std::function<void(RecorderFailure)> onFailure;

@@ -17,6 +17,7 @@
 #include "VeskoApp/platform/Permissions.h"
 #include "VeskoApp/platform/RunningInstance.h"
 #include "VeskoApp/platform/SecretStore.h"
+#include "VeskoApp/platform/SessionState.h"
 #include "VeskoApp/platform/SettingsStore.h"
 #include "VeskoApp/platform/StatusItem.h"
 #include "VeskoApp/platform/TextLanguageRecognizer.h"
@@ -51,6 +52,7 @@ struct Platform {
     FileChooser& fileChooser;
     Appearance& appearance;
     Permissions& permissions;
+    SessionState& session;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
     std::filesystem::path dataFolder; // where the library is
 };

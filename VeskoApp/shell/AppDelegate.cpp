@@ -50,6 +50,8 @@ void AppDelegate::launch(bool background, const Demo& demo)
     m_platform.runningInstance.onActivate = [this] { applicationShouldHandleReopen(); };
     m_platform.runningInstance.onOpen
         = [this](const auto& addresses) { m_model.openAddresses(addresses); };
+    m_platform.session.onSleep = m_platform.session.onEnd
+        = [this](SessionState::Done done) { whenSafe([done](bool) { done(); }); };
     m_model.status().setShortcutMessage(m_hotkeys.start());
     for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
         connect(&m_model.library(), changed, this, &AppDelegate::showCaptureControl,
@@ -223,6 +225,8 @@ void AppDelegate::wireHotkeys()
     m_hotkeys.isRecording = [this] { return m_model.capture().isRecording(); };
     m_hotkeys.canStart = [this] { return canStart(); };
     m_hotkeys.gestureKey = [this] { return m_gestureKey; };
+    m_hotkeys.combination = [] { return KeyCombination{}; };
+    m_hotkeys.isLocked = [this] { return m_platform.session.locked(); };
     m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.capture().handleFn(action); };
     m_hotkeys.onFnTap = [this] { m_model.capture().fnTapped(); };
     m_hotkeys.onSendIntent = [this] { m_model.review().armSend(); };
@@ -264,18 +268,30 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
 
 void AppDelegate::quit()
 {
-    if (!std::exchange(m_quitting, true))
-        m_tasks.spawn(quitWhenSafe());
+    if (std::exchange(m_quitting, true))
+        return;
+    whenSafe([this](bool safe) {
+        m_quitting = false;
+        if (safe)
+            terminate();
+        else
+            showLibrary(); // which says why not
+    });
 }
 
-Task<> AppDelegate::quitWhenSafe()
+void AppDelegate::whenSafe(std::function<void(bool)> then)
+{
+    m_whenSafe.push_back(std::move(then));
+    if (m_whenSafe.size() == 1)
+        m_tasks.spawn(keepAll());
+}
+
+// The desktop's session, the signals and the user may ask for it at the same time.
+Task<> AppDelegate::keepAll()
 {
     const bool safe = co_await m_model.prepareToQuit();
-    m_quitting = false;
-    if (safe)
-        terminate();
-    else
-        showLibrary(); // which says why not
+    for (const auto& then : std::exchange(m_whenSafe, {}))
+        then(safe);
 }
 
 void AppDelegate::willTerminate()

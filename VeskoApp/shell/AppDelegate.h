@@ -11,6 +11,7 @@
 #include <QObject>
 
 #include <functional>
+#include <vector>
 
 namespace vesko {
 
@@ -98,7 +99,10 @@ private:
     void observeAccess();
     void applyAppearance(std::optional<bool> dark);
     void observeActivation();
-    Task<> quitWhenSafe();
+    // Tells whether nothing would be lost by an end, as soon as a running capture and what was typed
+    // are safe.
+    void whenSafe(std::function<void(bool)> then);
+    Task<> keepAll();
     bool canStart() const;
 
     // AppDelegateScene.cpp
@@ -116,6 +120,7 @@ private:
     bool m_statusIconChecked = false;
     bool m_statusIconHidden = false;
     bool m_quitting = false;
+    std::vector<std::function<void(bool)>> m_whenSafe; // who waits for that
     TaskScope m_tasks;
 };
 

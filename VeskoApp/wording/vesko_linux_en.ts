@@ -52,6 +52,26 @@
         <translation>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. The session was locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copied. The session was locked, so Vesko did not paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Another program was holding the keyboard, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copied. Another program was holding the keyboard, so Vesko did not paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. A key was held down, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copied. A key was held down, so Vesko did not paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Shift, Alt or another such key was latched or locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copied. Shift, Alt or another such key was latched or locked, so Vesko did not paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. Paste it with Command V.</source>
+        <translation>Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
         <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift Space</source>
         <translation>Click once to record. Drag to move. Right-click for the menu. Shortcut: Super+Shift+Space</translation>
     </message>

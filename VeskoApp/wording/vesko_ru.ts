@@ -1232,6 +1232,26 @@
         <translation>Скопировано. Прошло больше двух минут, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. The session was locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Скопировано. Сеанс был заблокирован, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Another program was holding the keyboard, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Скопировано. Клавиатуру удерживала другая программа, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. A key was held down, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Скопировано. Была нажата клавиша, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Shift, Alt or another such key was latched or locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Скопировано. Shift, Alt или другая такая клавиша была зафиксирована, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. Paste it with Command V.</source>
+        <translation>Скопировано. В настройках рабочего стола включены медленные клавиши, поэтому Vesko не может вставить текст. Вставьте его клавишами Ctrl+V.</translation>
+    </message>
+    <message>
         <source>Copied. Paste it when you are ready.</source>
         <translation>Скопировано. Вставьте текст, когда будете готовы.</translation>
     </message>

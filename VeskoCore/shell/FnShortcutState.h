@@ -8,8 +8,8 @@ namespace vesko {
 enum class FnShortcutAction { begin, armStop, finish, discard, hold };
 
 // Decides what a press of the gesture key means: a tap toggles, a hold is push-to-talk, and a key
-// that joins in makes it a combination, which takes back what the press began. Fed with facts and
-// a reading of the uptime clock in seconds; pure.
+// or a button that joins in makes it a combination, which takes back what the press began. Fed with
+// facts and a reading of the uptime clock in seconds; pure.
 class FnShortcutState {
 public:
     // The boundary between tap and hold, in seconds, and the delay after which to call holdReached.
@@ -18,7 +18,7 @@ public:
     // The gesture key or a modifier moved.
     std::optional<FnShortcutAction> flagsChanged(
         bool isFnKey, bool isDown, bool otherModifiers, double at, bool recording, bool canStart);
-    // Any ordinary key went down.
+    // Any ordinary key or a button of the pointer went down.
     std::optional<FnShortcutAction> keyDown();
     std::optional<FnShortcutAction> holdReached(double at);
     // Forgets the press; discards what it began.

@@ -9,11 +9,20 @@
 
 namespace vesko {
 
+namespace {
+
+constexpr auto listenInterval = std::chrono::milliseconds(250);
+constexpr int stalledLooks = 8; // two seconds
+
+} // namespace
+
 // A Bluetooth headset takes seconds to open its microphone; a server that hangs takes for ever.
 GstRecorder::GstRecorder(std::chrono::milliseconds patience)
     : m_patience(patience)
     , m_next(nextPipeline())
 {
+    m_listen.setInterval(listenInterval);
+    QObject::connect(&m_listen, &QTimer::timeout, &m_home, [this] { lookForSound(); });
 }
 
 GstRecorder::~GstRecorder()
@@ -80,15 +89,29 @@ Task<> GstRecorder::start(std::filesystem::path file)
         }
     } state{ *this, pipeline };
 
-    Eventual<std::exception_ptr> outcome;
+    const Eventual<std::exception_ptr> outcome;
+    m_beginning = outcome;
     QTimer::singleShot(m_patience, &m_home, [outcome] {
         outcome.set(
             std::make_exception_ptr(std::runtime_error("The microphone gave no sound in time")));
     });
     m_tasks.spawn(begin(pipeline, std::move(file), outcome));
-    if (const auto failure = co_await outcome)
+    const auto failure = co_await outcome;
+    if (failure)
         std::rethrow_exception(failure);
     state.begun = true;
+    m_lastSound = currentTime();
+    m_silentLooks = 0;
+    m_listen.start();
+}
+
+void GstRecorder::lookForSound()
+{
+    const bool comes = std::exchange(m_lastSound, currentTime()) != currentTime();
+    const bool wasStalled = m_silentLooks >= stalledLooks;
+    m_silentLooks = comes ? 0 : m_silentLooks + 1;
+    if (const bool stalled = m_silentLooks >= stalledLooks; stalled != wasStalled && onStalled)
+        onStalled(stalled);
 }
 
 Task<> GstRecorder::begin(
@@ -118,6 +141,16 @@ double GstRecorder::stop()
 {
     if (!m_current)
         return 0;
+    m_listen.stop();
+    // The worker may still wait for the sound server, but nobody waits for the worker.
+    if (const auto beginning = std::exchange(m_beginning, std::nullopt))
+        QMetaObject::invokeMethod(
+            &m_home,
+            [outcome = *beginning] {
+                outcome.set(
+                    std::make_exception_ptr(std::runtime_error("The recording was given up")));
+            },
+            Qt::QueuedConnection);
     Pipeline pipeline = std::exchange(m_current, nullptr);
     const double seconds = pipeline->capturedSeconds();
     pipeline->abandon();
@@ -151,6 +184,7 @@ Task<> GstRecorder::attend(Pipeline pipeline)
 
 void GstRecorder::endedByItself(RecorderFailure failure)
 {
+    m_listen.stop();
     m_tasks.spawn(end(std::exchange(m_current, nullptr), {}));
     if (const auto tell = onFailure)
         tell(failure);

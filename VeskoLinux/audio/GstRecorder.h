@@ -5,10 +5,12 @@
 #include "VeskoApp/platform/AudioRecorder.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <chrono>
 #include <exception>
 #include <memory>
+#include <optional>
 
 namespace vesko {
 
@@ -43,6 +45,7 @@ private:
     Task<> openMicrophone(Pipeline pipeline);
     Task<> begin(Pipeline pipeline, std::filesystem::path file, Eventual<std::exception_ptr> begun);
     Task<> attend(Pipeline pipeline);
+    void lookForSound();
     void endedByItself(RecorderFailure failure);
     Task<> end(Pipeline pipeline, Eventual<std::monostate> finished);
 
@@ -51,6 +54,10 @@ private:
     Pipeline m_next; // for the coming recording
     Pipeline m_current; // between open and stop
     bool m_started = false;
+    std::optional<Eventual<std::exception_ptr>> m_beginning; // what start() waits for
+    QTimer m_listen; // while a started recording is under way
+    double m_lastSound = 0; // seconds of the recording
+    int m_silentLooks = 0; // at which no more sound had come
     Eventual<std::monostate> m_finished = Eventual<std::monostate>::of({});
     Worker m_worker; // what may wait for the sound server or the disk
     TaskScope m_tasks;

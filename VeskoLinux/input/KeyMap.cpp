@@ -13,10 +13,11 @@ namespace vesko {
 namespace {
 
 // The X server's bits of the real modifiers.
-constexpr std::uint32_t shiftBit = 1 << 0, controlBit = 1 << 2, mod1Bit = 1 << 3, mod4Bit = 1 << 6,
-                        mod5Bit = 1 << 7;
+constexpr std::uint32_t shiftBit = 1 << 0, lockBit = 1 << 1, controlBit = 1 << 2, mod1Bit = 1 << 3,
+                        mod4Bit = 1 << 6, mod5Bit = 1 << 7;
 constexpr std::uint32_t combiningBits = shiftBit | controlBit | mod1Bit | mod4Bit | mod5Bit;
 constexpr std::uint32_t realBits = 0xFF;
+constexpr std::uint32_t numLockSymbol = 0xFF7F, scrollLockSymbol = 0xFF14;
 constexpr std::size_t keyCount = 256;
 
 struct ReleaseContext {
@@ -93,19 +94,30 @@ KeyCode KeyMap::giving(std::uint32_t symbol) const
     return 0;
 }
 
+std::uint32_t KeyMap::modifiers(KeyCode key) const
+{
+    return m_modifiers.empty() ? 0 : m_modifiers[key];
+}
+
+std::uint32_t KeyMap::locks() const
+{
+    const auto own = modifiers(giving(numLockSymbol)) | modifiers(giving(scrollLockSymbol));
+    return lockBit | (own & ~combiningBits);
+}
+
 bool KeyMap::isModifier(KeyCode key) const
 {
-    return !m_modifiers.empty() && m_modifiers[key] != 0;
+    return modifiers(key) != 0;
 }
 
 bool KeyMap::isShift(KeyCode key) const
 {
-    return !m_modifiers.empty() && (m_modifiers[key] & shiftBit) != 0;
+    return (modifiers(key) & shiftBit) != 0;
 }
 
 bool KeyMap::makesCombination(KeyCode key) const
 {
-    return !m_modifiers.empty() && (m_modifiers[key] & combiningBits) != 0;
+    return (modifiers(key) & combiningBits) != 0;
 }
 
 } // namespace vesko

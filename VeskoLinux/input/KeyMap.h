@@ -28,6 +28,10 @@ public:
     // The same in any layout.
     KeyCode giving(std::uint32_t symbol) const;
 
+    // The server's bits of the real modifiers that a key sets while it is held, or locks.
+    std::uint32_t modifiers(KeyCode key) const;
+    // Those of Caps Lock, Num Lock and Scroll Lock, which are part of no shortcut.
+    std::uint32_t locks() const;
     // A key that changes what others mean while it is held, or locks such a change.
     bool isModifier(KeyCode key) const;
     bool isShift(KeyCode key) const;

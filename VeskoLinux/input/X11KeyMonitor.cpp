@@ -16,6 +16,8 @@ constexpr std::uint32_t fnSymbol = 0x100811D0; // XF86Fn
 constexpr std::uint32_t repeatInterval = 12; // milliseconds
 // Several changes of the map come together, whenever another keyboard is used.
 constexpr double mapInterval = 0.1; // seconds
+// The wheel's turns come as buttons that go down and up at once.
+constexpr std::uint32_t firstWheelButton = 4, lastWheelButton = 7;
 
 KeyCode keyOf(const KeyMap& map, GestureKey gesture)
 {
@@ -47,6 +49,7 @@ bool isReturn(const KeyMap& map, KeyCode key)
 
 X11KeyMonitor::X11KeyMonitor(SentKeys& sent, EventClock& clock)
     : m_sent(sent)
+    , m_keyboard(m_requests)
     , m_map(m_requests)
     , m_release(clock)
     , m_newMap(clock)
@@ -85,6 +88,11 @@ bool X11KeyMonitor::start(GestureKey key, std::function<void(const KeyEvent&)> o
         = fromX11(xcb_query_keymap_reply(m_events, xcb_query_keymap(m_events), nullptr)))
         for (std::size_t code = 0; code < m_down.size(); ++code)
             m_down[code] = (keys->keys[code / 8] >> (code % 8)) & 1;
+    // The state of the first five buttons stands behind the modifiers' bits.
+    if (const auto pointer = fromX11(xcb_query_pointer_reply(
+            m_events, xcb_query_pointer(m_events, m_events.root()), nullptr)))
+        for (std::uint32_t button = 1; button < firstWheelButton; ++button)
+            m_buttonsDown[button] = (pointer->mask >> (7 + button)) & 1;
     m_events.listen([this](const xcb_generic_event_t& event) {
         const auto type = event.response_type & 0x7F;
         if (m_xkbEvent && type == m_xkbEvent) {
@@ -97,7 +105,13 @@ bool X11KeyMonitor::start(GestureKey key, std::function<void(const KeyEvent&)> o
         if (raw.extension != m_inputOpcode || raw.detail == 0 || raw.detail > 255)
             return;
         const auto code = static_cast<KeyCode>(raw.detail);
-        const bool down = raw.event_type == XCB_INPUT_RAW_KEY_PRESS;
+        const bool down = raw.event_type == XCB_INPUT_RAW_KEY_PRESS
+            || raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS;
+        if (raw.event_type == XCB_INPUT_RAW_BUTTON_PRESS
+            || raw.event_type == XCB_INPUT_RAW_BUTTON_RELEASE) {
+            buttonMoved(code, down);
+            return;
+        }
         if (m_sent.take(code, down))
             return;
         if (down)
@@ -118,6 +132,7 @@ void X11KeyMonitor::stop()
     m_newMap.cancel();
     m_releasing.clear();
     m_down.reset();
+    m_buttonsDown.reset();
 }
 
 void X11KeyMonitor::selectEvents(bool on)
@@ -126,8 +141,10 @@ void X11KeyMonitor::selectEvents(bool on)
         xcb_input_event_mask_t head;
         std::uint32_t mask;
     } selection{ { XCB_INPUT_DEVICE_ALL_MASTER, 1 },
-        on ? static_cast<std::uint32_t>(
-                 XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE)
+        on ? static_cast<std::uint32_t>(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS
+                 | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE
+                 | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS
+                 | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE)
            : 0U };
     xcb_input_xi_select_events(m_events, m_events.root(), 1, &selection.head);
     if (m_xkbEvent) {
@@ -146,6 +163,15 @@ void X11KeyMonitor::readMap()
 {
     m_map = KeyMap(m_requests);
     m_gestureKey = keyOf(m_map, m_gesture);
+}
+
+void X11KeyMonitor::buttonMoved(std::uint32_t button, bool down)
+{
+    flushReleases();
+    const bool wheel = button >= firstWheelButton && button <= lastWheelButton;
+    m_buttonsDown[button] = down && !wheel;
+    if (down)
+        tell(KeyEvent::Kind::buttonDown, 0);
 }
 
 // By the server's time: events may have waited for us, however far apart they were.
@@ -188,9 +214,10 @@ void X11KeyMonitor::letGo(KeyCode key)
 
 void X11KeyMonitor::tell(KeyEvent::Kind kind, KeyCode key)
 {
-    KeyEvent event{ .kind = kind, .isGestureKey = key == m_gestureKey };
+    KeyEvent event{ .kind = kind, .isGestureKey = key != 0 && key == m_gestureKey };
     event.isReturn = kind == KeyEvent::Kind::keyDown && isReturn(m_map, key);
     event.gestureKeyDown = m_gestureKey != 0 && m_down[m_gestureKey];
+    event.otherModifiers = m_buttonsDown.any();
     for (std::size_t code = 0; code < m_down.size(); ++code) {
         if (!m_down[code])
             continue;

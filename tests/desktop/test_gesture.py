@@ -100,6 +100,47 @@ class Gesture(unittest.TestCase):
         hands.release(KEY)
         self.kept_untranscribed()
 
+    def test_a_button_or_the_wheel_that_joins_in_takes_the_start_back(self):
+        x, y = self.editor.field.centre
+        for button, name in ((1, "click"), (3, "other click"), (5, "wheel")):
+            with self.subTest(name):
+                self.recordings = len(self.all())
+                hands.press(KEY)
+                self.vesko.wait_for("recording")
+                hands.click(x, y, button)
+                hands.release(KEY)
+                self.kept_untranscribed()
+                hands.tap("escape")  # of the menu that a click may have opened
+
+    def test_a_short_press_with_a_click_leaves_no_trace(self):
+        hands.press(KEY)
+        hands.click(*self.editor.field.centre)
+        hands.release(KEY)
+        self.vesko.wait_for("ready")
+        human_pause(0.3)
+        self.assertEqual(self.vesko.phase, "ready")
+        self.assertEqual(len(self.all()), self.recordings)
+
+    def test_during_a_drag_it_means_nothing(self):
+        hands.point(*self.editor.field.centre)
+        hands.press_button()
+        try:
+            self.tap()
+        finally:
+            hands.release_button()
+        human_pause(0.3)
+        self.assertEqual(self.vesko.phase, "ready")
+        self.assertEqual(len(self.all()), self.recordings)
+
+    def test_while_another_program_holds_the_keyboard_it_means_nothing(self):
+        with hands.KeyboardGrab():
+            hands.press(KEY)
+            human_pause(HOLD)
+            hands.release(KEY)
+        human_pause(0.3)
+        self.assertEqual(self.vesko.phase, "ready")
+        self.assertEqual(len(self.all()), self.recordings)
+
     def test_ordinary_combinations_leave_no_trace(self):
         played = len(self.vesko.log().split("capture_started"))
         for _ in range(10):

@@ -9,14 +9,15 @@ namespace vesko {
 class FakeGlobalShortcut final : public GlobalShortcut {
 public:
     bool taken = false; // by another program
+    KeyCombination combination; // that was asked for last
 
     bool installed() const { return m_onPressed != nullptr; }
     void press() { m_onPressed(); }
 
-    bool install(std::function<void()> onPressed) override
+    bool install(const KeyCombination& wanted, std::function<void()> onPressed) override
     {
-        if (!taken)
-            m_onPressed = std::move(onPressed);
+        combination = wanted;
+        m_onPressed = taken ? nullptr : std::move(onPressed);
         return !taken;
     }
     void remove() override { m_onPressed = nullptr; }
@@ -30,6 +31,7 @@ class FakeKeyMonitor final : public KeyMonitor {
 public:
     bool isPermitted = true;
     bool hasFn = true;
+    bool taken = false; // another program holds the keyboard
     std::optional<GestureKey> watched; // the gesture key that is being watched
 
     void pressGestureKey(bool otherModifiers = false)
@@ -45,6 +47,12 @@ public:
     void pressModifier() { flags(false, true); }
     void releaseModifier() { flags(false, false); }
     void pressKey() { send({ .kind = KeyEvent::Kind::keyDown, .gestureKeyDown = m_down }); }
+    void pressButton()
+    {
+        send({ .kind = KeyEvent::Kind::buttonDown,
+            .gestureKeyDown = m_down,
+            .otherModifiers = true });
+    }
     void pressReturn(bool shift = false)
     {
         send({ .kind = KeyEvent::Kind::keyDown,
@@ -57,6 +65,7 @@ public:
 
     bool permitted() const override { return isPermitted; }
     bool reportsFn() const override { return hasFn; }
+    bool takenByOther() const override { return taken; }
     bool start(GestureKey key, std::function<void(const KeyEvent&)> onEvent) override
     {
         watched = key;

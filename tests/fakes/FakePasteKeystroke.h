@@ -9,14 +9,16 @@ namespace vesko {
 class FakePasteKeystroke final : public PasteKeystroke {
 public:
     bool works = true;
+    std::string obstacle = "event_failed"; // why nothing is sent when it doesn't work
     Gate keys; // closed: the user holds a key
     int sent = 0;
 
     Eventual<std::monostate> keysReleased() override { return keys.pass(); }
-    Eventual<bool> send(const FieldElement&) override
+    Eventual<std::optional<std::string>> send(const FieldElement&) override
     {
         sent += works ? 1 : 0;
-        return Eventual<bool>::of(works);
+        return Eventual<std::optional<std::string>>::of(
+            works ? std::nullopt : std::optional(obstacle));
     }
 };
 

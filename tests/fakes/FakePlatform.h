@@ -17,6 +17,7 @@
 #include "tests/fakes/FakePermissions.h"
 #include "tests/fakes/FakeRunningInstance.h"
 #include "tests/fakes/FakeSecretStore.h"
+#include "tests/fakes/FakeSessionState.h"
 #include "tests/fakes/FakeSettingsStore.h"
 #include "tests/fakes/FakeStatusItem.h"
 #include "tests/fakes/FakeTextLanguageRecognizer.h"
@@ -47,6 +48,7 @@ struct FakePlatform {
     FakeFileChooser fileChooser;
     FakeAppearance appearance;
     FakePermissions permissions;
+    FakeSessionState session;
 
     Platform all{
         .clock = clock,
@@ -70,6 +72,7 @@ struct FakePlatform {
         .fileChooser = fileChooser,
         .appearance = appearance,
         .permissions = permissions,
+        .session = session,
         .preferredLanguages = { "en-US" },
         .dataFolder = "/data/Vesko",
     };

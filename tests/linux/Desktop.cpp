@@ -139,14 +139,107 @@ void Hands::locks(unsigned modifiers) const
     XSync(m_display, False);
 }
 
-Grab::Grab(Key key, unsigned modifiers)
+void Hands::latch(unsigned modifiers) const
+{
+    XkbLatchModifiers(m_display, XkbUseCoreKbd, 0xFF, modifiers);
+    XSync(m_display, False);
+}
+
+void Hands::lock(unsigned modifiers) const
+{
+    XkbLockModifiers(m_display, XkbUseCoreKbd, 0xFF, modifiers);
+    XSync(m_display, False);
+}
+
+unsigned Hands::sticking() const
+{
+    XkbStateRec state;
+    XkbGetState(m_display, XkbUseCoreKbd, &state);
+    return unsigned(state.latched_mods | state.locked_mods);
+}
+
+void Hands::slowKeys(bool on) const
+{
+    XkbChangeEnabledControls(m_display, XkbUseCoreKbd, XkbSlowKeysMask, on ? XkbSlowKeysMask : 0);
+    XSync(m_display, False);
+}
+
+void Hands::buttonDown(unsigned button) const
+{
+    XTestFakeButtonEvent(m_display, button, True, CurrentTime);
+    XSync(m_display, False);
+}
+
+void Hands::buttonUp(unsigned button) const
+{
+    XTestFakeButtonEvent(m_display, button, False, CurrentTime);
+    XSync(m_display, False);
+}
+
+void Hands::point(int x, int y) const
+{
+    XTestFakeMotionEvent(m_display, -1, x, y, CurrentTime);
+    XSync(m_display, False);
+}
+
+namespace {
+
+bool refused = false; // by the X server, which tells through a function
+
+int noteRefusal(_XDisplay*, XErrorEvent*)
+{
+    refused = true;
+    return 0;
+}
+
+std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> keyEvents()
+{
+    std::array<unsigned char, XIMaskLen(XI_LASTEVENT)> bits{};
+    XISetMask(bits.data(), XI_KeyPress);
+    return bits;
+}
+
+bool grabExtension(_XDisplay* display, Key key, unsigned modifiers)
+{
+    int major = 2, minor = 2;
+    XIQueryVersion(display, &major, &minor);
+    auto bits = keyEvents();
+    XIEventMask mask{ XIAllMasterDevices, int(bits.size()), bits.data() };
+    XIGrabModifiers with{ int(modifiers), 0 };
+    return XIGrabKeycode(display, XIAllMasterDevices, key, DefaultRootWindow(display),
+               XIGrabModeAsync, XIGrabModeAsync, False, &mask, 1, &with)
+        == 0;
+}
+
+bool anyPress(_XDisplay* display)
+{
+    bool pressed = false;
+    while (XPending(display)) {
+        XEvent event;
+        XNextEvent(display, &event);
+        const bool ofExtension = event.type == GenericEvent && event.xcookie.evtype == XI_KeyPress;
+        pressed = pressed || event.type == KeyPress || ofExtension;
+    }
+    return pressed;
+}
+
+} // namespace
+
+Grab::Grab(Key key, unsigned modifiers, Kind kind)
     : m_display(XOpenDisplay(nullptr))
 {
     if (!m_display)
         std::abort();
-    XGrabKey(m_display, key, modifiers, DefaultRootWindow(m_display), False, GrabModeAsync,
-        GrabModeAsync);
+    refused = false;
+    const auto earlier = XSetErrorHandler(noteRefusal);
+    if (kind == Kind::extension)
+        m_works = grabExtension(m_display, key, modifiers);
+    else
+        XGrabKey(m_display, key, modifiers, DefaultRootWindow(m_display), False, GrabModeAsync,
+            GrabModeAsync);
     XSync(m_display, False);
+    XSetErrorHandler(earlier);
+    m_works = m_works && !refused;
 }
 
 Grab::~Grab()
@@ -156,13 +249,75 @@ Grab::~Grab()
 
 bool Grab::pressed() const
 {
-    bool pressed = false;
+    return anyPress(m_display);
+}
+
+KeyboardGrab::KeyboardGrab(Grab::Kind kind)
+    : m_display(XOpenDisplay(nullptr))
+{
+    if (!m_display)
+        std::abort();
+    const auto root = DefaultRootWindow(m_display);
+    constexpr int masterKeyboard = 3;
+    auto bits = keyEvents();
+    XIEventMask mask{ masterKeyboard, int(bits.size()), bits.data() };
+    int major = 2, minor = 2;
+    XIQueryVersion(m_display, &major, &minor);
+    const int status = kind == Grab::Kind::core
+        ? XGrabKeyboard(m_display, root, False, GrabModeAsync, GrabModeAsync, CurrentTime)
+        : XIGrabDevice(m_display, masterKeyboard, root, CurrentTime, None, XIGrabModeAsync,
+              XIGrabModeAsync, False, &mask);
+    if (status != GrabSuccess)
+        std::abort();
+    XSync(m_display, False);
+}
+
+KeyboardGrab::~KeyboardGrab()
+{
+    XCloseDisplay(m_display);
+}
+
+bool KeyboardGrab::pressed() const
+{
+    return anyPress(m_display);
+}
+
+PlainWindow::PlainWindow()
+    : m_display(XOpenDisplay(nullptr))
+{
+    if (!m_display)
+        std::abort();
+    m_window
+        = XCreateSimpleWindow(m_display, DefaultRootWindow(m_display), 0, 0, 100, 100, 0, 0, 0);
+    XSetWindowAttributes attributes{};
+    attributes.override_redirect = True;
+    XChangeWindowAttributes(m_display, m_window, CWOverrideRedirect, &attributes);
+    XSelectInput(m_display, m_window, FocusChangeMask);
+    XMapWindow(m_display, m_window);
+    XSync(m_display, False);
+}
+
+PlainWindow::~PlainWindow()
+{
+    XCloseDisplay(m_display);
+}
+
+void PlainWindow::takeFocus() const
+{
+    XSetInputFocus(m_display, m_window, RevertToParent, CurrentTime);
+    XSync(m_display, False);
+}
+
+int PlainWindow::focusChanges() const
+{
+    XSync(m_display, False);
+    int changes = 0;
     while (XPending(m_display)) {
         XEvent event;
         XNextEvent(m_display, &event);
-        pressed = pressed || event.type == KeyPress;
+        changes += event.type == FocusIn || event.type == FocusOut ? 1 : 0;
     }
-    return pressed;
+    return changes;
 }
 
 NestedServer::NestedServer()

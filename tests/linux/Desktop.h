@@ -80,6 +80,17 @@ public:
     void layout(int group) const;
     // These locks and no others are on; Caps Lock and Num Lock by the modifier bits they set.
     void locks(unsigned modifiers) const;
+    // As sticky keys do after a tap, and after two: these modifiers and no others are on without
+    // being held.
+    void latch(unsigned modifiers) const;
+    void lock(unsigned modifiers) const;
+    // What is latched or locked.
+    unsigned sticking() const;
+    // Keys count once they are held for a while.
+    void slowKeys(bool on) const;
+    void buttonDown(unsigned button) const;
+    void buttonUp(unsigned button) const;
+    void point(int x, int y) const;
 
 private:
     _XDisplay* m_display;
@@ -88,21 +99,63 @@ private:
 // Another program that has a global shortcut, with exactly these modifiers (as Xlib numbers them).
 class Grab {
 public:
-    Grab(Key key, unsigned modifiers);
+    // The X server's two kinds: of its core, and of XInput 2.
+    enum class Kind { core, extension };
+    Grab(Key key, unsigned modifiers, Kind kind = Kind::core);
     Grab(const Grab&) = delete;
     Grab& operator=(const Grab&) = delete;
     ~Grab();
 
+    // Whether it could be had.
+    bool works() const { return m_works; }
     // Whether it was pressed since the last time that was asked.
     bool pressed() const;
 
 private:
     _XDisplay* m_display;
+    bool m_works = true;
+};
+
+// Another program that holds the whole keyboard, as a screen locker does or an open menu.
+class KeyboardGrab {
+public:
+    explicit KeyboardGrab(Grab::Kind kind = Grab::Kind::core);
+    KeyboardGrab(const KeyboardGrab&) = delete;
+    KeyboardGrab& operator=(const KeyboardGrab&) = delete;
+    ~KeyboardGrab();
+
+    // Whether a key came since the last time that was asked.
+    bool pressed() const;
+
+private:
+    _XDisplay* m_display;
+};
+
+// A window of another program, which the user sees and which says nothing else.
+class PlainWindow {
+public:
+    PlainWindow();
+    PlainWindow(const PlainWindow&) = delete;
+    PlainWindow& operator=(const PlainWindow&) = delete;
+    ~PlainWindow();
+
+    unsigned long id() const { return m_window; }
+    // Takes the keys, whatever the window manager thinks of it.
+    void takeFocus() const;
+    // How often it lost or got the keys since that was asked last.
+    int focusChanges() const;
+
+private:
+    _XDisplay* m_display;
+    unsigned long m_window = 0;
 };
 constexpr unsigned shift = 1;
 constexpr unsigned capsLock = 1 << 1;
+constexpr unsigned control = 1 << 2;
+constexpr unsigned alt = 1 << 3;
 constexpr unsigned numLock = 1 << 4;
 constexpr unsigned super = 1 << 6;
+constexpr unsigned level3 = 1 << 7;
 
 // What the X server itself says about its keys, before anyone makes sense of it.
 class RawKeys {

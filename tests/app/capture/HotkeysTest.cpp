@@ -25,6 +25,8 @@ protected:
         hotkeys.isRecording = [&] { return recording; };
         hotkeys.canStart = [&] { return startable; };
         hotkeys.gestureKey = [&] { return chosen; };
+        hotkeys.combination = [&] { return combination; };
+        hotkeys.isLocked = [&] { return locked; };
         hotkeys.onFnAction = [this](FnShortcutAction action) { actions.push_back(action); };
         hotkeys.onFnTap = [this] { ++taps; };
         hotkeys.onSendIntent = [&] { ++sends; };
@@ -36,7 +38,9 @@ protected:
     bool enabled = true;
     bool recording = false;
     bool startable = true;
+    bool locked = false;
     GestureKey chosen = GestureKey::rightControl;
+    KeyCombination combination;
     int triggers = 0;
     int sends = 0;
     int taps = 0;
@@ -94,6 +98,69 @@ TEST_F(HotkeysTest, AShortcutThatAnotherProgramHasIsReportedAndTheGestureWorks)
         "shortcut.");
     keys.pressGestureKey();
     EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin));
+}
+
+TEST_F(HotkeysTest, TheShortcutIsTheCombinationOfTheMoment)
+{
+    hotkeys.start();
+    EXPECT_EQ(shortcut.combination, KeyCombination{});
+    combination.key = "AD01";
+    EXPECT_EQ(hotkeys.installShortcut(), "");
+    EXPECT_EQ(shortcut.combination, combination);
+    shortcut.press();
+    EXPECT_EQ(triggers, 1);
+}
+
+TEST_F(HotkeysTest, NothingBeginsInALockedSessionOrWhileAnotherProgramHoldsTheKeyboard)
+{
+    hotkeys.start();
+    for (bool* const other : { &locked, &keys.taken }) {
+        *other = true;
+        keys.pressGestureKey();
+        clock.turn(1);
+        keys.releaseGestureKey();
+        keys.pressReturn();
+        *other = false;
+    }
+    EXPECT_THAT(actions, testing::IsEmpty());
+    EXPECT_EQ(sends, 0);
+    locked = true;
+    shortcut.press();
+    EXPECT_EQ(triggers, 0);
+    locked = false;
+    shortcut.press();
+    EXPECT_EQ(triggers, 1);
+    keys.pressGestureKey();
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin));
+}
+
+TEST_F(HotkeysTest, AHoldThatWasBegunEndsInALockedSessionToo)
+{
+    hotkeys.start();
+    keys.pressGestureKey();
+    clock.turn(1);
+    locked = true;
+    keys.releaseGestureKey();
+    using enum FnShortcutAction;
+    EXPECT_THAT(actions, ElementsAre(begin, hold, finish));
+}
+
+TEST_F(HotkeysTest, AButtonMakesACombinationOfThePress)
+{
+    using enum FnShortcutAction;
+    hotkeys.start();
+    keys.pressGestureKey();
+    keys.pressButton();
+    clock.turn(0.1);
+    keys.releaseGestureKey();
+    EXPECT_THAT(actions, ElementsAre(begin, discard));
+    recording = true;
+    keys.pressGestureKey();
+    keys.pressButton();
+    keys.releaseGestureKey();
+    EXPECT_THAT(actions, ElementsAre(begin, discard, armStop));
+    keys.pressButton();
+    EXPECT_EQ(actions.size(), 3U);
 }
 
 TEST_F(HotkeysTest, WithoutThePermissionNoKeyIsWatched)
@@ -332,6 +399,8 @@ TEST(Hotkeys, LetGoOfTheKeysWhenTheyAreDestroyed)
         hotkeys.isRecording = [] { return false; };
         hotkeys.canStart = [] { return true; };
         hotkeys.gestureKey = [] { return GestureKey::fn; };
+        hotkeys.combination = [] { return KeyCombination{}; };
+        hotkeys.isLocked = [] { return false; };
         hotkeys.onFnAction = [](FnShortcutAction) { };
         hotkeys.onFnTap = [] { };
         hotkeys.start();

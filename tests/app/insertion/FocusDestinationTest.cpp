@@ -221,6 +221,8 @@ TEST_F(FocusDestinationTest, SaysWhenTheKeyCouldNotBeSent)
     keystroke.works = false;
     EXPECT_THAT(paste(*field), ElementsAre("event_failed"));
     EXPECT_EQ(lines.back(), "paste_refused reasons=event_failed role=AXTextArea");
+    keystroke.obstacle = "keyboard_grabbed";
+    EXPECT_THAT(paste(*field), ElementsAre("keyboard_grabbed"));
 }
 
 TEST(PasteMessage, FollowsTheFirstReason)
@@ -245,6 +247,19 @@ TEST(PasteMessage, FollowsTheFirstReason)
         { { "too_late" },
             "Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command "
             "V." },
+        { { "session_locked" },
+            "Copied. The session was locked, so Vesko did not paste. Paste it with Command V." },
+        { { "keyboard_grabbed" },
+            "Copied. Another program was holding the keyboard, so Vesko did not paste. Paste it "
+            "with Command V." },
+        { { "keys_held" },
+            "Copied. A key was held down, so Vesko did not paste. Paste it with Command V." },
+        { { "modifiers_latched" },
+            "Copied. Shift, Alt or another such key was latched or locked, so Vesko did not paste. "
+            "Paste it with Command V." },
+        { { "slow_keys" },
+            "Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. "
+            "Paste it with Command V." },
         { { "secure_field", "too_late" }, neutral },
         { { "paste_off" }, neutral },
         { { "event_failed" }, neutral },

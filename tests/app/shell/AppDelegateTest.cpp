@@ -260,6 +260,49 @@ TEST_F(AppDelegateTest, QuittingKeepsARunningCapture)
     EXPECT_EQ(store.snapshot().notes.back().recordings.back().status, RecordingStatus::recorded);
 }
 
+TEST_F(AppDelegateTest, SleepAndTheSessionsEndWaitUntilARunningCaptureIsKept)
+{
+    open();
+    for (void (FakeSessionState::*const begin)() :
+        { &FakeSessionState::sleep, &FakeSessionState::end }) {
+        dictate();
+        machine.clock.turn(2);
+        machine.recorder.finishing.close();
+        (machine.session.*begin)();
+        drainEvents();
+        EXPECT_TRUE(machine.session.waits);
+        machine.recorder.finishing.open();
+        ASSERT_TRUE(eventually([&] { return !machine.session.waits; }));
+        EXPECT_EQ(model->phase(), Phase::idle);
+        for (const Note& note : model->library().notes)
+            EXPECT_EQ(note.recordings.back().status, RecordingStatus::recorded);
+    }
+    EXPECT_EQ(terminated, 0);
+}
+
+TEST_F(AppDelegateTest, AQuitWhileTheSessionEndsWaitsForTheSameCapture)
+{
+    open();
+    dictate();
+    machine.recorder.finishing.close();
+    machine.session.end();
+    delegate->quit();
+    drainEvents();
+    EXPECT_EQ(terminated, 0);
+    machine.recorder.finishing.open();
+    EXPECT_TRUE(eventually([&] { return terminated == 1; }));
+    EXPECT_FALSE(machine.session.waits);
+}
+
+TEST_F(AppDelegateTest, ALockedSessionHearsNeitherShortcutNorGesture)
+{
+    open();
+    machine.session.isLocked = true;
+    machine.shortcut.press();
+    machine.keys.pressGestureKey();
+    EXPECT_EQ(model->phase(), Phase::idle);
+}
+
 TEST_F(AppDelegateTest, ARefusedQuitCanBeAskedForAgain)
 {
     open();

@@ -25,6 +25,7 @@ SHORTCUT = ("super", "left shift", "space")
 APART = 0.3  # seconds
 
 CORE_KEYBOARD = 0x100
+KEY_PRESS = 2
 
 _x11 = ctypes.CDLL("libX11.so.6")
 _xtest = ctypes.CDLL("libXtst.so.6")
@@ -32,6 +33,15 @@ _x11.XOpenDisplay.restype = ctypes.c_void_p
 _x11.XSync.argtypes = [ctypes.c_void_p, ctypes.c_int]
 _x11.XQueryKeymap.argtypes = [ctypes.c_void_p, ctypes.c_char_p]
 _x11.XkbLockGroup.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_uint]
+_x11.XkbGetState.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_void_p]
+for _change in (_x11.XkbLatchModifiers, _x11.XkbLockModifiers):
+    _change.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_uint, ctypes.c_uint]
+_x11.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
+_x11.XDefaultRootWindow.restype = ctypes.c_ulong
+_x11.XGrabKeyboard.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_int,
+                               ctypes.c_int, ctypes.c_ulong]
+_x11.XPending.argtypes = _x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
+_x11.XNextEvent.argtypes = [ctypes.c_void_p, ctypes.c_void_p]
 _xtest.XTestFakeKeyEvent.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_int, ctypes.c_ulong]
 _xtest.XTestFakeButtonEvent.argtypes = _xtest.XTestFakeKeyEvent.argtypes
 _xtest.XTestFakeMotionEvent.argtypes = [
@@ -151,3 +161,60 @@ def load_layouts(*names):
 def use_layout(name):
     _x11.XkbLockGroup(_connection(), CORE_KEYBOARD, LAYOUTS.index(name))
     _x11.XSync(_connection(), 0)
+
+
+SHIFT, CONTROL, ALT, SUPER, LEVEL3 = 1, 4, 8, 64, 128  # the server's bits of the modifiers
+
+
+def latch(modifiers):
+    """As sticky keys do after a tap: these, and no others, hold for the next key."""
+    _x11.XkbLatchModifiers(_connection(), CORE_KEYBOARD, 0xFF, modifiers)
+    _x11.XSync(_connection(), 0)
+
+
+def lock(modifiers):
+    """As sticky keys do after two taps: these, and no others, hold until they are unlocked."""
+    _x11.XkbLockModifiers(_connection(), CORE_KEYBOARD, 0xFF, modifiers)
+    _x11.XSync(_connection(), 0)
+
+
+class _XkbState(ctypes.Structure):
+    _fields_ = [("group", ctypes.c_ubyte), ("locked_group", ctypes.c_ubyte),
+                ("base_group", ctypes.c_ushort), ("latched_group", ctypes.c_ushort),
+                ("mods", ctypes.c_ubyte), ("base_mods", ctypes.c_ubyte),
+                ("latched_mods", ctypes.c_ubyte), ("locked_mods", ctypes.c_ubyte),
+                ("rest", ctypes.c_ubyte * 16)]
+
+
+def latched():
+    """The modifiers that are latched, and those that are locked."""
+    state = _XkbState()
+    _x11.XkbGetState(_connection(), CORE_KEYBOARD, ctypes.byref(state))
+    return state.latched_mods, state.locked_mods
+
+
+class KeyboardGrab:
+    """Another program that holds the keyboard, as a screen locker, a run dialog or an open menu
+    does; the active window stays what it was."""
+
+    def __enter__(self):
+        self._display = _x11.XOpenDisplay(None)
+        root = _x11.XDefaultRootWindow(self._display)
+        status = _x11.XGrabKeyboard(self._display, root, 0, 1, 1, 0)
+        _x11.XSync(self._display, 0)
+        if status:
+            raise RuntimeError(f"the keyboard can't be grabbed: {status}")
+        return self
+
+    def keys(self):
+        """The keys that it received, by their codes, since that was asked last."""
+        found = []
+        while _x11.XPending(self._display):
+            event = (ctypes.c_long * 24)()
+            _x11.XNextEvent(self._display, event)
+            if ctypes.cast(event, ctypes.POINTER(ctypes.c_int))[0] == KEY_PRESS:
+                found.append(ctypes.cast(event, ctypes.POINTER(ctypes.c_uint))[21])
+        return found
+
+    def __exit__(self, *_):
+        _x11.XCloseDisplay(self._display)

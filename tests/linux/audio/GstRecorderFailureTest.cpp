@@ -59,6 +59,31 @@ TEST_F(GstRecorderFailureTest, AMicrophoneThatVanishesBesideASpeakerIsNotReplace
     waitUntilReleased();
 }
 
+TEST_F(GstRecorderFailureTest, AMicrophoneThatFallsSilentIsToldAndWhatWasSaidIsKept)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    std::vector<bool> told;
+    recorder.onStalled = [&](bool stalled) { told.push_back(stalled); };
+    beginHeard(recorder);
+    recordUntil(recorder, 1);
+    EXPECT_TRUE(told.empty());
+    SoundServer::suspendMicrophone("mic", true);
+    runUntil([&] { return !told.empty(); });
+    SoundServer::suspendMicrophone("mic", false);
+    runUntil([&] { return told.size() == 2; });
+    SoundServer::suspendMicrophone("mic", true);
+    runUntil([&] { return told.size() == 3; });
+    EXPECT_EQ(told, (std::vector{ true, false, true }));
+    const double seconds = end(recorder);
+    EXPECT_TRUE(failures.empty());
+    EXPECT_GE(seconds, 1);
+    const auto sound = audiofile::decode(file);
+    EXPECT_NEAR(frequency(part(sound, 0.1, 0.9)), 440, 1);
+    EXPECT_EQ(told.size(), 3U) << "not after the stop";
+}
+
 TEST_F(GstRecorderFailureTest, AnotherMicrophoneTakesOverFromOneThatVanishes)
 {
     SoundServer server;
@@ -162,6 +187,19 @@ TEST_F(GstRecorderFailureTest, AServerThatHangsFailsInTimeAndHoldsNoOneUp)
     turn.start(10);
     EXPECT_THROW(begin(recorder), std::runtime_error);
     EXPECT_GT(turns, 100) << "the main thread stood still";
+    server.reset(); // which ends what waits for it
+    waitForFile(recorder);
+    EXPECT_FALSE(fs::exists(file));
+}
+
+TEST_F(GstRecorderFailureTest, AStopEndsAStartThatAServerKeepsWaiting)
+{
+    auto server = std::make_unique<SoundServer>();
+    server->hang();
+    GstRecorder recorder(std::chrono::hours(1));
+    recorder.open();
+    QTimer::singleShot(0, [&] { recorder.stop(); });
+    EXPECT_THROW(await(recorder.start(file)), std::runtime_error);
     server.reset(); // which ends what waits for it
     waitForFile(recorder);
     EXPECT_FALSE(fs::exists(file));

@@ -160,6 +160,11 @@ void SoundServer::removeSink(const std::string& name)
     unload("sink_name=" + name + " ");
 }
 
+void SoundServer::suspendMicrophone(const std::string& name, bool suspend)
+{
+    Child::run({ "pactl", "suspend-source", name, suspend ? "1" : "0" });
+}
+
 std::string SoundServer::list(const std::string& kind)
 {
     return Child::run({ "pactl", "list", "short", kind });

@@ -26,6 +26,8 @@ public:
     static void addMicrophone(const std::string& name, const std::string& sink);
     // Unplugs it; its sink's monitor goes only with the sink.
     static void removeMicrophone(const std::string& name);
+    // Sends it to sleep, as a headset goes that saves its battery, or wakes it.
+    static void suspendMicrophone(const std::string& name, bool suspend);
     static void removeSink(const std::string& name);
     // As pactl prints it.
     static std::string list(const std::string& kind);

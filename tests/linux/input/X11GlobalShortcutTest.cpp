@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace vesko {
 namespace {
 
@@ -20,7 +22,7 @@ protected:
 
     bool install()
     {
-        return m_shortcut.install([this] { ++m_presses; });
+        return m_shortcut.install({}, [this] { ++m_presses; });
     }
     void press() const
     {
@@ -93,7 +95,7 @@ TEST_F(X11GlobalShortcutTest, anotherProgramsShortcutIsLeftToIt)
             EXPECT_TRUE(until([&] { return other.pressed(); }));
             // Nothing was kept of what could be had.
             X11GlobalShortcut third;
-            EXPECT_FALSE(third.install([] { }));
+            EXPECT_FALSE(third.install({}, [] { }));
         }
         EXPECT_TRUE(until([this] { return install(); })) << "it is free again";
         m_shortcut.remove();
@@ -101,14 +103,86 @@ TEST_F(X11GlobalShortcutTest, anotherProgramsShortcutIsLeftToIt)
     EXPECT_EQ(m_presses, 0);
 }
 
+TEST_F(X11GlobalShortcutTest, aShortcutOfTheOtherKindIsAnotherProgramsToo)
+{
+    for (const unsigned locks : { 0U, capsLock, numLock, capsLock | numLock }) {
+        SCOPED_TRACE(locks);
+        m_hands.locks(locks);
+        {
+            const Grab other(
+                m_space, desktop::shift | desktop::super | locks, Grab::Kind::extension);
+            EXPECT_FALSE(install());
+            press();
+            EXPECT_TRUE(until([&] { return other.pressed(); }));
+        }
+        EXPECT_TRUE(until([this] { return install(); })) << "it is free again";
+        m_shortcut.remove();
+    }
+    EXPECT_EQ(m_presses, 0);
+}
+
+TEST_F(X11GlobalShortcutTest, nobodyTakesItAwayLater)
+{
+    ASSERT_TRUE(install());
+    const Grab core(m_space, desktop::shift | desktop::super);
+    const Grab extension(m_space, desktop::shift | desktop::super, Grab::Kind::extension);
+    EXPECT_FALSE(core.works());
+    EXPECT_FALSE(extension.works());
+    press();
+    expectPresses(1);
+}
+
+TEST_F(X11GlobalShortcutTest, anyCombinationOfModifiersAndAKeyCanBeIt)
+{
+    struct Case {
+        const char* name;
+        KeyCombination combination;
+        std::vector<const char*> keys;
+    };
+    const Case cases[] = {
+        { "Control+Alt+D", { true, true, false, false, "AC03" }, { "Control_L", "Alt_L", "d" } },
+        { "Super+F9", { false, false, false, true, "FK09" }, { "Super_L", "F9" } },
+        { "Pause alone", { false, false, false, false, "PAUS" }, { "Pause" } },
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        m_presses = 0;
+        ASSERT_TRUE(m_shortcut.install(one.combination, [this] { ++m_presses; }));
+        press(); // the one that it was before
+        rest();
+        for (const char* key : one.keys)
+            m_hands.down(m_hands.key(key));
+        for (const char* key : one.keys)
+            m_hands.up(m_hands.key(key));
+        expectPresses(1);
+    }
+    EXPECT_FALSE(m_shortcut.install({ .key = "NONE" }, [] { })) << "the keyboard has no such key";
+}
+
+TEST_F(X11GlobalShortcutTest, tellsWhatIsHeldUntilItsKeyIsLetGo)
+{
+    ASSERT_TRUE(install());
+    EXPECT_FALSE(m_shortcut.held());
+    for (const Key key : { m_super, m_shift, m_space })
+        m_hands.down(key);
+    expectPresses(1);
+    ASSERT_TRUE(m_shortcut.held());
+    EXPECT_EQ(m_shortcut.held()->key, m_space);
+    EXPECT_EQ(m_shortcut.held()->modifiers, desktop::shift | desktop::super);
+    m_hands.up(m_space);
+    EXPECT_TRUE(until([this] { return !m_shortcut.held(); }));
+    m_hands.up(m_shift);
+    m_hands.up(m_super);
+}
+
 TEST_F(X11GlobalShortcutTest, removedItIsFreeForOthers)
 {
     ASSERT_TRUE(install());
     X11GlobalShortcut other;
-    EXPECT_FALSE(other.install([] { }));
+    EXPECT_FALSE(other.install({}, [] { }));
     m_shortcut.remove();
     int others = 0;
-    EXPECT_TRUE(other.install([&] { ++others; }));
+    EXPECT_TRUE(other.install({}, [&] { ++others; }));
     press();
     EXPECT_TRUE(until([&] { return others == 1; }));
     EXPECT_EQ(m_presses, 0);
@@ -116,7 +190,7 @@ TEST_F(X11GlobalShortcutTest, removedItIsFreeForOthers)
 
 TEST_F(X11GlobalShortcutTest, mayBeRemovedByThePressItself)
 {
-    ASSERT_TRUE(m_shortcut.install([this] {
+    ASSERT_TRUE(m_shortcut.install({}, [this] {
         m_shortcut.remove();
         ++m_presses;
     }));
@@ -132,7 +206,7 @@ TEST(X11GlobalShortcutInNestedServer, heldItIsOnePress)
     const NestedServer nested;
     const auto shortcut = nested.make<X11GlobalShortcut>();
     int presses = 0;
-    ASSERT_TRUE(shortcut->install([&] { ++presses; }));
+    ASSERT_TRUE(shortcut->install({}, [&] { ++presses; }));
     RawKeys server(nested.display());
     const Hands hands; // on the outer server, so to speak the hardware
     const Key keys[] = { hands.key("Super_L"), hands.key("Shift_L"), hands.key("space") };

@@ -18,7 +18,7 @@ bool operator==(const KeyEvent& one, const KeyEvent& other)
 
 void PrintTo(const KeyEvent& event, std::ostream* out)
 {
-    constexpr const char* names[] = { "keyDown", "flagsChanged", "interrupted" };
+    constexpr const char* names[] = { "keyDown", "buttonDown", "flagsChanged", "interrupted" };
     *out << names[int(event.kind)] << (event.isGestureKey ? " gesture key" : "")
          << (event.isReturn ? " return" : "") << (event.gestureKeyDown ? " +gesture" : "")
          << (event.shiftDown ? " +shift" : "") << (event.otherModifiers ? " +modifiers" : "");
@@ -124,6 +124,67 @@ TEST_F(X11KeyMonitorTest, aKeyThatJoinsTheGestureIsSeenWithIt)
     auto joined = key();
     joined.gestureKeyDown = true;
     expectSeen({ gesture(true), joined, gesture(false) });
+}
+
+TEST_F(X11KeyMonitorTest, aButtonThatJoinsTheGestureIsSeenWithItAndReachesItsWindow)
+{
+    const PlainWindow window;
+    watch();
+    for (const unsigned button : { 1U, 2U, 3U, 4U, 5U, 8U }) {
+        SCOPED_TRACE(button);
+        const bool wheel = button == 4 || button == 5;
+        m_events.clear();
+        m_hands.down(m_hands.key("Control_R"));
+        m_hands.buttonDown(button);
+        m_hands.buttonUp(button);
+        m_hands.up(m_hands.key("Control_R"));
+        KeyEvent joined{ .kind = KeyEvent::Kind::buttonDown };
+        joined.gestureKeyDown = true;
+        joined.otherModifiers = !wheel;
+        expectSeen({ gesture(true), joined, gesture(false) });
+        rest();
+    }
+}
+
+TEST_F(X11KeyMonitorTest, aButtonThatIsDownMakesACombinationOfTheKey)
+{
+    const auto combined = [](bool down) {
+        auto event = gesture(down);
+        event.otherModifiers = true;
+        return event;
+    };
+    for (const bool before : { true, false }) {
+        SCOPED_TRACE(before ? "down before the watch began" : "down while it runs");
+        m_events.clear();
+        if (before)
+            m_hands.buttonDown(1);
+        watch();
+        if (!before)
+            m_hands.buttonDown(1);
+        m_hands.tap(m_hands.key("Control_R"));
+        rest();
+        m_hands.buttonUp(1);
+        m_hands.tap(m_hands.key("Control_R"));
+        std::vector<KeyEvent> expected{ combined(true), combined(false), gesture(true),
+            gesture(false) };
+        if (!before) {
+            KeyEvent button{ .kind = KeyEvent::Kind::buttonDown };
+            button.otherModifiers = true;
+            expected.insert(expected.begin(), button);
+        }
+        expectSeen(expected);
+        rest();
+    }
+}
+
+TEST_F(X11KeyMonitorTest, knowsWhetherAnotherProgramHoldsTheKeyboard)
+{
+    EXPECT_FALSE(m_monitor.takenByOther());
+    for (const auto kind : { Grab::Kind::core, Grab::Kind::extension }) {
+        const KeyboardGrab other(kind);
+        EXPECT_TRUE(m_monitor.takenByOther());
+    }
+    EXPECT_FALSE(m_monitor.takenByOther());
 }
 
 TEST_F(X11KeyMonitorTest, modifiersAreToldFromTheGestureKey)

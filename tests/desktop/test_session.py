@@ -1,0 +1,228 @@
+#!/usr/bin/python3
+"""What becomes of a dictation when the session around it is locked, put to sleep or ended, and when
+its sound server hangs."""
+
+import json
+import os
+import signal
+import subprocess
+import sys
+import time
+import unittest
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+
+from lib import cases, clipboard, hands, library, media  # noqa: E402
+from lib.programs import SERVICES, Mousepad  # noqa: E402
+from lib.service import OpenRouter  # noqa: E402
+from lib.vesko import REPOSITORY, Vesko, deployed, install_key  # noqa: E402
+from lib.waiting import human_pause, until  # noqa: E402
+
+HOST = os.path.join(REPOSITORY, "tests/linux/desktop/session_host")
+KEY = "right control"
+SENT = "Copied. Paste sent to the original field."
+LOCKED = "Copied. The session was locked, so Vesko did not paste. Paste it with Ctrl+V."
+WORDS = "Said before the screen was locked."
+
+
+class Told:
+    """A program that answers each line with one."""
+
+    def __init__(self, *command):
+        self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                        text=True)
+        self.first = self.process.stdout.readline().strip()
+
+    def tell(self, command):
+        print(command, file=self.process.stdin, flush=True)
+        return self.process.stdout.readline().strip()
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.communicate()
+
+
+class Host(Told):
+    """The screen saver and the logind of a desktop, of an unlocked session."""
+
+    def __init__(self):
+        super().__init__(HOST)
+        self.tell("saver off")
+        self.tell("hint off")
+
+    def delays(self):
+        return json.loads(self.tell("delays"))["delays"]
+
+
+class Session(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.service = OpenRouter()
+        cls.addClassCleanup(cls.service.stop)
+        cls.binary = deployed(cls.service.url)
+        install_key("test-key", cls.binary)
+
+    def setUp(self):
+        self.service.answer(WORDS)
+        self.addCleanup(hands.release_all)
+
+    def vesko(self, **environment):
+        """The system's bus is that of the session, on which the host is."""
+        return Vesko(self.binary, **environment,
+                     DBUS_SYSTEM_BUS_ADDRESS=os.environ["DBUS_SESSION_BUS_ADDRESS"])
+
+    def tap_key(self):
+        hands.press(KEY)
+        human_pause(0.05)
+        hands.release(KEY)
+
+    def test_nothing_begins_while_the_session_is_locked(self):
+        for lock, unlock in (("saver on", "saver off"), ("hint on", "hint off")):
+            with self.subTest(lock), Host() as host, self.vesko() as vesko:
+                vesko.wait_for("ready")
+                until("Vesko knows logind", host.delays)
+                host.tell(lock)
+                hands.tap_shortcut()
+                self.tap_key()
+                human_pause(0.5)
+                self.assertEqual(vesko.phase, "ready")
+                self.assertEqual(library.recordings(vesko.root), [])
+                host.tell(unlock)
+                vesko.begin()
+
+    def test_what_was_begun_before_is_kept_and_not_pasted(self):
+        with Host() as host, self.vesko() as vesko, Mousepad() as editor:
+            until("Vesko knows logind", host.delays)
+            vesko.begin()
+            human_pause(0.5)
+            self.service.hold()
+            vesko.end()
+            self.service.wait_for_request()
+            host.tell("saver on")
+            self.service.release()
+            vesko.wait_for_text(LOCKED)
+            self.assertEqual(editor.text, "")
+            self.assertEqual(clipboard.read(), WORDS)
+
+    def test_a_recording_goes_on_in_a_locked_session(self):
+        with Host() as host, self.vesko() as vesko:
+            until("Vesko knows logind", host.delays)
+            vesko.begin()
+            host.tell("saver on")
+            hands.tap_shortcut()
+            self.tap_key()
+            human_pause(0.5)
+            self.assertEqual(vesko.phase, "recording")
+            host.tell("saver off")
+            vesko.end()
+            vesko.wait_for("ready")
+            self.assertEqual(vesko.last_recording()["attempts"][-1].get("text"), WORDS)
+
+    def test_before_sleep_a_recording_is_kept_and_afterwards_all_works(self):
+        with Host() as host, self.vesko() as vesko, Mousepad() as editor:
+            until("Vesko delays the sleep", host.delays)
+            vesko.begin()
+            human_pause(1.0)
+            host.tell("sleep on")
+            until("the machine may sleep", lambda: not host.delays(), deadline=5)
+            recording = vesko.last_recording()
+            self.assertEqual(recording["status"], "recorded")
+            self.assertAlmostEqual(media.decoded_seconds(recording["path"]),
+                                   recording["duration"], delta=0.3)
+            host.tell("sleep off")
+            until("the next sleep is delayed too", host.delays)
+            for start in (hands.tap_shortcut, self.tap_key):
+                vesko.wait_for("ready")
+                start()
+                vesko.wait_for("recording")
+                human_pause(0.5)
+                start()
+                vesko.wait_for_text(SENT)
+            vesko.wait_for("ready")
+            until("both are in the editor", lambda: editor.text == WORDS + WORDS, deadline=5)
+
+    def test_a_log_out_waits_until_the_recording_is_kept(self):
+        with Told(os.path.join(SERVICES, "session_manager.py")) as manager, \
+                self.vesko(SESSION_MANAGER=manager.first) as vesko:
+            vesko.begin()
+            human_pause(1.0)
+            start = time.monotonic()
+            self.assertEqual(manager.tell("save"), "saved")
+            self.assertLess(time.monotonic() - start, 5)
+            recording = vesko.last_recording()
+            self.assertEqual(recording["status"], "recorded")
+            self.assertAlmostEqual(media.decoded_seconds(recording["path"]),
+                                   recording["duration"], delta=0.3)
+            manager.tell("die")
+            self.assertEqual(vesko.process.wait(timeout=5), 0)
+
+
+class SoundServerThatHangs(unittest.TestCase):
+    def quits_soon(self, vesko):
+        start = time.monotonic()
+        vesko.process.terminate()
+        self.assertEqual(vesko.process.wait(timeout=40), 0)
+        self.assertLess(time.monotonic() - start, 2)
+
+    def hang(self):
+        found = subprocess.run(["pgrep", "-f", os.environ["SESSION_DIR"] + "/sound.pa"], check=True,
+                               stdout=subprocess.PIPE, text=True)
+        server = int(found.stdout.split()[0])
+        os.kill(server, signal.SIGSTOP)
+        self.addCleanup(os.kill, server, signal.SIGCONT)
+
+    def test_after_a_dictation(self):
+        with Vesko() as vesko:
+            vesko.begin()
+            human_pause(0.5)
+            vesko.end()
+            until("the recording has ended", lambda: vesko.phase != "recording")
+            self.hang()
+            vesko.wait_for("ready")
+            self.quits_soon(vesko)
+
+    def test_while_it_records(self):
+        with Vesko() as vesko:
+            vesko.begin()
+            human_pause(1.0)
+            self.hang()
+            human_pause(0.5)
+            self.quits_soon(vesko)
+        recording = library.recordings(vesko.root)[-1]
+        self.assertEqual(recording["status"], "recorded")
+        self.assertGreater(media.decoded_seconds(recording["path"]), 0.7)
+
+    def test_while_a_tone_is_to_be_heard(self):
+        with Vesko() as vesko:
+            vesko.begin()
+            human_pause(1.0)
+            self.hang()
+            vesko.end()
+            until("the recording has ended", lambda: vesko.phase != "recording")
+            vesko.wait_for("ready")
+            self.quits_soon(vesko)
+
+    def test_while_a_recording_begins(self):
+        with Vesko() as vesko:
+            vesko.wait_for("ready")
+            self.hang()
+            hands.tap_shortcut()
+            human_pause(0.5)
+            self.quits_soon(vesko)
+
+    def test_after_a_recording_that_could_not_begin(self):
+        with Vesko() as vesko:
+            vesko.wait_for("ready")
+            self.hang()
+            hands.tap_shortcut()
+            vesko.wait_for_text(
+                "The microphone could not start. Check your audio input and try again.")
+            vesko.wait_for("ready")
+            self.quits_soon(vesko)
+
+
+if __name__ == "__main__":
+    cases.main()

@@ -1,0 +1,128 @@
+// In the session that TrayStatusItemTest.cpp sets up for the whole program; its bus is the system's
+// too.
+
+#include "VeskoLinux/desktop/DesktopSession.h"
+#include "tests/fakes/EventLoop.h"
+#include "tests/linux/PrivateBus.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace vesko {
+namespace {
+
+// The screen saver and the logind of a desktop. Both say that the session is locked.
+class SessionHost {
+public:
+    SessionHost()
+    {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        PrivateBus::begin(m_process, QStringLiteral(VESKO_SESSION_HOST), {});
+        answer();
+    }
+    ~SessionHost() { PrivateBus::end(m_process); }
+
+    // Whether somebody delays the machine's sleep, after this was done.
+    bool tell(const char* command)
+    {
+        m_process.write(QByteArray(command) + '\n');
+        return answer()[QStringLiteral("delays")].toBool();
+    }
+
+private:
+    QJsonObject answer()
+    {
+        if (!eventually([&] { return m_process.canReadLine(); }))
+            throw std::runtime_error("the session's host gives no answer");
+        return QJsonDocument::fromJson(m_process.readLine()).object();
+    }
+
+    QProcess m_process;
+};
+
+class DesktopSessionTest : public testing::Test {
+protected:
+    // Once, before Qt first asks for it.
+    static void SetUpTestSuite()
+    {
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
+    }
+};
+
+TEST_F(DesktopSessionTest, WithoutAnyOfTheServicesNothingIsLocked)
+{
+    const DesktopSession session;
+    drainEvents();
+    EXPECT_FALSE(session.locked());
+}
+
+TEST_F(DesktopSessionTest, IsLockedWhileTheScreenSaverOrLogindSaysSo)
+{
+    SessionHost host;
+    const DesktopSession session;
+    EXPECT_TRUE(eventually([&] { return session.locked(); })) << "since before we came";
+    // Whoever says so alone is enough.
+    host.tell("saver off");
+    EXPECT_TRUE(session.locked());
+    host.tell("hint off");
+    EXPECT_TRUE(eventually([&] { return !session.locked(); }));
+    host.tell("saver on");
+    EXPECT_TRUE(eventually([&] { return session.locked(); }));
+    host.tell("gone");
+    EXPECT_TRUE(eventually([&] { return !session.locked(); })) << "a saver that ends";
+    host.tell("hint on");
+    EXPECT_TRUE(eventually([&] { return session.locked(); }));
+}
+
+TEST_F(DesktopSessionTest, HearsOfServicesThatComeLater)
+{
+    const DesktopSession session;
+    drainEvents();
+    const SessionHost host;
+    EXPECT_TRUE(eventually([&] { return session.locked(); }));
+}
+
+TEST_F(DesktopSessionTest, SleepAndShutdownWaitUntilAllIsKept)
+{
+    SessionHost host;
+    DesktopSession session;
+    std::optional<SessionState::Done> sleeping, ending;
+    int woken = 0;
+    session.onSleep = [&](SessionState::Done done) { sleeping = std::move(done); };
+    session.onEnd = [&](SessionState::Done done) { ending = std::move(done); };
+    session.onWake = [&] { ++woken; };
+    for (int time = 0; time < 2; ++time) {
+        SCOPED_TRACE(time);
+        EXPECT_TRUE(eventually([&] { return host.tell("delays"); }));
+        host.tell("sleep on");
+        EXPECT_TRUE(eventually([&] { return sleeping.has_value(); }));
+        EXPECT_TRUE(host.tell("delays"));
+        (*sleeping)();
+        EXPECT_TRUE(eventually([&] { return !host.tell("delays"); }));
+        sleeping.reset();
+        host.tell("sleep off");
+        EXPECT_TRUE(eventually([&] { return woken == time + 1; }));
+    }
+    EXPECT_TRUE(eventually([&] { return host.tell("delays"); }));
+    host.tell("shutdown on");
+    EXPECT_TRUE(eventually([&] { return ending.has_value(); }));
+    EXPECT_TRUE(host.tell("delays"));
+    (*ending)();
+    EXPECT_TRUE(eventually([&] { return !host.tell("delays"); }));
+}
+
+TEST_F(DesktopSessionTest, NobodyWhoListensIsNoReasonToWait)
+{
+    SessionHost host;
+    const DesktopSession session;
+    EXPECT_TRUE(eventually([&] { return host.tell("delays"); }));
+    host.tell("sleep on");
+    EXPECT_TRUE(eventually([&] { return !host.tell("delays"); }));
+}
+
+} // namespace
+} // namespace vesko
