@@ -34,6 +34,7 @@ public:
         .trusted = true,
         .frontmost = editor,
         .element = std::make_shared<FakeFieldElement>(1),
+        .focused = true,
         .role = "AXTextArea",
         .subrole = std::nullopt,
         .selection = TextRange{ 5, 0 },
