@@ -40,6 +40,22 @@
         <translation>Copied. No text field was focused when you started. Paste it with Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. You started in Vesko itself, not in another program. Paste it with Command V.</source>
+        <translation>Copied. You started in Vesko itself, not in another program. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. This program does not show its text fields to Vesko. Paste it with Command V or the program's own shortcut.</source>
+        <translation>Copied. This program does not show its text fields to Vesko. Paste it with Ctrl+V, in a terminal with Ctrl+Shift+V, in Emacs with Ctrl+Y.</translation>
+    </message>
+    <message>
+        <source>Copied. The paste shortcut could not be sent. Paste it with Command V.</source>
+        <translation>Copied. The paste shortcut could not be sent. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Command V.</source>
+        <translation>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Ctrl+V.</translation>
+    </message>
+    <message>
         <source>Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Copied. You moved to another field, so Vesko did not paste. Paste it with Ctrl+V.</translation>
     </message>

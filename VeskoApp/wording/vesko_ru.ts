@@ -1216,6 +1216,26 @@
         <translation>Скопировано. Когда вы начали, ни одно текстовое поле не было активно. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. You started in Vesko itself, not in another program. Paste it with Command V.</source>
+        <translation>Скопировано. Вы начали в самой программе Vesko, а не в другой. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. This program does not show its text fields to Vesko. Paste it with Command V or the program's own shortcut.</source>
+        <translation>Скопировано. Эта программа не показывает Vesko свои текстовые поля. Вставьте текст клавишами Ctrl+V, в терминале — Ctrl+Shift+V, в Emacs — Ctrl+Y.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko does not paste where letters are hidden, as in a password.</source>
+        <translation>Скопировано. Vesko не вставляет текст туда, где буквы скрыты, например в пароль.</translation>
+    </message>
+    <message>
+        <source>Copied. The paste shortcut could not be sent. Paste it with Command V.</source>
+        <translation>Скопировано. Не удалось послать сочетание клавиш для вставки. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Command V.</source>
+        <translation>Скопировано. Вставка отправлена, но текста в поле не видно. Если его нет, вставьте его клавишами Ctrl+V.</translation>
+    </message>
+    <message>
         <source>Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Скопировано. Вы перешли в другое поле, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
