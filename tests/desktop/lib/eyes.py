@@ -103,8 +103,10 @@ class Node:
 
     @property
     def text(self):
-        # Qt Quick tells the ends of its paragraphs by a character of their own.
-        return self._ask("org.a11y.atspi.Text", "GetText", "(ii)", 0, -1)[0].replace("\u2029", "\n")
+        # GTK 4 knows no -1 for the end. Qt Quick tells the ends of its paragraphs by a character of
+        # their own.
+        return self._ask("org.a11y.atspi.Text", "GetText", "(ii)", 0,
+                         self._property("Text", "CharacterCount"))[0].replace("\u2029", "\n")
 
     def write(self, text):
         """Puts this in the place of the field's text."""
