@@ -12,8 +12,9 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, hands  # noqa: E402
-from lib.dictation import HIDDEN, MOVED, NO_FIELD, WORDS, Dictations  # noqa: E402
-from lib.programs import Chromium, FeatherPad, Mousepad, PasswordPrompt, Terminal  # noqa: E402
+from lib.dictation import HIDDEN, MOVED, NO_FIELD, NOT_SEEN, WORDS, Dictations  # noqa: E402
+from lib.programs import (Chromium, FeatherPad, Mousepad, PasswordPrompt,  # noqa: E402
+                          RefusingPage, Terminal)
 from lib.waiting import human_pause, until  # noqa: E402
 
 
@@ -73,6 +74,26 @@ class Targets(Dictations):
             self.begin()
             self.end(message=HIDDEN)
             self.stays(lambda: page.text, "")
+
+    def test_what_a_field_refuses_is_not_said_to_be_sent(self):
+        with RefusingPage() as page:
+            self.begin()
+            self.end(message=NOT_SEEN)
+            self.stays(lambda: page.text, "")
+
+    def test_never_into_another_program_that_alt_and_tab_lead_to(self):
+        with Mousepad() as editor, PasswordPrompt() as prompt:
+            editor.raise_window()
+            editor.focus("text")
+            self.begin()
+            self.end_and_hold()
+            hands.press("left alt")
+            hands.tap("tab")
+            self.service.release()
+            human_pause(0.2)
+            hands.release("left alt")
+            self.delivered(message=MOVED)
+            self.stays(lambda: (editor.text, len(prompt.text)), ("", 0))
 
     def test_not_after_the_focus_moved_to_another_field(self):
         with Chromium("line") as page:

@@ -12,7 +12,8 @@ from lib import cases, eyes, hands  # noqa: E402
 from lib.dictation import (HIDDEN, MOVED, NO_ELEMENTS, NO_FIELD, WORDS, Cells,  # noqa: E402
                            Dictations)
 from lib.programs import (Firefox, GnomeTextEditor, Gtk4Window, Kate,  # noqa: E402
-                          Konsole, Qt5Window, Writer, tk_window, xterm)
+                          Konsole, Qt5Window, SandboxedMousepad,
+                          Writer, tk_window, xterm)
 from lib.waiting import human_pause, until  # noqa: E402
 
 
@@ -145,6 +146,21 @@ class OtherTerminal(Dictations):
             self.released(message=HIDDEN)
             hands.tap("return")
             until("it has its answer", lambda: "got 0" in terminal.text)
+
+
+class Sandbox(Dictations):
+    def test_into_a_program_that_nobody_knows_by_its_number(self):
+        with SandboxedMousepad() as editor:
+            self.begin()
+            self.end()
+            self.holds(editor, WORDS)
+
+    def test_into_the_active_of_two_that_are_called_alike(self):
+        with SandboxedMousepad() as first, SandboxedMousepad() as second:
+            self.begin()
+            self.end()
+            self.holds(second, WORDS)
+            self.stays(lambda: first.text, "")
 
 
 class Untold(Dictations):

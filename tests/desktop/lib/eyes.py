@@ -22,14 +22,17 @@ TIMEOUT = 3000  # milliseconds for one answer
 _bus = None
 
 
+def bus_address():
+    return Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
+        "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None, 0,
+        TIMEOUT).unpack()[0]
+
+
 def _connection():
     global _bus
     if _bus is None:
-        session = Gio.bus_get_sync(Gio.BusType.SESSION)
-        address = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress",
-                                    None, None, 0, TIMEOUT).unpack()[0]
         _bus = Gio.DBusConnection.new_for_address_sync(
-            address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            bus_address(), Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
             | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
     return _bus
 

@@ -192,6 +192,31 @@ class Writer(Program):
         until("a paragraph has the focus", lambda: eyes.focused(self.app))
 
 
+class SandboxedMousepad(Program):
+    """As a sandbox starts it: its processes are numbered apart, and a proxy stands between it and
+    the accessibility bus, which knows the proxy's number alone."""
+
+    def __init__(self):
+        socket = os.path.join(tempfile.mkdtemp(), "bus")
+        self.proxy = subprocess.Popen(["xdg-dbus-proxy", eyes.bus_address(), socket])
+        until("the proxy listens", lambda: os.path.exists(socket))
+        super().__init__(["unshare", "--pid", "--fork", "--mount-proc", "mousepad",
+                          "--disable-server", _file("Sandboxed.txt", "")],
+                         env={**os.environ, "AT_SPI_BUS_ADDRESS": "unix:path=" + socket})
+        self.focus("text")
+
+    def _shown(self):
+        active = eyes.active_window()
+        self.pid = active and "Sandboxed" in eyes.title(active) and eyes.active_pid()
+        self.app = self.pid and eyes.application(self.proxy.pid)
+        return self.app
+
+    def kill(self):
+        super().kill()
+        self.proxy.kill()
+        self.proxy.wait()
+
+
 class FeatherPad(Program):
     def __init__(self, text=""):
         super().__init__(["featherpad", "--standalone", _file("Letter.txt", text)])
@@ -232,6 +257,19 @@ class ChatPage(Program):
         super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
                                      "--app=file://" + _file("chat.html", page)])
         self.focus("entry", "message")
+
+
+REFUSING = """<!doctype html><meta charset="utf-8"><title>Refusing</title>
+<textarea aria-label="area" onpaste="event.preventDefault()"></textarea>"""
+
+
+class RefusingPage(Program):
+    """A page with a field that takes no paste."""
+
+    def __init__(self):
+        super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
+                                     "--app=file://" + _file("refusing.html", REFUSING)])
+        self.focus("entry", "area")
 
 
 class RichChat:
