@@ -112,8 +112,12 @@
         <translation>Your desktop does not show the Vesko icon. Make room for it in the panel, or right-click the floating button for the same menu.</translation>
     </message>
     <message>
+        <source>Pastes into the field you started in.</source>
+        <translation>Pastes into the field you started in. Vesko switches it on for all programs, and it stays on.</translation>
+    </message>
+    <message>
         <source>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Input Monitoring observes Fn and a Return send signal; keystrokes are not saved.</source>
-        <translation>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Vesko watches the keyboard for its own key and a Return send signal; keystrokes are not saved.</translation>
+        <translation>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment; Vesko switches it on when it starts, and it stays on. Vesko watches the keyboard for its own key and a Return send signal; keystrokes are not saved.</translation>
     </message>
     <message>
         <source>Open Privacy &amp; Security</source>
@@ -201,7 +205,7 @@
     </message>
     <message>
         <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
-        <translation>Accessibility has been turned on for this session. Programs that were already open may have to be started again before Vesko can paste into them.</translation>
+        <translation>Accessibility has been turned on, and it stays on. Programs that were already open may have to be started again before Vesko can paste into them.</translation>
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>

@@ -709,7 +709,7 @@
     </message>
     <message>
         <source>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Input Monitoring observes Fn and a Return send signal; keystrokes are not saved.</source>
-        <translation>Микрофон используется только во время записи. Специальные возможности нужны, чтобы проверить поле для вставки, а при включённом запоминании исправлений — и вставленный фрагмент. За клавиатурой Vesko следит ради своей клавиши и нажатия Enter при отправке; нажатия клавиш не сохраняются.</translation>
+        <translation>Микрофон используется только во время записи. Специальные возможности нужны, чтобы проверить поле для вставки, а при включённом запоминании исправлений — и вставленный фрагмент; Vesko включает их при запуске, и они остаются включёнными. За клавиатурой Vesko следит ради своей клавиши и нажатия Enter при отправке; нажатия клавиш не сохраняются.</translation>
     </message>
     <message>
         <source>Open Privacy &amp; Security</source>
@@ -1353,7 +1353,7 @@
     </message>
     <message>
         <source>Pastes into the field you started in.</source>
-        <translation>Вставка в поле, с которого вы начали.</translation>
+        <translation>Вставка в поле, с которого вы начали. Vesko включает их для всех программ, и они остаются включёнными.</translation>
     </message>
     <message>
         <source>Input Monitoring</source>
@@ -1389,7 +1389,7 @@
     </message>
     <message>
         <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
-        <translation>Специальные возможности включены для этого сеанса. Программы, которые уже были открыты, возможно, придётся запустить заново, чтобы Vesko мог вставлять в них текст.</translation>
+        <translation>Специальные возможности включены и остаются включёнными. Программы, которые уже были открыты, возможно, придётся запустить заново, чтобы Vesko мог вставлять в них текст.</translation>
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>

@@ -94,6 +94,10 @@ Task<> AtspiFocusedField::finish(Eventual<FieldReading> answer, FieldReading rea
         if (auto next = co_await look(m_follower.heard(asked.process), deadline))
             seen = std::move(next);
     }
+    if (seen && seen->probe.kind.frameOnly() && !seen->probe.complete()) {
+        seen.reset();
+        elements = false;
+    }
     reading.elements = elements;
     if (seen)
         co_await m_reader.describe(reading, seen->element, seen->probe, asked.process, deadline);

@@ -26,6 +26,22 @@ bool AtspiKind::focusedField() const
         || password() || terminal();
 }
 
+bool AtspiKind::frameOnly() const
+{
+    switch (role) {
+    case ATSPI_ROLE_CANVAS:
+    case ATSPI_ROLE_DRAWING_AREA:
+    case ATSPI_ROLE_FILLER:
+    case ATSPI_ROLE_FRAME:
+    case ATSPI_ROLE_PANEL:
+    case ATSPI_ROLE_UNKNOWN:
+    case ATSPI_ROLE_WINDOW:
+        return !is(ATSPI_STATE_EDITABLE);
+    default:
+        return false;
+    }
+}
+
 std::optional<std::size_t> strongestFocus(std::span<const std::optional<AtspiKind>> heard)
 {
     constexpr std::array<bool (*)(const AtspiKind&), 3> ranks{

@@ -22,6 +22,9 @@ struct AtspiKind {
     bool terminal() const;
     // Whether this element, and none above it, has the keyboard.
     bool focusedField() const;
+    // Whether it is but the frame of what it holds: with the keyboard in it, its program draws what
+    // is inside by itself and tells nothing of that.
+    bool frameOnly() const;
 };
 
 // Which of several elements, in the order in which they told that they got the focus, has the

@@ -131,6 +131,16 @@ TEST(FieldFacts, weighsWhatToldThatItGotTheFocus)
     }
 }
 
+TEST(FieldFacts, knowsAFrameWithoutWhatIsInside)
+{
+    const auto editable = states({ ATSPI_STATE_EDITABLE });
+    EXPECT_TRUE((AtspiKind{ ATSPI_ROLE_PANEL, 0 }.frameOnly()));
+    EXPECT_TRUE((AtspiKind{ ATSPI_ROLE_FILLER, 0 }.frameOnly()));
+    EXPECT_FALSE((AtspiKind{ ATSPI_ROLE_PANEL, editable }.frameOnly())) << "a page may write in it";
+    EXPECT_FALSE((AtspiKind{ ATSPI_ROLE_PUSH_BUTTON, 0 }.frameOnly()));
+    EXPECT_FALSE((AtspiKind{ ATSPI_ROLE_TEXT, editable }.frameOnly()));
+}
+
 TEST(FieldFacts, knowsLettersThatAreHidden)
 {
     for (const char* hidden : { "●", "●●●", "••", "****" })
