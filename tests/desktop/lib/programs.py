@@ -138,7 +138,9 @@ class Mousepad(Program):
 
 class GnomeTextEditor(Program):
     def __init__(self, text=""):
-        super().__init__(["gnome-text-editor", "--standalone", _file("Letter.txt", text)])
+        # It opens again what it had open when it was killed.
+        super().__init__(["gnome-text-editor", "--standalone", _file("Letter.txt", text)],
+                         env={**os.environ, "XDG_DATA_HOME": tempfile.mkdtemp()})
         self.focus("text box")
 
 
