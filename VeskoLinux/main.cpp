@@ -164,7 +164,7 @@ int runApplication(
     GstCueEngine cues(deploymentFolders());
     PocketSphinxRecognizer recognizer;
     Cld2LanguageRecognizer textLanguage;
-    AtspiFocusedField focusedField;
+    AtspiFocusedField focusedField(clock);
     SentKeys sentKeys(clock);
     X11KeyMonitor keys(sentKeys, clock);
     X11GlobalShortcut shortcut;

@@ -1,6 +1,7 @@
 // Reading the field that has the focus, as it is done at a key press. Started by desktop.py while
 // an editor has it; the argument names the editor.
 
+#include "VeskoApp/async/QtClock.h"
 #include "VeskoLinux/accessibility/AtspiFocusedField.h"
 #include "bench/Budget.h"
 #include "tests/fakes/EventLoop.h"
@@ -21,7 +22,8 @@ Task<FieldReading> reading(AtspiFocusedField& fields)
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    AtspiFocusedField fields;
+    QtClock clock;
+    AtspiFocusedField fields(clock);
     if (!eventually([&] { return awaited(reading(fields)).value.has_value(); }))
         return 1;
     std::vector<double> taken;

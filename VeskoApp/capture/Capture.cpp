@@ -92,7 +92,10 @@ Task<> Capture::readField(Destination destination)
 {
     const Date at = m_to.clock.now();
     const FieldReading reading = co_await m_to.focusedField.read(std::nullopt);
-    destination.set(FocusDestination::from(reading, at));
+    if (auto field = FocusDestination::from(reading, at))
+        destination.set(std::move(*field));
+    else
+        destination.set(std::unexpected(FocusDestination::reasonAgainst(reading)));
 }
 
 Task<> Capture::start(

@@ -1,8 +1,10 @@
 #include "VeskoApp/insertion/FocusDestination.h"
 
+#include "VeskoApp/async/Sleep.h"
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/base/Text.h"
 #include "VeskoCore/insertion/InsertionContext.h"
+#include "VeskoCore/insertion/PasteTrace.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -17,6 +19,8 @@ namespace {
 Q_LOGGING_CATEGORY(insertionLog, "app.vesko.insertion")
 
 constexpr std::size_t longestWatched = 32'768; // UTF-16 units
+constexpr double proofTime = 0.5; // seconds
+constexpr double proofInterval = 0.02; // seconds
 constexpr std::string_view secureSubrole = "AXSecureTextField";
 constexpr std::array<std::string_view, 4> writableRoles{
     "AXTextField",
@@ -43,13 +47,6 @@ std::string joined(const std::vector<std::string>& tokens)
     return text;
 }
 
-std::optional<FocusDestination> skipped(
-    const char* reason, const std::optional<std::string>& role = {})
-{
-    qCInfo(insertionLog, "capture_skipped reason=%s role=%s", reason, shown(role));
-    return std::nullopt;
-}
-
 std::vector<std::string> refused(
     std::vector<std::string> reasons, const std::optional<std::string>& role = {})
 {
@@ -59,33 +56,45 @@ std::vector<std::string> refused(
 
 } // namespace
 
-std::optional<FocusDestination> FocusDestination::from(const FieldReading& reading, Date at)
+std::string FocusDestination::reasonAgainst(const FieldReading& reading)
 {
     if (!reading.trusted)
-        return skipped("accessibility");
-    if (!reading.frontmost || *reading.frontmost == QCoreApplication::applicationPid())
-        return skipped("vesko_frontmost");
+        return "accessibility";
+    if (!reading.frontmost)
+        return "no_active_window";
+    if (*reading.frontmost == QCoreApplication::applicationPid())
+        return "vesko_frontmost";
     if (!reading.element)
-        return skipped("no_focused_element");
+        return reading.elements ? "no_focused_element" : "no_elements";
     if (!reading.selection)
-        return skipped("no_cursor", reading.role);
+        return "no_cursor";
     // A password is no text value: its text is never read.
     if (reading.subrole == secureSubrole)
-        return skipped("secure_field", reading.role);
-    if (!reading.value)
-        return skipped("no_text_value", reading.role);
+        return "secure_field";
+    return reading.value ? "" : "no_text_value";
+}
+
+std::optional<FocusDestination> FocusDestination::from(const FieldReading& reading, Date at)
+{
+    if (const std::string reason = reasonAgainst(reading); !reason.empty()) {
+        const bool ofTheField = reason != "accessibility" && reason != "no_active_window"
+            && reason != "vesko_frontmost" && reading.element;
+        qCInfo(insertionLog, "capture_skipped reason=%s role=%s", reason.c_str(),
+            ofTheField ? shown(reading.role) : "-");
+        return std::nullopt;
+    }
     qCInfo(insertionLog, "capture_ok role=%s", shown(reading.role));
     return FocusDestination{
-        *reading.frontmost,
-        reading.element,
-        *reading.selection,
-        *reading.value,
-        at,
+        .pid = *reading.frontmost,
+        .element = reading.element,
+        .selection = *reading.selection,
+        .originalValue = *reading.value,
+        .capturedAt = at,
     };
 }
 
 Task<std::vector<std::string>> FocusDestination::attemptPaste(
-    FocusedField& fields, PasteKeystroke& keystroke, const Clock& clock) const
+    FocusedField& fields, PasteKeystroke& keystroke, const Clock& clock)
 {
     // A shortcut key that is still held keeps the field from having the focus.
     co_await keystroke.keysReleased();
@@ -97,7 +106,8 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
 
     const InsertionContext context{
         .sameApplication = reading.frontmost == pid,
-        .sameElement = reading.element->equals(*element),
+        // What had the focus last is good enough to begin with, but not to write into.
+        .sameElement = reading.focused && reading.element->equals(*element),
         .sameSelection = reading.selection == selection,
         .unchangedValue = reading.value == originalValue,
         .writable = isWritable(reading.role),
@@ -109,9 +119,38 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
         co_return refused(context.blockers(), reading.role);
     if (const auto obstacle = co_await keystroke.send(*reading.element))
         co_return refused({ *obstacle }, reading.role);
+    beforePaste = reading;
     qCInfo(insertionLog, "paste_sent role=%s notes=%s", shown(reading.role),
         joined(context.notes()).c_str());
     co_return std::vector<std::string>{};
+}
+
+Task<bool> FocusDestination::seemsPasted(
+    FocusedField& fields, EventClock& clock, std::string text) const
+{
+    const double end = clock.uptime() + proofTime;
+    for (;;) {
+        const FieldReading now = co_await fields.read(pid);
+        if (!tells(now))
+            co_return true;
+        const bool changed
+            = now.value != beforePaste->value || now.selection != beforePaste->selection;
+        // What stands in a terminal is cut and framed by what runs in it.
+        if (changed && (element->isTerminal() || showsPasted(*now.value, text)))
+            co_return true;
+        if (clock.uptime() >= end) {
+            qCInfo(insertionLog, "paste_not_seen role=%s", shown(now.role));
+            co_return false;
+        }
+        co_await sleepFor(clock, proofInterval);
+    }
+}
+
+// Whether a paste would show in this reading.
+bool FocusDestination::tells(const FieldReading& now) const
+{
+    return beforePaste && beforePaste->value && now.element && now.element->equals(*element)
+        && now.value && utf16Length(*now.value) <= longestWatched;
 }
 
 Task<std::optional<std::string>> FocusDestination::currentValueIfFocused(FocusedField& fields) const
@@ -131,9 +170,14 @@ std::string pasteMessage(const std::vector<std::string>& reasons)
     if (first == "accessibility")
         return L10N_KEY("Vesko",
             "Copied. Allow Accessibility for Vesko in System Settings to paste automatically.");
-    if (first == "no_field")
+    if (first == "no_field" || first == "no_focused_element")
         return L10N_KEY("Vesko",
             "Copied. No text field was focused when you started. Paste it with Command V.");
+    if (first == "no_active_window")
+        return L10N_KEY("Vesko",
+            "Copied. The desktop did not say which window you were in, so Vesko did not paste. "
+            "Paste "
+            "it with Command V.");
     if (first == "app_changed" || first == "field_changed")
         return L10N_KEY("Vesko",
             "Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.");
@@ -162,6 +206,24 @@ std::string pasteMessage(const std::vector<std::string>& reasons)
         return L10N_KEY("Vesko",
             "Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. "
             "Paste it with Command V.");
+    if (first == "vesko_frontmost")
+        return L10N_KEY("Vesko",
+            "Copied. You started in Vesko itself, not in another program. Paste it with Command "
+            "V.");
+    if (first == "no_elements")
+        return L10N_KEY("Vesko",
+            "Copied. This program does not show its text fields to Vesko. Paste it with Command V "
+            "or the program's own shortcut.");
+    if (first == "secure_field")
+        return L10N_KEY(
+            "Vesko", "Copied. Vesko does not paste where letters are hidden, as in a password.");
+    if (first == "event_failed")
+        return L10N_KEY(
+            "Vesko", "Copied. The paste shortcut could not be sent. Paste it with Command V.");
+    if (first == "not_seen")
+        return L10N_KEY("Vesko",
+            "Copied. Paste was sent, but the field does not show the text. If it is missing, paste "
+            "it with Command V.");
     return L10N_KEY("Vesko", "Copied. Paste it when you are ready.");
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "VeskoApp/async/EventClock.h"
 #include "VeskoApp/async/Task.h"
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
-#include "VeskoCore/base/Clock.h"
 
 #include <string>
 #include <vector>
@@ -18,24 +18,36 @@ struct FocusDestination {
     TextRange selection;
     std::string originalValue;
     Date capturedAt;
+    std::optional<FieldReading> beforePaste = {}; // how the field stood when the keystroke was sent
 
-    // What a reading taken at `at` amounts to. Nothing, with a line in the log, when there is no
-    // field to come back to: no permission, this program in front, no focus, no cursor, no text,
-    // a password.
+    // Why a reading leaves no field to come back to: no permission, no window or this program in
+    // front, a program that tells nothing of its fields, no focus, no cursor, a password, no text.
+    // Empty where it does.
+    static std::string reasonAgainst(const FieldReading& reading);
+    // What a reading taken at `at` amounts to. Nothing, with a line in the log, where there is a
+    // reason against it.
     static std::optional<FocusDestination> from(const FieldReading& reading, Date at);
 
     // Looks at the field again and pastes into it if nothing forbids that. Gives what forbids it;
     // empty if and only if the keystroke was sent. Never fails.
     Task<std::vector<std::string>> attemptPaste(
-        FocusedField& fields, PasteKeystroke& keystroke, const Clock& clock) const;
+        FocusedField& fields, PasteKeystroke& keystroke, const Clock& clock);
+
+    // After the keystroke: false if for half a second the field, as far as it can be read, doesn't
+    // show the text. True as soon as it does, or as nothing can be said: the field lost the focus,
+    // hides its text, or holds more than can be read.
+    Task<bool> seemsPasted(FocusedField& fields, EventClock& clock, std::string text) const;
 
     // The field's text, if the field has the focus in the active window and is one whose text may
     // be watched: no password, and of 32,768 UTF-16 units at most.
     Task<std::optional<std::string>> currentValueIfFocused(FocusedField& fields) const;
+
+private:
+    bool tells(const FieldReading& now) const;
 };
 
 // What the user is told about text that was copied and not pasted, by the first reason: a key for
-// the catalogues.
+// the catalogues. Of a paste that was sent and isn't seen in the field the reason is "not_seen".
 std::string pasteMessage(const std::vector<std::string>& reasons);
 
 } // namespace vesko

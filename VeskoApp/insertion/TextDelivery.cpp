@@ -20,24 +20,37 @@ Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destina
     if (!paste) {
         reasons = { "paste_off" };
     } else {
-        if (destination)
-            field = co_await *destination;
-        if (field)
+        auto captured = destination ? co_await *destination : std::unexpected("no_field");
+        if (captured) {
+            field = std::move(*captured);
             reasons
                 = co_await field->attemptPaste(m_to.focusedField, m_to.pasteKeystroke, m_to.clock);
-        else
-            reasons = { "no_field" };
+        } else {
+            reasons = { captured.error() };
+        }
     }
     if (!reasons.empty()) {
         m_to.status.setMessage(pasteMessage(reasons));
         co_return;
     }
-    m_to.status.setMessage(L10N_KEY("Vesko", "Copied. Paste sent to the original field."));
     if (m_to.preferences.learnCorrections.get())
-        m_to.review.start(std::move(*field), text,
+        m_to.review.start(*field, text,
             [&terms = m_to.terms](std::vector<DictionarySuggestion> corrections, bool sent) {
                 terms.corrected(std::move(corrections), sent);
             });
+    m_proof.emplace();
+    m_proof->spawn(prove(std::move(*field), std::move(text)));
+}
+
+// The dictation is over by then. Whatever has been said meanwhile stands.
+Task<> TextDelivery::prove(FocusDestination field, std::string text)
+{
+    const std::string said = m_to.status.message();
+    const bool arrived = co_await field.seemsPasted(m_to.focusedField, m_to.clock, std::move(text));
+    if (m_to.status.message() == said)
+        m_to.status.setMessage(arrived
+                ? L10N_KEY("Vesko", "Copied. Paste sent to the original field.")
+                : pasteMessage({ "not_seen" }));
 }
 
 } // namespace vesko

@@ -1,20 +1,25 @@
 #pragma once
 
 #include "VeskoApp/async/Eventual.h"
+#include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/dictionary/DictionaryTerms.h"
 #include "VeskoApp/insertion/FocusDestination.h"
 #include "VeskoApp/insertion/InsertionReview.h"
 #include "VeskoApp/insertion/TextCopy.h"
 #include "VeskoApp/preferences/Preferences.h"
 
+#include <expected>
+
 namespace vesko {
 
-// The field of a capture: settled at the trigger, read by the time the text is ready.
-using Destination = Eventual<std::optional<FocusDestination>>;
+// The field of a capture, or why there is none to come back to: settled at the trigger, read by the
+// time the text is ready.
+using Destination = Eventual<std::expected<FocusDestination, std::string>>;
 
 // Brings a dictated text to the user: onto the clipboard, and into the field where the dictation
-// began if that is safe; the status line says what happened. What the user then corrects in it is
-// handed to the dictionary. Main thread.
+// began if that is safe; the status line says what happened, and claims no paste before the field
+// has been looked at again. What the user then corrects in it is handed to the dictionary. Main
+// thread.
 class TextDelivery {
 public:
     // What it reaches; must outlive it.
@@ -35,7 +40,10 @@ public:
     Task<> deliver(std::string text, bool paste, std::optional<Destination> destination);
 
 private:
+    Task<> prove(FocusDestination field, std::string text);
+
     Neighbours m_to;
+    std::optional<TaskScope> m_proof; // of the last paste
 };
 
 } // namespace vesko

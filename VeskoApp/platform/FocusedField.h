@@ -25,7 +25,12 @@ public:
 struct FieldReading {
     bool trusted = false; // this program may use accessibility
     std::optional<std::int32_t> frontmost; // the process that owns the active window
+    // Whether the program tells of what is in its window at all; many don't.
+    bool elements = true;
     std::shared_ptr<const FieldElement> element; // null: no element has the focus
+    // Whether the element has the keyboard by its program's account. While a global shortcut is
+    // held down none has, and the last one that had it is told.
+    bool focused = false;
     std::optional<std::string> role; // "AXTextField" and its kin
     std::optional<std::string> subrole; // "AXSecureTextField" for a password
     std::optional<TextRange> selection; // the cursor is a range of length 0
@@ -42,7 +47,8 @@ public:
 
     // The focused element of a process, or of the frontmost one if none is named, as it is at this
     // moment: what has the focus is settled before this returns, and only the reading takes its
-    // time.
+    // time. Where no field of the frontmost process has it, as while a window is being raised, it
+    // is looked for again for a quarter of a second.
     virtual Eventual<FieldReading> read(std::optional<std::int32_t> process) = 0;
 };
 

@@ -40,12 +40,32 @@
         <translation>Copied. No text field was focused when you started. Paste it with Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. You started in Vesko itself, not in another program. Paste it with Command V.</source>
+        <translation>Copied. You started in Vesko itself, not in another program. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. This program does not show its text fields to Vesko. Paste it with Command V or the program's own shortcut.</source>
+        <translation>Copied. This program does not show its text fields to Vesko. Paste it with Ctrl+V, in a terminal with Ctrl+Shift+V, in Emacs with Ctrl+Y.</translation>
+    </message>
+    <message>
+        <source>Copied. The paste shortcut could not be sent. Paste it with Command V.</source>
+        <translation>Copied. The paste shortcut could not be sent. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Command V.</source>
+        <translation>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Ctrl+V.</translation>
+    </message>
+    <message>
         <source>Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Copied. You moved to another field, so Vesko did not paste. Paste it with Ctrl+V.</translation>
     </message>
     <message>
         <source>Copied. This field does not accept automatic paste. Paste it with Command V.</source>
         <translation>Copied. This field does not accept automatic paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. The desktop did not say which window you were in, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copied. The desktop did not say which window you were in, so Vesko did not paste. Paste it with Ctrl+V.</translation>
     </message>
     <message>
         <source>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.</source>
@@ -116,8 +136,12 @@
         <translation>Your desktop does not show the Vesko icon. Make room for it in the panel, or right-click the floating button for the same menu.</translation>
     </message>
     <message>
+        <source>Pastes into the field you started in.</source>
+        <translation>Pastes into the field you started in. Vesko switches it on for all programs, and it stays on.</translation>
+    </message>
+    <message>
         <source>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Input Monitoring observes Fn and a Return send signal; keystrokes are not saved.</source>
-        <translation>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Vesko watches the keyboard for its own key and a Return send signal; keystrokes are not saved.</translation>
+        <translation>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment; Vesko switches it on when it starts, and it stays on. Vesko watches the keyboard for its own key and a Return send signal; keystrokes are not saved.</translation>
     </message>
     <message>
         <source>Open Privacy &amp; Security</source>
@@ -205,7 +229,7 @@
     </message>
     <message>
         <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
-        <translation>Accessibility has been turned on for this session. Programs that were already open may have to be started again before Vesko can paste into them.</translation>
+        <translation>Accessibility has been turned on, and it stays on. Programs that were already open may have to be started again before Vesko can paste into them.</translation>
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>

@@ -709,7 +709,7 @@
     </message>
     <message>
         <source>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Input Monitoring observes Fn and a Return send signal; keystrokes are not saved.</source>
-        <translation>Микрофон используется только во время записи. Специальные возможности нужны, чтобы проверить поле для вставки, а при включённом запоминании исправлений — и вставленный фрагмент. За клавиатурой Vesko следит ради своей клавиши и нажатия Enter при отправке; нажатия клавиш не сохраняются.</translation>
+        <translation>Микрофон используется только во время записи. Специальные возможности нужны, чтобы проверить поле для вставки, а при включённом запоминании исправлений — и вставленный фрагмент; Vesko включает их при запуске, и они остаются включёнными. За клавиатурой Vesko следит ради своей клавиши и нажатия Enter при отправке; нажатия клавиш не сохраняются.</translation>
     </message>
     <message>
         <source>Open Privacy &amp; Security</source>
@@ -1220,12 +1220,36 @@
         <translation>Скопировано. Когда вы начали, ни одно текстовое поле не было активно. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. You started in Vesko itself, not in another program. Paste it with Command V.</source>
+        <translation>Скопировано. Вы начали в самой программе Vesko, а не в другой. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. This program does not show its text fields to Vesko. Paste it with Command V or the program's own shortcut.</source>
+        <translation>Скопировано. Эта программа не показывает Vesko свои текстовые поля. Вставьте текст клавишами Ctrl+V, в терминале — Ctrl+Shift+V, в Emacs — Ctrl+Y.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko does not paste where letters are hidden, as in a password.</source>
+        <translation>Скопировано. Vesko не вставляет текст туда, где буквы скрыты, например в пароль.</translation>
+    </message>
+    <message>
+        <source>Copied. The paste shortcut could not be sent. Paste it with Command V.</source>
+        <translation>Скопировано. Не удалось послать сочетание клавиш для вставки. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Command V.</source>
+        <translation>Скопировано. Вставка отправлена, но текста в поле не видно. Если его нет, вставьте его клавишами Ctrl+V.</translation>
+    </message>
+    <message>
         <source>Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Скопировано. Вы перешли в другое поле, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
     <message>
         <source>Copied. This field does not accept automatic paste. Paste it with Command V.</source>
         <translation>Скопировано. Это поле не принимает автоматическую вставку. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. The desktop did not say which window you were in, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Скопировано. Среда рабочего стола не сообщила, какое окно было активно, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
     <message>
         <source>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.</source>
@@ -1357,7 +1381,7 @@
     </message>
     <message>
         <source>Pastes into the field you started in.</source>
-        <translation>Вставка в поле, с которого вы начали.</translation>
+        <translation>Вставка в поле, с которого вы начали. Vesko включает их для всех программ, и они остаются включёнными.</translation>
     </message>
     <message>
         <source>Input Monitoring</source>
@@ -1393,7 +1417,7 @@
     </message>
     <message>
         <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
-        <translation>Специальные возможности включены для этого сеанса. Программы, которые уже были открыты, возможно, придётся запустить заново, чтобы Vesko мог вставлять в них текст.</translation>
+        <translation>Специальные возможности включены и остаются включёнными. Программы, которые уже были открыты, возможно, придётся запустить заново, чтобы Vesko мог вставлять в них текст.</translation>
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>

@@ -1,5 +1,6 @@
 #include "VeskoLinux/accessibility/ActiveWindow.h"
 
+#include <xcb/res.h>
 #include <xcb/xcb.h>
 
 #include <cstdlib>
@@ -41,6 +42,11 @@ ActiveWindow::ActiveWindow()
     m_root = rootOf(m_connection, screen);
     m_activeWindow = atom(m_connection, "_NET_ACTIVE_WINDOW");
     m_processId = atom(m_connection, "_NET_WM_PID");
+    m_name = atom(m_connection, "_NET_WM_NAME");
+    m_utf8 = atom(m_connection, "UTF8_STRING");
+    const auto version = owned(xcb_res_query_version_reply(
+        m_connection, xcb_res_query_version(m_connection, 1, 2), nullptr));
+    m_knowsClients = version && version->server_minor >= 2;
 }
 
 ActiveWindow::~ActiveWindow()
@@ -48,15 +54,60 @@ ActiveWindow::~ActiveWindow()
     xcb_disconnect(m_connection);
 }
 
+std::optional<std::uint32_t> ActiveWindow::active() const
+{
+    return property(m_root, m_activeWindow, XCB_ATOM_WINDOW);
+}
+
 std::optional<std::int32_t> ActiveWindow::process() const
 {
-    const auto window = property(m_root, m_activeWindow, XCB_ATOM_WINDOW);
+    const auto window = active();
     if (!window)
         return std::nullopt;
+    if (const auto owner = ownerOf(*window))
+        return owner;
     const auto process = property(*window, m_processId, XCB_ATOM_CARDINAL);
     if (!process || *process > std::uint32_t(INT32_MAX))
         return std::nullopt;
     return std::int32_t(*process);
+}
+
+// Of programs on this machine.
+std::optional<std::int32_t> ActiveWindow::ownerOf(std::uint32_t window) const
+{
+    if (!m_knowsClients)
+        return std::nullopt;
+    const xcb_res_client_id_spec_t wanted{ window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID };
+    const auto cookie = xcb_res_query_client_ids(m_connection, 1, &wanted);
+    xcb_generic_error_t* error = nullptr; // the window may be gone
+    const auto reply = owned(xcb_res_query_client_ids_reply(m_connection, cookie, &error));
+    const auto failure = owned(error);
+    if (!reply)
+        return std::nullopt;
+    for (auto ids = xcb_res_query_client_ids_ids_iterator(reply.get()); ids.rem;
+        xcb_res_client_id_value_next(&ids)) {
+        const auto* value = xcb_res_client_id_value_value(ids.data);
+        if (xcb_res_client_id_value_value_length(ids.data) == 1 && *value > 0
+            && *value <= std::uint32_t(INT32_MAX))
+            return std::int32_t(*value);
+    }
+    return std::nullopt;
+}
+
+std::string ActiveWindow::title() const
+{
+    constexpr std::uint32_t limit = 1024; // words of four bytes
+    const auto window = active();
+    if (!window)
+        return {};
+    const auto cookie = xcb_get_property(m_connection, 0, *window, m_name, m_utf8, 0, limit);
+    xcb_generic_error_t* error = nullptr;
+    const auto reply = owned(xcb_get_property_reply(m_connection, cookie, &error));
+    const auto failure = owned(error);
+    if (!reply || reply->format != 8)
+        return {};
+    return { static_cast<const char*>(xcb_get_property_value(reply.get())),
+        std::size_t(xcb_get_property_value_length(reply.get())) };
 }
 
 // A property of one 32-bit value other than 0.

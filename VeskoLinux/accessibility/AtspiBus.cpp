@@ -1,5 +1,7 @@
 #include "VeskoLinux/accessibility/AtspiBus.h"
 
+#include "VeskoApp/async/Sleep.h"
+
 #include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
@@ -13,6 +15,7 @@ namespace {
 // A program that takes longer for one answer is hung, as far as its user is concerned.
 constexpr int callLimit = 400; // milliseconds
 constexpr int openLimit = 5000; // the bus itself may have to be started
+constexpr double restartPause = 1; // seconds
 
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 const QString statusInterface = QStringLiteral("org.a11y.Status");
@@ -28,6 +31,27 @@ AtspiKind atspi::kind(const QVariantList& states, const QVariantList& role)
     for (qsizetype word = 0; word < std::min<qsizetype>(words.size(), 2); ++word)
         kind.states |= std::uint64_t(words[word]) << (32 * word);
     return kind;
+}
+
+std::optional<std::int64_t> atspi::count(const std::optional<QVariantList>& reply)
+{
+    if (!reply)
+        return std::nullopt;
+    const auto value = reply->first().value<QDBusVariant>().variant();
+    if (value.typeId() != QMetaType::Int || value.toInt() < 0)
+        return std::nullopt;
+    return value.toInt();
+}
+
+AtspiAddress atspi::address(const QDBusArgument& structure)
+{
+    AtspiAddress address;
+    QDBusObjectPath path;
+    structure.beginStructure();
+    structure >> address.service >> path;
+    structure.endStructure();
+    address.path = path.path();
+    return address;
 }
 
 AtspiCall::AtspiCall(const QDBusPendingCall& call, const char* signature, QObject& home)
@@ -70,13 +94,52 @@ std::optional<QVariantList> AtspiCall::await_resume() const
     return reply.arguments();
 }
 
-AtspiBus::~AtspiBus()
+AtspiBus::AtspiBus(EventClock& clock)
+    : m_clock(clock)
+    , m_watcher(busService, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForOwnerChange)
 {
-    if (!m_name.isEmpty())
-        QDBusConnection::disconnectFromBus(m_name);
+    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+        [this](const QString&, const QString&, const QString& owner) { busChanged(owner); });
+    QDBusConnection::sessionBus().connect(busService, busPath, propertiesInterface,
+        QStringLiteral("PropertiesChanged"), this, SLOT(statusChanged(QString, QVariantMap)));
 }
 
-Task<bool> AtspiBus::open()
+AtspiBus::~AtspiBus()
+{
+    close();
+}
+
+void AtspiBus::start()
+{
+    if (!std::exchange(m_opening, true))
+        m_tasks.spawn(open());
+}
+
+// Whoever gives out the address starts the bus and ends with it.
+void AtspiBus::busChanged(const QString& owner)
+{
+    m_enabled = m_enabled && !owner.isEmpty();
+    if (m_opening)
+        return; // it came because we asked, or is asked at the end
+    if (m_name.isEmpty()) {
+        start();
+    } else {
+        m_opening = true;
+        m_tasks.spawn(reopen());
+    }
+}
+
+// Asking starts it where the session can. What ends at once is not started over and over.
+Task<> AtspiBus::reopen()
+{
+    m_enabled = false;
+    // By then the last call to the one that ended has failed.
+    co_await sleepFor(m_clock, restartPause);
+    close();
+    co_await open();
+}
+
+Task<> AtspiBus::open()
 {
     auto session = QDBusConnection::sessionBus();
     auto enable = QDBusMessage::createMethodCall(
@@ -88,15 +151,23 @@ Task<bool> AtspiBus::open()
         busService, busPath, busService, QStringLiteral("GetAddress"));
     AtspiCall asking(session.asyncCall(ask, openLimit), "s", *this);
 
-    m_enabled = (co_await enabling).has_value();
+    const bool enabled = (co_await enabling).has_value();
     const auto address = co_await asking;
-    if (!address)
-        co_return false;
-    session.connect(busService, busPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
-        this, SLOT(statusChanged(QString, QVariantMap)));
+    m_enabled = enabled;
+    const bool open = address && co_await connectTo(address->first().toString());
+    m_opening = false;
+    if (open && onOpen)
+        onOpen();
+}
 
-    m_name = QStringLiteral("vesko-accessibility-%1").arg(quintptr(this));
-    m_connection = QDBusConnection::connectToBus(address->first().toString(), m_name);
+Task<bool> AtspiBus::connectTo(QString address)
+{
+    m_name = QStringLiteral("vesko-accessibility-%1-%2").arg(quintptr(this)).arg(++m_opened);
+    m_connection = QDBusConnection::connectToBus(address, m_name);
+    if (!m_connection.isConnected()) {
+        close();
+        co_return false;
+    }
     m_connection.connect(QString(), QString(), QStringLiteral("org.a11y.atspi.Event.Object"),
         QStringLiteral("StateChanged"), { QStringLiteral("focused") }, QString(), this,
         SLOT(stateChanged(QDBusMessage)));
@@ -114,6 +185,13 @@ Task<bool> AtspiBus::open()
         "", *this);
     co_await registering;
     co_return usable();
+}
+
+void AtspiBus::close()
+{
+    m_connection = QDBusConnection(QString());
+    if (!m_name.isEmpty())
+        QDBusConnection::disconnectFromBus(std::exchange(m_name, QString()));
 }
 
 bool AtspiBus::usable() const
@@ -147,8 +225,8 @@ AtspiCall AtspiBus::processOf(const QString& service, const QDeadlineTimer& dead
 void AtspiBus::stateChanged(const QDBusMessage& message)
 {
     const auto arguments = message.arguments();
-    if (arguments.size() >= 2 && arguments[1].toInt() == 1 && onFocus)
-        onFocus({ message.service(), message.path() });
+    if (arguments.size() >= 2 && onFocus)
+        onFocus({ message.service(), message.path() }, arguments[1].toInt() == 1);
 }
 
 void AtspiBus::ownerChanged(const QString& name, const QString&, const QString& after)

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "VeskoApp/async/Task.h"
+#include "VeskoApp/async/TaskScope.h"
 #include "VeskoLinux/accessibility/AtspiElement.h"
 #include "VeskoLinux/accessibility/FieldFacts.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
+#include <QDBusServiceWatcher>
 #include <QDeadlineTimer>
 #include <QObject>
 #include <QVariantList>
@@ -15,9 +16,13 @@
 #include <functional>
 #include <optional>
 
+class QDBusArgument;
 class QDBusPendingCallWatcher;
 
 namespace vesko {
+
+class EventClock;
+
 namespace atspi {
 
 inline constexpr const char* accessible = "org.a11y.atspi.Accessible";
@@ -25,6 +30,9 @@ inline constexpr const char* text = "org.a11y.atspi.Text";
 
 // From the answers to GetState and GetRole.
 AtspiKind kind(const QVariantList& states, const QVariantList& role);
+// From the answer to a number's property; nothing of one that isn't known, which is told as -1.
+std::optional<std::int64_t> count(const std::optional<QVariantList>& reply);
+AtspiAddress address(const QDBusArgument& structure);
 
 } // namespace atspi
 
@@ -49,16 +57,18 @@ private:
     QDBusPendingCallWatcher* m_watcher = nullptr;
 };
 
-// The accessibility bus of this session. Main thread only. After open nothing here waits for
-// another program: Qt's own D-Bus thread does, and every call ends by its deadline.
+// The accessibility bus of this session, which may come late, end and come back. Main thread only.
+// Nothing here waits for another program: Qt's own D-Bus thread does, and every call ends by its
+// deadline.
 class AtspiBus : public QObject {
     Q_OBJECT
 public:
+    explicit AtspiBus(EventClock& clock);
     ~AtspiBus() override;
 
     // Switches accessibility on, since toolkits show nothing of themselves before that, and
-    // connects. True if the bus can be used then.
-    Task<bool> open();
+    // connects; does both again whenever there is another bus.
+    void start();
     // Whether the bus is there and accessibility is switched on.
     bool usable() const;
 
@@ -70,17 +80,30 @@ public:
     // Of the bus: "u", the process behind a name.
     AtspiCall processOf(const QString& service, const QDeadlineTimer& deadline);
 
-    std::function<void(const AtspiAddress&)> onFocus; // the element got the focus
+    // The element got the focus, or lost it, by its program's account.
+    std::function<void(const AtspiAddress&, bool gained)> onFocus;
     std::function<void(const QString& service)> onGone; // the program left the bus
+    std::function<void()> onOpen; // this is another bus than before, or the first
 
 private:
     Q_SLOT void stateChanged(const QDBusMessage& message);
     Q_SLOT void ownerChanged(const QString& name, const QString& before, const QString& after);
     Q_SLOT void statusChanged(const QString& interface, const QVariantMap& changed);
 
+    void busChanged(const QString& owner);
+    Task<> open();
+    Task<> reopen();
+    Task<bool> connectTo(QString address);
+    void close();
+
+    EventClock& m_clock;
+    QDBusServiceWatcher m_watcher; // of who gives out the bus's address
     QDBusConnection m_connection{ QString() };
     QString m_name; // of m_connection
+    int m_opened = 0; // how many buses there were
+    bool m_opening = false;
     bool m_enabled = false;
+    TaskScope m_tasks; // goes first: its tasks use all of the above
 };
 
 } // namespace vesko

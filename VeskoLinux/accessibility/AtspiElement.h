@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <optional>
+#include <utility>
+
 namespace vesko {
 
 // Where an accessible object is found: the program's unique name on the accessibility bus, and the
@@ -17,8 +20,9 @@ struct AtspiAddress {
 
 class AtspiElement final : public FieldElement {
 public:
-    AtspiElement(AtspiAddress address, bool terminal)
-        : m_address(std::move(address))
+    // A paragraph has a `document` whose paragraphs are one field.
+    AtspiElement(AtspiAddress address, std::optional<AtspiAddress> document, bool terminal)
+        : m_field(document ? *std::move(document) : std::move(address))
         , m_terminal(terminal)
     {
     }
@@ -26,12 +30,12 @@ public:
     bool equals(const FieldElement& other) const override
     {
         const auto* element = dynamic_cast<const AtspiElement*>(&other);
-        return element && element->m_address == m_address;
+        return element && element->m_field == m_field;
     }
     bool isTerminal() const override { return m_terminal; }
 
 private:
-    AtspiAddress m_address;
+    AtspiAddress m_field;
     bool m_terminal;
 };
 

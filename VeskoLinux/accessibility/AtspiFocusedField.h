@@ -4,7 +4,8 @@
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoLinux/accessibility/ActiveWindow.h"
 #include "VeskoLinux/accessibility/AtspiBus.h"
-#include "VeskoLinux/accessibility/FieldFacts.h"
+#include "VeskoLinux/accessibility/FieldReader.h"
+#include "VeskoLinux/accessibility/FocusFollower.h"
 #include "VeskoLinux/accessibility/FocusSearch.h"
 
 #include <QDeadlineTimer>
@@ -17,38 +18,33 @@ namespace vesko {
 // anyone. A program that does not answer leaves its facts absent within a second and a half.
 class AtspiFocusedField final : public FocusedField {
 public:
-    AtspiFocusedField();
+    explicit AtspiFocusedField(EventClock& clock);
 
     Eventual<FieldReading> read(std::optional<std::int32_t> process) override;
 
 private:
-    // The element of a program that had the focus last.
-    struct Focus {
+    struct Asked {
+        std::int32_t process;
+        bool again; // by name: what has the focus now, not what had it at a press
+        QString title; // of the active window, where nothing was heard of the process
+        std::vector<AtspiAddress> heard;
+    };
+    struct Seen {
         AtspiAddress element;
-        std::optional<std::int32_t> process; // absent until the bus has told
-    };
-    // What can be asked without knowing anything of the element.
-    struct Probe {
-        AtspiKind kind;
-        bool search = false;
-        std::optional<std::int64_t> length, caret;
-        std::optional<std::pair<int, int>> selection;
+        FieldProbe probe;
     };
 
-    void noteFocus(const AtspiAddress& element, std::optional<std::int32_t> process = {});
-    const Focus* lastFocus(std::int32_t process) const;
+    Task<> lookAround();
+    Task<> finish(Eventual<FieldReading> answer, FieldReading reading, Asked asked);
+    Task<std::optional<Seen>> look(std::vector<AtspiAddress> heard, QDeadlineTimer deadline);
+    static bool settled(const std::optional<Seen>& seen);
 
-    Task<> start();
-    Task<> learnProcess(QString service);
-    Task<> finish(Eventual<FieldReading> answer, FieldReading reading, std::int32_t process,
-        std::optional<AtspiAddress> element);
-    Task<std::optional<Probe>> probe(AtspiAddress element, QDeadlineTimer deadline);
-    Task<> describe(
-        FieldReading& reading, AtspiAddress element, Probe probe, QDeadlineTimer deadline);
+    EventClock& m_clock;
     ActiveWindow m_window;
     AtspiBus m_bus;
     FocusSearch m_search{ m_bus };
-    std::vector<Focus> m_focus; // one a program, the latest first
+    FieldReader m_reader{ m_bus };
+    FocusFollower m_follower;
     TaskScope m_tasks; // goes first: its tasks use all of the above
 };
 

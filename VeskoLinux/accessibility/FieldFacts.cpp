@@ -3,6 +3,8 @@
 #include <atspi/atspi-constants.h>
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 
 namespace vesko {
 
@@ -22,6 +24,48 @@ bool AtspiKind::focusedField() const
         return false;
     return is(ATSPI_STATE_EDITABLE) || role == ATSPI_ROLE_TEXT || role == ATSPI_ROLE_ENTRY
         || password() || terminal();
+}
+
+bool AtspiKind::frameOnly() const
+{
+    switch (role) {
+    case ATSPI_ROLE_CANVAS:
+    case ATSPI_ROLE_DRAWING_AREA:
+    case ATSPI_ROLE_FILLER:
+    case ATSPI_ROLE_FRAME:
+    case ATSPI_ROLE_PANEL:
+    case ATSPI_ROLE_UNKNOWN:
+    case ATSPI_ROLE_WINDOW:
+        return !is(ATSPI_STATE_EDITABLE);
+    default:
+        return false;
+    }
+}
+
+std::optional<std::size_t> strongestFocus(std::span<const std::optional<AtspiKind>> heard)
+{
+    constexpr std::array<bool (*)(const AtspiKind&), 3> ranks{
+        [](const AtspiKind& kind) { return kind.focusedField(); },
+        [](const AtspiKind& kind) {
+            return kind.is(ATSPI_STATE_FOCUSED) && kind.is(ATSPI_STATE_FOCUSABLE);
+        },
+        [](const AtspiKind& kind) { return kind.is(ATSPI_STATE_FOCUSABLE); },
+    };
+    for (const auto has : ranks) {
+        for (std::size_t index = heard.size(); index-- > 0;) {
+            if (heard[index] && !heard[index]->is(ATSPI_STATE_DEFUNCT) && has(*heard[index]))
+                return index;
+        }
+    }
+    return std::nullopt;
+}
+
+bool hidesLetters(const QString& line)
+{
+    // What toolkits show for a letter that they hide.
+    constexpr std::u16string_view masks = u"\u25CF\u2022\u2731\u273A*";
+    return !line.isEmpty() && masks.contains(line.front().unicode())
+        && std::ranges::all_of(line, [&](QChar each) { return each == line.front(); });
 }
 
 std::optional<std::string> fieldRole(const AtspiKind& kind, bool search)

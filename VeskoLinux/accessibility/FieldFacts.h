@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace vesko {
@@ -21,7 +22,18 @@ struct AtspiKind {
     bool terminal() const;
     // Whether this element, and none above it, has the keyboard.
     bool focusedField() const;
+    // Whether it is but the frame of what it holds: with the keyboard in it, its program draws what
+    // is inside by itself and tells nothing of that.
+    bool frameOnly() const;
 };
+
+// Which of several elements, in the order in which they told that they got the focus, has the
+// keyboard: the latest field that has it, else the latest that has it. Where none has, as while a
+// shortcut is held, the latest that can have it. Absent are those that don't answer.
+std::optional<std::size_t> strongestFocus(std::span<const std::optional<AtspiKind>> heard);
+
+// Whether this, all that a line of a field shows, stands for letters that are hidden.
+bool hidesLetters(const QString& line);
 
 // The role under the name by which the application knows it: one of the four kinds of writable
 // field, or nothing. A field that can only be read is none of them.

@@ -1,6 +1,7 @@
 #include "VeskoLinux/accessibility/FocusSearch.h"
 
 #include <QDBusArgument>
+#include <QDBusVariant>
 
 #include <atspi/atspi-constants.h>
 
@@ -19,15 +20,8 @@ void append(std::vector<AtspiAddress>& addresses, const QVariantList& reply)
 {
     const auto list = reply.first().value<QDBusArgument>();
     list.beginArray();
-    for (std::size_t count = 0; !list.atEnd() && count < childLimit; ++count) {
-        AtspiAddress one;
-        QDBusObjectPath path;
-        list.beginStructure();
-        list >> one.service >> path;
-        list.endStructure();
-        one.path = path.path();
-        addresses.push_back(std::move(one));
-    }
+    for (std::size_t count = 0; !list.atEnd() && count < childLimit; ++count)
+        addresses.push_back(atspi::address(list));
     list.endArray();
 }
 
@@ -42,7 +36,9 @@ bool worthEntering(const AtspiKind& kind)
     case ATSPI_ROLE_SCROLL_BAR:
         return false;
     default:
-        return kind.is(ATSPI_STATE_SHOWING) && !kind.is(ATSPI_STATE_MANAGES_DESCENDANTS);
+        // Some toolkits say of windows alone that they are showing.
+        return (kind.is(ATSPI_STATE_SHOWING) || kind.is(ATSPI_STATE_VISIBLE))
+            && (!kind.is(ATSPI_STATE_MANAGES_DESCENDANTS) || kind.is(ATSPI_STATE_EDITABLE));
     }
 }
 
@@ -53,14 +49,29 @@ bool active(const AtspiKind& kind)
 
 } // namespace
 
-Task<std::optional<AtspiAddress>> FocusSearch::find(std::int32_t process, QDeadlineTimer deadline)
+Task<FocusSearch::Found> FocusSearch::find(
+    std::int32_t process, QString title, QDeadlineTimer deadline)
 {
-    for (const AtspiAddress& program : co_await programsOf(process, deadline)) {
+    Found all;
+    for (const AtspiAddress& program : co_await programsOf(process, std::move(title), deadline)) {
         Level windows = co_await childrenOf({ program }, deadline);
         if (std::ranges::any_of(windows, active, &Node::kind))
             std::erase_if(windows, [](const Node& window) { return !active(window.kind); });
-        if (auto found = co_await findBelow(std::move(windows), deadline))
-            co_return found;
+        const Found found = co_await findBelow(std::move(windows), deadline);
+        all.elements = all.elements || found.elements;
+        all.element = found.element;
+        if (all.element)
+            break;
+    }
+    co_return all;
+}
+
+Task<std::optional<AtspiAddress>> FocusSearch::fieldIn(
+    AtspiAddress element, QDeadlineTimer deadline)
+{
+    for (const Node& child : co_await childrenOf({ std::move(element) }, deadline)) {
+        if (child.kind.focusedField())
+            co_return child.address;
     }
     co_return std::nullopt;
 }
@@ -72,26 +83,27 @@ Task<bool> FocusSearch::hasActiveWindow(QString service, QDeadlineTimer deadline
 }
 
 // One depth after the other, each as one volley of questions.
-Task<std::optional<AtspiAddress>> FocusSearch::findBelow(Level level, QDeadlineTimer deadline)
+Task<FocusSearch::Found> FocusSearch::findBelow(Level level, QDeadlineTimer deadline)
 {
-    std::optional<AtspiAddress> other; // has the focus, but is no field
+    Found found; // until a field is: what has the focus, but is none
     for (int depth = 0; depth < depthLimit && !level.empty() && !deadline.hasExpired(); ++depth) {
         std::vector<AtspiAddress> parents;
+        found.elements = found.elements || depth > 1;
         for (const Node& node : level) {
             if (node.kind.focusedField())
-                co_return node.address;
+                co_return Found{ node.address, true };
             if (depth > 0 && node.kind.is(ATSPI_STATE_FOCUSED))
-                other = node.address;
+                found.element = node.address;
             if (depth == 0 || worthEntering(node.kind))
                 parents.push_back(node.address);
         }
         level = co_await childrenOf(std::move(parents), deadline);
     }
-    co_return other;
+    co_return found;
 }
 
 Task<std::vector<AtspiAddress>> FocusSearch::programsOf(
-    std::int32_t process, QDeadlineTimer deadline)
+    std::int32_t process, QString title, QDeadlineTimer deadline)
 {
     const auto reply = co_await m_bus.call({ QStringLiteral("org.a11y.atspi.Registry"), rootPath },
         atspi::accessible, "GetChildren", "a(so)", deadline);
@@ -108,10 +120,32 @@ Task<std::vector<AtspiAddress>> FocusSearch::programsOf(
         if (answer && answer->first().toUInt() == std::uint32_t(process))
             found.push_back(programs[index]);
     }
+    if (!found.empty() || title.isEmpty())
+        co_return found;
+    for (const AtspiAddress& program : programs) {
+        if (co_await hasActiveWindowCalled(program, title, deadline))
+            found.push_back(program);
+    }
+    if (found.size() > 1)
+        found.clear(); // either could be meant
     co_return found;
 }
 
-Task<FocusSearch::Level> FocusSearch::childrenOf(
+Task<bool> FocusSearch::hasActiveWindowCalled(
+    AtspiAddress program, QString title, QDeadlineTimer deadline)
+{
+    for (const Node& window : co_await childrenOf({ std::move(program) }, deadline)) {
+        if (!active(window.kind))
+            continue;
+        const auto name
+            = co_await m_bus.property(window.address, atspi::accessible, "Name", deadline);
+        if (name && name->first().value<QDBusVariant>().variant().toString() == title)
+            co_return true;
+    }
+    co_return false;
+}
+
+Task<std::vector<AtspiAddress>> FocusSearch::addressesIn(
     std::vector<AtspiAddress> parents, QDeadlineTimer deadline)
 {
     std::vector<AtspiCall> listing;
@@ -124,21 +158,39 @@ Task<FocusSearch::Level> FocusSearch::childrenOf(
         if (reply && children.size() < levelLimit)
             append(children, *reply);
     }
-    std::vector<AtspiCall> states, roles;
-    states.reserve(children.size());
-    roles.reserve(children.size());
-    for (const AtspiAddress& child : children) {
-        states.push_back(m_bus.call(child, atspi::accessible, "GetState", "au", deadline));
-        roles.push_back(m_bus.call(child, atspi::accessible, "GetRole", "u", deadline));
-    }
+    co_return children;
+}
+
+Task<FocusSearch::Level> FocusSearch::childrenOf(
+    std::vector<AtspiAddress> parents, QDeadlineTimer deadline)
+{
+    const auto children = co_await addressesIn(std::move(parents), deadline);
+    const auto kinds = co_await kindsOf(children, deadline);
     Level level;
     for (std::size_t index = 0; index < children.size(); ++index) {
-        const auto state = co_await states[index];
-        const auto role = co_await roles[index];
-        if (state && role)
-            level.push_back({ children[index], atspi::kind(*state, *role) });
+        if (kinds[index])
+            level.push_back({ children[index], *kinds[index] });
     }
     co_return level;
+}
+
+Task<std::vector<std::optional<AtspiKind>>> FocusSearch::kindsOf(
+    std::vector<AtspiAddress> elements, QDeadlineTimer deadline)
+{
+    std::vector<AtspiCall> states, roles;
+    states.reserve(elements.size());
+    roles.reserve(elements.size());
+    for (const AtspiAddress& element : elements) {
+        states.push_back(m_bus.call(element, atspi::accessible, "GetState", "au", deadline));
+        roles.push_back(m_bus.call(element, atspi::accessible, "GetRole", "u", deadline));
+    }
+    std::vector<std::optional<AtspiKind>> kinds;
+    for (std::size_t index = 0; index < elements.size(); ++index) {
+        const auto state = co_await states[index];
+        const auto role = co_await roles[index];
+        kinds.push_back(state && role ? std::optional(atspi::kind(*state, *role)) : std::nullopt);
+    }
+    co_return kinds;
 }
 
 } // namespace vesko

@@ -20,7 +20,22 @@ public:
     {
     }
 
-    Task<std::optional<AtspiAddress>> find(std::int32_t process, QDeadlineTimer deadline);
+    struct Found {
+        std::optional<AtspiAddress> element; // what has the focus
+        bool elements = false; // whether the program tells of anything in its windows
+    };
+
+    // In the programs of that process; where the accessibility bus knows none of them (a sandbox
+    // may stand between), in the only one whose active window bears this title.
+    Task<Found> find(std::int32_t process, QString title, QDeadlineTimer deadline);
+    // The field below the element that has the focus.
+    Task<std::optional<AtspiAddress>> fieldIn(AtspiAddress element, QDeadlineTimer deadline);
+    // Their children, each parent's bounded in number.
+    Task<std::vector<AtspiAddress>> addressesIn(
+        std::vector<AtspiAddress> parents, QDeadlineTimer deadline);
+    // In the same order; absent of what doesn't answer.
+    Task<std::vector<std::optional<AtspiKind>>> kindsOf(
+        std::vector<AtspiAddress> elements, QDeadlineTimer deadline);
     // Whether one of the program's windows is active, as the program sees it.
     Task<bool> hasActiveWindow(QString service, QDeadlineTimer deadline);
 
@@ -31,8 +46,10 @@ private:
     };
     using Level = std::vector<Node>;
 
-    Task<std::optional<AtspiAddress>> findBelow(Level windows, QDeadlineTimer deadline);
-    Task<std::vector<AtspiAddress>> programsOf(std::int32_t process, QDeadlineTimer deadline);
+    Task<Found> findBelow(Level windows, QDeadlineTimer deadline);
+    Task<std::vector<AtspiAddress>> programsOf(
+        std::int32_t process, QString title, QDeadlineTimer deadline);
+    Task<bool> hasActiveWindowCalled(AtspiAddress program, QString title, QDeadlineTimer deadline);
     Task<Level> childrenOf(std::vector<AtspiAddress> parents, QDeadlineTimer deadline);
 
     AtspiBus& m_bus;

@@ -11,7 +11,7 @@ import unittest
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, hands, library  # noqa: E402
-from lib.programs import ChatPage, ChatWindow  # noqa: E402
+from lib.programs import ChatPage, ChatWindow, RichChatPage, RichFirefoxPage  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import Vesko, deployed, install_key  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
@@ -78,6 +78,12 @@ class Learning(unittest.TestCase):
 
     def test_a_correction_sent_in_a_chromium_page_acts_in_the_next_dictation(self):
         self.learns(ChatPage())
+
+    def test_a_correction_sent_in_a_rich_editor_of_chromium(self):
+        self.learns(RichChatPage())
+
+    def test_a_correction_sent_in_a_rich_editor_of_firefox(self):
+        self.learns(RichFirefoxPage())
 
     def test_what_was_corrected_and_not_sent_is_offered_in_the_dictionary(self):
         self.vesko.kill()

@@ -8,20 +8,14 @@ how fast anything is.
 
 import os
 import sys
-import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, clipboard, hands  # noqa: E402
-from lib.programs import Chromium, FeatherPad, Mousepad, PasswordPrompt, Terminal  # noqa: E402
-from lib.service import OpenRouter  # noqa: E402
-from lib.vesko import Vesko, deployed, install_key  # noqa: E402
+from lib import cases, hands  # noqa: E402
+from lib.dictation import HIDDEN, MOVED, NO_FIELD, NOT_SEEN, WORDS, Dictations  # noqa: E402
+from lib.programs import (Chromium, FeatherPad, Mousepad, PasswordPrompt,  # noqa: E402
+                          RefusingPage, Terminal)
 from lib.waiting import human_pause, until  # noqa: E402
-
-SENT = "Copied. Paste sent to the original field."
-MOVED = "Copied. You moved to another field, so Vesko did not paste. Paste it with Ctrl+V."
-NO_FIELD = "Copied. No text field was focused when you started. Paste it with Ctrl+V."
-WORDS = "Where this lands is what matters."
 
 
 def long_text():
@@ -38,58 +32,7 @@ def plain_ends(text):
     return text.replace("\r\n", "\n")
 
 
-class Targets(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        hands.load_layouts()
-        cls.service = OpenRouter()
-        cls.addClassCleanup(cls.service.stop)
-        binary = deployed(cls.service.url)
-        install_key("test-key", binary)
-        cls.vesko = Vesko(binary)
-        cls.addClassCleanup(cls.vesko.kill)
-        cls.vesko.wait_for("ready")
-
-    def setUp(self):
-        clipboard.write("what was copied before")
-        self.service.answer(WORDS)
-
-    def begin(self):
-        self.vesko.begin()
-        human_pause(0.3)  # somebody says something
-
-    def end(self, words=WORDS, message=SENT):
-        """Finishes the dictation; expects the clipboard and what the user reads."""
-        self.vesko.end()
-        self.delivered(words, message)
-
-    def end_and_hold(self):
-        """Finishes the dictation, and keeps its answer back until release()."""
-        self.service.hold()
-        self.vesko.end()
-        self.service.wait_for_request()
-
-    def delivered(self, words=WORDS, message=SENT):
-        self.vesko.wait_for_text(message)
-        self.vesko.wait_for("ready")
-        self.assertEqual(clipboard.read(), words)
-
-    def released(self, **expected):
-        self.service.release()
-        self.delivered(**expected)
-
-    def holds(self, program, text):
-        """The field of the program comes to hold exactly this."""
-        try:
-            until("", lambda: program.text == text, deadline=5)
-        except AssertionError:
-            self.assertEqual(program.text, text)
-
-    def stays(self, read, value):
-        """Nothing arrives, not even late: what would be sent stands before the message."""
-        human_pause(0.3)
-        self.assertEqual(read(), value)
-
+class Targets(Dictations):
     def into(self, program, before="", after=WORDS):
         with program:
             self.begin()
@@ -122,15 +65,35 @@ class Targets(unittest.TestCase):
     def test_never_into_a_gtk_password_field(self):
         with PasswordPrompt() as prompt:
             self.begin()
-            self.end(message=NO_FIELD)
+            self.end(message=HIDDEN)
             self.stays(lambda: len(prompt.text), 0)
             self.assertEqual(prompt.answer(), "")
 
     def test_never_into_a_chromium_password_field(self):
         with Chromium("secret") as page:
             self.begin()
-            self.end(message=NO_FIELD)
+            self.end(message=HIDDEN)
             self.stays(lambda: page.text, "")
+
+    def test_what_a_field_refuses_is_not_said_to_be_sent(self):
+        with RefusingPage() as page:
+            self.begin()
+            self.end(message=NOT_SEEN)
+            self.stays(lambda: page.text, "")
+
+    def test_never_into_another_program_that_alt_and_tab_lead_to(self):
+        with Mousepad() as editor, PasswordPrompt() as prompt:
+            editor.raise_window()
+            editor.focus("text")
+            self.begin()
+            self.end_and_hold()
+            hands.press("left alt")
+            hands.tap("tab")
+            self.service.release()
+            human_pause(0.2)
+            hands.release("left alt")
+            self.delivered(message=MOVED)
+            self.stays(lambda: (editor.text, len(prompt.text)), ("", 0))
 
     def test_not_after_the_focus_moved_to_another_field(self):
         with Chromium("line") as page:

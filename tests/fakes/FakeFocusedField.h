@@ -2,6 +2,7 @@
 
 #include "VeskoApp/platform/FocusedField.h"
 
+#include <algorithm>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -34,12 +35,25 @@ public:
         .trusted = true,
         .frontmost = editor,
         .element = std::make_shared<FakeFieldElement>(1),
+        .focused = true,
         .role = "AXTextArea",
         .subrole = std::nullopt,
         .selection = TextRange{ 5, 0 },
         .value = "Dear ",
     };
     std::vector<std::optional<std::int32_t>> reads; // the processes that were asked about
+
+    // A text comes in at the cursor, which is to stand between two ASCII letters.
+    void paste(const std::string& text)
+    {
+        if (!reading.value || !reading.selection)
+            return;
+        const auto at = static_cast<std::size_t>(reading.selection->location);
+        reading.value->replace(std::min(at, reading.value->size()),
+            static_cast<std::size_t>(reading.selection->length), text);
+        reading.selection
+            = TextRange{ reading.selection->location + static_cast<std::int64_t>(text.size()), 0 };
+    }
 
     std::function<void()> onRead; // called at the moment that settles what has the focus
 

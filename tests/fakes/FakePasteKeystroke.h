@@ -3,6 +3,8 @@
 #include "VeskoApp/platform/PasteKeystroke.h"
 #include "tests/fakes/Gate.h"
 
+#include <functional>
+
 namespace vesko {
 
 // Hands that count the pastes.
@@ -12,11 +14,15 @@ public:
     std::string obstacle = "event_failed"; // why nothing is sent when it doesn't work
     Gate keys; // closed: the user holds a key
     int sent = 0;
+    std::function<void()> onSent = [] { };
 
     Eventual<std::monostate> keysReleased() override { return keys.pass(); }
     Eventual<std::optional<std::string>> send(const FieldElement&) override
     {
-        sent += works ? 1 : 0;
+        if (works) {
+            ++sent;
+            onSent();
+        }
         return Eventual<std::optional<std::string>>::of(
             works ? std::nullopt : std::optional(obstacle));
     }

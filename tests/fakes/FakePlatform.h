@@ -27,6 +27,12 @@ namespace vesko {
 
 // A whole machine in memory, on which everything works until a test breaks it.
 struct FakePlatform {
+    // What is pasted lands in the editor.
+    FakePlatform()
+    {
+        pasteKeystroke.onSent = [this] { focusedField.paste(clipboard.text.value_or("")); };
+    }
+
     TestClock clock;
     FakeAudioRecorder recorder{ clock };
     FakeAudioPlayer player;

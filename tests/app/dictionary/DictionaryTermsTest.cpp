@@ -141,7 +141,7 @@ TEST_F(LearningTest, SwitchedOffNothingIsWatched)
     choose("learnCorrections", false);
     open();
     dictateAndEdit();
-    EXPECT_EQ(machine.focusedField.reads.size(), 2U); // at the trigger and at the paste
+    EXPECT_EQ(machine.focusedField.reads.size(), 3U); // at the trigger, before the paste, after it
 }
 
 TEST_F(LearningTest, WhatWasOnlyCopiedIsNotWatched)

@@ -1,6 +1,7 @@
 // The field is noted when the dictation starts, and looked at once more before the paste.
 
 #include "VeskoApp/insertion/FocusDestination.h"
+#include "VeskoApp/async/TaskScope.h"
 #include "tests/fakes/EventLoop.h"
 #include "tests/fakes/FakeFocusedField.h"
 #include "tests/fakes/FakePasteKeystroke.h"
@@ -41,7 +42,7 @@ protected:
     {
         return FocusDestination::from(fields.reading, clock.now());
     }
-    std::vector<std::string> paste(const FocusDestination& into)
+    std::vector<std::string> paste(FocusDestination& into)
     {
         return awaited(into.attemptPaste(fields, keystroke, clock));
     }
@@ -77,7 +78,7 @@ TEST_F(FocusDestinationTest, SkipsWhatCannotBeComeBackTo)
         { "no permission", [](auto& r) { r.trusted = false; },
             "capture_skipped reason=accessibility role=-" },
         { "nothing in front", [](auto& r) { r.frontmost.reset(); },
-            "capture_skipped reason=vesko_frontmost role=-" },
+            "capture_skipped reason=no_active_window role=-" },
         { "this program in front",
             [](auto& r) {
                 r.frontmost = static_cast<std::int32_t>(QCoreApplication::applicationPid());
@@ -85,6 +86,12 @@ TEST_F(FocusDestinationTest, SkipsWhatCannotBeComeBackTo)
             "capture_skipped reason=vesko_frontmost role=-" },
         { "no focus", [](auto& r) { r.element.reset(); },
             "capture_skipped reason=no_focused_element role=-" },
+        { "a program that tells nothing of its fields",
+            [](auto& r) {
+                r.element.reset();
+                r.elements = false;
+            },
+            "capture_skipped reason=no_elements role=-" },
         { "no cursor", [](auto& r) { r.selection.reset(); },
             "capture_skipped reason=no_cursor role=AXTextArea" },
         { "no text", [](auto& r) { r.value.reset(); },
@@ -128,7 +135,7 @@ TEST_F(FocusDestinationTest, IsTakenForRolesThatWillBeRefusedLater)
 
 TEST_F(FocusDestinationTest, PastesIntoTheUnchangedField)
 {
-    const auto field = capture();
+    auto field = capture();
     EXPECT_THAT(paste(*field), IsEmpty());
     EXPECT_EQ(keystroke.sent, 1);
     EXPECT_THAT(fields.reads, ElementsAre(FakeFocusedField::editor));
@@ -137,7 +144,7 @@ TEST_F(FocusDestinationTest, PastesIntoTheUnchangedField)
 
 TEST_F(FocusDestinationTest, NotesWhatChangedAndForbidsNothing)
 {
-    const auto field = capture();
+    auto field = capture();
     fields.reading.selection = TextRange{ 5, 1 };
     EXPECT_THAT(paste(*field), IsEmpty());
     EXPECT_EQ(lines.back(), "paste_sent role=AXTextArea notes=cursor_moved");
@@ -171,6 +178,9 @@ TEST_F(FocusDestinationTest, RefusesWithEveryReasonInItsOrder)
             "paste_refused reasons=accessibility role=AXTextArea" },
         { "nothing in front", [&] { fields.reading.frontmost.reset(); }, { "app_changed" },
             "paste_refused reasons=app_changed role=AXTextArea" },
+        { "a field that had the focus last, but has it no more",
+            [&] { fields.reading.focused = false; }, { "field_changed" },
+            "paste_refused reasons=field_changed role=AXTextArea" },
         { "no longer writable", [&] { fields.reading.role = "AXStaticText"; }, { "not_writable" },
             "paste_refused reasons=not_writable role=AXStaticText" },
         { "everything at once",
@@ -191,7 +201,7 @@ TEST_F(FocusDestinationTest, RefusesWithEveryReasonInItsOrder)
     for (const auto& [name, change, reasons, line] : cases) {
         SCOPED_TRACE(name);
         fields.reading = whole;
-        const auto field = capture();
+        auto field = capture();
         ASSERT_TRUE(field);
         change();
         EXPECT_EQ(paste(*field), reasons);
@@ -209,7 +219,7 @@ TEST_F(FocusDestinationTest, IsGoodForTwoMinutes)
     for (const auto& [elapsed, permitted] :
         std::vector<Case>{ { 0, true }, { 120, true }, { 120.001, false }, { -0.001, false } }) {
         SCOPED_TRACE(elapsed);
-        const auto field = capture();
+        auto field = capture();
         clock.changeDate(elapsed);
         EXPECT_EQ(paste(*field).empty(), permitted);
     }
@@ -217,7 +227,7 @@ TEST_F(FocusDestinationTest, IsGoodForTwoMinutes)
 
 TEST_F(FocusDestinationTest, SaysWhenTheKeyCouldNotBeSent)
 {
-    const auto field = capture();
+    auto field = capture();
     keystroke.works = false;
     EXPECT_THAT(paste(*field), ElementsAre("event_failed"));
     EXPECT_EQ(lines.back(), "paste_refused reasons=event_failed role=AXTextArea");
@@ -225,8 +235,72 @@ TEST_F(FocusDestinationTest, SaysWhenTheKeyCouldNotBeSent)
     EXPECT_THAT(paste(*field), ElementsAre("keyboard_grabbed"));
 }
 
+// After the keystroke into a field that held "Dear " the field is looked at again.
+class PasteProofTest : public FocusDestinationTest {
+protected:
+    PasteProofTest() { EXPECT_THAT(paste(field), IsEmpty()); }
+
+    // What the looks amount to; the field changes before the one of that number.
+    bool seems(int look, const std::function<void(FieldReading&)>& change)
+    {
+        const auto before = fields.reads.size();
+        fields.onRead = [this, look, before, change] {
+            if (static_cast<int>(fields.reads.size() - before) == look)
+                change(fields.reading);
+        };
+        std::optional<bool> answer;
+        TaskScope tasks;
+        tasks.spawn([](Task<bool> proof, std::optional<bool>& into) -> Task<> {
+            into = co_await std::move(proof);
+        }(field.seemsPasted(fields, clock, "how are you?"), answer));
+        for (int step = 0; step < 100 && !answer; ++step)
+            clock.turn(0.02);
+        EXPECT_TRUE(answer);
+        looks = static_cast<int>(fields.reads.size() - before);
+        return answer.value_or(false);
+    }
+
+    FocusDestination field = *capture();
+    int looks = 0;
+};
+
+TEST_F(PasteProofTest, SeesTheTextAsSoonAsItIsThere)
+{
+    EXPECT_TRUE(seems(3, [](auto& r) { r.value = "Dear How are you?"; }));
+    EXPECT_EQ(looks, 3);
+}
+
+TEST_F(PasteProofTest, SeesThatTheTextCameInPlaceOfTheSame)
+{
+    EXPECT_TRUE(seems(1, [](auto& r) {
+        r.value = "Dear, how are you?";
+        r.selection = TextRange{ 18, 0 };
+    }));
+}
+
+TEST_F(PasteProofTest, IsContradictedByAFieldWithoutTheText)
+{
+    EXPECT_FALSE(seems(1, [](auto&) { }));
+    EXPECT_EQ(lines.back(), "paste_not_seen role=AXTextArea");
+    EXPECT_FALSE(seems(1, [](auto& r) { r.value = "Dear John"; }));
+    EXPECT_EQ(keystroke.sent, 1) << "there is never a second keystroke";
+}
+
+TEST_F(PasteProofTest, IsNotContradictedByWhatCanNotBeRead)
+{
+    EXPECT_TRUE(seems(2, [](auto& r) { r.value.reset(); }));
+    fields.reading.value = "Dear ";
+    EXPECT_TRUE(seems(2, [](auto& r) { r.element = std::make_shared<FakeFieldElement>(2); }));
+    fields.reading.element = field.element;
+    EXPECT_TRUE(seems(2, [](auto& r) { r.value = std::string(32'769, 'x'); }));
+}
+
 TEST(PasteMessage, FollowsTheFirstReason)
 {
+    constexpr const char* noField
+        = "Copied. No text field was focused when you started. Paste it with Command V.";
+    constexpr const char* hidden
+        = "Copied. Vesko does not paste where letters are hidden, as in a password.";
     constexpr const char* neutral = "Copied. Paste it when you are ready.";
     constexpr const char* moved
         = "Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.";
@@ -237,8 +311,17 @@ TEST(PasteMessage, FollowsTheFirstReason)
             "Copied. Allow Accessibility for Vesko in System Settings to paste automatically." },
         { { "accessibility", "app_changed" },
             "Copied. Allow Accessibility for Vesko in System Settings to paste automatically." },
-        { { "no_field" },
-            "Copied. No text field was focused when you started. Paste it with Command V." },
+        { { "no_field" }, noField },
+        { { "no_active_window" },
+            "Copied. The desktop did not say which window you were in, so Vesko did not paste. "
+            "Paste it with Command V." },
+        { { "no_focused_element" }, noField },
+        { { "vesko_frontmost" },
+            "Copied. You started in Vesko itself, not in another program. Paste it with Command "
+            "V." },
+        { { "no_elements" },
+            "Copied. This program does not show its text fields to Vesko. Paste it with Command V "
+            "or the program's own shortcut." },
         { { "app_changed" }, moved },
         { { "field_changed", "too_late" }, moved },
         { { "not_writable" }, unsupported },
@@ -260,9 +343,13 @@ TEST(PasteMessage, FollowsTheFirstReason)
         { { "slow_keys" },
             "Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. "
             "Paste it with Command V." },
-        { { "secure_field", "too_late" }, neutral },
+        { { "secure_field", "too_late" }, hidden },
+        { { "event_failed" },
+            "Copied. The paste shortcut could not be sent. Paste it with Command V." },
+        { { "not_seen" },
+            "Copied. Paste was sent, but the field does not show the text. If it is missing, paste "
+            "it with Command V." },
         { { "paste_off" }, neutral },
-        { { "event_failed" }, neutral },
         { { "something new" }, neutral },
         { {}, neutral },
     };

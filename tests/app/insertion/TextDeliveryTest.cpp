@@ -19,6 +19,8 @@ constexpr const char* tooLate
     = "Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.";
 constexpr const char* accessibility
     = "Copied. Allow Accessibility for Vesko in System Settings to paste automatically.";
+constexpr const char* hidden
+    = "Copied. Vesko does not paste where letters are hidden, as in a password.";
 constexpr const char* neutral = "Copied. Paste it when you are ready.";
 
 using TextDeliveryTest = AppModelTest;
@@ -32,9 +34,9 @@ TEST_F(TextDeliveryTest, ADictationIsCopiedAndPastedIntoItsField)
     EXPECT_EQ(machine.pasteKeystroke.sent, 1);
     EXPECT_EQ(model->status().message(), pasted);
     EXPECT_EQ(model->status().errorMessage(), "");
-    // The field is asked for again, by its process, before the paste.
-    EXPECT_THAT(
-        machine.focusedField.reads, testing::ElementsAre(std::nullopt, FakeFocusedField::editor));
+    // The field is asked for again, by its process, before the paste and after it.
+    EXPECT_THAT(machine.focusedField.reads,
+        testing::ElementsAre(std::nullopt, FakeFocusedField::editor, FakeFocusedField::editor));
 }
 
 TEST_F(TextDeliveryTest, WhatForbidsThePasteIsSaid)
@@ -49,24 +51,36 @@ TEST_F(TextDeliveryTest, WhatForbidsThePasteIsSaid)
     constexpr Change nothing = [](FakePlatform&) { };
     const std::vector<Case> cases{
         { "accessibility was not allowed", [](auto& m) { m.focusedField.reading.trusted = false; },
-            nothing, noField },
+            nothing, accessibility },
         { "nothing was in front", [](auto& m) { m.focusedField.reading.frontmost.reset(); },
-            nothing, noField },
+            nothing,
+            "Copied. The desktop did not say which window you were in, so Vesko did not paste. "
+            "Paste it with Command V." },
         { "this program was in front",
             [](auto& m) {
                 m.focusedField.reading.frontmost
                     = static_cast<std::int32_t>(QCoreApplication::applicationPid());
             },
-            nothing, noField },
+            nothing,
+            "Copied. You started in Vesko itself, not in another program. Paste it with Command "
+            "V." },
+        { "a program that tells nothing of its fields",
+            [](auto& m) {
+                m.focusedField.reading.element.reset();
+                m.focusedField.reading.elements = false;
+            },
+            nothing,
+            "Copied. This program does not show its text fields to Vesko. Paste it with Command V "
+            "or the program's own shortcut." },
         { "nothing had the focus", [](auto& m) { m.focusedField.reading.element.reset(); }, nothing,
             noField },
         { "there was no cursor", [](auto& m) { m.focusedField.reading.selection.reset(); }, nothing,
-            noField },
+            unsupported },
         { "there was no text", [](auto& m) { m.focusedField.reading.value.reset(); }, nothing,
-            noField },
+            unsupported },
         { "it was a password",
             [](auto& m) { m.focusedField.reading.subrole = "AXSecureTextField"; }, nothing,
-            noField },
+            hidden },
         { "the field does not take text",
             [](auto& m) { m.focusedField.reading.role = "AXStaticText"; }, nothing, unsupported },
         { "the field's role is unknown", [](auto& m) { m.focusedField.reading.role.reset(); },
@@ -83,7 +97,9 @@ TEST_F(TextDeliveryTest, WhatForbidsThePasteIsSaid)
             },
             otherField },
         { "the field became a password", nothing,
-            [](auto& m) { m.focusedField.reading.subrole = "AXSecureTextField"; }, neutral },
+            [](auto& m) { m.focusedField.reading.subrole = "AXSecureTextField"; }, hidden },
+        { "a shortcut keeps the focus from it", nothing,
+            [](auto& m) { m.focusedField.reading.focused = false; }, otherField },
         { "nothing has the focus any more", nothing,
             [](auto& m) { m.focusedField.reading.element.reset(); }, otherField },
         { "the cursor is gone", nothing, [](auto& m) { m.focusedField.reading.selection.reset(); },
@@ -100,7 +116,7 @@ TEST_F(TextDeliveryTest, WhatForbidsThePasteIsSaid)
             tooLate },
         { "the date was set back", nothing, [](auto& m) { m.clock.changeDate(-0.5); }, tooLate },
         { "the key could not be sent", nothing, [](auto& m) { m.pasteKeystroke.works = false; },
-            neutral },
+            "Copied. The paste shortcut could not be sent. Paste it with Command V." },
     };
     open();
     const FieldReading whole = machine.focusedField.reading;
@@ -248,6 +264,32 @@ TEST_F(TextDeliveryTest, ASlowFieldIsOldFromTheTriggerOnNotFromItsAnswer)
     machine.focusedField.letGo();
     finish();
     EXPECT_EQ(model->status().message(), tooLate);
+}
+
+TEST_F(TextDeliveryTest, APasteThatTheFieldDoesNotShowIsNotClaimed)
+{
+    machine.pasteKeystroke.onSent = [] { }; // it went astray
+    open();
+    dictate();
+    finish();
+    EXPECT_EQ(model->status().message(), "Copied to clipboard"); // nobody knows yet
+    machine.clock.turn(0.25);
+    machine.clock.turn(0.3);
+    EXPECT_EQ(model->status().message(), pasteMessage({ "not_seen" }));
+    EXPECT_EQ(machine.pasteKeystroke.sent, 1);
+}
+
+TEST_F(TextDeliveryTest, WhatIsSaidOfANextDictationStands)
+{
+    machine.pasteKeystroke.onSent = [] { };
+    open();
+    dictate();
+    finish();
+    dictate();
+    const auto message = model->status().message();
+    machine.clock.turn(0.6);
+    EXPECT_EQ(model->status().message(), message);
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
 }
 
 } // namespace

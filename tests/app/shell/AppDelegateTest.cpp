@@ -273,8 +273,8 @@ TEST_F(AppDelegateTest, SleepAndTheSessionsEndWaitUntilARunningCaptureIsKept)
         EXPECT_TRUE(machine.session.waits);
         machine.recorder.finishing.open();
         ASSERT_TRUE(eventually([&] { return !machine.session.waits; }));
-        EXPECT_EQ(model->phase(), Phase::idle);
-        for (const Note& note : model->library().notes)
+        EXPECT_EQ(model->capture().phase(), Phase::idle);
+        for (const Note& note : model->library().contents().notes)
             EXPECT_EQ(note.recordings.back().status, RecordingStatus::recorded);
     }
     EXPECT_EQ(terminated, 0);
@@ -300,7 +300,7 @@ TEST_F(AppDelegateTest, ALockedSessionHearsNeitherShortcutNorGesture)
     machine.session.isLocked = true;
     machine.shortcut.press();
     machine.keys.pressGestureKey();
-    EXPECT_EQ(model->phase(), Phase::idle);
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
 }
 
 TEST_F(AppDelegateTest, ARefusedQuitCanBeAskedForAgain)

@@ -22,14 +22,17 @@ TIMEOUT = 3000  # milliseconds for one answer
 _bus = None
 
 
+def bus_address():
+    return Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
+        "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None, 0,
+        TIMEOUT).unpack()[0]
+
+
 def _connection():
     global _bus
     if _bus is None:
-        session = Gio.bus_get_sync(Gio.BusType.SESSION)
-        address = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress",
-                                    None, None, 0, TIMEOUT).unpack()[0]
         _bus = Gio.DBusConnection.new_for_address_sync(
-            address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            bus_address(), Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
             | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
     return _bus
 
@@ -103,8 +106,10 @@ class Node:
 
     @property
     def text(self):
-        # Qt Quick tells the ends of its paragraphs by a character of their own.
-        return self._ask("org.a11y.atspi.Text", "GetText", "(ii)", 0, -1)[0].replace("\u2029", "\n")
+        # GTK 4 knows no -1 for the end. Qt Quick tells the ends of its paragraphs by a character of
+        # their own.
+        return self._ask("org.a11y.atspi.Text", "GetText", "(ii)", 0,
+                         self._property("Text", "CharacterCount"))[0].replace("\u2029", "\n")
 
     def write(self, text):
         """Puts this in the place of the field's text."""

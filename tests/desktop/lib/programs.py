@@ -1,6 +1,7 @@
 """The programs of others that Vesko dictates into."""
 
 import os
+import signal
 import subprocess
 import tempfile
 
@@ -18,6 +19,7 @@ textarea { height: 160px }</style>
 <textarea aria-label="area"></textarea>
 <input aria-label="line"><input aria-label="other line">
 <input type="password" aria-label="secret">
+<div contenteditable aria-label="rich"><p><br></p></div>
 """
 
 CHAT = """<!doctype html><meta charset="utf-8"><title>Chat</title>
@@ -35,6 +37,30 @@ message.addEventListener("paste", () => {{
 </script>
 """
 
+RICH_CHAT = """<!doctype html><meta charset="utf-8"><title>Chat</title>
+<style>body { font: 18px sans-serif } div { border: 1px solid; min-height: 60px }</style>
+<div contenteditable aria-label="message"><p><br></p></div><input aria-label="other">
+<script>
+const message = document.querySelector("div");
+message.addEventListener("keydown", event => {
+    if (event.key === "Enter") { event.preventDefault(); message.innerHTML = "<p><br></p>"; }
+});
+</script>
+"""
+
+
+def _family(pid):
+    """The process and all that descend from it."""
+    found = [pid]
+    for process in found:
+        try:
+            for task in os.listdir(f"/proc/{process}/task"):
+                with open(f"/proc/{process}/task/{task}/children") as file:
+                    found += [int(child) for child in file.read().split()]
+        except OSError:
+            continue
+    return found
+
 
 class Program:
     """A running program and the field in it that has the focus."""
@@ -45,17 +71,23 @@ class Program:
         with log:
             self.process = subprocess.Popen(command, stderr=log, stdout=options.pop("stdout", log),
                                             **options)
-        self.app = until(f"{command[0]} is accessible",
-                         lambda: eyes.application(self.process.pid))
-        until(f"{command[0]} is the active window",
-              lambda: eyes.active_pid() == self.process.pid)
+        until(f"{command[0]} shows a window of its own", self._shown, deadline=40)
         self.field = None
+
+    def _shown(self):
+        """Some are started by a script, and the program is another process below it."""
+        if self.process.poll() is not None:
+            raise AssertionError(f"it ended with {self.process.returncode}")
+        self.pid = eyes.active_pid()
+        self.app = self.pid in _family(self.process.pid) and eyes.application(self.pid)
+        return self.app
 
     def focus(self, role, name=None):
         """Clicks into the field as a user does and makes it `field`."""
         field = until(f"a field of role {role} and name {name}",
                       lambda: self.app.find(role, name))
-        until("the field is laid out", lambda: field.bounds[2] > 0)
+        until("the field has the focus or is laid out",
+              lambda: "focused" in field.states or field.bounds[2] > 0)
         if "focused" not in field.states:
             hands.click(*field.centre)
         until(f"{field} has the focus", lambda: eyes.focused(self.app) == field)
@@ -67,10 +99,21 @@ class Program:
         return self.field.text
 
     def raise_window(self):
-        eyes.raise_window(self.process.pid)
+        eyes.raise_window(self.pid)
+
+    def return_to(self):
+        """Raises its window and clicks into the field again, if it isn't there."""
+        self.raise_window()
+        if "focused" not in self.field.states:
+            hands.click(*self.field.centre)
+        until(f"{self.field} has the focus", lambda: "focused" in self.field.states)
 
     def kill(self):
-        self.process.kill()
+        for pid in reversed(_family(self.process.pid)):
+            try:
+                os.kill(pid, signal.SIGKILL)
+            except ProcessLookupError:
+                pass
         self.process.wait()
 
     def __enter__(self):
@@ -93,6 +136,89 @@ class Mousepad(Program):
         self.focus("text")
 
 
+class GnomeTextEditor(Program):
+    def __init__(self, text=""):
+        # It opens again what it had open when it was killed.
+        super().__init__(["gnome-text-editor", "--standalone", _file("Letter.txt", text)],
+                         env={**os.environ, "XDG_DATA_HOME": tempfile.mkdtemp()})
+        self.focus("text box")
+
+
+class Gtk4Window(Program):
+    """A line, an entry whose letters are hidden, a row of libadwaita for a password, an area; Tab
+    leads from each to the next."""
+
+    def __init__(self):
+        super().__init__(["/usr/bin/python3", os.path.join(SERVICES, "gtk4_window.py")])
+        self.focus("text box", "line")
+
+    def tab_to(self, name):
+        """Goes on to the next field, which has that name."""
+        hands.tap("tab")
+        field = self.app.find("text box", name)
+        until(f"{field} has the focus", lambda: "focused" in field.states)
+        return field
+
+
+class Qt5Window(Program):
+    """A line, and below it a box that can be written in."""
+
+    def __init__(self):
+        super().__init__(["/usr/bin/python3", os.path.join(SERVICES, "qt5_window.py")])
+        self.focus("text", "line")
+
+
+class Kate(Program):
+    def __init__(self, text=""):
+        super().__init__(["kate", "--startanon", _file("Letter.txt", text)])
+        self.focus("text", "Letter.txt")
+
+
+class Writer(Program):
+    """A word processor: each paragraph is an element of its own."""
+
+    def __init__(self):
+        super().__init__(
+            ["soffice", "--norestore", "--nologo", "--nofirststartwizard", "--writer",
+             f"-env:UserInstallation=file://{tempfile.mkdtemp()}"],
+            env={**os.environ, "SAL_USE_VCLPLUGIN": "gtk3"})
+        self.focus("paragraph")
+        self.document = self.app.find("document text")
+
+    @property
+    def text(self):
+        return "\n".join(paragraph.text for paragraph in self.document.children)
+
+    def return_to(self):
+        self.raise_window()
+        until("a paragraph has the focus", lambda: eyes.focused(self.app))
+
+
+class SandboxedMousepad(Program):
+    """As a sandbox starts it: its processes are numbered apart, and a proxy stands between it and
+    the accessibility bus, which knows the proxy's number alone."""
+
+    def __init__(self):
+        socket = os.path.join(tempfile.mkdtemp(), "bus")
+        self.proxy = subprocess.Popen(["xdg-dbus-proxy", eyes.bus_address(), socket])
+        until("the proxy listens", lambda: os.path.exists(socket))
+        super().__init__(["unshare", "--pid", "--fork", "--mount-proc", "mousepad",
+                          "--disable-server", _file("Sandboxed.txt", "")],
+                         env={**os.environ, "AT_SPI_BUS_ADDRESS": "unix:path=" + socket})
+        self.focus("text")
+
+    def _shown(self):
+        active = eyes.active_window()
+        self.pid = active and "Sandboxed" in eyes.title(active) and eyes.active_pid()
+        self.app = self.pid and eyes.application(self.proxy.pid)
+        return self.app
+
+    def kill(self):
+        super().kill()
+        self.proxy.kill()
+        self.proxy.wait()
+
+
 class FeatherPad(Program):
     def __init__(self, text=""):
         super().__init__(["featherpad", "--standalone", _file("Letter.txt", text)])
@@ -106,6 +232,24 @@ class Chromium(Program):
         self.focus("password text" if field == "secret" else "entry", field)
 
 
+FIREFOX_SETTINGS = """user_pref("browser.aboutwelcome.enabled", false);
+user_pref("browser.shell.checkDefaultBrowser", false);
+user_pref("datareporting.policy.dataSubmissionEnabled", false);
+user_pref("app.update.auto", false);
+user_pref("network.captive-portal-service.enabled", false);
+"""
+
+
+class Firefox(Program):
+    def __init__(self, field="area", page=PAGE, role=None):
+        profile = tempfile.mkdtemp()
+        with open(os.path.join(profile, "user.js"), "w") as file:
+            file.write(FIREFOX_SETTINGS)
+        super().__init__(["firefox-esr", "--no-remote", "--profile", profile,
+                          "file://" + _file("fields.html", page)])
+        self.focus(role or ("password text" if field == "secret" else "entry"), field)
+
+
 class ChatPage(Program):
     """A page with a message in it: Return sends it, which empties the field. One that `alters`
     puts a mark before what is pasted."""
@@ -115,6 +259,41 @@ class ChatPage(Program):
         super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
                                      "--app=file://" + _file("chat.html", page)])
         self.focus("entry", "message")
+
+
+REFUSING = """<!doctype html><meta charset="utf-8"><title>Refusing</title>
+<textarea aria-label="area" onpaste="event.preventDefault()"></textarea>"""
+
+
+class RefusingPage(Program):
+    """A page with a field that takes no paste."""
+
+    def __init__(self):
+        super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
+                                     "--app=file://" + _file("refusing.html", REFUSING)])
+        self.focus("entry", "area")
+
+
+class RichChat:
+    """What both browsers show of such a page: a message made of paragraphs. Return sends it."""
+
+    @property
+    def text(self):
+        paragraphs = iter([node.text for node in self.field.children if node.role == "paragraph"])
+        return "".join(next(paragraphs, "") if character == "\ufffc" else character
+                       for character in self.field.text).strip()
+
+
+class RichChatPage(RichChat, Program):
+    def __init__(self):
+        super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
+                                     "--app=file://" + _file("chat.html", RICH_CHAT)])
+        self.focus("section", "message")
+
+
+class RichFirefoxPage(RichChat, Firefox):
+    def __init__(self):
+        super().__init__(page=RICH_CHAT, role="section", field="message")
 
 
 class ChatWindow(Program):
@@ -134,6 +313,43 @@ class Terminal(Program):
     def text(self):
         # What stands in one line for the user may be broken into lines of the terminal's width.
         return "".join(line.rstrip("\n") for line in self.field.text.splitlines()).strip()
+
+
+class Konsole(Program):
+    """A command in a terminal of another toolkit."""
+
+    def __init__(self, *command):
+        super().__init__(["konsole", "--nofork", "-e", *(command or ["cat"])])
+        self.focus("terminal")
+
+    @property
+    def text(self):
+        return "".join(line.rstrip() for line in self.field.text.splitlines()).strip()
+
+
+class Unseen:
+    """A program that tells nothing of itself, be it the number of its process."""
+
+    def __init__(self, *command):
+        before = eyes.active_window()
+        self.process = subprocess.Popen(command, stderr=subprocess.DEVNULL)
+        until(f"{command[0]} is the active window",
+              lambda: eyes.active_window() not in (None, before))
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+
+
+def tk_window():
+    return Unseen("/usr/bin/python3", os.path.join(SERVICES, "tk_window.py"))
+
+
+def xterm():
+    return Unseen("xterm", "-e", "cat")
 
 
 class PasswordPrompt(Program):

@@ -1,9 +1,15 @@
 #include "VeskoLinux/accessibility/AtspiFocusedField.h"
 
+#include "VeskoApp/async/QtClock.h"
 #include "VeskoLinux/accessibility/AtspiElement.h"
 #include "tests/linux/Desktop.h"
 
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusVariant>
 #include <QElapsedTimer>
+#include <QFile>
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -20,6 +26,44 @@ using namespace desktop;
 QString text(const char* utf8)
 {
     return QString::fromUtf8(utf8);
+}
+
+// A window of the desktop tests.
+QString service(const char* name)
+{
+    return text(SERVICES "/") + text(name);
+}
+
+void switchAccessibility(bool on)
+{
+    auto request = QDBusMessage::createMethodCall(text("org.a11y.Bus"), text("/org/a11y/bus"),
+        text("org.freedesktop.DBus.Properties"), text("Set"));
+    request << text("org.a11y.Status") << text("IsEnabled")
+            << QVariant::fromValue(QDBusVariant(on));
+    EXPECT_EQ(QDBusConnection::sessionBus().call(request).type(), QDBusMessage::ReplyMessage);
+}
+
+void endAccessibilityBus()
+{
+    auto* const session = QDBusConnection::sessionBus().interface();
+    const auto process = session->servicePid(text("org.a11y.Bus")).value();
+    ASSERT_GT(process, 0U);
+    ASSERT_EQ(kill(pid_t(process), SIGKILL), 0);
+    ASSERT_TRUE(
+        until([&] { return session->servicePid(text("org.a11y.Bus")).value() != process; }));
+}
+
+bool accessibilityBusStarts()
+{
+    const auto asked = QDBusMessage::createMethodCall(
+        text("org.a11y.Bus"), text("/org/a11y/bus"), text("org.a11y.Bus"), text("GetAddress"));
+    return QDBusConnection::sessionBus().call(asked).type() == QDBusMessage::ReplyMessage;
+}
+
+void reloadServices()
+{
+    QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(text("org.freedesktop.DBus"),
+        text("/org/freedesktop/DBus"), text("org.freedesktop.DBus"), text("ReloadConfig")));
 }
 
 class AtspiFocusedFieldTest : public testing::Test {
@@ -52,7 +96,8 @@ protected:
         return reading;
     }
 
-    AtspiFocusedField m_field;
+    QtClock m_clock;
+    AtspiFocusedField m_field{ m_clock };
     Hands m_hands;
 };
 
@@ -114,6 +159,57 @@ TEST_F(AtspiFocusedFieldTest, neverReadsAPassword)
     EXPECT_EQ(typed.subrole, "AXSecureTextField");
     EXPECT_EQ(typed.role, "AXTextField");
     EXPECT_EQ(typed.value, std::nullopt);
+}
+
+TEST_F(AtspiFocusedFieldTest, neverReadsLettersThatAreHidden)
+{
+    const Program program(text("/usr/bin/python3"), { service("gtk4_window.py") });
+    const auto line = fieldOf(program);
+    EXPECT_TRUE(line.focused);
+    m_hands.tap(m_hands.key("Tab"));
+    readUntil([&](const auto& reading) { return reading.selection && !same(line, reading); });
+    m_hands.tap(m_hands.key("s"));
+    const auto hidden = readUntil([&](const auto& reading) { return reading.subrole.has_value(); });
+    EXPECT_EQ(hidden.subrole, "AXSecureTextField");
+    EXPECT_EQ(hidden.value, std::nullopt);
+    m_hands.tap(m_hands.key("Tab")); // a field that tells nothing, not even that it has the focus
+    const auto nothing
+        = readUntil([&](const auto& reading) { return reading.trusted && !reading.element; });
+    EXPECT_TRUE(nothing.elements);
+    EXPECT_FALSE(nothing.focused);
+}
+
+TEST_F(AtspiFocusedFieldTest, aTerminalThatHidesWhatIsTypedIsAPassword)
+{
+    const Program program(text("xfce4-terminal"),
+        { text("--disable-server"), text("--execute"), text("sh"), text("-c"),
+            text("read line; stty -echo; read secret; stty echo; read line") });
+    const auto before = fieldOf(program);
+    EXPECT_EQ(before.subrole, std::nullopt);
+    m_hands.tap(m_hands.key("Return"));
+    const auto asks
+        = readUntil([](const auto& reading) { return reading.subrole == "AXSecureTextField"; });
+    EXPECT_EQ(asks.value, std::nullopt);
+    m_hands.tap(m_hands.key("Return"));
+    readUntil([](const auto& reading) { return reading.element && !reading.subrole; });
+}
+
+TEST_F(AtspiFocusedFieldTest, aProgramThatTellsNothingOfItsElementsIsToldApart)
+{
+    const Program silent(text("xmessage"), { text("nothing is told") });
+    const auto reading = readUntil([&](const auto& now) { return now.frontmost == silent.pid(); });
+    EXPECT_FALSE(reading.elements);
+    EXPECT_EQ(reading.element, nullptr);
+}
+
+TEST_F(AtspiFocusedFieldTest, findsAProgramWhoseProcessesAreNumberedApart)
+{
+    const Program apart(text("unshare"),
+        { text("--pid"), text("--fork"), text("--mount-proc"), text("mousepad"),
+            text("--disable-server"), fileWith(text("apart")) });
+    const auto reading = readUntil([](const auto& now) { return now.value == "apart"; });
+    EXPECT_NE(reading.frontmost, apart.pid()) << "the editor is the child";
+    EXPECT_TRUE(same(reading, read(reading.frontmost)));
 }
 
 TEST_F(AtspiFocusedFieldTest, tellsFieldsOfOneWindowApart)
@@ -203,10 +299,11 @@ TEST_F(AtspiFocusedFieldTest, aHeldShortcutDoesNotTakeTheFieldAway)
     const auto super = m_hands.key("Super_L");
     const auto shift = m_hands.key("Shift_L");
     const Grab grab(space, desktop::shift | desktop::super);
-    for (const char* editor : { "mousepad", "featherpad" }) {
+    for (const char* editor : { "mousepad", "featherpad", "gnome-text-editor" }) {
         SCOPED_TRACE(editor);
         const Program program(text(editor), {});
         const auto before = fieldOf(program);
+        EXPECT_TRUE(before.focused);
         for (const Key key : { super, shift, space })
             m_hands.down(key);
         // The editor learns of the grab in its own time; the answer must not depend on it.
@@ -241,11 +338,11 @@ TEST_F(AtspiFocusedFieldTest, anotherWindowIsFrontmostAndTheFirstKeepsItsField)
 
 TEST_F(AtspiFocusedFieldTest, findsAFieldThatHadTheFocusBeforeAnyoneListened)
 {
-    for (const char* editor : { "mousepad", "featherpad" }) {
+    for (const char* editor : { "mousepad", "featherpad", "gnome-text-editor" }) {
         SCOPED_TRACE(editor);
         const Program program(text(editor), {});
         const auto followed = fieldOf(program);
-        AtspiFocusedField later;
+        AtspiFocusedField later(m_clock);
         FieldReading found;
         EXPECT_TRUE(until([&] { return (found = valueOf(later.read({}))).trusted; }));
         EXPECT_TRUE(same(followed, found));
@@ -280,6 +377,46 @@ TEST_F(AtspiFocusedFieldTest, aHungProgramGivesNoFactsAndHoldsNobodyUp)
     EXPECT_EQ(reading.value, std::nullopt);
     ASSERT_EQ(kill(hung.pid(), SIGCONT), 0);
     EXPECT_TRUE(same(field, fieldOf(hung)));
+}
+
+TEST_F(AtspiFocusedFieldTest, isNotTrustedWhileAccessibilityIsOff)
+{
+    const Program program(text("mousepad"), {});
+    const auto before = fieldOf(program);
+    switchAccessibility(false);
+    readUntil([](const auto& reading) { return !reading.trusted && !reading.element; });
+    switchAccessibility(true);
+    EXPECT_TRUE(same(before, readUntil([](const auto& reading) { return reading.trusted; })));
+}
+
+TEST_F(AtspiFocusedFieldTest, findsTheBusAgainThatEnded)
+{
+    endAccessibilityBus();
+    readUntil([](const auto& reading) { return !reading.trusted; });
+    readUntil([](const auto& reading) { return reading.trusted; });
+    const Program program(text("mousepad"), {});
+    fieldOf(program);
+}
+
+TEST_F(AtspiFocusedFieldTest, findsABusThatComesLate)
+{
+    const QString file
+        = qEnvironmentVariable("SESSION_DIR") + text("/services/org.a11y.Bus.service");
+    ASSERT_TRUE(QFile::rename(file, file + text(".later")));
+    reloadServices();
+    endAccessibilityBus();
+    AtspiFocusedField early(m_clock);
+    EXPECT_FALSE(valueOf(early.read({})).trusted);
+    // Nobody can start it: what was asked at the beginning has failed by now.
+    EXPECT_FALSE(accessibilityBusStarts());
+    EXPECT_FALSE(valueOf(early.read({})).trusted);
+    ASSERT_TRUE(QFile::rename(file + text(".later"), file));
+    reloadServices();
+    EXPECT_TRUE(accessibilityBusStarts());
+    EXPECT_TRUE(until([&] { return valueOf(early.read({})).trusted; }));
+    const Program program(text("mousepad"), {});
+    fieldOf(program);
+    EXPECT_TRUE(until([&] { return valueOf(early.read({})).selection.has_value(); }));
 }
 
 TEST_F(AtspiFocusedFieldTest, takesLittleTime)

@@ -3,6 +3,8 @@
 #include <atspi/atspi-constants.h>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace vesko {
 namespace {
 
@@ -91,6 +93,60 @@ TEST(FieldFacts, longTextEndsOneUnitBehindTheLimitOfWatchedTexts)
     const auto value = QString::fromStdString(FieldText(faces, 32'769).value());
     EXPECT_EQ(value.size(), 32'770) << "no half character";
     EXPECT_TRUE(value.endsWith(QStringLiteral(u"😀")));
+}
+
+TEST(FieldFacts, weighsWhatToldThatItGotTheFocus)
+{
+    const auto can = states({ ATSPI_STATE_FOCUSABLE });
+    const auto has = can | states({ ATSPI_STATE_FOCUSED });
+    const auto writable = states({ ATSPI_STATE_EDITABLE });
+    const AtspiKind field{ ATSPI_ROLE_TEXT, has | writable };
+    const AtspiKind left{ ATSPI_ROLE_TEXT, can | writable };
+    const AtspiKind button{ ATSPI_ROLE_PUSH_BUTTON, has };
+    const AtspiKind buttonLeft{ ATSPI_ROLE_PUSH_BUTTON, can };
+    const AtspiKind row{ ATSPI_ROLE_TABLE_CELL, has };
+    const AtspiKind frame{ ATSPI_ROLE_ROOT_PANE, 0 };
+    const AtspiKind gone{ ATSPI_ROLE_TEXT, has | writable | states({ ATSPI_STATE_DEFUNCT }) };
+    struct Case {
+        const char* name;
+        std::vector<std::optional<AtspiKind>> heard;
+        std::optional<std::size_t> counts;
+    };
+    const Case cases[] = {
+        { "nothing", {}, {} },
+        { "the field", { field }, 0 },
+        { "of two fields the latest", { field, field }, 1 },
+        { "a field that lost it to a button", { left, button }, 1 },
+        { "a row that follows the text", { field, row }, 0 },
+        { "the frame around the document", { field, frame }, 0 },
+        { "the frame alone", { frame }, {} },
+        { "one that is gone", { field, gone }, 0 },
+        { "one that doesn't answer", { field, std::nullopt }, 0 },
+        { "while a shortcut is held, the latest", { left, buttonLeft }, 1 },
+        { "while a shortcut is held, not the frame", { left, frame }, 0 },
+    };
+    for (const auto& [name, heard, counts] : cases) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(strongestFocus(heard), counts);
+    }
+}
+
+TEST(FieldFacts, knowsAFrameWithoutWhatIsInside)
+{
+    const auto editable = states({ ATSPI_STATE_EDITABLE });
+    EXPECT_TRUE((AtspiKind{ ATSPI_ROLE_PANEL, 0 }.frameOnly()));
+    EXPECT_TRUE((AtspiKind{ ATSPI_ROLE_FILLER, 0 }.frameOnly()));
+    EXPECT_FALSE((AtspiKind{ ATSPI_ROLE_PANEL, editable }.frameOnly())) << "a page may write in it";
+    EXPECT_FALSE((AtspiKind{ ATSPI_ROLE_PUSH_BUTTON, 0 }.frameOnly()));
+    EXPECT_FALSE((AtspiKind{ ATSPI_ROLE_TEXT, editable }.frameOnly()));
+}
+
+TEST(FieldFacts, knowsLettersThatAreHidden)
+{
+    for (const char* hidden : { "●", "●●●", "••", "****" })
+        EXPECT_TRUE(hidesLetters(QString::fromUtf8(hidden))) << hidden;
+    for (const char* shown : { "", "a", "aaa", "● one", "•*", "1000" })
+        EXPECT_FALSE(hidesLetters(QString::fromUtf8(shown))) << shown;
 }
 
 } // namespace
