@@ -18,6 +18,7 @@
 #include "VeskoLinux/desktop/PortalAppearance.h"
 #include "VeskoLinux/desktop/PortalFileChooser.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
+#include "VeskoLinux/desktop/QtClipboardKeeper.h"
 #include "VeskoLinux/desktop/TerminationSignals.h"
 #include "VeskoLinux/desktop/TrayStatusItem.h"
 #include "VeskoLinux/desktop/X11Desktop.h"
@@ -59,7 +60,7 @@ namespace vesko {
 
 namespace {
 
-enum class Start { application, background, keyInstaller, refused };
+enum class Start { application, background, keyInstaller, clipboardKeeper, refused };
 
 // Whether it begins with a scheme, as an address does that was opened with this program.
 bool isAddress(std::string_view argument)
@@ -77,6 +78,8 @@ Start readArguments(std::span<char*> arguments, std::vector<std::string>& addres
     for (const std::string_view argument : arguments.subspan(1)) {
         if (argument == "--install-openrouter-key") {
             start = Start::keyInstaller;
+        } else if (argument == keepClipboardArgument) {
+            start = Start::clipboardKeeper;
         } else if (isAddress(argument)) {
             addresses.emplace_back(argument);
         } else if (argument == "--background") {
@@ -200,6 +203,7 @@ int runApplication(
         AppDelegate::Demo::from(std::getenv("VESKO_DATA_ROOT"), std::getenv("VESKO_DEMO_SCENE"),
             std::getenv("VESKO_DEMO_APPEARANCE")));
     const int code = QGuiApplication::exec();
+    leaveClipboardBehind();
     endSoon(code);
     return code;
 }
@@ -220,6 +224,8 @@ int main(int argc, char** argv)
             return runApplication(argc, argv, start == Start::background, addresses);
         case Start::keyInstaller:
             return installKeyFromEnvironment();
+        case Start::clipboardKeeper:
+            return keepClipboard(argc, argv);
         case Start::refused:
             return 2;
         }

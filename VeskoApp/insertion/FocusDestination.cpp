@@ -19,6 +19,7 @@ namespace {
 Q_LOGGING_CATEGORY(insertionLog, "app.vesko.insertion")
 
 constexpr std::size_t longestWatched = 32'768; // UTF-16 units
+constexpr std::string_view objectCharacter = "\uFFFC"; // for something that could not be read
 constexpr double proofTime = 0.5; // seconds
 constexpr double proofInterval = 0.02; // seconds
 constexpr std::string_view secureSubrole = "AXSecureTextField";
@@ -100,7 +101,7 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
     co_await keystroke.keysReleased();
     const FieldReading reading = co_await fields.read(pid);
     if (!reading.element)
-        co_return refused({ "field_changed" });
+        co_return refused({ reading.trusted ? "field_changed" : "accessibility" });
     if (!reading.selection)
         co_return refused({ "no_cursor" });
 
@@ -150,7 +151,8 @@ Task<bool> FocusDestination::seemsPasted(
 bool FocusDestination::tells(const FieldReading& now) const
 {
     return beforePaste && beforePaste->value && now.element && now.element->equals(*element)
-        && now.value && utf16Length(*now.value) <= longestWatched;
+        && now.value && utf16Length(*now.value) <= longestWatched
+        && !now.value->contains(objectCharacter);
 }
 
 Task<std::optional<std::string>> FocusDestination::currentValueIfFocused(FocusedField& fields) const

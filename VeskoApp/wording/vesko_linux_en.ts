@@ -136,10 +136,6 @@
         <translation>Your desktop does not show the Vesko icon. Make room for it in the panel, or right-click the floating button for the same menu.</translation>
     </message>
     <message>
-        <source>Pastes into the field you started in.</source>
-        <translation>Pastes into the field you started in. Vesko switches it on for all programs, and it stays on.</translation>
-    </message>
-    <message>
         <source>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Input Monitoring observes Fn and a Return send signal; keystrokes are not saved.</source>
         <translation>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment; Vesko switches it on when it starts, and it stays on. Vesko watches the keyboard for its own key and a Return send signal; keystrokes are not saved.</translation>
     </message>

@@ -1381,7 +1381,7 @@
     </message>
     <message>
         <source>Pastes into the field you started in.</source>
-        <translation>Вставка в поле, с которого вы начали. Vesko включает их для всех программ, и они остаются включёнными.</translation>
+        <translation>Вставка в поле, с которого вы начали.</translation>
     </message>
     <message>
         <source>Input Monitoring</source>

@@ -93,6 +93,8 @@ Task<> AtspiFocusedField::finish(Eventual<FieldReading> answer, FieldReading rea
         co_await sleepFor(m_clock, looks[count]);
         if (auto next = co_await look(m_follower.heard(asked.process), deadline))
             seen = std::move(next);
+        if (asked.again)
+            reading.frontmost = m_window.process();
     }
     if (seen && seen->probe.kind.frameOnly() && !seen->probe.complete()) {
         seen.reset();

@@ -39,8 +39,6 @@ Task<std::optional<FieldProbe>> FieldReader::probe(AtspiAddress element, QDeadli
     auto caret = m_bus.property(element, atspi::text, "CaretOffset", deadline);
     auto selections = m_bus.call(element, atspi::text, "GetNSelections", "i", deadline);
     auto selection = m_bus.call(element, atspi::text, "GetSelection", "ii", deadline, { 0 });
-    auto first = m_bus.call(element, atspi::text, "GetStringAtOffset", "sii", deadline,
-        { 0, uint(ATSPI_TEXT_GRANULARITY_CHAR) });
 
     const auto bits = co_await states;
     const auto number = co_await role;
@@ -58,8 +56,6 @@ Task<std::optional<FieldProbe>> FieldReader::probe(AtspiAddress element, QDeadli
     const auto range = co_await selection;
     if (count && count->first().toInt() > 0 && range)
         probe.selection.emplace(range->at(0).toInt(), range->at(1).toInt());
-    if (const auto shown = co_await first)
-        probe.firstCharacter = shown->first().toString();
     co_return probe;
 }
 
@@ -124,7 +120,7 @@ Task<bool> FieldReader::hidden(
         co_return true;
     if (probe.kind.terminal())
         co_return terminalHidesWhatIsTyped(process);
-    if (probe.kind.is(ATSPI_STATE_MULTI_LINE) || !hidesLetters(probe.firstCharacter))
+    if (probe.kind.is(ATSPI_STATE_MULTI_LINE) || probe.length.value_or(0) == 0)
         co_return false;
     // Some toolkits give a hidden text to who asks for the text, and only here what is shown.
     const auto line = co_await m_bus.call(element, atspi::text, "GetStringAtOffset", "sii",

@@ -18,7 +18,6 @@ struct FieldProbe {
     bool search = false;
     std::optional<std::int64_t> length, caret;
     std::optional<std::pair<int, int>> selection;
-    QString firstCharacter; // as it is shown
 
     bool focused() const;
     // Whether the program has told all that a field has.

@@ -23,8 +23,13 @@ const auto properties = QStringLiteral("org.freedesktop.DBus.Properties");
 } // namespace
 
 LinuxPermissions::LinuxPermissions()
+    : m_watcher(a11yService, QDBusConnection::sessionBus())
 {
     m_home->owner = this;
+    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+        &LinuxPermissions::lookForAccessibility);
+    QDBusConnection::sessionBus().connect(a11yService, a11yPath, properties,
+        QStringLiteral("PropertiesChanged"), this, SLOT(lookForAccessibility()));
 }
 
 LinuxPermissions::~LinuxPermissions()
@@ -71,6 +76,7 @@ void LinuxPermissions::lookForAccessibility()
     auto question
         = QDBusMessage::createMethodCall(a11yService, a11yPath, properties, QStringLiteral("Get"));
     question << a11yStatus << QStringLiteral("IsEnabled");
+    question.setAutoStartService(false); // to look is not to start it
     auto* const answer
         = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {

@@ -4,6 +4,7 @@
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/platform/Permissions.h"
 
+#include <QDBusServiceWatcher>
 #include <QObject>
 
 #include <memory>
@@ -11,9 +12,11 @@
 
 namespace vesko {
 
-// Asks the sound server and the accessibility bus. A sound server that hangs keeps a thread of its
-// own waiting, and nobody else.
+// Asks the sound server and the accessibility bus, and the latter again whenever it tells of a
+// change, comes or goes. A sound server that hangs keeps a thread of its own waiting, and nobody
+// else.
 class LinuxPermissions final : public QObject, public Permissions {
+    Q_OBJECT
 public:
     LinuxPermissions();
     ~LinuxPermissions() override;
@@ -32,12 +35,13 @@ private:
     };
     Eventual<bool> ask(bool (*question)());
     Task<> lookForMicrophone();
-    void lookForAccessibility();
+    Q_SLOT void lookForAccessibility();
 
     std::shared_ptr<Home> m_home = std::make_shared<Home>();
     bool m_looking = false;
     bool m_microphone = false;
     bool m_accessibility = false;
+    QDBusServiceWatcher m_watcher; // of who gives out the accessibility bus
     TaskScope m_tasks;
 };
 

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """The same few cells in a program of each kind: what docs/targets.md has in its table. Programs of
-GTK 3, Qt 6 and Chromium are in test_targets.py.
+GTK 3 and Qt 5 are in test_targets.py too.
 """
 
 import os
@@ -11,8 +11,8 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from lib import cases, eyes, hands  # noqa: E402
 from lib.dictation import (HIDDEN, MOVED, NO_ELEMENTS, NO_FIELD, WORDS, Cells,  # noqa: E402
                            Dictations)
-from lib.programs import (Firefox, GnomeTextEditor, Gtk4Window, Kate,  # noqa: E402
-                          Konsole, Qt5Window, SandboxedMousepad,
+from lib.programs import (Chromium, Firefox, GnomeTextEditor, Gtk4Window,  # noqa: E402
+                          Kate, Konsole, Qt5Window, SandboxedMousepad,
                           Writer, tk_window, xterm)
 from lib.waiting import human_pause, until  # noqa: E402
 
@@ -120,13 +120,17 @@ class FirefoxLine(Cells, Dictations):
             self.stays(lambda: page.text, "")
 
 
-class OtherTerminal(Dictations):
-    def test_into_a_terminal(self):
-        with Konsole() as terminal:
-            self.begin()
-            self.end()
-            self.holds(terminal, WORDS)
+class ChromiumLine(Cells, Dictations):
+    @staticmethod
+    def make_program():
+        return Chromium("line")
 
+
+class OtherTerminal(Cells, Dictations):
+    make_program = Konsole
+
+
+class TerminalPrompts(Dictations):
     def test_never_where_a_password_is_asked_for(self):
         with Konsole("bash", "-c", "read -rsp Password: secret; echo; echo \"got ${#secret}\"; cat"
                      ) as terminal:

@@ -166,8 +166,14 @@ TEST_F(FocusDestinationTest, RefusesWithEveryReasonInItsOrder)
         const char* line;
     };
     const std::vector<Case> cases{
-        { "no element, whatever else", [&] { fields.reading = FieldReading{}; },
+        { "no element, whatever else",
+            [&] {
+                fields.reading = FieldReading{};
+                fields.reading.trusted = true;
+            },
             { "field_changed" }, "paste_refused reasons=field_changed role=-" },
+        { "neither permission nor element", [&] { fields.reading = FieldReading{}; },
+            { "accessibility" }, "paste_refused reasons=accessibility role=-" },
         { "no cursor, whatever else",
             [&] {
                 fields.reading.selection.reset();
@@ -293,6 +299,7 @@ TEST_F(PasteProofTest, IsNotContradictedByWhatCanNotBeRead)
     EXPECT_TRUE(seems(2, [](auto& r) { r.element = std::make_shared<FakeFieldElement>(2); }));
     fields.reading.element = field.element;
     EXPECT_TRUE(seems(2, [](auto& r) { r.value = std::string(32'769, 'x'); }));
+    EXPECT_TRUE(seems(2, [](auto& r) { r.value = "Dear \uFFFC"; }));
 }
 
 TEST(PasteMessage, FollowsTheFirstReason)
