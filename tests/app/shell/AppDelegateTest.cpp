@@ -263,7 +263,7 @@ TEST_F(AppDelegateTest, QuittingKeepsARunningCapture)
 TEST_F(AppDelegateTest, SleepAndTheSessionsEndWaitUntilARunningCaptureIsKept)
 {
     open();
-    for (void (FakeSessionState::*const begin)() :
+    for (void (FakeSessionState::* const begin)() :
         { &FakeSessionState::sleep, &FakeSessionState::end }) {
         dictate();
         machine.clock.turn(2);
