@@ -58,6 +58,7 @@ Logind::Logind()
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString&, const QString&, const QString& owner) {
             m_delay.reset();
+            m_locked = false;
             if (!owner.isEmpty())
                 meet();
         });
@@ -119,13 +120,10 @@ void Logind::delay()
 
 void Logind::prepareForSleep(bool begins)
 {
-    if (begins) {
+    if (begins)
         announce(onSleep);
-        return;
-    }
-    delay();
-    if (onWake)
-        onWake();
+    else
+        delay();
 }
 
 void Logind::prepareForShutdown(bool begins)
