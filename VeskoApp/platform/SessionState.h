@@ -18,8 +18,6 @@ public:
 
     // The machine is about to sleep. The desktop waits for `done`, for five seconds at most.
     std::function<void(Done done)> onSleep;
-    // It has woken up.
-    std::function<void()> onWake;
     // The session is about to end, and this program with it. The desktop waits as above. It may
     // still think better of it.
     std::function<void(Done done)> onEnd;

@@ -99,8 +99,8 @@ private:
     void observeAccess();
     void applyAppearance(std::optional<bool> dark);
     void observeActivation();
-    // Tells whether nothing would be lost by an end, as soon as a running capture and what was typed
-    // are safe.
+    // Tells whether nothing would be lost by an end, as soon as a running capture and what was
+    // typed are safe.
     void whenSafe(std::function<void(bool)> then);
     Task<> keepAll();
     bool canStart() const;

@@ -1276,6 +1276,10 @@
         <translation>Скопировано. В настройках рабочего стола включены медленные клавиши, поэтому Vesko не может вставить текст. Вставьте его клавишами Ctrl+V.</translation>
     </message>
     <message>
+        <source>A running dictation is being saved</source>
+        <translation>Сохраняется начатая диктовка</translation>
+    </message>
+    <message>
         <source>Copied. Paste it when you are ready.</source>
         <translation>Скопировано. Вставьте текст, когда будете готовы.</translation>
     </message>

@@ -107,7 +107,8 @@ Task<> GstRecorder::start(std::filesystem::path file)
 
 void GstRecorder::lookForSound()
 {
-    const bool comes = std::exchange(m_lastSound, currentTime()) != currentTime();
+    const double now = currentTime();
+    const bool comes = std::exchange(m_lastSound, now) != now;
     const bool wasStalled = m_silentLooks >= stalledLooks;
     m_silentLooks = comes ? 0 : m_silentLooks + 1;
     if (const bool stalled = m_silentLooks >= stalledLooks; stalled != wasStalled && onStalled)

@@ -31,10 +31,6 @@ DesktopSession::DesktopSession()
         else
             done();
     };
-    m_logind.onWake = [this] {
-        if (onWake)
-            onWake();
-    };
     // Now, not from the event loop: the session manager takes the return for the answer.
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &DesktopSession::end,
         Qt::DirectConnection);

@@ -1,5 +1,8 @@
 #include "VeskoLinux/desktop/Logind.h"
 
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -55,6 +58,7 @@ Logind::Logind()
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString&, const QString&, const QString& owner) {
             m_delay.reset();
+            m_locked = false;
             if (!owner.isEmpty())
                 meet();
         });
@@ -107,7 +111,8 @@ void Logind::delay()
 {
     auto call = question(managerPath, manager, QStringLiteral("Inhibit"));
     call << QStringLiteral("sleep:shutdown") << QStringLiteral("Vesko")
-         << QStringLiteral("A dictation is being saved") << QStringLiteral("delay");
+         << translated(L10N_KEY("Vesko", "A running dictation is being saved"))
+         << QStringLiteral("delay");
     ask<QDBusUnixFileDescriptor>(this, call, [this](const QDBusUnixFileDescriptor& held) {
         m_delay = std::make_shared<QDBusUnixFileDescriptor>(held);
     });
@@ -115,13 +120,10 @@ void Logind::delay()
 
 void Logind::prepareForSleep(bool begins)
 {
-    if (begins) {
+    if (begins)
         announce(onSleep);
-        return;
-    }
-    delay();
-    if (onWake)
-        onWake();
+    else
+        delay();
 }
 
 void Logind::prepareForShutdown(bool begins)

@@ -26,7 +26,6 @@ public:
     using Done = std::function<void()>;
     std::function<void(Done done)> onSleep;
     std::function<void(Done done)> onShutdown;
-    std::function<void()> onWake;
 
 private Q_SLOTS:
     void prepareForSleep(bool begins);

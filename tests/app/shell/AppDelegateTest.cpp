@@ -263,7 +263,7 @@ TEST_F(AppDelegateTest, QuittingKeepsARunningCapture)
 TEST_F(AppDelegateTest, SleepAndTheSessionsEndWaitUntilARunningCaptureIsKept)
 {
     open();
-    for (void (FakeSessionState::*const begin)() :
+    for (void (FakeSessionState::* const begin)() :
         { &FakeSessionState::sleep, &FakeSessionState::end }) {
         dictate();
         machine.clock.turn(2);
@@ -274,10 +274,14 @@ TEST_F(AppDelegateTest, SleepAndTheSessionsEndWaitUntilARunningCaptureIsKept)
         machine.recorder.finishing.open();
         ASSERT_TRUE(eventually([&] { return !machine.session.waits; }));
         EXPECT_EQ(model->capture().phase(), Phase::idle);
-        for (const Note& note : model->library().contents().notes)
-            EXPECT_EQ(note.recordings.back().status, RecordingStatus::recorded);
     }
     EXPECT_EQ(terminated, 0);
+    delegate.reset();
+    model.reset();
+    const LibraryStore store(root(), machine.clock);
+    EXPECT_EQ(store.snapshot().notes.size(), 2U);
+    for (const Note& note : store.snapshot().notes)
+        EXPECT_EQ(note.recordings.back().status, RecordingStatus::recorded);
 }
 
 TEST_F(AppDelegateTest, AQuitWhileTheSessionEndsWaitsForTheSameCapture)

@@ -36,6 +36,8 @@ ice.IceAcceptConnection.restype = Pointer
 ice.IceAcceptConnection.argtypes = [Pointer, Pointer]
 ice.IceConnectionNumber.argtypes = [Pointer]
 ice.IceProcessMessages.argtypes = [Pointer, Pointer, Pointer]
+ice.IceSetIOErrorHandler.argtypes = [Pointer]
+ice.IceSetIOErrorHandler.restype = Pointer
 ice.IceSetHostBasedAuthProc.argtypes = [Pointer, Pointer]
 sm.SmsGenerateClientID.restype = Pointer
 sm.SmsGenerateClientID.argtypes = [Pointer]
@@ -101,6 +103,7 @@ def main():
     error = ctypes.create_string_buffer(256)
     if not sm.SmsInitialize(b"test", b"1", on_added, None, anybody, len(error), error):
         sys.exit(error.value.decode())
+    ice.IceSetIOErrorHandler(nothing)  # a program that ends is no end of the session
     count, listeners = ctypes.c_int(), ctypes.POINTER(Pointer)()
     if not ice.IceListenForConnections(ctypes.byref(count), ctypes.byref(listeners), len(error),
                                        error):

@@ -44,23 +44,14 @@ private:
     QProcess m_process;
 };
 
-class DesktopSessionTest : public testing::Test {
-protected:
-    // Once, before Qt first asks for it.
-    static void SetUpTestSuite()
-    {
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
-    }
-};
-
-TEST_F(DesktopSessionTest, WithoutAnyOfTheServicesNothingIsLocked)
+TEST(DesktopSession, WithoutAnyOfTheServicesNothingIsLocked)
 {
     const DesktopSession session;
     drainEvents();
     EXPECT_FALSE(session.locked());
 }
 
-TEST_F(DesktopSessionTest, IsLockedWhileTheScreenSaverOrLogindSaysSo)
+TEST(DesktopSession, IsLockedWhileTheScreenSaverOrLogindSaysSo)
 {
     SessionHost host;
     const DesktopSession session;
@@ -78,7 +69,7 @@ TEST_F(DesktopSessionTest, IsLockedWhileTheScreenSaverOrLogindSaysSo)
     EXPECT_TRUE(eventually([&] { return session.locked(); }));
 }
 
-TEST_F(DesktopSessionTest, HearsOfServicesThatComeLater)
+TEST(DesktopSession, HearsOfServicesThatComeLater)
 {
     const DesktopSession session;
     drainEvents();
@@ -86,15 +77,13 @@ TEST_F(DesktopSessionTest, HearsOfServicesThatComeLater)
     EXPECT_TRUE(eventually([&] { return session.locked(); }));
 }
 
-TEST_F(DesktopSessionTest, SleepAndShutdownWaitUntilAllIsKept)
+TEST(DesktopSession, SleepAndShutdownWaitUntilAllIsKept)
 {
     SessionHost host;
     DesktopSession session;
     std::optional<SessionState::Done> sleeping, ending;
-    int woken = 0;
     session.onSleep = [&](SessionState::Done done) { sleeping = std::move(done); };
     session.onEnd = [&](SessionState::Done done) { ending = std::move(done); };
-    session.onWake = [&] { ++woken; };
     for (int time = 0; time < 2; ++time) {
         SCOPED_TRACE(time);
         EXPECT_TRUE(eventually([&] { return host.tell("delays"); }));
@@ -105,7 +94,6 @@ TEST_F(DesktopSessionTest, SleepAndShutdownWaitUntilAllIsKept)
         EXPECT_TRUE(eventually([&] { return !host.tell("delays"); }));
         sleeping.reset();
         host.tell("sleep off");
-        EXPECT_TRUE(eventually([&] { return woken == time + 1; }));
     }
     EXPECT_TRUE(eventually([&] { return host.tell("delays"); }));
     host.tell("shutdown on");
@@ -115,7 +103,7 @@ TEST_F(DesktopSessionTest, SleepAndShutdownWaitUntilAllIsKept)
     EXPECT_TRUE(eventually([&] { return !host.tell("delays"); }));
 }
 
-TEST_F(DesktopSessionTest, NobodyWhoListensIsNoReasonToWait)
+TEST(DesktopSession, NobodyWhoListensIsNoReasonToWait)
 {
     SessionHost host;
     const DesktopSession session;

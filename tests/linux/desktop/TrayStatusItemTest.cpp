@@ -28,6 +28,8 @@ public:
     {
         m_display = std::make_unique<PrivateDisplay>();
         m_bus = std::make_unique<PrivateBus>();
+        // The addresses of both buses are read once, with the first use of either.
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", qgetenv("DBUS_SESSION_BUS_ADDRESS"));
         qputenv("QT_QPA_PLATFORM", "xcb");
         static int count = 1;
         static char name[] = "test";
