@@ -96,10 +96,11 @@ Start readArguments(std::span<char*> arguments, std::vector<std::string>& addres
 
 int installKeyFromEnvironment()
 {
+    // First of all, since the programs that the secret store starts inherit the environment.
+    const auto key = takeFromEnvironment("OPENROUTER_API_KEY");
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
-    const char* const key = std::getenv("OPENROUTER_API_KEY");
-    return installKey(key ? key : "", secrets, settings, std::cout, std::cerr);
+    return installKey(key, secrets, settings, std::cout, std::cerr);
 }
 
 // What it says, or throws, also goes to whom it is promised.
@@ -215,6 +216,8 @@ int runApplication(
 int main(int argc, char** argv)
 {
     using namespace vesko;
+    // Where it is set, libcurl would write down what decrypts its connections.
+    takeFromEnvironment("SSLKEYLOGFILE");
     try {
         std::vector<std::string> addresses;
         const auto start = readArguments({ argv, static_cast<std::size_t>(argc) }, addresses);

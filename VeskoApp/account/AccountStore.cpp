@@ -297,7 +297,7 @@ Task<> AccountStore::complete(Call call, AuthProvider provider)
 {
     SignInReply reply = co_await m_signInNetwork.run(std::move(call));
     try {
-        co_await m_vault.save(std::move(reply.session.token));
+        co_await m_vault.save(Secret::taken(reply.session.token));
     } catch (const std::exception&) {
         throw AuthFailure(AuthFailure::unavailable);
     }
@@ -319,7 +319,7 @@ void AccountStore::fail(const std::exception_ptr& error, AuthProvider provider)
 }
 
 // Nothing, too, when the vault can't be asked.
-Task<std::optional<std::string>> AccountStore::storedToken()
+Task<std::optional<Secret>> AccountStore::storedToken()
 {
     try {
         co_return co_await m_vault.load();

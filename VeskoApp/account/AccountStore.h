@@ -98,7 +98,7 @@ private:
     Task<> complete(Call call, AuthProvider provider);
     void fail(const std::exception_ptr& error, AuthProvider provider);
     Task<> restoreWithoutCopy();
-    Task<std::optional<std::string>> storedToken();
+    Task<std::optional<Secret>> storedToken();
     Task<> endSession();
     void remember(const VeskoAccount& account);
     std::optional<VeskoAccount> remembered() const;

@@ -2,12 +2,12 @@
 
 namespace vesko {
 
-Task<> KeychainSessionVault::save(std::string token)
+Task<> KeychainSessionVault::save(Secret token)
 {
     co_await m_keychain.save(std::move(token), Keychain::veskoSession);
 }
 
-Task<std::optional<std::string>> KeychainSessionVault::load()
+Task<std::optional<Secret>> KeychainSessionVault::load()
 {
     co_return co_await m_keychain.load(Keychain::veskoSession);
 }

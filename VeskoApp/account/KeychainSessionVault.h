@@ -13,8 +13,8 @@ public:
     {
     }
 
-    Task<> save(std::string token) override;
-    Task<std::optional<std::string>> load() override;
+    Task<> save(Secret token) override;
+    Task<std::optional<Secret>> load() override;
     Task<bool> has() override;
     Task<> remove() override;
 

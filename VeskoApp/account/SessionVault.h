@@ -1,9 +1,9 @@
 #pragma once
 
 #include "VeskoApp/async/Task.h"
+#include "VeskoCore/base/Secret.h"
 
 #include <optional>
-#include <string>
 
 namespace vesko {
 
@@ -13,8 +13,8 @@ public:
     virtual ~SessionVault() = default;
 
     // Saving and loading throw when the token can't be kept, or got at.
-    virtual Task<> save(std::string token) = 0;
-    virtual Task<std::optional<std::string>> load() = 0;
+    virtual Task<> save(Secret token) = 0;
+    virtual Task<std::optional<Secret>> load() = 0;
     // Whether there is a token, without asking the user anything. Throws as well.
     virtual Task<bool> has() = 0;
     // As well as it goes.

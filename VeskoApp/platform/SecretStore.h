@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VeskoCore/base/Secret.h"
+
 #include <exception>
 #include <optional>
 #include <string>
@@ -22,12 +24,12 @@ public:
     virtual ~SecretStore() = default;
 
     // Nothing if there is no such item. A value that is no UTF-8 is a failure.
-    virtual std::optional<std::string> load(const std::string& account) = 0;
+    virtual std::optional<Secret> load(const std::string& account) = 0;
     // Whether there is an item whose value can be loaded. Never asks the user to unlock anything:
     // what is locked away counts as there.
     virtual bool has(const std::string& account) = 0;
     // Replaces an item that is there.
-    virtual void save(const std::string& value, const std::string& account) = 0;
+    virtual void save(std::string_view value, const std::string& account) = 0;
     // An item that isn't there is no failure.
     virtual void remove(const std::string& account) = 0;
 };

@@ -2,7 +2,7 @@
 
 namespace vesko {
 
-Task<std::optional<std::string>> Keychain::load(std::string account)
+Task<std::optional<Secret>> Keychain::load(std::string account)
 {
     co_return co_await m_worker.run([this, account] { return m_store.load(account); });
 }
@@ -12,7 +12,7 @@ Task<bool> Keychain::has(std::string account)
     co_return co_await m_worker.run([this, account] { return m_store.has(account); });
 }
 
-Task<> Keychain::save(std::string value, std::string account)
+Task<> Keychain::save(Secret value, std::string account)
 {
     co_await m_worker.run([this, value, account] { m_store.save(value, account); });
 }

@@ -19,10 +19,10 @@ public:
     {
     }
 
-    Task<std::optional<std::string>> load(std::string account);
+    Task<std::optional<Secret>> load(std::string account);
     // Asks the user nothing.
     Task<bool> has(std::string account);
-    Task<> save(std::string value, std::string account);
+    Task<> save(Secret value, std::string account);
     Task<> remove(std::string account);
 
 private:

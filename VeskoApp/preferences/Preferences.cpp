@@ -74,10 +74,11 @@ std::string Preferences::keyAccount(const std::string& keySource)
 
 Task<> Preferences::saveKey(std::string text)
 {
-    std::string key(trimmed(text));
-    if (key.empty() || key.find_first_of("\n\r") != std::string::npos)
+    const auto typed = Secret::taken(text);
+    const auto key = trimmed(typed);
+    if (key.empty() || key.find_first_of("\n\r") != std::string_view::npos)
         throw VeskoError(VeskoError::missingKey);
-    co_await m_keychain.save(std::move(key), Keychain::personal);
+    co_await m_keychain.save(key, Keychain::personal);
     m_hasKey = true;
     keySource.set("personal");
     Q_EMIT changed();

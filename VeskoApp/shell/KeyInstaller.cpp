@@ -17,7 +17,7 @@ std::string_view failureOfInstalling(
     if (key.empty())
         return "Nothing was stored: the key is empty or more than one line.";
     try {
-        secrets.save(std::string(key), Keychain::veskoAccess);
+        secrets.save(key, Keychain::veskoAccess);
     } catch (const KeychainFailure&) {
         return "Nothing was stored: the Keychain could not be used.";
     }

@@ -130,18 +130,18 @@ SignInReply AccountClient::signInWithGoogle(
         "v1/auth/google", GoogleIdentity{ .idToken = idToken, .nonce = nonce }, std::move(stop)));
 }
 
-VeskoAccount AccountClient::account(const std::string& token, std::stop_token stop) const
+VeskoAccount AccountClient::account(std::string_view token, std::stop_token stop) const
 {
     return decoded<AccountReply>(call("GET", "v1/account", token, std::nullopt, std::move(stop)))
         .account;
 }
 
-void AccountClient::signOut(const std::string& token, std::stop_token stop) const
+void AccountClient::signOut(std::string_view token, std::stop_token stop) const
 {
     call("POST", "v1/auth/logout", token, std::nullopt, std::move(stop));
 }
 
-void AccountClient::deleteAccount(const std::string& token, std::stop_token stop) const
+void AccountClient::deleteAccount(std::string_view token, std::stop_token stop) const
 {
     call("DELETE", "v1/account", token, std::nullopt, std::move(stop));
 }
@@ -180,7 +180,7 @@ std::string AccountClient::post(
 }
 
 std::string AccountClient::call(const std::string& method, const std::string& path,
-    const std::optional<std::string>& token, std::optional<std::string> body,
+    std::optional<std::string_view> token, std::optional<std::string> body,
     std::stop_token stop) const
 {
     if (!m_baseURL)
@@ -192,7 +192,7 @@ std::string AccountClient::call(const std::string& method, const std::string& pa
         .timeout = idleTimeout,
         .resourceTimeout = wholeTimeout };
     if (token)
-        request.headers.emplace_back("Authorization", "Bearer " + *token);
+        request.bearer = *token;
     if (request.body)
         request.headers.emplace_back("Content-Type", "application/json");
     HTTPResult result = exchange(request, std::move(stop));

@@ -35,9 +35,9 @@ public:
         const std::string& idToken, const std::string& nonce, std::stop_token stop) const;
 
     // Whose session the token is.
-    VeskoAccount account(const std::string& token, std::stop_token stop) const;
-    void signOut(const std::string& token, std::stop_token stop) const;
-    void deleteAccount(const std::string& token, std::stop_token stop) const;
+    VeskoAccount account(std::string_view token, std::stop_token stop) const;
+    void signOut(std::string_view token, std::stop_token stop) const;
+    void deleteAccount(std::string_view token, std::stop_token stop) const;
 
     // The identity token for a code of Google's. Everything but a failed exchange is `unavailable`.
     std::string exchangeGoogle(const std::string& code, const std::string& redirectURI,
@@ -45,7 +45,7 @@ public:
 
 private:
     std::string call(const std::string& method, const std::string& path,
-        const std::optional<std::string>& token, std::optional<std::string> body,
+        std::optional<std::string_view> token, std::optional<std::string> body,
         std::stop_token stop) const;
     template <class Body>
     std::string post(const std::string& path, const Body& body, std::stop_token stop) const;

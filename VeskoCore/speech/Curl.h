@@ -11,7 +11,7 @@ namespace vesko {
 // The functions of libcurl, which brings some thirty libraries with it.
 struct Curl {
     DynamicLibrary library{ "libcurl.so.4" };
-    decltype(&curl_global_init) globalInit = library["curl_global_init"];
+    decltype(&curl_global_init_mem) globalInitMem = library["curl_global_init_mem"];
     decltype(&curl_easy_init) easyInit = library["curl_easy_init"];
     decltype(&curl_easy_cleanup) easyCleanup = library["curl_easy_cleanup"];
     decltype(&curl_easy_setopt) easySetopt = library["curl_easy_setopt"];

@@ -7,6 +7,9 @@
 #include <cerrno>
 #include <chrono>
 #include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <malloc.h>
 #include <memory>
 #include <simdjson.h>
 #include <string_view>
@@ -82,6 +85,24 @@ std::string headerText(std::string_view value)
     return text;
 }
 
+// libcurl copies a request several times, the key with it, and these wipe what it gives back.
+void wipingFree(void* memory)
+{
+    if (memory)
+        ::explicit_bzero(memory, ::malloc_usable_size(memory));
+    std::free(memory);
+}
+
+void* wipingRealloc(void* memory, std::size_t size)
+{
+    void* const larger = std::malloc(size);
+    if (!larger || !memory)
+        return larger;
+    std::memcpy(larger, memory, std::min(size, ::malloc_usable_size(memory)));
+    wipingFree(memory);
+    return larger;
+}
+
 // One exchange, from its first byte to its last.
 class Exchange {
 public:
@@ -102,6 +123,8 @@ public:
             addHeader("Content-Type:");
         for (const auto& [name, value] : request.headers)
             addHeader(std::string(name).append(": ").append(value));
+        if (request.bearer)
+            addAuthorization(*request.bearer);
         set(CURLOPT_URL, request.url.c_str());
         set(CURLOPT_PROTOCOLS_STR, "http,https");
         // HTTP/2 may repeat a refused request by itself.
@@ -176,6 +199,21 @@ private:
             throw URLError(URLError::other);
         if (!m_headers)
             m_headers.reset(list);
+    }
+
+    void addAuthorization(std::string_view token)
+    {
+        constexpr std::string_view name = "Authorization: Bearer ";
+        std::string line;
+        line.reserve(name.size() + token.size());
+        line.append(name).append(token);
+        try {
+            addHeader(line);
+        } catch (const URLError&) {
+            wipe(line);
+            throw;
+        }
+        wipe(line);
     }
 
     HTTPResult result()
@@ -259,7 +297,8 @@ private:
 HttpTransport curlTransport(std::size_t bodyLimit)
 {
     return [=](const HttpRequest& request, const std::stop_token& stop) {
-        static const CURLcode ready = curl().globalInit(CURL_GLOBAL_DEFAULT);
+        static const CURLcode ready = curl().globalInitMem(CURL_GLOBAL_DEFAULT, &std::malloc,
+            &wipingFree, &wipingRealloc, &::strdup, &std::calloc);
         if (ready != CURLE_OK)
             throw URLError(URLError::other);
         return Exchange(request, bodyLimit).perform(stop);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VeskoCore/base/Secret.h"
+
 #include <exception>
 #include <functional>
 #include <optional>
@@ -16,6 +18,7 @@ struct HttpRequest {
     std::string url;
     std::string method; // "GET", "POST" or "DELETE"
     std::vector<std::pair<std::string, std::string>> headers;
+    std::optional<Secret> bearer = std::nullopt; // goes out as the header "Authorization"
     std::optional<std::string> body;
     double timeout = 75; // seconds without any progress
     double resourceTimeout = 90; // seconds for the whole exchange

@@ -77,7 +77,7 @@ OpenRouterClient::OpenRouterClient(std::string baseURL, HttpTransport transport)
 {
 }
 
-HTTPResult OpenRouterClient::send(const std::string& path, const std::optional<std::string>& key,
+HTTPResult OpenRouterClient::send(const std::string& path, std::optional<std::string_view> key,
     std::optional<std::string> body, std::stop_token stop) const
 {
     HttpRequest request{ .url = serviceURL(m_baseURL, path),
@@ -91,7 +91,7 @@ HTTPResult OpenRouterClient::send(const std::string& path, const std::optional<s
         const std::string_view bearer = trimmed(*key);
         if (bearer.empty() || bearer.find_first_of("\r\n") != std::string_view::npos)
             throw VeskoError(VeskoError::missingKey);
-        request.headers.emplace_back("Authorization", "Bearer " + std::string(bearer));
+        request.bearer = bearer;
     }
     HTTPResult result = m_transport(request, std::move(stop));
     if (result.status < 200 || result.status > 299)
@@ -100,7 +100,7 @@ HTTPResult OpenRouterClient::send(const std::string& path, const std::optional<s
 }
 
 TranscriptResult OpenRouterClient::transcribe(const std::string& audio, const std::string& format,
-    const std::string& model, const std::optional<std::string>& language, const std::string& key,
+    const std::string& model, const std::optional<std::string>& language, std::string_view key,
     bool allowProcessing, std::stop_token stop) const
 {
     if (!allowProcessing)

@@ -27,15 +27,15 @@ public:
     // POST with a body, GET without. A key is trimmed and sent as a bearer token; one that is then
     // empty or holds a line end is missingKey, and nothing is sent. VeskoError::http for a status
     // outside 200 to 299, URLError for a failed exchange.
-    HTTPResult send(const std::string& path, const std::optional<std::string>& key,
+    HTTPResult send(const std::string& path, std::optional<std::string_view> key,
         std::optional<std::string> body, std::stop_token stop) const;
 
     // Turns recorded audio into text. Throws VeskoError (cloudConsentRequired, missingKey,
     // invalidModel, emptyTranscript, audioTooLarge, in this order and before any network use;
     // invalidResponse, http, emptyTranscript for the answer) and URLError.
     TranscriptResult transcribe(const std::string& audio, const std::string& format,
-        const std::string& model, const std::optional<std::string>& language,
-        const std::string& key, bool allowProcessing, std::stop_token stop) const;
+        const std::string& model, const std::optional<std::string>& language, std::string_view key,
+        bool allowProcessing, std::stop_token stop) const;
 
     // The models for transcription, or all of them, sorted by name as the user's locale sorts, with
     // numbers by their value; never none. Models with longer texts are left out, and of a
@@ -48,11 +48,11 @@ public:
     // goes wrong, the transcript comes back as it was, with a `warning`. The cost of both steps is
     // known only if each is. Asked for neither, it gives the transcript back.
     TranscriptResult transform(TranscriptResult transcript, const std::string& model,
-        const std::string& key, bool allowProcessing, bool cleanup,
+        std::string_view key, bool allowProcessing, bool cleanup,
         const std::optional<std::string>& translateTo, std::stop_token stop) const;
     // Cleaned up only.
     TranscriptResult clean(TranscriptResult transcript, const std::string& model,
-        const std::string& key, bool allowProcessing, std::stop_token stop) const;
+        std::string_view key, bool allowProcessing, std::stop_token stop) const;
 
 private:
     std::string m_baseURL;

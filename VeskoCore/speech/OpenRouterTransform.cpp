@@ -90,14 +90,14 @@ TranscriptResult transformed(TranscriptResult transcript, const HTTPResult& resu
 } // namespace
 
 TranscriptResult OpenRouterClient::clean(TranscriptResult transcript, const std::string& model,
-    const std::string& key, bool allowProcessing, std::stop_token stop) const
+    std::string_view key, bool allowProcessing, std::stop_token stop) const
 {
     return transform(
         std::move(transcript), model, key, allowProcessing, true, std::nullopt, std::move(stop));
 }
 
 TranscriptResult OpenRouterClient::transform(TranscriptResult transcript, const std::string& model,
-    const std::string& key, bool allowProcessing, bool cleanup,
+    std::string_view key, bool allowProcessing, bool cleanup,
     const std::optional<std::string>& translateTo, std::stop_token stop) const
 {
     auto instructions = TextTransform::instructions(cleanup, translateTo);

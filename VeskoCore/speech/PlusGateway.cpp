@@ -122,12 +122,13 @@ PlusGateway::PlusGateway(std::string baseURL, HttpTransport transport)
 {
 }
 
-std::string PlusGateway::send(const std::string& path, const std::string& token,
+std::string PlusGateway::send(const std::string& path, std::string_view token,
     std::optional<std::string> body, std::stop_token stop) const
 {
     HttpRequest request{ .url = serviceURL(m_baseURL, path),
         .method = body ? "POST" : "GET",
-        .headers = { { "Authorization", "Bearer " + token } },
+        .headers = {},
+        .bearer = token,
         .body = std::move(body),
         .timeout = idleTime,
         .resourceTimeout = exchangeTime };
@@ -141,7 +142,7 @@ std::string PlusGateway::send(const std::string& path, const std::string& token,
 
 TranscriptResult PlusGateway::transcribe(const std::string& audio, const std::string& format,
     double seconds, const std::string& model, const std::optional<std::string>& language,
-    const std::string& token, const std::string& requestID, std::stop_token stop) const
+    std::string_view token, const std::string& requestID, std::stop_token stop) const
 {
     if (audio.empty())
         throw VeskoError(VeskoError::emptyTranscript);
@@ -161,7 +162,7 @@ TranscriptResult PlusGateway::transcribe(const std::string& audio, const std::st
 }
 
 TranscriptResult PlusGateway::transform(TranscriptResult transcript, TextMode mode,
-    const std::optional<std::string>& target, const std::string& model, const std::string& token,
+    const std::optional<std::string>& target, const std::string& model, std::string_view token,
     const std::string& requestID, std::stop_token stop) const
 {
     const bool translates = mode != TextMode::cleanup;
@@ -180,7 +181,7 @@ TranscriptResult PlusGateway::transform(TranscriptResult transcript, TextMode mo
     return transcript;
 }
 
-PlusAllowance PlusGateway::allowance(const std::string& token, std::stop_token stop) const
+PlusAllowance PlusGateway::allowance(std::string_view token, std::stop_token stop) const
 {
     return decoded(send("v1/plus/allowance", token, std::nullopt, std::move(stop)),
         [](const ServiceAnswer::Object& root) {

@@ -28,23 +28,23 @@ public:
 
     // POST with a body, which is compact JSON, GET without. Gives the body of an answer with a
     // status from 200 to 299.
-    std::string send(const std::string& path, const std::string& token,
+    std::string send(const std::string& path, std::string_view token,
         std::optional<std::string> body, std::stop_token stop) const;
 
     // Turns recorded audio of so many seconds into text. The language is a tag, and goes out whole.
     TranscriptResult transcribe(const std::string& audio, const std::string& format, double seconds,
         const std::string& model, const std::optional<std::string>& language,
-        const std::string& token, const std::string& requestID, std::stop_token stop) const;
+        std::string_view token, const std::string& requestID, std::stop_token stop) const;
 
     // The transcript cleaned up (from its `rawText`), translated into the language of the target,
     // or both (from its `text`). Without a target, or with "off", there is nothing to translate
     // into: PlusFailure::invalidResponse before any network use. The cost of both steps is known
     // only if each is.
     TranscriptResult transform(TranscriptResult transcript, TextMode mode,
-        const std::optional<std::string>& target, const std::string& model,
-        const std::string& token, const std::string& requestID, std::stop_token stop) const;
+        const std::optional<std::string>& target, const std::string& model, std::string_view token,
+        const std::string& requestID, std::stop_token stop) const;
 
-    PlusAllowance allowance(const std::string& token, std::stop_token stop) const;
+    PlusAllowance allowance(std::string_view token, std::stop_token stop) const;
 
 private:
     std::string m_baseURL;

@@ -161,7 +161,7 @@ bool isUtf8(const char* bytes, gsize length)
 
 } // namespace
 
-std::optional<std::string> SecretServiceStore::load(const std::string& account)
+std::optional<Secret> SecretServiceStore::load(const std::string& account)
 {
     Conversation store(m_patience);
     const auto items = store.find(account, SECRET_SEARCH_LOAD_SECRETS | SECRET_SEARCH_UNLOCK);
@@ -174,7 +174,7 @@ std::optional<std::string> SecretServiceStore::load(const std::string& account)
     const char* bytes = libsecret().valueGet(value.get(), &length);
     if (!isUtf8(bytes, length))
         throw KeychainFailure();
-    return std::string(bytes, length);
+    return std::string_view(bytes, length);
 }
 
 bool SecretServiceStore::has(const std::string& account)
@@ -191,7 +191,7 @@ bool SecretServiceStore::has(const std::string& account)
     return isUtf8(bytes, length);
 }
 
-void SecretServiceStore::save(const std::string& value, const std::string& account)
+void SecretServiceStore::save(std::string_view value, const std::string& account)
 {
     if (!isUtf8(value.data(), value.size()))
         throw KeychainFailure();

@@ -20,9 +20,9 @@ public:
     {
     }
 
-    std::optional<std::string> load(const std::string& account) override;
+    std::optional<Secret> load(const std::string& account) override;
     bool has(const std::string& account) override;
-    void save(const std::string& value, const std::string& account) override;
+    void save(std::string_view value, const std::string& account) override;
     void remove(const std::string& account) override;
 
 private:

@@ -37,13 +37,13 @@ public:
         return m_questions;
     }
 
-    std::optional<std::string> load(const std::string& account) override
+    std::optional<Secret> load(const std::string& account) override
     {
         const std::scoped_lock guard(m_mutex);
         ++m_loads;
         requireUnlocked();
         const auto item = m_items.find(account);
-        return item == m_items.end() ? std::nullopt : std::optional(item->second);
+        return item == m_items.end() ? std::nullopt : std::optional<Secret>(item->second);
     }
     bool has(const std::string& account) override
     {
@@ -52,7 +52,7 @@ public:
         requireUnlocked();
         return m_items.contains(account);
     }
-    void save(const std::string& value, const std::string& account) override
+    void save(std::string_view value, const std::string& account) override
     {
         const std::scoped_lock guard(m_mutex);
         requireUnlocked();

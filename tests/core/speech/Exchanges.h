@@ -18,7 +18,8 @@ inline HttpRequest post(const LoopbackServer& server, std::string body = R"({"a"
 {
     return { .url = server.url() + "/thing",
         .method = "POST",
-        .headers = { { "Content-Type", "application/json" }, { "Authorization", "Bearer secret" } },
+        .headers = { { "Content-Type", "application/json" } },
+        .bearer = "secret",
         .body = std::move(body) };
 }
 

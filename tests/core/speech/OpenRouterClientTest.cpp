@@ -54,7 +54,7 @@ TEST(OpenRouterClientSend, WithABodyItPosts)
     EXPECT_EQ(header(request, "Content-Type"), "application/json");
     EXPECT_EQ(header(request, "X-Title"), "Vesko");
     EXPECT_EQ(header(request, "Authorization"), "Bearer key");
-    EXPECT_EQ(request.headers.size(), 3U);
+    EXPECT_EQ(request.headers.size(), 2U);
 }
 
 TEST(OpenRouterClientSend, ABaseWithoutAClosingSlashIsWhole)

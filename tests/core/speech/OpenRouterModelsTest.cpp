@@ -219,17 +219,5 @@ TEST_F(OpenRouterModels, AnAnswerWithoutEndIsGivenUp)
     EXPECT_THROW(clientOf(server).models(false, {}), URLError);
 }
 
-TEST_F(OpenRouterModels, AHugeCatalogueIsRead)
-{
-    std::string models;
-    for (int i = 0; i < 100'000; ++i)
-        models += (i ? "," : "")
-            + (R"({"id":"m","name":"Model )" + std::to_string(i * 7919 % 100'000)) + "\"}";
-    const auto all = listed(R"({"data":[)" + models + "]}");
-    ASSERT_EQ(all.size(), 100'000U);
-    EXPECT_EQ(all[9].name, "Model 9");
-    EXPECT_EQ(all[99'999].name, "Model 99999");
-}
-
 } // namespace
 } // namespace vesko

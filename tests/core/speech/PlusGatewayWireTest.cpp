@@ -56,8 +56,8 @@ TEST(PlusGatewayOnTheWire, ASpeechCallFromBothSides)
                              R"("requestId":"req-1","seconds":4})";
     EXPECT_EQ(server.onlyRequest().bytes,
         "POST /v1/plus/transcribe HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(server.port())
-            + "\r\nAccept: */*\r\nAuthorization: Bearer test-token\r\n"
-              "Content-Type: application/json\r\nContent-Length: "
+            + "\r\nAccept: */*\r\nContent-Type: application/json\r\n"
+              "Authorization: Bearer test-token\r\nContent-Length: "
             + std::to_string(body.size()) + "\r\n\r\n" + body);
 }
 
