@@ -53,8 +53,13 @@ std::string hexadecimal(std::string_view bytes)
 
 std::string base64(std::string_view bytes)
 {
-    std::string text((bytes.size() + 2) / 3 * 4, '\0');
-    libcrypto().encodeBlock(octets(text), octets(bytes), static_cast<int>(bytes.size()));
+    // Not filled with anything first: audio is long.
+    std::string text;
+    text.resize_and_overwrite((bytes.size() + 2) / 3 * 4, [&](char* begin, std::size_t size) {
+        libcrypto().encodeBlock(
+            reinterpret_cast<unsigned char*>(begin), octets(bytes), static_cast<int>(bytes.size()));
+        return size;
+    });
     return text;
 }
 

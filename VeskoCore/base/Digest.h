@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,12 @@ std::string sha256(std::string_view bytes);
 std::string hexadecimal(std::string_view bytes);
 // Standard base64 with padding, in one line (RFC 4648, section 4).
 std::string base64(std::string_view bytes);
+// About how long a JSON text around a base64 text of that length is, one of whose 64 letters is
+// escaped there.
+constexpr std::size_t roomForEscapes(std::size_t base64Length)
+{
+    return base64Length + base64Length / 50 + 4096;
+}
 // The URL-safe alphabet without padding (RFC 4648, section 5).
 std::string base64URL(std::string_view bytes);
 

@@ -45,10 +45,13 @@ public:
         if (cache)
             cache->forgetUnused();
     }
+    // As one text, with room for about so many bytes from the beginning: growing a long one takes
+    // longer than writing it.
     template <class T>
-    static std::string write(const T& value, Form form)
+    static std::string write(const T& value, Form form, std::size_t expected = 0)
     {
         std::string text;
+        text.reserve(expected);
         write(value, form, [&](std::string_view piece) { text += piece; });
         return text;
     }

@@ -120,7 +120,8 @@ TranscriptResult OpenRouterClient::transcribe(const std::string& audio, const st
         .responseFormat = "json" };
     if (language && !language->empty() && *language != "auto")
         request.language = firstCharacters(*language, 2);
-    auto body = JsonWriter::write(request, JsonWriter::Form::compact);
+    auto body = JsonWriter::write(
+        request, JsonWriter::Form::compact, roomForEscapes(request.inputAudio.data.size()));
     return transcriptOf(send("audio/transcriptions", key, std::move(body), std::move(stop)));
 }
 

@@ -157,7 +157,9 @@ TranscriptResult PlusGateway::transcribe(const std::string& audio, const std::st
     if (language && !language->empty() && *language != "auto")
         request.language = language;
     return reply(send("v1/plus/transcribe", token,
-                     JsonWriter::write(request, JsonWriter::Form::compact), std::move(stop)),
+                     JsonWriter::write(
+                         request, JsonWriter::Form::compact, roomForEscapes(request.audio.size())),
+                     std::move(stop)),
         requestID);
 }
 
