@@ -165,7 +165,7 @@ TEST_F(SignInTest, ByEmailOverARestartAndOutAgain)
     EXPECT_THAT(service.state(), HasSubstr(R"("sessions": 0, "accounts": ["user@example.com"])"));
     EXPECT_THAT(lines, HasSubstr("sign_in_succeeded provider=email"));
     expectUnseen(code);
-    expectUnseen(*token);
+    expectUnseen(std::string(std::string_view(*token)));
 }
 
 TEST_F(SignInTest, WrongLateAndTooManyCodes)
@@ -283,7 +283,7 @@ TEST_F(GoogleTest, ThroughTheBrowserToASession)
     EXPECT_EQ(accounts->account()->providers, std::vector{ AuthProvider::google });
     const auto token = secrets.load(Keychain::veskoSession);
     ASSERT_TRUE(token);
-    expectUnseen(*token);
+    expectUnseen(std::string(std::string_view(*token)));
     expectUnseen(redirects.back().substr(redirects.back().find('?') + 1));
 
     // What once signed in does so no more.
