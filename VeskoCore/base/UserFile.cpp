@@ -13,18 +13,6 @@ constexpr int mostLinks = 40; // as many as the system itself follows
 constexpr mode_t ownerOnly = 0600;
 constexpr mode_t asTheUserLikes = 0666; // less the umask
 
-// Where the links lead, which need not exist.
-std::filesystem::path targetOf(FileSystem& files, std::filesystem::path path)
-{
-    for (int links = 0; links < mostLinks; ++links) {
-        const auto status = files.status(path);
-        if (!status || status->kind != FileStatus::symbolicLink)
-            return path;
-        path = path.parent_path() / std::filesystem::read_symlink(path);
-    }
-    throw std::system_error(std::make_error_code(std::errc::too_many_symbolic_link_levels));
-}
-
 // Only what differs is asked for, since not every file system can change it.
 void makeAlike(FileSystem& files, int fresh, const FileStatus& present)
 {
@@ -38,9 +26,20 @@ void makeAlike(FileSystem& files, int fresh, const FileStatus& present)
 
 } // namespace
 
+std::filesystem::path fileBehindLinks(FileSystem& files, std::filesystem::path path)
+{
+    for (int links = 0; links < mostLinks; ++links) {
+        const auto status = files.status(path);
+        if (!status || status->kind != FileStatus::symbolicLink)
+            return path;
+        path = path.parent_path() / std::filesystem::read_symlink(path);
+    }
+    throw std::system_error(std::make_error_code(std::errc::too_many_symbolic_link_levels));
+}
+
 void writeUserFile(FileSystem& files, const std::filesystem::path& path, std::string_view bytes)
 {
-    const auto target = targetOf(files, path);
+    const auto target = fileBehindLinks(files, path);
     const auto present = files.status(target);
     if (present && present->kind != FileStatus::regular)
         throw std::system_error(std::make_error_code(std::errc::operation_not_permitted));

@@ -15,4 +15,8 @@ namespace vesko {
 // process that dies within may leave a hidden file with ".vesko-" and an identifier for its name.
 void writeUserFile(FileSystem& files, const std::filesystem::path& path, std::string_view bytes);
 
+// Where the symbolic links of a path's last part lead; what is there need not exist. Throws
+// std::system_error where they go in a circle.
+std::filesystem::path fileBehindLinks(FileSystem& files, std::filesystem::path path);
+
 } // namespace vesko

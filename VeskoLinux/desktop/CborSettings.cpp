@@ -1,11 +1,13 @@
 #include "VeskoLinux/desktop/CborSettings.h"
 
+#include "VeskoCore/base/AtomicFile.h"
+#include "VeskoCore/base/UserFile.h"
+
 #include <QCborArray>
 #include <QCborParserError>
 #include <QCborValue>
 #include <QFile>
 #include <QLoggingCategory>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cerrno>
@@ -115,8 +117,9 @@ std::optional<QCborMap> parsed(const QByteArray& bytes)
 
 } // namespace
 
-CborSettings::CborSettings(const std::filesystem::path& configurationFolder)
-    : m_folder(configurationFolder / "vesko")
+CborSettings::CborSettings(const std::filesystem::path& configurationFolder, FileSystem& files)
+    : m_files(files)
+    , m_folder(configurationFolder / "vesko")
     , m_file(m_folder / "settings.cbor")
 {
     read();
@@ -236,13 +239,8 @@ void CborSettings::write()
     if (m_state == State::damaged)
         setAside();
 
-    // With a buffer, a short write at a full disk would be committed as if it were whole.
-    QSaveFile file(QFile::decodeName(m_file.c_str()));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
-        || !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
-        || file.write(bytes) != bytes.size() || !file.commit())
-        throw std::system_error(
-            std::make_error_code(std::errc::io_error), file.errorString().toStdString());
+    AtomicFile(m_files, fileBehindLinks(m_files, m_file))
+        .write({ bytes.constData(), static_cast<std::size_t>(bytes.size()) });
     m_unwritten = {};
     read();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoApp/platform/SettingsStore.h"
+#include "VeskoCore/base/FileSystem.h"
 
 #include <QCborMap>
 
@@ -24,7 +25,8 @@ namespace vesko {
 class CborSettings final : public SettingsStore {
 public:
     // The folder need not exist.
-    explicit CborSettings(const std::filesystem::path& configurationFolder);
+    explicit CborSettings(
+        const std::filesystem::path& configurationFolder, FileSystem& files = FileSystem::posix());
 
     std::optional<SettingValue> value(const std::string& key) const override;
     void set(const std::string& key, const SettingValue& value) override;
@@ -42,6 +44,7 @@ private:
     void write();
     void setAside() const;
 
+    FileSystem& m_files;
     std::filesystem::path m_folder;
     std::filesystem::path m_file;
     QCborMap m_unwritten; // changes; one to undefined is a removal

@@ -1,5 +1,7 @@
 #include "VeskoLinux/desktop/CborSettings.h"
 
+#include "tests/fakes/RecordedDisk.h"
+
 #include <QCborArray>
 #include <QCborMap>
 #include <QCborValue>
@@ -440,6 +442,24 @@ TEST_F(CborSettingsTest, keepsTheOldFileWhenTheDiskIsFull)
     EXPECT_EQ(content(file), before);
     EXPECT_TRUE(setAside().empty());
     EXPECT_EQ(CborSettings(home).value("b"), std::nullopt);
+}
+
+TEST_F(CborSettingsTest, areTheOldOnesOrTheNewAfterALossOfPower)
+{
+    CborSettings(home).set("a", std::string("old"));
+    RecordedDisk disk(folder);
+    disk.begin();
+    CborSettings(home, disk).set("a", std::string("new"));
+    std::set<std::string> found;
+    for (const auto& state : disk.afterPowerLoss()) {
+        const QTemporaryDir later;
+        const fs::path there = later.path().toStdString();
+        fs::create_directories(there / "vesko");
+        for (const auto& [name, bytes] : state)
+            std::ofstream(there / "vesko" / name, std::ios::binary) << bytes;
+        found.insert(CborSettings(there).get<std::string>("a").value_or("none"));
+    }
+    EXPECT_EQ(found, (std::set<std::string>{ "old", "new" }));
 }
 
 TEST_F(CborSettingsTest, refusesToGrowBeyondWhatItReads)
