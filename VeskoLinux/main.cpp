@@ -30,8 +30,9 @@
 #include "VeskoLinux/permissions/LinuxPermissions.h"
 #include "VeskoLinux/secrets/SecretServiceStore.h"
 #include "VeskoLinux/speech/Cld2LanguageRecognizer.h"
-#include "VeskoLinux/speech/PocketSphinxRecognizer.h"
+#include "VeskoLinux/speech/EngineRecognizer.h"
 #include "VeskoLinux/speech/PreferredLanguages.h"
+#include "VeskoLinux/speech/engines/PocketSphinxEngine.h"
 
 #include <QGuiApplication>
 #include <QQmlEngine>
@@ -148,7 +149,8 @@ int runApplication(
     GstRecorder recorder;
     GstPlayer player;
     GstCueEngine cues(deploymentFolders());
-    PocketSphinxRecognizer recognizer;
+    EngineRecognizer recognizer(
+        std::make_shared<PocketSphinxEngine>(programPath().parent_path() / "vesko-pocketsphinx"));
     Cld2LanguageRecognizer textLanguage;
     AtspiFocusedField focusedField;
     SentKeys sentKeys(clock);

@@ -3,17 +3,17 @@
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/async/Worker.h"
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
+#include "VeskoLinux/speech/engines/SpeechEngine.h"
+
+#include <memory>
 
 namespace vesko {
 
-// Recognises with PocketSphinx and whatever models are installed. A model is loaded for each
-// recording and dropped after it: it is large, and most of the time nobody speaks. The text is in
-// lower case, without punctuation. One recognition runs at a time; a further one waits.
-class PocketSphinxRecognizer final : public OnDeviceRecognizer {
+// Recognises with an engine, which works in a process of its own. One recognition runs at a time; a
+// further one waits.
+class EngineRecognizer final : public OnDeviceRecognizer {
 public:
-    PocketSphinxRecognizer();
-    // With the models of another folder.
-    explicit PocketSphinxRecognizer(std::filesystem::path models);
+    explicit EngineRecognizer(std::shared_ptr<const SpeechEngine> engine);
 
     bool authorized() const override { return true; } // this desktop asks nobody
     bool supports(const std::string& language) const override;
@@ -28,7 +28,7 @@ private:
     Task<> run(std::shared_ptr<Ticket> ticket, std::filesystem::path audio, std::string language,
         std::function<void(const Report&)> report);
 
-    std::filesystem::path m_models;
+    std::shared_ptr<const SpeechEngine> m_engine;
     Worker m_worker;
     TaskScope m_tasks;
 };
