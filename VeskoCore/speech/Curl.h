@@ -29,6 +29,8 @@ struct Curl {
     decltype(&curl_slist_free_all) slistFreeAll = library["curl_slist_free_all"];
     decltype(&curl_url) url = library["curl_url"];
     decltype(&curl_url_set) urlSet = library["curl_url_set"];
+    decltype(&curl_url_get) urlGet = library["curl_url_get"];
+    decltype(&curl_free) free = library["curl_free"];
     decltype(&curl_url_cleanup) urlCleanup = library["curl_url_cleanup"];
 };
 

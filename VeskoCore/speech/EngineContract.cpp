@@ -4,6 +4,7 @@
 #include "VeskoCore/speech/SpokenLanguage.h"
 
 #include <algorithm>
+#include <charconv>
 #include <simdjson.h>
 #include <utility>
 
@@ -46,6 +47,15 @@ std::string requiredTag(std::string_view text)
     if (!isTag(text))
         throw EngineFailure("the engine named a language that is none");
     return std::string(text);
+}
+
+int pieceSeconds(std::string_view text)
+{
+    int seconds = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+    if (error != std::errc() || end != text.data() + text.size() || seconds < 5 || seconds > 60)
+        throw EngineFailure("the engine asked for pieces of no length");
+    return seconds;
 }
 
 // Of bytes that are UTF-8.
@@ -99,6 +109,8 @@ bool EngineHelloReader::take(std::string_view line)
                 m_hello.languages.push_back(requiredTag(tag));
             left = others;
         }
+    } else if (word == "longest") {
+        m_hello.longestPiece = pieceSeconds(rest);
     } else if (word == "ready") {
         if (m_hello.name.empty() || m_hello.version.empty() || m_hello.licence.empty()
             || (m_hello.languages.empty() && !m_hello.detectsLanguage))

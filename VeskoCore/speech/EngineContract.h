@@ -24,6 +24,7 @@ struct EngineHello {
     std::string licence = {};
     std::vector<std::string> languages = {}; // tags
     bool detectsLanguage = false;
+    int longestPiece = 12; // seconds of sound that it wants at once
 
     bool operator==(const EngineHello&) const = default;
 

@@ -18,6 +18,7 @@ struct HttpRequest {
     std::vector<std::pair<std::string, std::string>> headers;
     std::optional<std::string> body;
     double timeout = 75; // seconds without any progress
+    bool pastProxy = false; // what stays on this machine goes through no other
 };
 
 // The raw answer of one exchange.

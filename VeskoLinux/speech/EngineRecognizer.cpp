@@ -18,7 +18,7 @@ std::string recognized(const SpeechEngine& engine, const std::filesystem::path& 
     if (stop.stop_requested())
         return text;
     const auto session = engine.begin({ .language = language }, stop);
-    for (const auto piece : speechPieces(samples)) {
+    for (const auto piece : speechPieces(samples, engine.longestPiece())) {
         const auto words = session->heard(piece).text;
         if (!words.empty())
             text += (text.empty() ? "" : " ") + words;

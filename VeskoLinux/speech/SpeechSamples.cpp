@@ -102,9 +102,11 @@ std::vector<std::int16_t> speechSamples(
     return samples;
 }
 
-std::vector<std::span<const std::int16_t>> speechPieces(std::span<const std::int16_t> samples)
+std::vector<std::span<const std::int16_t>> speechPieces(
+    std::span<const std::int16_t> samples, int longest)
 {
-    constexpr std::size_t shortest = 5 * speechRate, longestPiece = 12 * speechRate;
+    const std::size_t longestPiece = static_cast<std::size_t>(longest) * speechRate;
+    const std::size_t shortest = longestPiece * 5 / 12;
     constexpr std::size_t moment = speechRate * 3 / 10, step = speechRate / 50;
     std::vector<std::span<const std::int16_t>> pieces;
     while (samples.size() > longestPiece) {

@@ -191,7 +191,7 @@ void ChildProcess::wait(bool toWrite, const Deadline& deadline)
             readAvailable();
         close(m_output);
         if (toWrite)
-            fail("the engine ended");
+            fail("the engine takes no sound");
     }
 }
 

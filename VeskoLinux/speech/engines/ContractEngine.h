@@ -22,6 +22,7 @@ public:
 
     std::string name() const override { return m_hello.name; }
     bool speaks(const std::string& language) const override { return m_hello.speaks(language); }
+    int longestPiece() const override { return m_hello.longestPiece; }
     std::unique_ptr<Session> begin(const Wish& wish, std::stop_token stop) const override;
 
 private:

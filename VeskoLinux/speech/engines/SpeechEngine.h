@@ -35,6 +35,8 @@ public:
     virtual std::string name() const = 0;
     // Whether it could be asked for the language of a tag, or for "auto". Cheap.
     virtual bool speaks(const std::string& language) const = 0;
+    // How many seconds of sound it takes at once; a piece is no longer.
+    virtual int longestPiece() const = 0;
     // May block until the engine is there. Throws EngineFailure.
     virtual std::unique_ptr<Session> begin(const Wish& wish, std::stop_token stop) const = 0;
 };

@@ -19,7 +19,6 @@ using namespace std::chrono_literals;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
-using testing::StartsWith;
 
 constexpr auto patience = 20s;
 
@@ -150,7 +149,6 @@ TEST_F(Children, failWithWhatTheySayOrDont)
         { "half a line", "printf half", "the engine ended" },
         { "dies", "kill -9 0; exit 3", "the engine ended" },
         { "a gigabyte", "exec head -c 1000000000 /dev/zero", "the engine said too much" },
-        { "lines without end", "exec yes ''", "the engine said too much" },
         { "its end, and a child that keeps its output open", "setsid sleep 1000 & exit 0",
             "the engine ended" },
     };
@@ -180,7 +178,7 @@ TEST_F(Children, thatTakeNothingFailTheSending)
 {
     const std::string much(1'000'000, 'x');
     ChildProcess gone({ standIns.script("exit 0") }, {}, {});
-    EXPECT_THAT(failure([&] { gone.send(much); }), StartsWith("the engine"));
+    EXPECT_EQ(failure([&] { gone.send(much); }), "the engine takes no sound");
     ChildProcess deaf({ standIns.script("exec <&-; sleep 1000") }, {}, {});
     EXPECT_EQ(failure([&] { deaf.send(much); }), "the engine takes no sound");
 }

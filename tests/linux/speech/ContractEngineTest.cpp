@@ -137,10 +137,10 @@ TEST_F(Engines, failForAnAnswerThatIsNone)
     };
     for (const auto& row : rows)
         EXPECT_EQ(failure([&] { answerOf(row.answer); }), row.why) << row.what;
-    EXPECT_EQ(failure([&] { heard(introduction + "exit 0"); }), "the engine ended")
+    EXPECT_EQ(failure([&] { heard(introduction + "exit 0"); }), "the engine takes no sound")
         << "dies before the sound";
     EXPECT_EQ(failure([&] { heard(introduction + "head -c 1000 >/dev/null; exit 0"); }),
-        "the engine ended")
+        "the engine takes no sound")
         << "dies while it is spoken to";
 }
 
