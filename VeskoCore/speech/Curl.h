@@ -15,6 +15,7 @@ struct Curl {
     decltype(&curl_easy_init) easyInit = library["curl_easy_init"];
     decltype(&curl_easy_cleanup) easyCleanup = library["curl_easy_cleanup"];
     decltype(&curl_easy_setopt) easySetopt = library["curl_easy_setopt"];
+    decltype(&curl_easy_perform) easyPerform = library["curl_easy_perform"];
     decltype(&curl_easy_getinfo) easyGetinfo = library["curl_easy_getinfo"];
     decltype(&curl_easy_header) easyHeader = library["curl_easy_header"];
     decltype(&curl_multi_init) multiInit = library["curl_multi_init"];

@@ -104,6 +104,11 @@ Task<> GstRecorder::begin(
     begun.set(failure);
 }
 
+void GstRecorder::setListener(std::shared_ptr<SoundListener> listener)
+{
+    m_listener = std::move(listener);
+}
+
 double GstRecorder::currentTime() const
 {
     return m_current ? m_current->capturedSeconds() : 0;
@@ -160,7 +165,8 @@ void GstRecorder::endedByItself(RecorderFailure failure)
 Task<> GstRecorder::openMicrophone(Pipeline pipeline)
 {
     try {
-        co_await m_worker.run([pipeline = std::move(pipeline)] { pipeline->open(); });
+        co_await m_worker.run(
+            [pipeline = std::move(pipeline), listener = m_listener] { pipeline->open(listener); });
     } catch (const std::runtime_error&) {
     }
 }

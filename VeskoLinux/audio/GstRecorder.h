@@ -30,6 +30,7 @@ public:
     Task<bool> requestAccess() override;
     void open() override;
     Task<> start(std::filesystem::path file) override;
+    void setListener(std::shared_ptr<SoundListener> listener) override;
     double currentTime() const override;
     double averagePower() const override;
     double stop() override;
@@ -50,6 +51,7 @@ private:
     QObject m_home; // what other threads post to; outlives them all
     Pipeline m_next; // for the coming recording
     Pipeline m_current; // between open and stop
+    std::shared_ptr<SoundListener> m_listener;
     bool m_started = false;
     Eventual<std::monostate> m_finished = Eventual<std::monostate>::of({});
     Worker m_worker; // what may wait for the sound server or the disk

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <stop_token>
 #include <vector>
@@ -22,5 +23,9 @@ std::vector<std::int16_t> speechSamples(
 // soon done with. Sound that is shorter stays whole; no sound is no piece.
 std::vector<std::span<const std::int16_t>> speechPieces(
     std::span<const std::int16_t> samples, int longest = 12);
+
+// The length of the first of these pieces of sound that goes on; nothing while that depends on what
+// comes.
+std::optional<std::size_t> firstSpeechPiece(std::span<const std::int16_t> samples, int longest);
 
 } // namespace vesko

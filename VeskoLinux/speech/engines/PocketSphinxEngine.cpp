@@ -23,4 +23,9 @@ bool PocketSphinxEngine::speaks(const std::string& language) const
     return SpeechModel::find(m_models, language).has_value();
 }
 
+std::vector<std::string> PocketSphinxEngine::languages() const
+{
+    return SpeechModel::installed(m_models);
+}
+
 } // namespace vesko

@@ -16,6 +16,7 @@ public:
 
     // Without starting it: what models there are can be seen.
     bool speaks(const std::string& language) const override;
+    std::vector<std::string> languages() const; // tags
 
 private:
     std::filesystem::path m_models;
