@@ -21,7 +21,8 @@ std::string wave(std::span<const std::int16_t> samples, int rate)
     bytes.reserve(headSize + 8 + size);
     bytes += "RIFF";
     append(bytes, headSize + size, 4);
-    bytes += "WAVEfmt ";
+    bytes += "WAVE";
+    bytes += "fmt ";
     append(bytes, formatSize, 4);
     append(bytes, 1, 2); // PCM
     append(bytes, 1, 2); // channels

@@ -23,12 +23,17 @@ PieceRecognition::PieceRecognition(
     m_result.model = m_engine->name();
 }
 
+void PieceRecognition::prepare()
+{
+    if (!m_session)
+        m_session = m_engine->begin(m_wish, m_stop);
+}
+
 void PieceRecognition::take(std::span<const std::int16_t> piece)
 {
     if (!mayHoldSpeech(piece))
         return;
-    if (!m_session)
-        m_session = m_engine->begin(m_wish, m_stop);
+    prepare();
     const auto answer = m_session->heard(lifted(piece));
     if (!answer.text.empty())
         m_result.text += (m_result.text.empty() ? "" : " ") + answer.text;
@@ -65,6 +70,7 @@ void SpokenSound::end(bool whole)
 std::optional<RecognizedSpeech> SpokenSound::recognized(
     PieceRecognition recognition, int longestPiece, const std::stop_token& stop)
 {
+    recognition.prepare(); // the model is loaded while the user speaks
     std::vector<std::int16_t> piece;
     while (true) {
         {

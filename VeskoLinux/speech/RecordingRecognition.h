@@ -28,6 +28,8 @@ public:
     PieceRecognition(
         std::shared_ptr<const SpeechEngine> engine, SpeechEngine::Wish wish, std::stop_token stop);
 
+    // Has the engine begin before there is anything for it. Blocks. Throws EngineFailure.
+    void prepare();
     // Blocks. Throws EngineFailure.
     void take(std::span<const std::int16_t> piece);
     // After the last piece.

@@ -66,7 +66,7 @@ int serve(const std::filesystem::path& models)
         const auto rest = blank == std::string::npos ? "" : line.substr(blank + 1);
         if (word == "language") {
             model = vesko::SpeechModel::find(models, rest);
-            decoder.reset();
+            decoder = model ? decoderFor(*model) : nullptr; // while the user still speaks
         } else if (word == "piece") {
             const auto bytes = std::stoul(rest);
             if (bytes > longestPiece)
@@ -77,8 +77,6 @@ int serve(const std::filesystem::path& models)
                 return 0; // nobody wants it any more
             if (!model)
                 return failed("there is no model for this language");
-            if (!decoder)
-                decoder = decoderFor(*model);
             if (!decoder)
                 return failed("the model can't be loaded");
             const auto words = heard(decoder.get(), piece);

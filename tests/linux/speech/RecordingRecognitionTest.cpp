@@ -127,6 +127,15 @@ TEST_F(Spoken, piecesAreRecognisedAsSoonAsTheyAreSpoken)
     sound.end(true);
 }
 
+TEST_F(Spoken, soundFindsAnEngineThatHasBegun)
+{
+    SpokenSound sound;
+    std::jthread recognizer([&] { sound.recognized(recognition(), 12, {}); });
+    while (engine->wishes().empty())
+        std::this_thread::yield();
+    sound.end(true);
+}
+
 TEST_F(Spoken, soundThatIsNotWholeIsLeftToTheFile)
 {
     SpokenSound sound;
