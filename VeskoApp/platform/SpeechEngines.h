@@ -25,6 +25,7 @@ struct EngineChoice {
     std::string id; // of a found engine, or "command", or "server"
     // The program's path and its arguments, with {wav} in one.
     std::vector<std::string> command = {};
+    std::string commandModel = {}; // what {model} stands for; may be empty
     std::string serverAddress = {}, serverModel = {}, serverKey = {}; // the key may be empty
 };
 

@@ -116,10 +116,14 @@ std::vector<Shelved> shelf(const EngineShelf::Places& places, const std::stop_to
 std::shared_ptr<const SpeechEngine> chosen(
     const EngineShelf::Places& places, const EngineChoice& choice, const std::stop_token& stop)
 {
-    if (choice.id == "command" && !choice.command.empty())
+    if (choice.id == "command" && !choice.command.empty()) {
+        const auto& named
+            = choice.commandModel.empty() ? choice.command.front() : choice.commandModel;
         return std::make_shared<CommandEngine>(CommandEngine::Command{ .name = "command",
             .words = choice.command,
-            .modelName = fs::path(choice.command.front()).filename() });
+            .model = choice.commandModel,
+            .modelName = fs::path(named).filename() });
+    }
     if (choice.id == "server" && TranscriptionServer::endpoint(choice.serverAddress)) {
         TranscriptionServer::Place place{ choice.serverAddress, choice.serverModel };
         if (!choice.serverKey.empty())

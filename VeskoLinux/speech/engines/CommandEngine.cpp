@@ -72,7 +72,7 @@ public:
         std::vector<std::string> words;
         for (const auto& word : m_command.words)
             words.push_back(filled(word));
-        ChildProcess process(words, m_stop, { .lowPriority = m_wish.lowPriority });
+        ChildProcess process(words, m_stop, {});
         EngineAnswer answer;
         answer.text = spokenText(process.rest());
         if (!m_command.modelName.empty())

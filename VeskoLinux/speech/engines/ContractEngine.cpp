@@ -23,7 +23,7 @@ class ContractSession final : public SpeechEngine::Session {
 public:
     ContractSession(const std::vector<std::string>& command, const SpeechEngine::Wish& wish,
         std::chrono::milliseconds patience, std::stop_token stop)
-        : m_process(command, std::move(stop), { .lowPriority = wish.lowPriority })
+        : m_process(command, std::move(stop), {})
     {
         greeted(m_process, patience);
         m_process.send(engineLanguageLine(wish.language));

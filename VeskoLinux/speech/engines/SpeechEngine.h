@@ -17,7 +17,6 @@ public:
     struct Wish {
         std::string language; // a tag, or "auto"
         std::string prompt = {}; // words that may well be said; may be empty
-        bool lowPriority = false; // nobody waits for it
     };
 
     // One recording, piece by piece. One thread; a stop request ends the call that is under way by

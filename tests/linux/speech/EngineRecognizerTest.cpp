@@ -137,6 +137,28 @@ TEST_F(WithRecognizer, understandsWhatIsCutIntoPieces)
         heard(three()), ElementsAre(voice::coffee + " " + voice::brother + " " + voice::coffee));
 }
 
+// As a microphone hears it from the loudspeakers of its own machine.
+TEST_F(WithRecognizer, takesTheStartToneForNoWord)
+{
+    for (const char* level : { "-6dB", "-20dB", "-32dB" }) {
+        voice::convert(
+            { "-i", VESKO_RESOURCES "/CaptureStart.wav", "-i", brother(), "-filter_complex",
+                std::string("[0]volume=") + level
+                    + ",aresample=44100,apad=pad_dur=0.2[t];[1]aresample=44100[s];"
+                      "[t][s]concat=v=0:a=1",
+                "-c:a", "aac" },
+            in("toned.m4a"));
+        EXPECT_THAT(heard(in("toned.m4a")), ElementsAre(voice::brother)) << level;
+    }
+}
+
+TEST_F(WithRecognizer, understandsAQuietMicrophone)
+{
+    voice::convert(
+        { "-i", brother(), "-af", "volume=-40dB", "-c:a", "aac", "-b:a", "96k" }, in("quiet.m4a"));
+    EXPECT_THAT(heard(in("quiet.m4a")), ElementsAre(voice::brother));
+}
+
 TEST_F(WithRecognizer, hearsNothingInSilence)
 {
     EXPECT_THAT(heard(silence()), ElementsAre(""));
