@@ -166,7 +166,9 @@ Task<> GstRecorder::openMicrophone(Pipeline pipeline)
 {
     try {
         co_await m_worker.run(
-            [pipeline = std::move(pipeline), listener = m_listener] { pipeline->open(listener); });
+            [pipeline = std::move(pipeline), listener = std::exchange(m_listener, nullptr)] {
+                pipeline->open(listener);
+            });
     } catch (const std::runtime_error&) {
     }
 }

@@ -51,7 +51,7 @@ private:
     QObject m_home; // what other threads post to; outlives them all
     Pipeline m_next; // for the coming recording
     Pipeline m_current; // between open and stop
-    std::shared_ptr<SoundListener> m_listener;
+    std::shared_ptr<SoundListener> m_listener; // of the coming recording
     bool m_started = false;
     Eventual<std::monostate> m_finished = Eventual<std::monostate>::of({});
     Worker m_worker; // what may wait for the sound server or the disk
