@@ -32,8 +32,11 @@
 #include "VeskoLinux/permissions/LinuxPermissions.h"
 #include "VeskoLinux/secrets/SecretServiceStore.h"
 #include "VeskoLinux/speech/Cld2LanguageRecognizer.h"
-#include "VeskoLinux/speech/PocketSphinxRecognizer.h"
+#include "VeskoLinux/speech/EngineRecognizer.h"
+#include "VeskoLinux/speech/EngineShelf.h"
 #include "VeskoLinux/speech/PreferredLanguages.h"
+#include "VeskoLinux/speech/VoiceSpeechGate.h"
+#include "VeskoLinux/speech/engines/PocketSphinxEngine.h"
 
 #include <QGuiApplication>
 #include <QQmlEngine>
@@ -166,7 +169,12 @@ int runApplication(
     GstRecorder recorder;
     GstPlayer player;
     GstCueEngine cues(deploymentFolders());
-    PocketSphinxRecognizer recognizer;
+    const auto programs = programPath().parent_path();
+    EngineRecognizer recognizer(
+        std::make_shared<PocketSphinxEngine>(programs / "vesko-pocketsphinx"));
+    EngineShelf speechEngines(EngineShelf::usualPlaces(programs, dataFolder()),
+        [&](std::shared_ptr<const SpeechEngine> engine) { recognizer.use(std::move(engine)); });
+    VoiceSpeechGate speechGate;
     Cld2LanguageRecognizer textLanguage;
     AtspiFocusedField focusedField(clock);
     SentKeys sentKeys(clock);
@@ -184,10 +192,10 @@ int runApplication(
     PortalFileChooser fileChooser(clock);
     PortalAppearance appearance;
     LinuxPermissions permissions;
-    Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
-        pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        browser, runningInstance, desktop, fileChooser, appearance, permissions, session, languages,
-        root };
+    Platform platform{ clock, recorder, player, cues, recognizer, speechEngines, speechGate,
+        textLanguage, focusedField, pasteKeystroke, clipboard, shortcut, keys, secrets, settings,
+        loginItem, statusItem, browser, runningInstance, desktop, fileChooser, appearance,
+        permissions, session, languages, root };
 
     AppModel model(
         platform, [&library] { return library.get(); },

@@ -2,9 +2,11 @@
 
 #include "VeskoApp/async/Eventual.h"
 #include "VeskoApp/async/Task.h"
+#include "VeskoApp/platform/SoundListener.h"
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <variant>
 
 namespace vesko {
@@ -33,6 +35,10 @@ public:
     // yet; done when the file is being written. Throws std::runtime_error when the microphone or
     // the file can't be had, and then leaves nothing running. Only after open.
     virtual Task<> start(std::filesystem::path file) = 0;
+
+    // Who hears the next recording that is opened, as it is written; nobody if null. Nothing that
+    // becomes of him touches the recording.
+    virtual void setListener(std::shared_ptr<SoundListener> listener) = 0;
 
     // Seconds recorded so far; 0 when idle.
     virtual double currentTime() const = 0;

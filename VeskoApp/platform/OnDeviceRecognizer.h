@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VeskoApp/platform/SoundListener.h"
+
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -18,12 +20,22 @@ public:
         std::optional<std::string> text;
         bool isFinal = false;
         bool failed = false;
+        std::string model = {}; // who did it, with a final text: "whisper.cpp/base"
+        std::optional<std::string> language = {}; // the tag of what was detected
     };
 
     // A running recognition. Destroying it cancels the work; no report comes afterwards.
     class Recognition {
     public:
         virtual ~Recognition() = default;
+    };
+
+    // Recognises a recording while it is made. Destroying it stops the work at once.
+    class Hearing {
+    public:
+        virtual ~Hearing() = default;
+        // For the recorder, before the recording is opened.
+        virtual std::shared_ptr<SoundListener> listener() = 0;
     };
 
     virtual ~OnDeviceRecognizer() = default;
@@ -37,10 +49,17 @@ public:
     // Whether it could work now.
     virtual bool available() const = 0;
 
+    // Words that may well be said, for all that begins from now on; empty for none.
+    virtual void expect(std::string words) = 0;
+
+    // For a recording that is about to begin, in a language that is supported.
+    virtual std::unique_ptr<Hearing> hear(const std::string& language) = 0;
     // Reports come from the event loop, never before this returns; a report may destroy the
-    // recognition that it comes from.
+    // recognition that it comes from. What a hearing of this very recording has heard needs no
+    // second look; one of another language, or that missed some of it, is passed over.
     virtual std::unique_ptr<Recognition> recognize(const std::filesystem::path& audio,
-        const std::string& language, std::function<void(const Report&)> report)
+        const std::string& language, std::function<void(const Report&)> report,
+        std::unique_ptr<Hearing> heard = nullptr)
         = 0;
 };
 

@@ -19,6 +19,8 @@
 #include "VeskoApp/platform/SecretStore.h"
 #include "VeskoApp/platform/SessionState.h"
 #include "VeskoApp/platform/SettingsStore.h"
+#include "VeskoApp/platform/SpeechEngines.h"
+#include "VeskoApp/platform/SpeechGate.h"
 #include "VeskoApp/platform/StatusItem.h"
 #include "VeskoApp/platform/TextLanguageRecognizer.h"
 
@@ -36,6 +38,8 @@ struct Platform {
     AudioPlayer& player;
     CueEngine& cues;
     OnDeviceRecognizer& recognizer;
+    SpeechEngines& speechEngines; // of the recogniser
+    SpeechGate& speechGate;
     TextLanguageRecognizer& textLanguage;
     FocusedField& focusedField;
     PasteKeystroke& pasteKeystroke;

@@ -1563,5 +1563,29 @@
         <source>OK</source>
         <translation>ОК</translation>
     </message>
+    <message>
+        <source>The model can't be reached. What has arrived is kept. Check the connection and try again.</source>
+        <translation>Модель недоступна. Загруженная часть сохранена. Проверьте соединение и попробуйте снова.</translation>
+    </message>
+    <message>
+        <source>The server doesn't have this model. Try again later.</source>
+        <translation>На сервере нет этой модели. Попробуйте позже.</translation>
+    </message>
+    <message>
+        <source>There isn't enough room on the disk for this model.</source>
+        <translation>На диске недостаточно места для этой модели.</translation>
+    </message>
+    <message>
+        <source>The model can't be saved.</source>
+        <translation>Не удалось сохранить модель.</translation>
+    </message>
+    <message>
+        <source>The model arrived damaged and was removed. Try again.</source>
+        <translation>Модель загрузилась с повреждениями и была удалена. Попробуйте снова.</translation>
+    </message>
+    <message>
+        <source>The download was paused. What has arrived is kept.</source>
+        <translation>Загрузка приостановлена. Загруженная часть сохранена.</translation>
+    </message>
 </context>
 </TS>

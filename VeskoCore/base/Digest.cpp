@@ -14,6 +14,12 @@ struct LibCrypto {
     DynamicLibrary library{ "libcrypto.so.3" };
     decltype(&EVP_EncodeBlock) encodeBlock = library["EVP_EncodeBlock"];
     decltype(&SHA256) sha256 = library["SHA256"];
+    decltype(&EVP_sha1) sha1 = library["EVP_sha1"];
+    decltype(&EVP_MD_CTX_new) contextNew = library["EVP_MD_CTX_new"];
+    decltype(&EVP_MD_CTX_free) contextFree = library["EVP_MD_CTX_free"];
+    decltype(&EVP_DigestInit_ex) digestInit = library["EVP_DigestInit_ex"];
+    decltype(&EVP_DigestUpdate) digestUpdate = library["EVP_DigestUpdate"];
+    decltype(&EVP_DigestFinal_ex) digestFinal = library["EVP_DigestFinal_ex"];
 };
 
 const LibCrypto& libcrypto()
@@ -33,6 +39,29 @@ unsigned char* octets(std::string& bytes)
 }
 
 } // namespace
+
+void Sha1::Free::operator()(evp_md_ctx_st* context) const
+{
+    libcrypto().contextFree(context);
+}
+
+Sha1::Sha1()
+    : m_context(libcrypto().contextNew())
+{
+    libcrypto().digestInit(m_context.get(), libcrypto().sha1(), nullptr);
+}
+
+void Sha1::add(std::string_view bytes)
+{
+    libcrypto().digestUpdate(m_context.get(), bytes.data(), bytes.size());
+}
+
+std::string Sha1::finished()
+{
+    std::string digest(SHA_DIGEST_LENGTH, '\0');
+    libcrypto().digestFinal(m_context.get(), octets(digest), nullptr);
+    return digest;
+}
 
 std::string sha256(std::string_view bytes)
 {

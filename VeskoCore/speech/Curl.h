@@ -15,6 +15,7 @@ struct Curl {
     decltype(&curl_easy_init) easyInit = library["curl_easy_init"];
     decltype(&curl_easy_cleanup) easyCleanup = library["curl_easy_cleanup"];
     decltype(&curl_easy_setopt) easySetopt = library["curl_easy_setopt"];
+    decltype(&curl_easy_perform) easyPerform = library["curl_easy_perform"];
     decltype(&curl_easy_getinfo) easyGetinfo = library["curl_easy_getinfo"];
     decltype(&curl_easy_header) easyHeader = library["curl_easy_header"];
     decltype(&curl_multi_init) multiInit = library["curl_multi_init"];
@@ -29,6 +30,8 @@ struct Curl {
     decltype(&curl_slist_free_all) slistFreeAll = library["curl_slist_free_all"];
     decltype(&curl_url) url = library["curl_url"];
     decltype(&curl_url_set) urlSet = library["curl_url_set"];
+    decltype(&curl_url_get) urlGet = library["curl_url_get"];
+    decltype(&curl_free) free = library["curl_free"];
     decltype(&curl_url_cleanup) urlCleanup = library["curl_url_cleanup"];
 };
 

@@ -135,6 +135,8 @@ public:
         // Else the end of an exchange waits for a name server that does not answer.
         set(CURLOPT_QUICK_EXIT, 1L);
         set(CURLOPT_TIMEOUT_MS, static_cast<long>(std::ceil(request.resourceTimeout * 1000)));
+        if (request.pastProxy)
+            set(CURLOPT_NOPROXY, "*");
         set(CURLOPT_HTTPHEADER, m_headers.get());
         if (request.body || request.method == "POST") {
             // libcurl reads the body where it stands.

@@ -22,6 +22,7 @@ struct HttpRequest {
     std::optional<std::string> body;
     double timeout = 75; // seconds without any progress
     double resourceTimeout = 90; // seconds for the whole exchange
+    bool pastProxy = false; // what stays on this machine goes through no other
 };
 
 // The raw answer of one exchange.

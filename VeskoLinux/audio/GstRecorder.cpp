@@ -128,6 +128,11 @@ Task<> GstRecorder::begin(
     begun.set(failure);
 }
 
+void GstRecorder::setListener(std::shared_ptr<SoundListener> listener)
+{
+    m_listener = std::move(listener);
+}
+
 double GstRecorder::currentTime() const
 {
     return m_current ? m_current->capturedSeconds() : 0;
@@ -195,7 +200,10 @@ void GstRecorder::endedByItself(RecorderFailure failure)
 Task<> GstRecorder::openMicrophone(Pipeline pipeline)
 {
     try {
-        co_await m_worker.run([pipeline = std::move(pipeline)] { pipeline->open(); });
+        co_await m_worker.run(
+            [pipeline = std::move(pipeline), listener = std::exchange(m_listener, nullptr)] {
+                pipeline->open(listener);
+            });
     } catch (const std::runtime_error&) {
     }
 }

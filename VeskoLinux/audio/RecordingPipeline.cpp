@@ -1,5 +1,6 @@
 #include "VeskoLinux/audio/RecordingPipeline.h"
 
+#include "VeskoLinux/audio/SoundTap.h"
 #include "VeskoLinux/media/GstPlugins.h"
 
 #include <gst/gst.h>
@@ -30,7 +31,7 @@ constexpr auto listening
 // Fragments make the file playable while it grows; at the end it is rewritten as an ordinary one.
 constexpr auto writing
     = "audioconvert ! audioresample ! audio/x-raw,format=S16LE,rate=44100,channels=1"
-      " ! level interval=50000000 ! audioconvert ! avenc_aac bitrate=96000 ! aacparse"
+      " ! level interval=50000000 ! audioconvert ! avenc_aac bitrate=96000 ! aacparse name=encoded"
       " ! mp4mux fragment-duration=200 fragment-mode=first-moov-then-finalise"
       " ! filesink name=sink buffer-mode=unbuffered async=false";
 
@@ -69,6 +70,7 @@ RecordingPipeline::~RecordingPipeline()
     if (!m_pipeline)
         return;
     end();
+    m_tap.reset();
     gst_element_set_state(m_pipeline.get(), GST_STATE_NULL);
     g_signal_handlers_disconnect_by_data(m_source.get(), this);
     GstBus* bus = gst_element_get_bus(m_pipeline.get());
@@ -152,7 +154,7 @@ void RecordingPipeline::build()
     m_pipeline = std::move(pipeline);
 }
 
-void RecordingPipeline::open()
+void RecordingPipeline::open(const std::shared_ptr<SoundListener>& listener)
 {
     build();
     const bool opening
@@ -165,8 +167,22 @@ void RecordingPipeline::open()
     if (error || !writer)
         throw std::runtime_error("The recorder lacks a part: " + takeText(error));
     m_writer.reset(GST_ELEMENT(gst_object_ref_sink(writer)));
+    if (listener)
+        listenIn(listener);
     const std::scoped_lock lock(m_mutex);
     m_opened = opening;
+}
+
+void RecordingPipeline::listenIn(const std::shared_ptr<SoundListener>& listener)
+{
+    const Element parser(gst_bin_get_by_name(GST_BIN(m_writer.get()), "encoded"));
+    GstPad* out = gst_element_get_static_pad(parser.get(), "src");
+    try {
+        m_tap = std::make_unique<SoundTap>(out, listener);
+    } catch (const std::runtime_error&) {
+        // The file will tell him.
+    }
+    gst_object_unref(out);
 }
 
 void RecordingPipeline::begin(const std::filesystem::path& file)

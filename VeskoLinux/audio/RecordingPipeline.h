@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoApp/platform/AudioRecorder.h"
+#include "VeskoApp/platform/SoundListener.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -16,6 +17,8 @@ using GstElement = struct _GstElement;
 using GstMessage = struct _GstMessage;
 
 namespace vesko {
+
+class SoundTap;
 
 // One recording, from the default microphone into one file, on GStreamer's threads. build, open,
 // begin, attend, end and the destructor may wait for the sound server or the disk: they are for
@@ -33,8 +36,9 @@ public:
     // Puts together what takes the sound in, which takes time on a cold machine; holds no device
     // and no connection. Throws std::runtime_error when a part isn't installed.
     void build();
-    // Begins to take sound and holds up to 30 seconds of it. Doesn't wait for the first.
-    void open();
+    // Begins to take sound and holds up to 30 seconds of it. Doesn't wait for the first. The
+    // listener, if any, hears what will be written.
+    void open(const std::shared_ptr<SoundListener>& listener);
     // Writes what has been heard and all that comes into a new file; returns when the first sound
     // has come. Throws std::runtime_error when it can't begin, or abandon() was called; a file that
     // it made is then removed.
@@ -58,6 +62,7 @@ private:
     };
     using Element = std::unique_ptr<GstElement, Unref>;
 
+    void listenIn(const std::shared_ptr<SoundListener>& listener);
     void note(GstMessage* message);
     void noteCaptured(long long begin, long long end);
     void noteFailure(RecorderFailure failure, std::string reason);
@@ -69,6 +74,7 @@ private:
     Element m_source;
     Element m_queue;
     Element m_writer; // all from the queue to the file; no part of the pipeline before that
+    std::unique_ptr<SoundTap> m_tap; // goes before what it listens to
     unsigned long m_held = 0; // keeps the sound in the queue
 
     std::atomic<long long> m_firstTime = -1; // nanoseconds of running time

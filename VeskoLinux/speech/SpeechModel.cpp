@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <vector>
 
 namespace vesko {
 
@@ -63,6 +62,18 @@ std::optional<SpeechModel> SpeechModel::find(
         if (auto model = modelIn(folder))
             return model;
     return std::nullopt;
+}
+
+std::vector<std::string> SpeechModel::installed(const std::filesystem::path& models)
+{
+    std::vector<std::string> tags;
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::directory_iterator(models, ignored))
+        if (const auto model = modelIn(entry.path());
+            model && !languageOf(normalized(model->name())).empty())
+            tags.push_back(normalized(model->name()));
+    std::ranges::sort(tags);
+    return tags;
 }
 
 } // namespace vesko

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vesko {
 
@@ -16,6 +17,11 @@ struct SpeechModel {
     // are named after a language: the same region if there is one, else any of the language.
     static std::optional<SpeechModel> find(
         const std::filesystem::path& models, const std::string& tag);
+    // The tags of all that are installed, sorted.
+    static std::vector<std::string> installed(const std::filesystem::path& models);
+
+    // That of its folder: "en-us".
+    std::string name() const { return dictionary.parent_path().filename().string(); }
 };
 
 } // namespace vesko

@@ -31,6 +31,7 @@ public:
 
     int preparations = 0;
     int accessRequests = 0;
+    std::shared_ptr<SoundListener> listener;
     std::vector<std::filesystem::path> files; // that a start was asked for
 
     // Whether sound is being taken.
@@ -63,6 +64,7 @@ public:
         }
         putBytes(file, audio);
     }
+    void setListener(std::shared_ptr<SoundListener> to) override { listener = std::move(to); }
     double currentTime() const override { return m_openedAt ? m_clock.uptime() - *m_openedAt : 0; }
     double averagePower() const override { return m_openedAt ? power : -160; }
     double stop() override

@@ -23,6 +23,11 @@ public:
     std::vector<std::string> languages; // that recognitions were begun with
     std::vector<std::filesystem::path> audio; // likewise
 
+    std::string expected; // words
+    std::vector<std::string> heardLanguages; // that hearings were begun with
+    int hearings = 0; // that are under way
+    std::vector<bool> wasHeard; // of each recognition, whether a hearing came with it
+
     bool running() const { return m_report != nullptr; }
     // A report of the running recognition, which may end it.
     void report(const Report& report)
@@ -38,9 +43,27 @@ public:
     }
     std::string systemLanguage() const override { return system; }
     bool available() const override { return isAvailable; }
-    std::unique_ptr<Recognition> recognize(const std::filesystem::path& file,
-        const std::string& language, std::function<void(const Report&)> to) override
+    void expect(std::string words) override { expected = std::move(words); }
+    std::unique_ptr<Hearing> hear(const std::string& language) override
     {
+        struct Deaf final : Hearing {
+            explicit Deaf(int& count)
+                : hearings(count)
+            {
+                ++hearings;
+            }
+            ~Deaf() override { --hearings; }
+            std::shared_ptr<SoundListener> listener() override { return nullptr; }
+            int& hearings;
+        };
+        heardLanguages.push_back(language);
+        return std::make_unique<Deaf>(hearings);
+    }
+    std::unique_ptr<Recognition> recognize(const std::filesystem::path& file,
+        const std::string& language, std::function<void(const Report&)> to,
+        std::unique_ptr<Hearing> heard) override
+    {
+        wasHeard.push_back(heard != nullptr);
         audio.push_back(file);
         languages.push_back(language);
         m_report = std::move(to);

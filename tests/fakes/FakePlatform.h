@@ -19,6 +19,8 @@
 #include "tests/fakes/FakeSecretStore.h"
 #include "tests/fakes/FakeSessionState.h"
 #include "tests/fakes/FakeSettingsStore.h"
+#include "tests/fakes/FakeSpeechEngines.h"
+#include "tests/fakes/FakeSpeechGate.h"
 #include "tests/fakes/FakeStatusItem.h"
 #include "tests/fakes/FakeTextLanguageRecognizer.h"
 #include "tests/fakes/TestClock.h"
@@ -38,6 +40,8 @@ struct FakePlatform {
     FakeAudioPlayer player;
     FakeCueEngine cues{ clock };
     FakeOnDeviceRecognizer recognizer;
+    FakeSpeechEngines speechEngines;
+    FakeSpeechGate speechGate;
     FakeTextLanguageRecognizer textLanguage;
     FakeFocusedField focusedField;
     FakePasteKeystroke pasteKeystroke;
@@ -62,6 +66,8 @@ struct FakePlatform {
         .player = player,
         .cues = cues,
         .recognizer = recognizer,
+        .speechEngines = speechEngines,
+        .speechGate = speechGate,
         .textLanguage = textLanguage,
         .focusedField = focusedField,
         .pasteKeystroke = pasteKeystroke,

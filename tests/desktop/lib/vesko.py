@@ -24,6 +24,7 @@ def deployed(service_url=None, **more):
     values.update(more)
     with open(os.path.join(folder, "Info.json"), "w") as file:
         json.dump(values, file)
+    shutil.copy2(os.path.join(os.path.dirname(BINARY), "vesko-pocketsphinx"), folder)
     return shutil.copy2(BINARY, folder)
 
 

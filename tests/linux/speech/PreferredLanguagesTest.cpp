@@ -1,6 +1,6 @@
 #include "VeskoLinux/speech/PreferredLanguages.h"
 
-#include "VeskoLinux/speech/PocketSphinxRecognizer.h"
+#include "VeskoLinux/speech/EngineRecognizer.h"
 
 #include <gtest/gtest.h>
 
@@ -66,7 +66,7 @@ TEST_F(PreferredLanguages, areThoseOfTheMessages)
         { "each once", "pt_BR:pt:en", nullptr, nullptr, "pt_BR.UTF-8", { "pt-BR", "pt", "en" } },
         { "a list with gaps", ":de::C:de:", nullptr, nullptr, "en_US.UTF-8", { "de", "en-US" } },
     };
-    const PocketSphinxRecognizer recognizer;
+    const EngineRecognizer recognizer(nullptr);
     for (const auto& row : table) {
         put("LANGUAGE", row.list);
         put("LC_ALL", row.all);

@@ -1,5 +1,6 @@
-#include "VeskoLinux/speech/PocketSphinxRecognizer.h"
+#include "VeskoLinux/speech/EngineRecognizer.h"
 
+#include "VeskoLinux/speech/engines/PocketSphinxEngine.h"
 #include "tests/fakes/Files.h"
 #include "tests/fakes/TemporaryFolder.h"
 #include "tests/linux/audio/EventLoop.h"
@@ -52,6 +53,12 @@ private:
     int m_descriptor;
 };
 
+std::unique_ptr<OnDeviceRecognizer> withPocketSphinx()
+{
+    return std::make_unique<EngineRecognizer>(
+        std::make_shared<PocketSphinxEngine>(VESKO_POCKETSPHINX));
+}
+
 std::size_t openFiles()
 {
     const auto all = std::filesystem::directory_iterator("/proc/self/fd");
@@ -95,7 +102,7 @@ protected:
         return all;
     }
 
-    std::unique_ptr<PocketSphinxRecognizer> recognizer = std::make_unique<PocketSphinxRecognizer>();
+    std::unique_ptr<OnDeviceRecognizer> recognizer = withPocketSphinx();
     std::vector<std::string> reports;
 
 private:
@@ -128,6 +135,28 @@ TEST_F(WithRecognizer, understandsWhatIsCutIntoPieces)
 {
     EXPECT_THAT(
         heard(three()), ElementsAre(voice::coffee + " " + voice::brother + " " + voice::coffee));
+}
+
+// As a microphone hears it from the loudspeakers of its own machine.
+TEST_F(WithRecognizer, takesTheStartToneForNoWord)
+{
+    for (const char* level : { "-6dB", "-20dB", "-32dB" }) {
+        voice::convert(
+            { "-i", VESKO_RESOURCES "/CaptureStart.wav", "-i", brother(), "-filter_complex",
+                std::string("[0]volume=") + level
+                    + ",aresample=44100,apad=pad_dur=0.2[t];[1]aresample=44100[s];"
+                      "[t][s]concat=v=0:a=1",
+                "-c:a", "aac" },
+            in("toned.m4a"));
+        EXPECT_THAT(heard(in("toned.m4a")), ElementsAre(voice::brother)) << level;
+    }
+}
+
+TEST_F(WithRecognizer, understandsAQuietMicrophone)
+{
+    voice::convert(
+        { "-i", brother(), "-af", "volume=-40dB", "-c:a", "aac", "-b:a", "96k" }, in("quiet.m4a"));
+    EXPECT_THAT(heard(in("quiet.m4a")), ElementsAre(voice::brother));
 }
 
 TEST_F(WithRecognizer, hearsNothingInSilence)
@@ -190,7 +219,7 @@ TEST_F(WithRecognizer, givesWayToTheNextWhenItIsCancelled)
 TEST_F(WithRecognizer, endsSoonWithTheProgram)
 {
     for (const bool cancelled : { true, false }) {
-        recognizer = std::make_unique<PocketSphinxRecognizer>();
+        recognizer = withPocketSphinx();
         const FileWatch watch(endless(), IN_CLOSE);
         auto recognition = begin(endless());
         const auto waiting = begin(brother());
@@ -263,34 +292,28 @@ TEST_F(WithRecognizer, writesNothingToTheLog)
     EXPECT_EQ(bytesOf(log), "");
 }
 
-// In a process of its own: what a damaged model leaves behind is lost memory.
-TEST(DamagedModel, failsAndSparesTheProgram)
+// The library ends its program behind most of them.
+TEST_F(WithRecognizer, failsWithADamagedModelAndGoesOn)
 {
-    const TemporaryFolder folder;
-    const auto audio = folder.path() / "silence.m4a";
-    const auto model = folder.path() / "en-us";
-    voice::keepSilent(1, audio);
-    const auto report = [&] {
-        PocketSphinxRecognizer recognizer(folder.path());
-        std::string heard;
-        const auto recognition
-            = recognizer.recognize(audio, "en", [&](const Report& of) { heard = said(of); });
-        runUntil([&] { return !heard.empty(); });
-        return heard;
-    };
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    for (const std::string content : { "", "no model\n" })
-        EXPECT_EXIT(
-            {
-                std::filesystem::create_directories(model / "acoustic");
-                for (const char* file : { "acoustic/mdef", "words.dict", "words.lm.bin" })
-                    putBytes(model / file, content);
-                const bool failed = report() == "failed";
-                std::filesystem::remove_all(folder.path());
-                ::_exit(failed ? 0 : 1);
-            },
-            testing::ExitedWithCode(0), "")
-            << content;
+    const auto model = in("models/en-us");
+    std::filesystem::create_directories(model / "acoustic");
+    for (const std::string& content : { std::string(), std::string("no model\n"),
+             std::string(100'000, '\xA5'), std::string(100'000, '\0') }) {
+        for (const char* file : { "acoustic/mdef", "words.dict", "words.lm.bin" })
+            putBytes(model / file, content);
+        recognizer = std::make_unique<EngineRecognizer>(
+            std::make_shared<PocketSphinxEngine>(VESKO_POCKETSPHINX, in("models")));
+        EXPECT_THAT(heard(brother()), ElementsAre("failed")) << content.substr(0, 10);
+    }
+    recognizer = withPocketSphinx();
+    EXPECT_THAT(heard(silence()), ElementsAre(""));
+}
+
+// Its library would cost this process the memory, and take it down with it.
+TEST_F(WithRecognizer, keepsTheLibraryOutOfThisProcess)
+{
+    heard(brother());
+    EXPECT_THAT(bytesOf("/proc/self/maps"), testing::Not(testing::HasSubstr("sphinx")));
 }
 
 } // namespace

@@ -1,0 +1,177 @@
+#include "VeskoLinux/speech/EngineShelf.h"
+
+#include "VeskoLinux/speech/SpeechModel.h"
+#include "VeskoLinux/speech/engines/ChildProcess.h"
+#include "VeskoLinux/speech/engines/PocketSphinxEngine.h"
+#include "VeskoLinux/speech/engines/ServerEngine.h"
+#include "VeskoLinux/speech/engines/WhisperEngine.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace vesko {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Shelved {
+    FoundEngine found;
+    std::shared_ptr<const SpeechEngine> engine;
+};
+
+bool isTrusted(const fs::path& program)
+{
+    try {
+        requireTrusted(program);
+        return true;
+    } catch (const EngineFailure&) {
+        return false;
+    }
+}
+
+// The best one first: the largest that still keeps up with speech on an ordinary machine, then
+// those below it, then those above.
+std::vector<Shelved> whispers(const EngineShelf::Places& places)
+{
+    constexpr std::uintmax_t keepsUp = 600'000'000; // bytes; four times the speed of "medium"
+    const auto program = std::ranges::find_if(places.whisperPrograms, isTrusted);
+    if (program == places.whisperPrograms.end())
+        return {};
+    auto models = WhisperModel::in(places.whisperModels);
+    const auto slow
+        = std::ranges::find_if(models, [](const auto& model) { return model.size > keepsUp; });
+    std::ranges::reverse(models.begin(), slow);
+    std::vector<Shelved> all;
+    for (const auto& model : models)
+        all.push_back({ .found = { .id = "whisper.cpp/" + model.name,
+                            .name = "whisper.cpp",
+                            .model = model.name,
+                            .version = "",
+                            .licence = "MIT",
+                            .languages = model.multilingual ? WhisperEngine::languages()
+                                                            : std::vector<std::string>{ "en" },
+                            .detectsLanguage = model.multilingual },
+            .engine = std::make_shared<WhisperEngine>(*program, model) });
+    return all;
+}
+
+std::optional<Shelved> introduced(const fs::path& program, const std::stop_token& stop)
+{
+    try {
+        auto hello = ContractEngine::introduced({ program }, stop);
+        FoundEngine found{ .id = "engine/" + hello.name,
+            .name = hello.name,
+            .model = "",
+            .version = hello.version,
+            .licence = hello.licence,
+            .languages = hello.languages,
+            .detectsLanguage = hello.detectsLanguage };
+        return Shelved{ std::move(found),
+            std::make_shared<ContractEngine>(std::vector<std::string>{ program }, hello) };
+    } catch (const EngineFailure&) {
+        return std::nullopt; // a program, but no engine
+    }
+}
+
+std::vector<Shelved> contractEngines(const EngineShelf::Places& places, const std::stop_token& stop)
+{
+    constexpr std::size_t most = 20; // each is started
+    std::vector<fs::path> programs;
+    for (const auto& folder : places.contractEngines) {
+        std::error_code ignored;
+        for (const auto& entry : fs::directory_iterator(folder, ignored))
+            if (isTrusted(entry.path()))
+                programs.push_back(entry.path());
+    }
+    std::ranges::sort(programs);
+    programs.resize(std::min(programs.size(), most));
+    std::vector<Shelved> all;
+    for (const auto& program : programs)
+        if (auto engine = introduced(program, stop))
+            all.push_back(std::move(*engine));
+    return all;
+}
+
+Shelved pocketSphinx(const EngineShelf::Places& places)
+{
+    auto engine = std::make_shared<PocketSphinxEngine>(places.pocketSphinx);
+    return { .found = { .id = "pocketsphinx",
+                 .name = "pocketsphinx",
+                 .model = "",
+                 .version = "5prealpha",
+                 .licence = "BSD-2-Clause",
+                 .languages = engine->languages() },
+        .engine = engine };
+}
+
+std::vector<Shelved> shelf(const EngineShelf::Places& places, const std::stop_token& stop)
+{
+    auto all = whispers(places);
+    std::ranges::move(contractEngines(places, stop), std::back_inserter(all));
+    all.push_back(pocketSphinx(places));
+    return all;
+}
+
+std::shared_ptr<const SpeechEngine> chosen(
+    const EngineShelf::Places& places, const EngineChoice& choice, const std::stop_token& stop)
+{
+    if (choice.id == "command" && !choice.command.empty()) {
+        const auto& named
+            = choice.commandModel.empty() ? choice.command.front() : choice.commandModel;
+        return std::make_shared<CommandEngine>(CommandEngine::Command{ .name = "command",
+            .words = choice.command,
+            .model = choice.commandModel,
+            .modelName = fs::path(named).filename() });
+    }
+    if (choice.id == "server" && TranscriptionServer::endpoint(choice.serverAddress)) {
+        TranscriptionServer::Place place{ choice.serverAddress, choice.serverModel };
+        if (!choice.serverKey.empty())
+            place.key = choice.serverKey;
+        return std::make_shared<ServerEngine>(std::move(place));
+    }
+    for (auto& shelved : shelf(places, stop))
+        if (shelved.found.id == choice.id)
+            return shelved.engine;
+    return nullptr;
+}
+
+} // namespace
+
+EngineShelf::Places EngineShelf::usualPlaces(const fs::path& programs, const fs::path& data)
+{
+    return { .pocketSphinx = programs / "vesko-pocketsphinx",
+        .contractEngines = { data / "vesko/engines", programs.parent_path() / "lib/vesko/engines" },
+        .whisperPrograms = WhisperEngine::usualPrograms(),
+        .whisperModels = WhisperEngine::usualModelFolders() };
+}
+
+EngineShelf::EngineShelf(
+    Places places, std::function<void(std::shared_ptr<const SpeechEngine>)> use)
+    : m_places(std::move(places))
+    , m_use(std::move(use))
+{
+}
+
+Task<std::vector<FoundEngine>> EngineShelf::find()
+{
+    co_return co_await m_worker.run([places = m_places](const std::stop_token& stop) {
+        std::vector<FoundEngine> found;
+        for (auto& shelved : shelf(places, stop))
+            found.push_back(std::move(shelved.found));
+        return found;
+    });
+}
+
+Task<bool> EngineShelf::use(EngineChoice choice)
+{
+    auto engine = co_await m_worker.run(
+        [places = m_places, choice = std::move(choice)](
+            const std::stop_token& stop) { return chosen(places, choice, stop); });
+    if (!engine)
+        co_return false;
+    m_use(std::move(engine));
+    co_return true;
+}
+
+} // namespace vesko
