@@ -21,7 +21,12 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
+
+// One for all tests: libdbus asks only once where the bus is.
+void provideBus()
+{
+    static const PrivateBus bus;
+}
 
 class CommandTest : public testing::Test {
 protected:
@@ -33,6 +38,7 @@ protected:
 
     CommandTest()
     {
+        provideBus();
         std::filesystem::copy(VESKO_COMMAND, folder());
         program("touch started; exit 1");
     }
@@ -81,7 +87,6 @@ protected:
     Ended vesko(const QStringList& arguments) { return end(*begin(arguments)); }
     Ended vesko(const char* argument) { return vesko(QStringList{ QString::fromUtf8(argument) }); }
 
-    PrivateBus bus;
     std::unique_ptr<DBusRunningInstance> running;
     std::vector<RemoteCommand> commands;
     RemoteAnswer answer = RemoteAnswer::done;
@@ -238,6 +243,7 @@ TEST_F(CommandTest, anythingElseBecomesTheProgram)
 
 TEST_F(CommandTest, needsNeitherBusNorProgramForWhatItKnows)
 {
+    const auto address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
     EXPECT_EQ(vesko("--version").output, "Vesko " VESKO_VERSION "\n");
     const auto help = vesko("--help");
@@ -250,6 +256,7 @@ TEST_F(CommandTest, needsNeitherBusNorProgramForWhatItKnows)
     const auto toggle = vesko("--toggle");
     EXPECT_EQ(toggle.code, 1);
     EXPECT_THAT(toggle.complaint, HasSubstr("no session bus"));
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
     EXPECT_EQ(startedWith(), std::nullopt);
 }
 
