@@ -23,6 +23,7 @@
 #include "VeskoLinux/desktop/X11Desktop.h"
 #include "VeskoLinux/desktop/XdgFolders.h"
 #include "VeskoLinux/desktop/XdgLoginItem.h"
+#include "VeskoLinux/doctor/Checks.h"
 #include "VeskoLinux/input/SentKeys.h"
 #include "VeskoLinux/input/X11GlobalShortcut.h"
 #include "VeskoLinux/input/X11KeyMonitor.h"
@@ -59,6 +60,38 @@ int installKeyFromEnvironment()
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
     return installKey(std::getenv("OPENROUTER_API_KEY"), secrets, settings, std::cout, std::cerr);
+}
+
+// Whether nothing is wanting. Nothing of Vesko's is opened for it, so it can be asked beside one
+// that runs.
+bool sayWhatWorks(int argc, char** argv)
+{
+    startGStreamer();
+    const QCoreApplication application(argc, argv); // for the bus
+    PocketSphinxRecognizer recognizer;
+    const auto version = Deployment::read(deploymentFolders()).version;
+    const auto data = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder());
+    bool works = true;
+    diagnose(
+        {
+            { "Versions", [&] { return lookAtVersions(version); } },
+            { "Session", lookAtSession },
+            { "Program", lookAtProgram },
+            { "Shortcut", lookAtShortcut },
+            { "Accessibility", lookAtAccessibility },
+            { "Status icon", lookAtTray },
+            { "Notifications", lookAtNotifications },
+            { "Microphone", lookAtMicrophone },
+            { "Recordings", lookAtEncoder },
+            { "Recogniser", [&] { return lookAtRecognizer(recognizer); } },
+            { "Keyring", lookAtKeyring },
+            { "Data folder", [&] { return lookAtData(data); } },
+        },
+        [&](const Finding& finding) {
+            works = works && finding.state != Finding::State::wanting;
+            std::cout << described(finding) << std::flush;
+        });
+    return works;
 }
 
 // What it says, or throws, also goes to whom it is promised.
@@ -164,6 +197,8 @@ int main(int argc, char** argv)
         const auto read = Arguments::read({ argv + 1, static_cast<std::size_t>(argc - 1) });
         if (read.purpose == Purpose::keyInstaller)
             return installKeyFromEnvironment();
+        if (read.purpose == Purpose::doctor)
+            return sayWhatWorks(argc, argv) ? 0 : 1;
         return runApplication(argc, argv, read.purpose == Purpose::background, read.addresses);
     } catch (const std::exception& error) {
         // Nothing of the user's is in these words: only a broken installation comes here.

@@ -9,9 +9,10 @@ namespace vesko {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Purpose>, 14> options{ {
+constexpr std::array<std::pair<std::string_view, Purpose>, 15> options{ {
     { "--background", Purpose::background },
     { "--install-openrouter-key", Purpose::keyInstaller },
+    { "--doctor", Purpose::doctor },
     { "--toggle", Purpose::toggle },
     { "--start", Purpose::start },
     { "--stop", Purpose::stop },
@@ -71,6 +72,7 @@ const std::string_view usage
       "  --follow       the same, and a line more at each change\n"
       "  --json         with these two: as JSON, for bars and scripts\n"
       "\n"
+      "  --doctor       says what works on this computer, what doesn't, and what helps\n"
       "  --install-openrouter-key\n"
       "                 stores the key that OPENROUTER_API_KEY holds, and chooses OpenRouter\n"
       "  --help, --version\n"

@@ -12,6 +12,7 @@ enum class Purpose {
     application, // to be the program, or to show the one that runs
     background, // to be the program, without a window
     keyInstaller,
+    doctor, // to say what works on this machine
     // Said to the Vesko that runs.
     toggle,
     start,
@@ -37,7 +38,7 @@ struct Arguments {
     // Without the program's own name.
     static Arguments read(std::span<const char* const> arguments);
     // Whether the program itself is needed, with all its libraries.
-    bool wantProgram() const { return purpose <= Purpose::keyInstaller; }
+    bool wantProgram() const { return purpose <= Purpose::doctor; }
 };
 
 // What --help says.

@@ -28,6 +28,7 @@ TEST(Arguments, sayWhatAStartIsFor)
         { { "--background", "--background" }, Purpose::background },
         { { "--background", redirect }, Purpose::background },
         { { "--install-openrouter-key" }, Purpose::keyInstaller },
+        { { "--doctor" }, Purpose::doctor },
         { { "--toggle" }, Purpose::toggle },
         { { "--start" }, Purpose::start },
         { { "--stop" }, Purpose::stop },
@@ -77,9 +78,9 @@ TEST(Arguments, areRefusedWithAReason)
 
 TEST(Arguments, areAllInTheHelp)
 {
-    for (const auto* option :
-        { "--background", "--install-openrouter-key", "--toggle", "--start", "--stop", "--cancel",
-            "--show", "--quit", "--status", "--follow", "--json", "--help", "--version" })
+    for (const auto* option : { "--background", "--doctor", "--install-openrouter-key", "--toggle",
+             "--start", "--stop", "--cancel", "--show", "--quit", "--status", "--follow", "--json",
+             "--help", "--version" })
         EXPECT_THAT(std::string(usage), HasSubstr(option));
 }
 
