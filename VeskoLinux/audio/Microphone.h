@@ -11,7 +11,7 @@ bool microphoneExists();
 // Whether the default microphone can be opened and gives sound within three seconds.
 bool microphoneOpens();
 // The loudest that the default microphone gives within a second, in decibels (0 is full, silence
-// minus infinity); none if it can't be opened.
+// -350); none if it can't be opened.
 std::optional<double> microphoneLevel();
 
 } // namespace vesko

@@ -19,6 +19,7 @@ namespace vesko {
 
 namespace {
 
+constexpr double silence = -300; // decibels
 constexpr double quietest = -70; // decibels; a microphone that is muted is far below
 
 std::string environment(const char* name)
@@ -77,9 +78,10 @@ Finding lookAtMicrophone()
     if (!level)
         return Finding::wanting(
             "it can't be opened", "Look whether another program has it to itself.");
-    const auto heard = std::isfinite(*level)
-        ? "its loudest was " + std::to_string(std::lround(*level)) + " dB"
-        : std::string("it gave silence");
+    // The meter's own way to say nothing at all.
+    const bool isSilent = *level < silence;
+    const auto heard = isSilent ? std::string("it gave silence")
+                                : "its loudest was " + std::to_string(std::lround(*level)) + " dB";
     if (*level < quietest)
         return Finding::wanting(heard, "Unmute it, or choose another one in the sound settings.");
     return Finding::fine(heard);
