@@ -8,14 +8,14 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "write by voice in any program
- Vesko writes what you say into any other program. Press a shortcut, or tap
- or hold a key; speak; press again, and the words stand in the field where
- you started. If pasting there would not be safe, they wait on the clipboard
- and Vesko says why.
- .
- Every recording is kept before anything else is done with it, any recording
- can be transcribed again, and Vesko never presses Return. Speech is
- recognised on this computer, or by OpenRouter with a key of your own.")
+Vesko writes what you say into any other program. Press a shortcut, or tap
+or hold a key; speak; press again, and the words stand in the field where
+you started. If pasting there would not be safe, they wait on the clipboard
+and Vesko says why.
+
+Every recording is kept before anything else is done with it, any recording
+can be transcribed again, and Vesko never presses Return. Speech is
+recognised on this computer, or by OpenRouter with a key of your own.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 
 execute_process(COMMAND dpkg-architecture -q DEB_HOST_MULTIARCH
