@@ -219,8 +219,16 @@ TEST_F(CommandTest, whoFollowsReadsALineAtEachChange)
     running.reset();
     ASSERT_TRUE(comes("Запись 0:00\nVesko is not running\n"));
     EXPECT_EQ(command->state(), QProcess::Running);
-    command->closeReadChannel(QProcess::StandardOutput);
-    EXPECT_EQ(end(*command).code, 0);
+    PrivateBus::end(*command);
+}
+
+TEST_F(CommandTest, whoFollowsEndsWithItsReader)
+{
+    QProcess shell; // which waits for both ends of its pipe
+    PrivateBus::begin(shell, QStringLiteral("/bin/sh"),
+        { QStringLiteral("-c"), QStringLiteral("\"$0\" --follow | head -n 1"),
+            QString::fromStdString(folder() / "vesko") });
+    EXPECT_EQ(end(shell).output, "Vesko is not running\n");
 }
 
 TEST_F(CommandTest, anythingElseBecomesTheProgram)
@@ -275,7 +283,8 @@ QStringList membersIn(const QByteArray& description)
         if (xml.name() == QStringLiteral("interface"))
             ours = value("name") == QStringLiteral("app.vesko.Vesko");
         else if (ours && xml.name() == QStringLiteral("arg"))
-            members.back() += QStringLiteral(" %1:%2").arg(value("direction"), value("type"));
+            members.back() += u' ' + value("type") // what a signal has always goes out
+                + (value("direction") == QStringLiteral("in") ? u'<' : u'>');
         else if (ours && xml.name() != QStringLiteral("annotation"))
             members << xml.name().toString() + u' ' + value("name");
     }
