@@ -11,6 +11,7 @@
 #include "VeskoLinux/audio/GstCueEngine.h"
 #include "VeskoLinux/audio/GstPlayer.h"
 #include "VeskoLinux/audio/GstRecorder.h"
+#include "VeskoLinux/command/Arguments.h"
 #include "VeskoLinux/desktop/CborSettings.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 #include "VeskoLinux/desktop/DesktopBrowser.h"
@@ -24,6 +25,7 @@
 #include "VeskoLinux/desktop/X11Desktop.h"
 #include "VeskoLinux/desktop/XdgFolders.h"
 #include "VeskoLinux/desktop/XdgLoginItem.h"
+#include "VeskoLinux/doctor/Checks.h"
 #include "VeskoLinux/input/SentKeys.h"
 #include "VeskoLinux/input/X11GlobalShortcut.h"
 #include "VeskoLinux/input/X11KeyMonitor.h"
@@ -44,8 +46,6 @@
 #include <QTranslator>
 #include <QtQml/QQmlExtensionPlugin>
 
-#include <algorithm>
-#include <cctype>
 #include <chrono>
 #include <cstdlib>
 #include <future>
@@ -53,7 +53,6 @@
 #include <malloc.h>
 #include <span>
 #include <string>
-#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -63,40 +62,7 @@ namespace vesko {
 
 namespace {
 
-enum class Start { application, background, keyInstaller, clipboardKeeper, refused };
-
-// Whether it begins with a scheme, as an address does that was opened with this program.
-bool isAddress(std::string_view argument)
-{
-    const auto letter = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; };
-    const auto scheme = argument.substr(0, argument.find(':'));
-    return scheme.size() < argument.size() && !scheme.empty() && letter(scheme[0])
-        && std::ranges::all_of(
-            scheme, [&](char c) { return letter(c) || c == '+' || c == '-' || c == '.'; });
-}
-
-Start readArguments(std::span<char*> arguments, std::vector<std::string>& addresses)
-{
-    Start start = Start::application;
-    for (const std::string_view argument : arguments.subspan(1)) {
-        if (argument == "--install-openrouter-key") {
-            start = Start::keyInstaller;
-        } else if (argument == keepClipboardArgument) {
-            start = Start::clipboardKeeper;
-        } else if (isAddress(argument)) {
-            addresses.emplace_back(argument);
-        } else if (argument == "--background") {
-            if (start == Start::application)
-                start = Start::background;
-        } else {
-            std::cerr << "vesko: unknown argument " << argument << "\n"
-                      << "usage: vesko [--background] [--install-openrouter-key] [ADDRESS...]\n";
-            return Start::refused;
-        }
-    }
-    return start;
-}
-
+#include <thread>
 int installKeyFromEnvironment()
 {
     // First of all, since the programs that the secret store starts inherit the environment.
@@ -104,6 +70,39 @@ int installKeyFromEnvironment()
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
     return installKey(key, secrets, settings, std::cout, std::cerr);
+}
+
+// Whether nothing is wanting. Nothing of Vesko's is opened for it, so it can be asked beside one
+// that runs.
+bool sayWhatWorks(int argc, char** argv)
+{
+    startGStreamer();
+    const QCoreApplication application(argc, argv); // for the bus
+    EngineRecognizer recognizer(
+        std::make_shared<PocketSphinxEngine>(programFolder() / "vesko-pocketsphinx"));
+    const auto version = Deployment::read(deploymentFolders()).version;
+    const auto data = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder());
+    bool works = true;
+    diagnose(
+        {
+            { "Versions", [&] { return lookAtVersions(version); } },
+            { "Session", lookAtSession },
+            { "Program", lookAtProgram },
+            { "Shortcut", lookAtShortcut },
+            { "Accessibility", lookAtAccessibility },
+            { "Status icon", lookAtTray },
+            { "Notifications", lookAtNotifications },
+            { "Microphone", lookAtMicrophone },
+            { "Recordings", lookAtEncoder },
+            { "Recogniser", [&] { return lookAtRecognizer(recognizer); } },
+            { "Keyring", lookAtKeyring },
+            { "Data folder", [&] { return lookAtData(data); } },
+        },
+        [&](const Finding& finding) {
+            works = works && finding.state != Finding::State::wanting;
+            std::cout << described(finding) << std::flush;
+        });
+    return works;
 }
 
 // What it says, or throws, also goes to whom it is promised.
@@ -194,7 +193,7 @@ int runApplication(
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, speechEngines, speechGate,
         textLanguage, focusedField, pasteKeystroke, clipboard, shortcut, keys, secrets, settings,
-        loginItem, statusItem, browser, runningInstance, desktop, fileChooser, appearance,
+        loginItem, statusItem, browser, runningInstance, runningInstance.control(), desktop, fileChooser, appearance,
         permissions, session, languages, root };
 
     AppModel model(
@@ -227,19 +226,14 @@ int main(int argc, char** argv)
     // Where it is set, libcurl would write down what decrypts its connections.
     takeFromEnvironment("SSLKEYLOGFILE");
     try {
-        std::vector<std::string> addresses;
-        const auto start = readArguments({ argv, static_cast<std::size_t>(argc) }, addresses);
-        switch (start) {
-        case Start::application:
-        case Start::background:
-            return runApplication(argc, argv, start == Start::background, addresses);
-        case Start::keyInstaller:
+        const auto read = Arguments::read({ argv + 1, static_cast<std::size_t>(argc - 1) });
+        if (read.purpose == Purpose::keyInstaller)
             return installKeyFromEnvironment();
-        case Start::clipboardKeeper:
+        if (read.purpose == Purpose::clipboardKeeper)
             return keepClipboard(argc, argv);
-        case Start::refused:
-            return 2;
-        }
+        if (read.purpose == Purpose::doctor)
+            return sayWhatWorks(argc, argv) ? 0 : 1;
+        return runApplication(argc, argv, read.purpose == Purpose::background, read.addresses);
     } catch (const std::exception& error) {
         // Nothing of the user's is in these words: only a broken installation comes here.
         std::cerr << "vesko: " << error.what() << "\n";

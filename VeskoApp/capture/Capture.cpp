@@ -254,6 +254,31 @@ Task<> Capture::finish(CapturedRecording captured, double duration)
     onCaptured(std::move(captured));
 }
 
+void Capture::cancel()
+{
+    if (m_phase == Phase::recording && m_active)
+        stopWithoutTranscription(L10N_KEY("Vesko", "Recording cancelled. The audio is saved."));
+}
+
+void Capture::stopWithoutTranscription(std::string message)
+{
+    const Uuid recordingID = m_active->recording.id;
+    const double duration = endCapture();
+    clearFn();
+    setPhase(Phase::processing);
+    m_tasks.spawn(keepWithoutTranscription(recordingID, duration, std::move(message)));
+}
+
+Task<> Capture::keepWithoutTranscription(Uuid recordingID, double duration, std::string message)
+{
+    const auto saved = co_await save(recordingID, duration);
+    if (saved)
+        m_to.status.setMessage(std::move(message));
+    else
+        m_to.status.report(saved.error());
+    setPhase(Phase::idle);
+}
+
 // Once the file is whole, the library says so.
 Task<LibrarySession::Outcome<void>> Capture::save(Uuid recordingID, double duration)
 {

@@ -64,6 +64,8 @@ public:
     Q_INVOKABLE void toggleDictation();
     // Records into a voice note: the selected note if `append`, else a new one.
     Q_INVOKABLE void recordNote(bool append);
+    // Ends a running recording, which is kept without being transcribed.
+    void cancel();
     void handleFn(FnShortcutAction action);
     // The press that began a capture was a tap: no key can join it any more.
     void fnTapped() { m_fn.settled.set(true); }
@@ -121,12 +123,13 @@ private:
     Task<> finish(CapturedRecording captured, double duration);
     void failed(std::string message);
     Task<> storeFailure(Uuid recordingID, std::string message);
+    void stopWithoutTranscription(std::string message);
+    Task<> keepWithoutTranscription(Uuid recordingID, double duration, std::string message);
     Task<LibrarySession::Outcome<void>> save(Uuid recordingID, double duration);
 
     // CaptureGesture.cpp
     void beginFn();
     void discardFn();
-    Task<> keepWithoutTranscription(Uuid recordingID, double duration);
     bool fnTargetsActive() const;
     void clearFn();
     void setPushToTalk(bool on);

@@ -57,22 +57,8 @@ void Capture::discardFn()
     m_fn.settled.set(false);
     if (m_phase != Phase::recording || !m_active || !fnTargetsActive())
         return;
-    const Uuid recordingID = m_active->recording.id;
-    const double duration = endCapture();
-    clearFn();
-    setPhase(Phase::processing);
-    m_tasks.spawn(keepWithoutTranscription(recordingID, duration));
-}
-
-Task<> Capture::keepWithoutTranscription(Uuid recordingID, double duration)
-{
-    const auto saved = co_await save(recordingID, duration);
-    if (saved)
-        m_to.status.setMessage(
-            L10N_KEY("Vesko", "Fn combination used. Audio saved without transcription."));
-    else
-        m_to.status.report(saved.error());
-    setPhase(Phase::idle);
+    stopWithoutTranscription(
+        L10N_KEY("Vesko", "Fn combination used. Audio saved without transcription."));
 }
 
 void Capture::clearFn()

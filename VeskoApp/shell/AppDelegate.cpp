@@ -29,6 +29,7 @@ AppDelegate::AppDelegate(Platform& platform, AppModel& model)
     , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
     , m_windows(platform)
     , m_captureControl(platform, model.capture(), model.library(), model.status())
+    , m_remote(platform.remoteControl, platform.clock, remoteProgram())
     , m_gestureKey(model.preferences().gestureKey(platform.keys.reportsFn()))
     , m_statusIconCheck(platform.clock)
 {
@@ -71,6 +72,9 @@ void AppDelegate::launch(bool background, const Demo& demo)
     });
     observeScreens();
     observeActivation();
+    const auto tellRemote = [this] { m_remote.changed(); };
+    connect(&m_model.capture(), &Capture::phaseChanged, this, tellRemote);
+    connect(&m_model.library(), &LibrarySession::readyChanged, this, tellRemote);
     if (demo.scene)
         m_tasks.spawn(showScene(*demo.scene));
 }
@@ -230,6 +234,22 @@ void AppDelegate::wireHotkeys()
     m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.capture().handleFn(action); };
     m_hotkeys.onFnTap = [this] { m_model.capture().fnTapped(); };
     m_hotkeys.onSendIntent = [this] { m_model.review().armSend(); };
+}
+
+RemoteCommands::Program AppDelegate::remoteProgram()
+{
+    Capture& capture = m_model.capture();
+    return {
+        .phase = [&capture] { return capture.phase(); },
+        .ready = [this] { return m_model.library().ready(); },
+        .title = [&capture] { return capture.phaseTitle(); },
+        .elapsed = [&capture] { return capture.elapsed(); },
+        .start = [&capture] { capture.toggleDictation(); },
+        .stop = [&capture] { capture.toggleDictation(); },
+        .cancel = [&capture] { capture.cancel(); },
+        .show = [this] { applicationShouldHandleReopen(); },
+        .quit = [this] { quit(); },
+    };
 }
 
 bool AppDelegate::canStart() const

@@ -6,6 +6,7 @@
 #include "VeskoApp/shell/AppModel.h"
 #include "VeskoApp/shell/AppWindows.h"
 #include "VeskoApp/shell/CaptureControl.h"
+#include "VeskoApp/shell/RemoteCommands.h"
 #include "VeskoCore/shell/DemoScene.h"
 
 #include <QObject>
@@ -88,6 +89,7 @@ protected:
 private:
     void setupStatusItem();
     void wireHotkeys();
+    RemoteCommands::Program remoteProgram();
     void showCaptureControl();
     void updateCaptureVisibility();
     void observeScreens();
@@ -115,6 +117,7 @@ private:
     std::optional<PermissionRows> m_permissions;
     AppWindows m_windows; // goes before what its windows show
     CaptureControl m_captureControl;
+    RemoteCommands m_remote;
     GestureKey m_gestureKey;
     Timer m_statusIconCheck;
     bool m_statusIconChecked = false;

@@ -1056,6 +1056,10 @@
         <translation>Каталог моделей обновлён</translation>
     </message>
     <message>
+        <source>Recording cancelled. The audio is saved.</source>
+        <translation>Запись отменена. Звук сохранён.</translation>
+    </message>
+    <message>
         <source>Fn combination used. Audio saved without transcription.</source>
         <translation>Нажато сочетание клавиш. Звук сохранён без расшифровки.</translation>
     </message>

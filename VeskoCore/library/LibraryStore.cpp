@@ -1,7 +1,6 @@
 #include "VeskoCore/library/LibraryStore.h"
 
 #include "VeskoCore/base/JsonWriter.h"
-#include "VeskoCore/base/Localized.h"
 #include "VeskoCore/library/LibraryReader.h"
 
 #include <algorithm>
@@ -30,39 +29,16 @@ FileLock claim(FileSystem& files, const std::filesystem::path& root)
     return std::move(*lock);
 }
 
-bool needsRepair(const Recording& recording)
-{
-    return recording.status == RecordingStatus::recording
-        || recording.status == RecordingStatus::transcribing
-        || std::ranges::any_of(recording.attempts,
-            [](const auto& attempt) { return attempt.status == AttemptStatus::running; });
-}
-
-void repair(Recording& recording, const Clock& clock)
-{
-    if (recording.status == RecordingStatus::recording
-        || recording.status == RecordingStatus::transcribing) {
-        recording.status = RecordingStatus::interrupted;
-        recording.errorMessage = L10N_KEY(
-            "Vesko", "Capture was interrupted. The original file may be recovered or retried.");
-    }
-    for (auto& attempt : recording.attempts)
-        if (attempt.status == AttemptStatus::running) {
-            attempt.status = AttemptStatus::interrupted;
-            attempt.completedAt = clock.now();
-        }
-}
-
 // Whether anything had to be repaired.
 bool repair(Library& library, const Clock& clock)
 {
     bool changed = false;
     for (std::size_t index = 0; index < library.notes.size(); ++index) {
-        if (std::ranges::none_of(library.notes[index].recordings, needsRepair))
+        if (std::ranges::none_of(library.notes[index].recordings, &Recording::needsRepair))
             continue;
         library.notes.edit(index, [&](Note& note) {
             for (auto& recording : note.recordings)
-                repair(recording, clock);
+                recording.repair(clock.now());
         });
         changed = true;
     }

@@ -86,6 +86,11 @@ public:
         const Uuid& recordingID, const Uuid& attemptID, const TranscriptResult& result);
     void failAttempt(const Uuid& recordingID, const Uuid& attemptID, const std::string& message);
 
+    // Takes from another library what isn't here: its notes, with their recordings, its projects
+    // unless one of the name is here, and its terms unless there is an entry for the original. What
+    // is here stays as it is. One save.
+    void merge(const Library& other);
+
 private:
     // Where a recording stands in the document.
     struct Location {

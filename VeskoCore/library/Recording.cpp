@@ -2,6 +2,7 @@
 
 #include "VeskoCore/base/Localized.h"
 
+#include <algorithm>
 #include <ranges>
 
 namespace vesko {
@@ -38,6 +39,27 @@ Recording Recording::make(Uuid id, Uuid noteID, Date now)
 std::string Recording::fileNameFor(const Uuid& id)
 {
     return id.text() + ".m4a";
+}
+
+bool Recording::needsRepair() const
+{
+    return status == RecordingStatus::recording || status == RecordingStatus::transcribing
+        || std::ranges::any_of(
+            attempts, [](const auto& attempt) { return attempt.status == AttemptStatus::running; });
+}
+
+void Recording::repair(Date now)
+{
+    if (status == RecordingStatus::recording || status == RecordingStatus::transcribing) {
+        status = RecordingStatus::interrupted;
+        errorMessage = L10N_KEY(
+            "Vesko", "Capture was interrupted. The original file may be recovered or retried.");
+    }
+    for (auto& attempt : attempts)
+        if (attempt.status == AttemptStatus::running) {
+            attempt.status = AttemptStatus::interrupted;
+            attempt.completedAt = now;
+        }
 }
 
 std::optional<SharedText> Recording::latestText() const

@@ -31,6 +31,11 @@ struct Recording {
     // The upper-case identifier and ".m4a".
     static std::string fileNameFor(const Uuid& id);
 
+    // Whether it says that something goes on, as a process that ended in the midst leaves it.
+    bool needsRepair() const;
+    // Says instead that it was interrupted.
+    void repair(Date now);
+
     // The newest text of any attempt, whatever became of later ones.
     std::optional<SharedText> latestText() const;
 

@@ -69,4 +69,35 @@ bool microphoneOpens()
     return opens;
 }
 
+std::optional<double> microphoneLevel()
+{
+    if (!loadGstPlugins({ "coreelements", "pulseaudio", "audioconvert", "level" }))
+        return std::nullopt;
+    GError* error = nullptr;
+    const GstOwned<GstElement> pipeline(
+        gst_parse_launch("pulsesrc client-name=Vesko ! audioconvert ! audio/x-raw,channels=1"
+                         " ! level interval=1000000000 ! fakesink",
+            &error));
+    if (error || !pipeline) {
+        g_clear_error(&error);
+        return std::nullopt;
+    }
+    gst_element_set_state(pipeline.get(), GST_STATE_PLAYING);
+    std::optional<double> loudest;
+    const GstOwned<GstBus> bus(gst_element_get_bus(pipeline.get()));
+    if (GstMessage* const message = gst_bus_timed_pop_filtered(bus.get(), 4 * GST_SECOND,
+            static_cast<GstMessageType>(GST_MESSAGE_ELEMENT | GST_MESSAGE_ERROR))) {
+        const GstStructure* const told = gst_message_get_structure(message);
+        const GValue* const peak = told ? gst_structure_get_value(told, "peak") : nullptr;
+        if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_ELEMENT && peak) {
+            const auto* const channels = static_cast<const GValueArray*>(g_value_get_boxed(peak));
+            if (channels && channels->n_values > 0)
+                loudest = g_value_get_double(channels->values);
+        }
+        gst_message_unref(message);
+    }
+    gst_element_set_state(pipeline.get(), GST_STATE_NULL);
+    return loudest;
+}
+
 } // namespace vesko

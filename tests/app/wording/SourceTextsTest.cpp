@@ -97,8 +97,11 @@ const struct {
     { "VeskoLinux/speech/", ".*", "of an exception; a user reads what safeMessage says of it" },
     { "VeskoApp/shell/KeyInstaller.cpp", ".*", "said to a script, which knows the line" },
     { "VeskoApp/shell/MenuRows.cpp", "(File|Edit)", "which menu a row belongs to" },
+    { "VeskoLinux/command/", ".*", "said on a terminal" },
+    { "VeskoLinux/doctor/", ".*", "said on a terminal, and pasted into reports" },
+    { "VeskoLinux/main.cpp", "(Status icon|Data folder)", "said on a terminal" },
     { "VeskoLinux/desktop/XdgFolders.cpp", ".*", "said on a terminal" },
-    { "VeskoLinux/desktop/DBusRunningInstance", ".*", "said on a terminal, or on the bus" },
+    { "VeskoLinux/desktop/DBus", ".*", "said on a terminal, or on the bus" },
 };
 
 bool covers(const auto& exception, const QString& path, const QString& text)

@@ -15,6 +15,16 @@ TEST(Microphone, isThereAndOpens)
     EXPECT_EQ(SoundServer::list("source-outputs"), listening); // nothing is left open
 }
 
+TEST(Microphone, isAsLoudAsWhatItHears)
+{
+    const SoundServer server;
+    const auto listening = SoundServer::list("source-outputs");
+    const auto level = microphoneLevel(); // nobody speaks
+    ASSERT_TRUE(level);
+    EXPECT_LT(*level, -70);
+    EXPECT_EQ(SoundServer::list("source-outputs"), listening);
+}
+
 TEST(Microphone, isNoLoudspeakersMonitor)
 {
     const SoundServer server(SoundServer::Microphone::absent);
@@ -26,6 +36,7 @@ TEST(Microphone, isNowhereWithoutASoundServer)
     SoundServer::keepToOurselves();
     EXPECT_FALSE(microphoneExists());
     EXPECT_FALSE(microphoneOpens());
+    EXPECT_EQ(microphoneLevel(), std::nullopt);
 }
 
 } // namespace

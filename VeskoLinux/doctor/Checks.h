@@ -1,0 +1,28 @@
+#pragma once
+
+#include "VeskoApp/platform/OnDeviceRecognizer.h"
+#include "VeskoLinux/doctor/Diagnosis.h"
+
+#include <filesystem>
+#include <string>
+
+namespace vesko {
+
+// What Vesko needs of this machine, one capability a check. The services are asked over the session
+// bus; nothing is started, changed or sent anywhere. The microphone is listened to for a second,
+// and what it hears is kept nowhere but for its loudness.
+
+Finding lookAtVersions(const std::string& version);
+Finding lookAtSession();
+Finding lookAtProgram(); // the Vesko that runs
+Finding lookAtShortcut();
+Finding lookAtAccessibility();
+Finding lookAtTray();
+Finding lookAtNotifications();
+Finding lookAtMicrophone();
+Finding lookAtEncoder();
+Finding lookAtRecognizer(const OnDeviceRecognizer& recognizer);
+Finding lookAtKeyring();
+Finding lookAtData(const std::filesystem::path& dataFolder);
+
+} // namespace vesko
