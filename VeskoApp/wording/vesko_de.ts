@@ -1230,6 +1230,78 @@
         <translation>Kopiert. Die Arbeitsumgebung hat nicht mitgeteilt, in welchem Fenster Sie waren, deshalb hat Vesko nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
     </message>
     <message>
+        <source>A running dictation is being saved</source>
+        <translation>Ein laufendes Diktat wird gesichert</translation>
+    </message>
+    <message>
+        <source>Copied. A key was held down, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Kopiert. Eine Taste war gedrückt, deshalb hat Vesko nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>Copied. Another program was holding the keyboard, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Kopiert. Ein anderes Programm hielt die Tastatur, deshalb hat Vesko nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Command V.</source>
+        <translation>Kopiert. Das Einfügen wurde gesendet, aber das Feld zeigt den Text nicht. Fehlt er, fügen Sie ihn mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>Copied. Shift, Alt or another such key was latched or locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Kopiert. Umschalt, Alt oder eine andere solche Taste war eingerastet, deshalb hat Vesko nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. Paste it with Command V.</source>
+        <translation>Kopiert. In den Einstellungen der Arbeitsumgebung sind langsame Tasten eingeschaltet, deshalb kann Vesko nicht einfügen. Fügen Sie den Text mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>Copied. The paste shortcut could not be sent. Paste it with Command V.</source>
+        <translation>Kopiert. Das Tastenkürzel zum Einfügen konnte nicht gesendet werden. Fügen Sie den Text mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>Copied. The session was locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Kopiert. Die Sitzung war gesperrt, deshalb hat Vesko nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>Copied. This program does not show its text fields to Vesko. Paste it with Command V or the program's own shortcut.</source>
+        <translation>Kopiert. Dieses Programm zeigt Vesko seine Textfelder nicht. Fügen Sie den Text mit Strg+V ein, im Terminal mit Strg+Umschalt+V, in Emacs mit Strg+Y.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko does not paste where letters are hidden, as in a password.</source>
+        <translation>Kopiert. Wo Zeichen verborgen werden, wie bei einem Passwort, fügt Vesko nicht ein.</translation>
+    </message>
+    <message>
+        <source>Copied. You started in Vesko itself, not in another program. Paste it with Command V.</source>
+        <translation>Kopiert. Sie haben in Vesko selbst begonnen, nicht in einem anderen Programm. Fügen Sie den Text mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>The download was paused. What has arrived is kept.</source>
+        <translation>Das Herunterladen wurde angehalten. Was angekommen ist, bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>The library is too large. Vesko can open up to 1 GB. Your files were preserved.</source>
+        <translation>Die Bibliothek ist zu groß. Vesko kann bis zu 1 GB öffnen. Ihre Dateien sind erhalten geblieben.</translation>
+    </message>
+    <message>
+        <source>The model arrived damaged and was removed. Try again.</source>
+        <translation>Das Modell kam beschädigt an und wurde entfernt. Versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The model can't be reached. What has arrived is kept. Check the connection and try again.</source>
+        <translation>Das Modell ist nicht erreichbar. Was angekommen ist, bleibt erhalten. Prüfen Sie die Verbindung und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The model can't be saved.</source>
+        <translation>Das Modell kann nicht gesichert werden.</translation>
+    </message>
+    <message>
+        <source>The server doesn't have this model. Try again later.</source>
+        <translation>Der Server hat dieses Modell nicht. Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>There isn't enough room on the disk for this model.</source>
+        <translation>Auf der Festplatte ist nicht genug Platz für dieses Modell.</translation>
+    </message>
+    <message>
         <source>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Kopiert. Es vergingen mehr als zwei Minuten, deshalb hat Vesko nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
     </message>

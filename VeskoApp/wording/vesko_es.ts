@@ -1230,6 +1230,78 @@
         <translation>Copiado. El escritorio no indicó en qué ventana estaba, así que Vesko no pegó. Péguelo con Ctrl+V.</translation>
     </message>
     <message>
+        <source>A running dictation is being saved</source>
+        <translation>Se está guardando un dictado en curso</translation>
+    </message>
+    <message>
+        <source>Copied. A key was held down, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copiado. Había una tecla pulsada, así que Vesko no pegó. Péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Another program was holding the keyboard, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copiado. Otro programa retenía el teclado, así que Vesko no pegó. Péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Command V.</source>
+        <translation>Copiado. Se envió el pegado, pero el campo no muestra el texto. Si falta, péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Shift, Alt or another such key was latched or locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copiado. Mayús, Alt u otra tecla semejante estaba fijada o bloqueada, así que Vesko no pegó. Péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. Paste it with Command V.</source>
+        <translation>Copiado. Las teclas lentas están activadas en los ajustes del escritorio, así que Vesko no puede pegar. Péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. The paste shortcut could not be sent. Paste it with Command V.</source>
+        <translation>Copiado. No se pudo enviar el atajo de pegar. Péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. The session was locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copiado. La sesión estaba bloqueada, así que Vesko no pegó. Péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. This program does not show its text fields to Vesko. Paste it with Command V or the program's own shortcut.</source>
+        <translation>Copiado. Este programa no muestra sus campos de texto a Vesko. Péguelo con Ctrl+V, en un terminal con Ctrl+Mayús+V, en Emacs con Ctrl+Y.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko does not paste where letters are hidden, as in a password.</source>
+        <translation>Copiado. Vesko no pega donde las letras están ocultas, como en una contraseña.</translation>
+    </message>
+    <message>
+        <source>Copied. You started in Vesko itself, not in another program. Paste it with Command V.</source>
+        <translation>Copiado. Empezó en el propio Vesko, no en otro programa. Péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>The download was paused. What has arrived is kept.</source>
+        <translation>La descarga se ha pausado. Lo que ha llegado se conserva.</translation>
+    </message>
+    <message>
+        <source>The library is too large. Vesko can open up to 1 GB. Your files were preserved.</source>
+        <translation>La biblioteca es demasiado grande. Vesko puede abrir hasta 1 GB. Sus archivos se han conservado.</translation>
+    </message>
+    <message>
+        <source>The model arrived damaged and was removed. Try again.</source>
+        <translation>El modelo llegó dañado y se ha eliminado. Inténtelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The model can't be reached. What has arrived is kept. Check the connection and try again.</source>
+        <translation>No se puede acceder al modelo. Lo que ha llegado se conserva. Compruebe la conexión e inténtelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The model can't be saved.</source>
+        <translation>No se puede guardar el modelo.</translation>
+    </message>
+    <message>
+        <source>The server doesn't have this model. Try again later.</source>
+        <translation>El servidor no tiene este modelo. Inténtelo más tarde.</translation>
+    </message>
+    <message>
+        <source>There isn't enough room on the disk for this model.</source>
+        <translation>No hay espacio suficiente en el disco para este modelo.</translation>
+    </message>
+    <message>
         <source>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Copiado. Pasaron más de dos minutos, así que Vesko no pegó. Péguelo con Ctrl+V.</translation>
     </message>

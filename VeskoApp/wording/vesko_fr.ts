@@ -1230,6 +1230,78 @@
         <translation>Copié. Le bureau n’a pas indiqué dans quelle fenêtre vous étiez, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
     </message>
     <message>
+        <source>A running dictation is being saved</source>
+        <translation>Une dictée en cours est en train d’être enregistrée</translation>
+    </message>
+    <message>
+        <source>Copied. A key was held down, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copié. Une touche était enfoncée, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Another program was holding the keyboard, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copié. Un autre programme tenait le clavier, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Command V.</source>
+        <translation>Copié. Le collage a été envoyé, mais le champ ne montre pas le texte. S’il manque, collez-le avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Shift, Alt or another such key was latched or locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copié. Maj, Alt ou une autre touche de ce genre était rémanente ou verrouillée, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. Paste it with Command V.</source>
+        <translation>Copié. Les touches lentes sont activées dans les réglages du bureau, Vesko ne peut donc pas coller. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. The paste shortcut could not be sent. Paste it with Command V.</source>
+        <translation>Copié. Le raccourci de collage n’a pas pu être envoyé. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. The session was locked, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copié. La session était verrouillée, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. This program does not show its text fields to Vesko. Paste it with Command V or the program's own shortcut.</source>
+        <translation>Copié. Ce programme ne montre pas ses champs de texte à Vesko. Collez avec Ctrl+V, dans un terminal avec Ctrl+Maj+V, dans Emacs avec Ctrl+Y.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko does not paste where letters are hidden, as in a password.</source>
+        <translation>Copié. Vesko ne colle pas là où les lettres sont masquées, comme dans un mot de passe.</translation>
+    </message>
+    <message>
+        <source>Copied. You started in Vesko itself, not in another program. Paste it with Command V.</source>
+        <translation>Copié. Vous avez commencé dans Vesko lui-même, pas dans un autre programme. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>The download was paused. What has arrived is kept.</source>
+        <translation>Le téléchargement est en pause. Ce qui est arrivé est conservé.</translation>
+    </message>
+    <message>
+        <source>The library is too large. Vesko can open up to 1 GB. Your files were preserved.</source>
+        <translation>La bibliothèque est trop grande. Vesko peut ouvrir jusqu’à 1 Go. Vos fichiers ont été conservés.</translation>
+    </message>
+    <message>
+        <source>The model arrived damaged and was removed. Try again.</source>
+        <translation>Le modèle est arrivé endommagé et a été supprimé. Réessayez.</translation>
+    </message>
+    <message>
+        <source>The model can't be reached. What has arrived is kept. Check the connection and try again.</source>
+        <translation>Le modèle est inaccessible. Ce qui est arrivé est conservé. Vérifiez la connexion et réessayez.</translation>
+    </message>
+    <message>
+        <source>The model can't be saved.</source>
+        <translation>Le modèle ne peut pas être enregistré.</translation>
+    </message>
+    <message>
+        <source>The server doesn't have this model. Try again later.</source>
+        <translation>Le serveur n’a pas ce modèle. Réessayez plus tard.</translation>
+    </message>
+    <message>
+        <source>There isn't enough room on the disk for this model.</source>
+        <translation>Il n’y a pas assez de place sur le disque pour ce modèle.</translation>
+    </message>
+    <message>
         <source>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Copié. Plus de deux minutes ont passé, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
     </message>

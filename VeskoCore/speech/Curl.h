@@ -8,8 +8,12 @@
 
 namespace vesko {
 
-// The functions of libcurl, which brings some thirty libraries with it.
+// The functions of libcurl, which brings some thirty libraries with it. What it holds in memory is
+// wiped when it lets go of it: keys are among that.
 struct Curl {
+    // Throws std::runtime_error.
+    Curl();
+
     DynamicLibrary library{ "libcurl.so.4" };
     decltype(&curl_global_init_mem) globalInitMem = library["curl_global_init_mem"];
     decltype(&curl_easy_init) easyInit = library["curl_easy_init"];

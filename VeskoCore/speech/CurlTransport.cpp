@@ -296,13 +296,17 @@ private:
 
 } // namespace
 
+Curl::Curl()
+{
+    if (globalInitMem(
+            CURL_GLOBAL_DEFAULT, &std::malloc, &wipingFree, &wipingRealloc, &::strdup, &std::calloc)
+        != CURLE_OK)
+        throw std::runtime_error("libcurl can't begin");
+}
+
 HttpTransport curlTransport(std::size_t bodyLimit)
 {
     return [=](const HttpRequest& request, const std::stop_token& stop) {
-        static const CURLcode ready = curl().globalInitMem(CURL_GLOBAL_DEFAULT, &std::malloc,
-            &wipingFree, &wipingRealloc, &::strdup, &std::calloc);
-        if (ready != CURLE_OK)
-            throw URLError(URLError::other);
         return Exchange(request, bodyLimit).perform(stop);
     };
 }

@@ -99,8 +99,7 @@ public:
         , m_stop(stop)
         , m_easy(curl().easyInit(), curl().easyCleanup)
     {
-        static const CURLcode ready = curl().globalInit(CURL_GLOBAL_DEFAULT);
-        if (!m_easy || ready != CURLE_OK)
+        if (!m_easy)
             throw ModelFailure(ModelFailure::unreachable);
     }
 

@@ -82,7 +82,7 @@ protected:
     QtClock m_clock;
     SentKeys m_sent{ m_clock };
     Hands m_hands;
-    AtspiFocusedField m_field;
+    AtspiFocusedField m_field{ m_clock };
     FakeSessionState m_session;
     X11GlobalShortcut m_shortcut;
     X11PasteKeystroke m_keystroke{ m_sent, m_shortcut, m_session, m_clock };
