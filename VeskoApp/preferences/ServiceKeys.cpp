@@ -29,7 +29,7 @@ Task<> ServiceKeys::load(std::string account, std::optional<ServiceKey> early, S
     into.set(std::move(outcome));
 }
 
-Task<std::optional<std::string>> ServiceKeys::find(std::string keySource)
+Task<std::optional<Secret>> ServiceKeys::find(std::string keySource)
 {
     auto outcome = co_await fetch(keySource);
     if (outcome.key && outcome.key->empty())

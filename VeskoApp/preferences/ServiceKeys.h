@@ -3,6 +3,7 @@
 #include "VeskoApp/async/Eventual.h"
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/preferences/Keychain.h"
+#include "VeskoCore/base/Secret.h"
 
 #include <exception>
 #include <optional>
@@ -12,7 +13,7 @@ namespace vesko {
 
 // What the secret store gives for a service's key.
 struct KeyOutcome {
-    std::optional<std::string> key;
+    std::optional<Secret> key;
     std::exception_ptr failure;
 };
 // A key that is being asked for.
@@ -31,7 +32,7 @@ public:
     // what was missing then may be there by now.
     ServiceKey fetch(const std::string& keySource, std::optional<ServiceKey> early = std::nullopt);
     // The same for who goes on without a key: a secret store that can't be asked has none.
-    Task<std::optional<std::string>> find(std::string keySource);
+    Task<std::optional<Secret>> find(std::string keySource);
 
 private:
     Task<> load(std::string account, std::optional<ServiceKey> early, ServiceKey into);

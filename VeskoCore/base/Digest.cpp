@@ -82,12 +82,12 @@ std::string hexadecimal(std::string_view bytes)
 
 std::string base64(std::string_view bytes)
 {
-    // Not filled with anything first: audio is long.
+    // Not filled with anything first: audio is long. The library of GCC 12 may tell a larger size
+    // than was asked for.
     std::string text;
-    text.resize_and_overwrite((bytes.size() + 2) / 3 * 4, [&](char* begin, std::size_t size) {
-        libcrypto().encodeBlock(
+    text.resize_and_overwrite((bytes.size() + 2) / 3 * 4, [&](char* begin, std::size_t) {
+        return libcrypto().encodeBlock(
             reinterpret_cast<unsigned char*>(begin), octets(bytes), static_cast<int>(bytes.size()));
-        return size;
     });
     return text;
 }

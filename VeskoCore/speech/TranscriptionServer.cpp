@@ -148,7 +148,7 @@ EngineAnswer TranscriptionServer::transcribe(const std::string& wav, const std::
         const std::string_view bearer = trimmed(*m_place.key);
         if (bearer.empty() || bearer.find_first_of("\r\n") != std::string_view::npos)
             throw VeskoError(VeskoError::missingKey);
-        request.headers.emplace_back("Authorization", "Bearer " + std::string(bearer));
+        request.bearer = bearer;
     }
     request.body = std::move(form).body();
     const HTTPResult result = m_transport(request, std::move(stop));

@@ -29,6 +29,7 @@ TEST(Digest, Base64IsThatOfTheStandardsExamples)
         { "foob", "Zm9vYg==" },
         { "fooba", "Zm9vYmE=" },
         { "foobar", "Zm9vYmFy" },
+        { "recorded sound", "cmVjb3JkZWQgc291bmQ=" }, // longer than a short text
     };
     for (const auto& [bytes, text] : rows)
         EXPECT_EQ(base64(bytes), text);
