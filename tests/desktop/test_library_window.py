@@ -168,6 +168,7 @@ class LibraryWindow(unittest.TestCase):
         self.saved("milk")
         search = self.vesko.wait_to_find(TEXT, "Search notes and transcripts")
         hands.click(*search.centre)
+        until("the search has the keyboard", lambda: "focused" in search.states)
         hands.type_letters("brea")
         until("one is left", lambda: not self.vesko.find(ROW, "milk")
               and self.vesko.find(ROW, "bread"))

@@ -29,7 +29,7 @@ Item {
         if (row.action === "newNote")
             return window.model.libraryReady;
         if (!row.ofText)
-            return true;
+            return row.title.length > 0;
         const text = textBefore;
         if (!text || text.cursorPosition === undefined)
             return false;
@@ -67,27 +67,22 @@ Item {
         id: menu
 
         title: "Vesko"
-        Component.onCompleted: {
-            for (const entry of root.delegate.menu)
-                addItem(entry.title ? row.createObject(null, { entry: entry }) : line.createObject());
+
+        Instantiator {
+            model: root.delegate.menu
+            onObjectAdded: (index, object) => menu.insertItem(index, object)
+            onObjectRemoved: (index, object) => menu.removeItem(object)
+
+            MenuRow {
+                required property var modelData
+
+                text: modelData.title
+                keys: modelData.keys
+                parts: !modelData.title
+                enabled: root.canRun(modelData)
+                onTriggered: root.run(modelData)
+            }
         }
-    }
-    Component {
-        id: row
-
-        MenuRow {
-            property var entry
-
-            text: entry.title
-            keys: entry.keys
-            enabled: root.canRun(entry)
-            onTriggered: root.run(entry)
-        }
-    }
-    Component {
-        id: line
-
-        MenuLine { }
     }
 
     Sheet {

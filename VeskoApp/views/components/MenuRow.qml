@@ -4,25 +4,30 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 
-// An item of a menu, with its keys at the right if it has any.
+// An item of a menu, with its keys at the right if it has any; or a line that parts two groups.
 T.MenuItem {
     id: control
 
     property string keys
     property bool destructive: false
+    property bool parts: false // is such a line
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: 32
+    implicitHeight: parts ? 11 : 32
     leftPadding: 12
     rightPadding: 12
     font.family: Theme.family
     font.pixelSize: Theme.body
+    enabled: !parts
+    activeFocusOnTab: !parts
 
+    Accessible.ignored: parts
     Accessible.name: text
     Accessible.onPressAction: if (enabled) { triggered(); menu.close(); }
 
     contentItem: RowLayout {
         spacing: 32
+        visible: !control.parts
         opacity: control.enabled ? 1 : 0.45
 
         Text {
@@ -46,5 +51,15 @@ T.MenuItem {
         radius: Theme.corner
         color: control.enabled && (control.highlighted || control.hovered) ? Theme.chosen
                                                                            : "transparent"
+
+        Rectangle {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.margins: 8
+            anchors.verticalCenter: parent.verticalCenter
+            height: 1
+            visible: control.parts
+            color: Theme.hairline
+        }
     }
 }

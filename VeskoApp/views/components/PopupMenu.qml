@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A menu of MenuRow and MenuLine. The keyboard goes back to where it was when it closes.
+// A menu of MenuRow. The keyboard goes back to where it was when it closes.
 T.Menu {
     id: menu
 

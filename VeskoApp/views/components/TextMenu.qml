@@ -34,7 +34,7 @@ Item {
             enabled: item.editor.canRedo
             onTriggered: item.editor.redo()
         }
-        MenuLine { }
+        MenuRow { parts: true }
         MenuRow {
             text: qsTranslate("Vesko", "Cut")
             enabled: item.editor.selectedText.length > 0 && !item.editor.readOnly

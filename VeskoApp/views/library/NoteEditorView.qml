@@ -255,7 +255,7 @@ Item {
             text: qsTranslate("Vesko", "Export Markdown…")
             onTriggered: view.library.chooseExport(view.Window.window)
         }
-        MenuLine { }
+        MenuRow { parts: true }
         MenuRow {
             text: view.editor.trashed ? qsTranslate("Vesko", "Restore note") : qsTranslate("Vesko", "Move to Trash…")
             destructive: !view.editor.trashed

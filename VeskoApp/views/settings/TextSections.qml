@@ -66,16 +66,18 @@ Column {
                 id: models
 
                 title: suggested.text
-                Component.onCompleted: {
-                    for (const id of sections.preferences.suggestedTextModels)
-                        addItem(modelRow.createObject(null, { text: id }));
-                }
-            }
-            Component {
-                id: modelRow
 
-                MenuRow {
-                    onTriggered: sections.preferences.cleanupModel = text
+                Instantiator {
+                    model: sections.preferences.suggestedTextModels
+                    onObjectAdded: (index, object) => models.insertItem(index, object)
+                    onObjectRemoved: (index, object) => models.removeItem(object)
+
+                    MenuRow {
+                        required property string modelData
+
+                        text: modelData
+                        onTriggered: sections.preferences.cleanupModel = modelData
+                    }
                 }
             }
         }

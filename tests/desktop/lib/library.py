@@ -47,8 +47,9 @@ def _written(value, depth=0):
     return json.dumps(value, ensure_ascii=False).replace("/", "\\/")
 
 
-def write(root, notes):
-    """Makes a library of so many dictated notes, about 5 KB each; the same one every time."""
+def write(root, notes, projects=0):
+    """Makes a library of so many dictated notes, about 5 KB each, and so many empty projects; the
+    same one every time."""
     chance = random.Random(notes)
     made = []
     for number in range(notes):
@@ -65,7 +66,9 @@ def write(root, notes):
                     "model": "openai/whisper-large-v3-turbo", "startedAt": when,
                     "completedAt": when, "status": "ready", "rawText": text, "text": text,
                     "cost": 0.0004, "requestID": "gen-" + attempt}]}]})
-    write_document(root, notes=made)
+    write_document(root, notes=made, projects=[
+        {"id": _identity(chance), "name": f"Project {number + 1}",
+         "createdAt": "2025-01-01T08:00:00Z"} for number in range(projects)])
 
 
 def write_document(root, notes, projects=(), dictionary=()):
