@@ -104,7 +104,7 @@ void CaptureControl::drag(const QPointF& at)
     m_window->setPosition(m_startOrigin + by.toPoint());
 }
 
-void CaptureControl::release(const QPointF& at)
+void CaptureControl::release(const QPointF& at, bool onButton)
 {
     drag(at);
     const auto gesture = std::exchange(m_gesture, std::nullopt);
@@ -114,7 +114,7 @@ void CaptureControl::release(const QPointF& at)
         const QPointF origin = m_window->position();
         m_platform.settings.set(
             originKey, SettingValue{ std::vector<double>{ origin.x(), origin.y() } });
-    } else if (orbEnabled()) {
+    } else if (onButton && orbEnabled()) {
         m_model.toggleDictation();
     }
 }
