@@ -7,12 +7,21 @@ VeskoWindow {
     id: window
 
     required property var library
+    property bool noteIsComing: false // a new one, which is to be typed into
 
     title: "Vesko"
     width: 1120
     height: 760
     minimumWidth: 980
     minimumHeight: 680
+    home: list.rows
+
+    Connections {
+        target: window.delegate
+        function onNewNoteBegun() {
+            window.noteIsComing = true;
+        }
+    }
 
     LibrarySidebar {
         id: sidebar
@@ -34,6 +43,9 @@ VeskoWindow {
         anchors.bottom: parent.bottom
         width: Math.round(Math.min(360, 292 + Math.max(0, window.width - 1120) * 0.2))
         library: window.library
+        onNoteWanted: window.delegate.newNote()
+        onRenameWanted: editors.itemAt(0)?.rename()
+        onTrashWanted: editors.itemAt(0)?.askToTrash()
     }
 
     Rectangle {
@@ -67,7 +79,7 @@ VeskoWindow {
                 iconName: "plus"
                 flat: true
                 enabled: window.library.canCreate
-                onClicked: window.model.newNote()
+                onClicked: window.delegate.newNote()
             }
             PushButton {
                 text: window.library.recordText
@@ -106,7 +118,14 @@ VeskoWindow {
         }
 
         Repeater {
+            id: editors
+
             model: window.library.editors
+            onItemAdded: (index, item) => {
+                if (window.noteIsComing && item.isEmpty)
+                    item.type();
+                window.noteIsComing = false;
+            }
 
             NoteEditorView {
                 anchors.top: banner.bottom
