@@ -85,7 +85,6 @@ public:
     Q_INVOKABLE void showTrash();
     Q_INVOKABLE void showProject(const QString& id);
     Q_INVOKABLE void selectRow(int row);
-    Q_INVOKABLE void newNote() { m_to.notes.newNote(); }
     // What the button of the empty state does.
     Q_INVOKABLE void fillEmptyState();
     // Renames the project, or makes a new one if there is no id.

@@ -14,6 +14,8 @@ public:
     virtual std::optional<bool> dark() const = 0;
     // Whether things are to be where they are going at once.
     virtual bool reduceMotion() const = 0;
+    // Whether everything is to stand out from what it stands on.
+    virtual bool highContrast() const = 0;
 
     std::function<void()> onChanged;
 };

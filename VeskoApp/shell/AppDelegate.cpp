@@ -42,7 +42,7 @@ void AppDelegate::launch(bool background, const Demo& demo)
     applyAppearance(demo.dark);
     m_platform.appearance.onChanged = [this, forced = demo.dark] {
         applyAppearance(forced);
-        Q_EMIT reduceMotionChanged();
+        Q_EMIT appearanceChanged();
         m_captureControl.animate();
     };
     setupStatusItem();
@@ -148,6 +148,7 @@ void AppDelegate::openFirstWindow(bool background)
 void AppDelegate::newNote()
 {
     showLibrary();
+    Q_EMIT newNoteBegun();
     m_model.notes().newNote();
 }
 

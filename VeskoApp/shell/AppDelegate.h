@@ -21,7 +21,8 @@ namespace vesko {
 // be lost. Main thread.
 class AppDelegate : public QObject {
     Q_OBJECT
-    Q_PROPERTY(bool reduceMotion READ reduceMotion NOTIFY reduceMotionChanged)
+    Q_PROPERTY(bool reduceMotion READ reduceMotion NOTIFY appearanceChanged)
+    Q_PROPERTY(bool highContrast READ highContrast NOTIFY appearanceChanged)
     // The rows of menuRows(), as the user reads them: "title", "keys" (as they are shown),
     // "sequence" and "action"; a row without a title parts two groups.
     Q_PROPERTY(QVariantList menu READ menu CONSTANT)
@@ -69,6 +70,7 @@ public:
     QVariantList menu() const;
     bool reduceMotion() const { return m_platform.appearance.reduceMotion(); }
     bool statusIconHidden() const { return m_statusIconHidden; }
+    bool highContrast() const { return m_platform.appearance.highContrast(); }
     AppWindows& windows() { return m_windows; }
     CaptureControl& captureControl() { return m_captureControl; }
     // Nothing is read of the permissions before somebody wants to know.
@@ -80,7 +82,9 @@ public:
     std::function<void()> terminate;
 
 Q_SIGNALS:
-    void reduceMotionChanged();
+    void appearanceChanged();
+    // The user wants a new note, to type into it.
+    void newNoteBegun();
     void statusIconHiddenChanged();
 
 protected:

@@ -106,7 +106,7 @@ void CaptureControl::drag(const QPointF& at)
     m_window->setPosition(m_startOrigin + by.toPoint());
 }
 
-void CaptureControl::release(const QPointF& at)
+void CaptureControl::release(const QPointF& at, bool onButton)
 {
     drag(at);
     const auto gesture = std::exchange(m_gesture, std::nullopt);
@@ -116,7 +116,7 @@ void CaptureControl::release(const QPointF& at)
         const QPointF origin = m_window->position();
         m_platform.settings.set(
             originKey, SettingValue{ std::vector<double>{ origin.x(), origin.y() } });
-    } else if (orbEnabled()) {
+    } else if (onButton && orbEnabled()) {
         m_capture.toggleDictation();
     }
 }

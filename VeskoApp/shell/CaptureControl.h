@@ -51,10 +51,12 @@ public:
     // drags; from then on the window is moving, and only the pointer itself knows where it is.
     Q_INVOKABLE void press(const QPointF& at);
     Q_INVOKABLE void drag(const QPointF& at);
-    // A click, unless it was a drag.
-    Q_INVOKABLE void release(const QPointF& at);
+    // A click, unless it was a drag; beside the button a click is nothing.
+    Q_INVOKABLE void release(const QPointF& at, bool onButton = true);
     // The press becomes none of both.
     Q_INVOKABLE void dropGesture() { m_gesture.reset(); }
+    // The user has seen the news.
+    Q_INVOKABLE void dismissNews() { tell({}); }
     // Where the pointer is now.
     std::function<QPointF()> pointer;
     // Cuts the window to what can be seen of it, in rectangles with "x", "y", "width", "height" and

@@ -16,7 +16,8 @@ Window {
     required property var delegate
     property bool menuOpen: false
     readonly property bool pointedAt: pointer.containsMouse
-    readonly property bool asks: inquiry.question !== undefined && !menuOpen
+    // An error comes first.
+    readonly property bool asks: inquiry.question !== undefined && !menuOpen && !status.errorMessage
 
     // What can be seen of the window; the rest of it lets clicks through.
     readonly property var shapes: [shape(orb, orb.radius), shape(beside, beside.radius), shape(question, Theme.radius),
@@ -43,6 +44,11 @@ Window {
         property: "reduceMotion"
         value: panel.delegate.reduceMotion
     }
+    Binding {
+        target: Theme
+        property: "highContrast"
+        value: panel.delegate.highContrast
+    }
     Face {
         id: orb
 
@@ -62,20 +68,17 @@ Window {
 
         Row {
             anchors.centerIn: parent
-            spacing: 2.6
+            spacing: 5
             visible: !panel.control.live
             opacity: panel.control.orbEnabled ? 1 : 0.5
 
             Repeater {
-                model: [0.35, 0.65, 1, 0.65, 0.35]
+                model: 3
 
                 Rectangle {
-                    required property real modelData
-
-                    anchors.verticalCenter: parent?.verticalCenter
-                    width: 2.4
-                    height: 20 * modelData
-                    radius: 1.2
+                    width: 5
+                    height: 5
+                    radius: 2.5
                     color: Theme.captureInk
                 }
             }
@@ -145,6 +148,13 @@ Window {
         height: 30
         radius: 15
 
+        MouseArea {
+            anchors.fill: parent
+            onPressed: mouse => panel.control.press(mapToGlobal(mouse.x, mouse.y))
+            onPositionChanged: mouse => panel.control.drag(mapToGlobal(mouse.x, mouse.y))
+            onReleased: mouse => panel.control.release(mapToGlobal(mouse.x, mouse.y), false)
+            onCanceled: panel.control.dropGesture()
+        }
         PanelText {
             id: phaseWords
 
@@ -154,17 +164,36 @@ Window {
             Accessible.role: Accessible.StaticText
             Accessible.name: text
         }
-        PanelText {
+        Row {
             id: elapsedWords
 
             anchors.left: phaseWords.right
             anchors.leftMargin: 8
             anchors.verticalCenter: parent.verticalCenter
-            visible: text.length > 0
-            text: panel.control.elapsed
-            color: Theme.accent
+            visible: panel.control.elapsed.length > 0
             Accessible.role: Accessible.StaticText
-            Accessible.name: text
+            Accessible.name: panel.control.elapsed
+
+            // Each digit has the same width, so that nothing jumps from second to second.
+            Repeater {
+                model: panel.control.elapsed.length
+
+                PanelText {
+                    required property int index
+
+                    width: text === ":" ? implicitWidth : digit.advanceWidth
+                    text: panel.control.elapsed[index] ?? ""
+                    color: Theme.accent
+                    horizontalAlignment: Text.AlignHCenter
+                    Accessible.ignored: true
+                }
+            }
+            TextMetrics {
+                id: digit
+
+                font: phaseWords.font
+                text: "0"
+            }
         }
     }
 
@@ -209,7 +238,10 @@ Window {
         MouseArea {
             anchors.fill: parent
             enabled: above.visible
-            onClicked: panel.status.dismissError()
+            onClicked: {
+                panel.status.dismissError();
+                panel.control.dismissNews();
+            }
         }
     }
     Timer {

@@ -9,12 +9,21 @@ VeskoWindow {
     required property var library
     required property var capture
     required property var status
+    property bool noteIsComing: false // a new one, which is to be typed into
 
     title: "Vesko"
     width: 1120
     height: 760
     minimumWidth: 980
     minimumHeight: 680
+    home: list.rows
+
+    Connections {
+        target: window.delegate
+        function onNewNoteBegun() {
+            window.noteIsComing = true;
+        }
+    }
 
     LibrarySidebar {
         id: sidebar
@@ -36,6 +45,9 @@ VeskoWindow {
         anchors.bottom: parent.bottom
         width: Math.round(Math.min(360, 292 + Math.max(0, window.width - 1120) * 0.2))
         library: window.library
+        onNoteWanted: window.delegate.newNote()
+        onRenameWanted: editors.itemAt(0)?.rename()
+        onTrashWanted: editors.itemAt(0)?.askToTrash()
     }
 
     Rectangle {
@@ -69,7 +81,7 @@ VeskoWindow {
                 iconName: "plus"
                 flat: true
                 enabled: window.library.canCreate
-                onClicked: window.library.newNote()
+                onClicked: window.delegate.newNote()
             }
             PushButton {
                 text: window.library.recordText
@@ -108,7 +120,14 @@ VeskoWindow {
         }
 
         Repeater {
+            id: editors
+
             model: window.library.editors
+            onItemAdded: (index, item) => {
+                if (window.noteIsComing && item.isEmpty)
+                    item.type();
+                window.noteIsComing = false;
+            }
 
             NoteEditorView {
                 anchors.top: banner.bottom

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 
 // The settings form.
 VeskoWindow {
@@ -18,21 +17,6 @@ VeskoWindow {
     minimumHeight: 600
 
     onVisibleChanged: if (visible) preferences.opened()
-    // The control where the keyboard is can always be seen.
-    onActiveFocusItemChanged: {
-        const item = activeFocusItem;
-        let inForm = item;
-        while (inForm && inForm !== form)
-            inForm = inForm.parent;
-        if (!inForm)
-            return;
-        const top = item.mapToItem(form, 0, 0).y - 24;
-        const bottom = top + item.height + 48;
-        if (top < view.contentY)
-            view.contentY = Math.max(0, top);
-        else if (bottom > view.contentY + view.height)
-            view.contentY = Math.min(view.contentHeight - view.height, bottom - view.height);
-    }
 
     Banner {
         id: banner
@@ -53,7 +37,7 @@ VeskoWindow {
         }
     }
 
-    Flickable {
+    ScrollPage {
         id: view
 
         anchors.top: banner.bottom
@@ -61,11 +45,8 @@ VeskoWindow {
         anchors.left: parent.left
         anchors.right: parent.right
         contentHeight: form.height
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
         Accessible.role: Accessible.Form
         Accessible.name: window.title
-        T.ScrollBar.vertical: ScrollMark { }
 
         Column {
             id: form

@@ -15,8 +15,11 @@ const auto settings = QStringLiteral("org.freedesktop.portal.Settings");
 
 const auto appearance = QStringLiteral("org.freedesktop.appearance");
 const auto colorScheme = QStringLiteral("color-scheme"); // 0 no preference, 1 dark, 2 light
+const auto contrast = QStringLiteral("contrast"); // 1 for more of it
 const auto gnome = QStringLiteral("org.gnome.desktop.interface");
 const auto enableAnimations = QStringLiteral("enable-animations");
+const auto gnomeAccess = QStringLiteral("org.gnome.desktop.a11y.interface");
+const auto gnomeContrast = QStringLiteral("high-contrast");
 const auto kde = QStringLiteral("org.kde.kdeglobals.KDE");
 const auto animationFactor = QStringLiteral("AnimationDurationFactor"); // 0 for none
 
@@ -28,7 +31,9 @@ PortalAppearance::PortalAppearance()
         QStringLiteral("SettingChanged"), this,
         SLOT(settingChanged(QString, QString, QDBusVariant)));
     ask(appearance, colorScheme);
+    ask(appearance, contrast);
     ask(gnome, enableAnimations);
+    ask(gnomeAccess, gnomeContrast);
     ask(kde, animationFactor);
 }
 
@@ -65,6 +70,10 @@ void PortalAppearance::take(const QString& group, const QString& key, const QVar
         m_dark = scheme == 1 ? std::optional(true)
             : scheme == 2    ? std::optional(false)
                              : std::nullopt;
+    } else if (group == appearance && key == contrast) {
+        m_highContrast = value.toUInt() == 1;
+    } else if (group == gnomeAccess && key == gnomeContrast) {
+        m_highContrast = value.toBool();
     } else if (group == gnome && key == enableAnimations) {
         m_reduceMotion = !value.toBool();
     } else if (group == kde && key == animationFactor) {

@@ -16,6 +16,7 @@ public:
 
     std::optional<bool> dark() const override { return m_dark; }
     bool reduceMotion() const override { return m_reduceMotion; }
+    bool highContrast() const override { return m_highContrast; }
 
 private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
@@ -26,6 +27,7 @@ private:
 
     std::optional<bool> m_dark;
     bool m_reduceMotion = false;
+    bool m_highContrast = false;
 };
 
 } // namespace vesko

@@ -18,11 +18,20 @@ Column {
             text: form.signIn.codeNote
             wrapMode: Text.Wrap
         }
+        Words {
+            text: code.name
+            font.pixelSize: Theme.small
+            font.weight: Font.Medium
+            color: Theme.quiet
+        }
         TextBox {
+            id: code
+
             width: parent.width
             name: qsTranslate("Vesko", "Code")
             placeholderText: qsTranslate("Vesko", "Sign-in code")
             inputMethodHints: Qt.ImhDigitsOnly
+            onVisibleChanged: if (visible) forceActiveFocus(Qt.OtherFocusReason)
             onTextEdited: form.signIn.code = text
             Keys.onReturnPressed: if (form.signIn.canVerify) form.signIn.verify()
 
@@ -42,7 +51,10 @@ Column {
             PushButton {
                 text: qsTranslate("Vesko", "Use another email")
                 flat: true
-                onClicked: form.signIn.useAnotherEmail()
+                onClicked: {
+                    form.signIn.useAnotherEmail();
+                    email.forceActiveFocus(Qt.OtherFocusReason);
+                }
             }
         }
     }
@@ -101,6 +113,8 @@ Column {
             spacing: Theme.space
 
             TextBox {
+                id: email
+
                 width: parent.width - send.width - parent.spacing
                 placeholderText: qsTranslate("Vesko", "Email address")
                 inputMethodHints: Qt.ImhEmailCharactersOnly

@@ -9,11 +9,10 @@ Item {
 
     required property var window
     required property var delegate
-    property Item textBefore // had the focus when the menu opened
+    property Item textBefore // had the keyboard when the menu opened
 
     function open(below: Item) {
-        textBefore = window.activeFocusItem;
-        menu.focusAfter = textBefore;
+        textBefore = window.before;
         menu.popup(below, 0, below.height + 4);
     }
     function run(row) {

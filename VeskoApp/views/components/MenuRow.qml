@@ -19,10 +19,12 @@ T.MenuItem {
     font.family: Theme.family
     font.pixelSize: Theme.body
     enabled: !parts
-    activeFocusOnTab: !parts
+    activeFocusOnTab: enabled // keys pass by what is off
 
     Accessible.ignored: parts
     Accessible.name: text
+    Accessible.description: keys
+    Accessible.focusable: enabled // the bus is told in no other way that it is off
     Accessible.onPressAction: if (enabled) { triggered(); menu.close(); }
 
     contentItem: RowLayout {

@@ -48,6 +48,8 @@ T.ComboBox {
     background: Rectangle {
         radius: Theme.corner
         color: control.flat ? "transparent" : Theme.field
+        border.width: control.flat ? 0 : 1
+        border.color: Theme.edge
 
         Rectangle {
             anchors.fill: parent

@@ -5,17 +5,6 @@ import QtQuick.Templates as T
 T.Menu {
     id: menu
 
-    property Item focusAfter
-    readonly property Item overlay: T.Overlay.overlay
-
-    // Whether a sheet, which an item of the menu has opened, has the keyboard by now.
-    function keyboardIsTaken() {
-        let item = overlay?.Window.activeFocusItem;
-        while (item && item !== overlay)
-            item = item.parent;
-        return item !== null && item !== undefined;
-    }
-
     implicitWidth: Math.max(180, contentWidth + leftPadding + rightPadding)
     implicitHeight: contentHeight + topPadding + bottomPadding
     contentWidth: {
@@ -28,7 +17,7 @@ T.Menu {
     padding: 6
     // The one that the keyboard is in; it takes no name for itself.
     Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => menu.title)
-    onClosed: if (focusAfter && !keyboardIsTaken()) focusAfter.forceActiveFocus(Qt.PopupFocusReason)
+    onClosed: parent?.Window.window?.giveBack()
 
     delegate: MenuRow { }
     contentItem: ListView {

@@ -13,8 +13,7 @@ T.Button {
     property string iconName
     property string help
 
-    readonly property color ink: prominent ? (destructive ? (Theme.dark ? "#3d0f06" : "#ffffff")
-                                                          : Theme.accentInk)
+    readonly property color ink: prominent ? (destructive ? Theme.alarmInk : Theme.accentInk)
                                            : destructive ? Theme.alarm : Theme.text
     readonly property color fill: prominent ? (destructive ? Theme.alarm : Theme.accent)
                                             : flat ? "transparent" : Theme.field
@@ -64,6 +63,8 @@ T.Button {
     background: Rectangle {
         radius: Theme.corner
         color: control.fill
+        border.width: control.prominent || control.flat ? 0 : 1
+        border.color: Theme.edge
         opacity: control.enabled ? 1 : 0.6
 
         Rectangle {
@@ -72,6 +73,7 @@ T.Button {
             color: control.down ? Theme.press : control.hovered ? Theme.hover : "transparent"
         }
         FocusRing {
+            away: control.prominent ? 2 : 0 // it has the button's own colour
             visible: control.visualFocus
         }
     }

@@ -4,13 +4,15 @@ import QtQuick
 import QtQuick.Templates as T
 
 // A question above a window, with "Cancel" and the button that agrees. What stands between title
-// and buttons is its content. Escape cancels; the keyboard goes back to where it was.
+// and buttons is its content. Escape cancels, and so does Return where nothing could bring back
+// what is agreed to; the keyboard goes back to where it was.
 T.Dialog {
     id: sheet
 
     property string text
     property string agreeText
     property bool destructive: false
+    property bool irrevocable: false
     property bool canAgree: true
     property bool cancellable: true
     default property list<Item> body // between the text and the buttons
@@ -23,6 +25,7 @@ T.Dialog {
     modal: true
     focus: true
     closePolicy: T.Popup.CloseOnEscape
+    onClosed: parent.Window.window?.giveBack()
 
     contentItem: Column {
         spacing: 10
@@ -60,14 +63,16 @@ T.Dialog {
             PushButton {
                 visible: sheet.cancellable
                 text: qsTranslate("Vesko", "Cancel")
+                prominent: sheet.irrevocable
+                focus: sheet.irrevocable
                 onClicked: sheet.reject()
             }
             PushButton {
                 text: sheet.agreeText
-                prominent: true
+                prominent: !sheet.irrevocable
                 destructive: sheet.destructive
                 enabled: sheet.canAgree
-                focus: true
+                focus: !sheet.irrevocable
                 onClicked: sheet.accept()
             }
         }

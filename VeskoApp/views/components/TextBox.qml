@@ -33,6 +33,8 @@ T.TextField {
     background: Rectangle {
         radius: Theme.corner
         color: Theme.field
+        border.width: 1
+        border.color: Theme.edge
 
         Icon {
             x: 10

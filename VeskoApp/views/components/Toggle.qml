@@ -37,7 +37,7 @@ T.Switch {
         width: 38
         height: 22
         radius: height / 2
-        color: control.checked ? Theme.accent : Theme.dark ? "#566066" : "#8b979d"
+        color: control.checked ? Theme.accent : Theme.edge
         opacity: control.enabled ? 1 : 0.45
 
         Rectangle {
@@ -46,7 +46,7 @@ T.Switch {
             width: 16
             height: 16
             radius: 8
-            color: control.checked ? Theme.accentInk : "#ffffff"
+            color: control.checked ? Theme.accentInk : Theme.window
 
             Behavior on x {
                 enabled: !control.down

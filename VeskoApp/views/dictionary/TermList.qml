@@ -36,6 +36,7 @@ ListView {
         width: ListView.view.width
         height: 54
         Accessible.role: Accessible.ListItem
+        Accessible.focusable: true
         Accessible.name: original + " → " + replacement
         Accessible.description: source
         Keys.onSpacePressed: use.press()

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 
 // The library's places, and what the program is doing.
 Rectangle {
@@ -44,6 +43,7 @@ Rectangle {
             anchors.verticalCenter: mark.verticalCenter
             name: qsTranslate("Vesko", "Menu")
             iconName: "menu"
+            focusPolicy: Qt.TabFocus // the menu is also about the text that the keyboard is in
             Accessible.role: Accessible.ButtonMenu
             onClicked: sidebar.menu.open(menuButton)
 
@@ -77,24 +77,31 @@ Rectangle {
         }
     }
 
-    Flickable {
+    ScrollPage {
+        id: page
+
         anchors.top: head.bottom
         anchors.topMargin: 8
         anchors.bottom: foot.top
         width: parent.width
         contentHeight: places.height
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        T.ScrollBar.vertical: ScrollMark { }
 
         Column {
             id: places
+
+            // The keyboard goes so many rows down, to the first or the last one at most.
+            function move(by) {
+                const rows = Array.from(children).filter(child => child instanceof ListRow);
+                const at = rows.findIndex(row => row.activeFocus);
+                rows[Math.max(0, Math.min(rows.length - 1, at + by))].forceActiveFocus(Qt.TabFocusReason);
+            }
 
             x: 10
             width: parent.width - 20
             spacing: 2
             Accessible.role: Accessible.List
             Accessible.name: qsTranslate("Vesko", "Library")
+            Keys.onPressed: event => event.accepted = ListKeys.move(event, Math.floor(page.height / 36) - 1, by => move(by))
 
             ListRow {
                 width: parent.width
@@ -143,6 +150,11 @@ Rectangle {
                     chosen: sidebar.library.selectedProjectID === modelData.id
                     onClicked: sidebar.library.showProject(modelData.id)
                     Keys.onMenuPressed: projectMenu.popup(project, 20, height)
+                    Keys.onPressed: event => {
+                        event.accepted = event.key === Qt.Key_F2;
+                        if (event.accepted)
+                            dialog.ask(modelData.id, modelData.name);
+                    }
 
                     TapHandler {
                         acceptedButtons: Qt.RightButton
@@ -154,17 +166,18 @@ Rectangle {
                         anchors.verticalCenter: parent.verticalCenter
                         implicitWidth: 30
                         implicitHeight: 30
-                        visible: project.hovered || project.chosen || project.activeFocus || activeFocus
+                        visible: project.hovered || project.chosen || project.activeFocus
                         name: qsTranslate("Vesko", "Rename project")
                         iconName: "pencil"
+                        focusPolicy: Qt.NoFocus // by keys it is F2, or the menu
                         onClicked: dialog.ask(project.modelData.id, project.modelData.name)
                     }
                     PopupMenu {
                         id: projectMenu
 
-                        focusAfter: project
                         MenuRow {
                             text: qsTranslate("Vesko", "Rename project")
+                            keys: "F2"
                             onTriggered: dialog.ask(project.modelData.id, project.modelData.name)
                         }
                     }

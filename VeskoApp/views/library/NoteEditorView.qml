@@ -14,24 +14,33 @@ Item {
     required property var library
     readonly property var editor: modelData
     readonly property bool copied: library.copiedNoteID === editor.noteID
+    // The column of what is read: as wide as the eye finds the next line, in the middle of the rest.
+    readonly property int column: Math.min(width - 72, 720)
+    readonly property int margin: Math.max(40, Math.round((width - column) / 2))
+    readonly property bool isEmpty: title.length === 0 && body.length === 0 && editor.recordingCount === 0
 
-    function keepInView(rectangle) {
-        const top = body.y + rectangle.y;
-        const bottom = top + rectangle.height;
-        if (top < page.contentY)
-            page.contentY = Math.max(0, top - 20);
-        else if (bottom > page.contentY + page.height)
-            page.contentY = bottom - page.height + 20;
+    function type() {
+        body.forceActiveFocus(Qt.OtherFocusReason);
+    }
+    function rename() {
+        if (editor.trashed)
+            return;
+        title.forceActiveFocus(Qt.ShortcutFocusReason);
+        title.selectAll();
+    }
+    function askToTrash() {
+        if (editor.trashed)
+            confirmDelete.open();
+        else
+            confirmTrash.open();
     }
 
     T.TextField {
         id: title
 
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.leftMargin: 40
-        anchors.rightMargin: 32
+        x: view.margin
         y: 14
+        width: view.column
         height: 42
         readOnly: view.editor.trashed
         selectByMouse: true
@@ -47,6 +56,9 @@ Item {
         verticalAlignment: TextInput.AlignVCenter
         Accessible.role: Accessible.EditableText
         Accessible.name: qsTranslate("Vesko", "Note title")
+        // A long one is read from its beginning.
+        onTextChanged: if (!activeFocus) cursorPosition = 0
+        onActiveFocusChanged: if (!activeFocus) cursorPosition = 0
         onTextEdited: view.editor.title = text
         onAccepted: body.forceActiveFocus(Qt.TabFocusReason)
         Keys.onMenuPressed: titleMenu.open()
@@ -57,7 +69,6 @@ Item {
             text: title.placeholderText
             font: title.font
             color: title.placeholderTextColor
-            opacity: 0.7
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight
             Accessible.ignored: true
@@ -80,10 +91,8 @@ Item {
     RowLayout {
         id: actions
 
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.leftMargin: 30
-        anchors.rightMargin: 20
+        x: view.margin - 10
+        width: view.column + 22
         anchors.top: title.bottom
         anchors.topMargin: 6
         spacing: 2
@@ -131,11 +140,14 @@ Item {
             name: qsTranslate("Vesko", "Note actions")
             iconName: "more"
             Accessible.role: Accessible.ButtonMenu
-            onClicked: noteMenu.popup(more, 0, height + 4)
+            onClicked: {
+                forceActiveFocus(Qt.OtherFocusReason);
+                noteMenu.popup(more, 0, height + 4);
+            }
         }
     }
 
-    Flickable {
+    ScrollPage {
         id: page
 
         anchors.top: actions.bottom
@@ -144,15 +156,12 @@ Item {
         anchors.left: parent.left
         anchors.right: parent.right
         contentHeight: recordings.y + recordings.height + 32
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        T.ScrollBar.vertical: ScrollMark { }
 
         T.TextArea {
             id: body
 
-            x: 40
-            width: page.width - 72
+            x: view.margin
+            width: view.column
             height: Math.max(contentHeight + 32,
                              page.height - (recordings.visible ? recordings.height + 56 : 40))
             topPadding: 8
@@ -169,9 +178,9 @@ Item {
             Accessible.role: Accessible.EditableText
             Accessible.name: qsTranslate("Vesko", "Note text")
             Accessible.multiLine: true
-            KeyNavigation.priority: KeyNavigation.BeforeItem
-            KeyNavigation.tab: recordings.visible ? recordings : null
-            KeyNavigation.backtab: more
+            Keys.priority: Keys.BeforeItem
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
             Keys.onMenuPressed: bodyMenu.open()
             Keys.onPressed: event => {
                 if (event.matches(StandardKey.Copy) && body.selectedText.length === 0) {
@@ -179,7 +188,7 @@ Item {
                     event.accepted = true;
                 }
             }
-            onCursorRectangleChanged: if (activeFocus) view.keepInView(cursorRectangle)
+            onCursorRectangleChanged: if (activeFocus) page.reveal(body, cursorRectangle)
 
             Text {
                 y: body.topPadding
@@ -187,7 +196,6 @@ Item {
                 text: qsTranslate("Vesko", "Note text")
                 font: body.font
                 color: Theme.quiet
-                opacity: 0.8
                 Accessible.ignored: true
             }
             TextMenu {
@@ -222,8 +230,8 @@ Item {
 
             anchors.top: body.bottom
             anchors.topMargin: 16
-            x: 40
-            width: page.width - 72
+            x: view.margin
+            width: view.column
             visible: view.editor.recordingCount > 0
             title: qsTranslate("Vesko", "Original recordings")
             last: true
@@ -245,10 +253,10 @@ Item {
         id: noteMenu
 
         title: qsTranslate("Vesko", "Note actions")
-        focusAfter: more
 
         MenuRow {
             text: qsTranslate("Vesko", "Copy text")
+            keys: "Ctrl+C"
             onTriggered: view.library.copyNote()
         }
         MenuRow {
@@ -258,6 +266,7 @@ Item {
         MenuRow { parts: true }
         MenuRow {
             text: view.editor.trashed ? qsTranslate("Vesko", "Restore note") : qsTranslate("Vesko", "Move to Trash…")
+            keys: view.editor.trashed ? "" : "Del"
             destructive: !view.editor.trashed
             onTriggered: view.editor.trashed ? view.library.restoreNote() : confirmTrash.open()
         }
@@ -265,6 +274,7 @@ Item {
             visible: view.editor.trashed
             height: visible ? implicitHeight : 0
             text: qsTranslate("Vesko", "Delete permanently…")
+            keys: "Del"
             destructive: true
             onTriggered: confirmDelete.open()
         }
@@ -286,6 +296,7 @@ Item {
         text: qsTranslate("Vesko", "This cannot be undone.")
         agreeText: qsTranslate("Vesko", "Delete permanently")
         destructive: true
+        irrevocable: true
         onAccepted: view.library.deletePermanently()
     }
     Connections {

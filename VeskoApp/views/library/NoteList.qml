@@ -8,13 +8,18 @@ Item {
     id: root
 
     required property var library
+    readonly property alias rows: list
+
+    signal noteWanted
+    signal renameWanted // of the selected note, and so with
+    signal trashWanted
 
     Words {
         id: heading
 
         x: 20
         y: 24
-        width: parent.width - count.width - 48
+        width: parent.width - noteCount.width - 48
         text: root.library.listTitle
         font.pixelSize: Theme.heading
         font.weight: Font.DemiBold
@@ -22,7 +27,7 @@ Item {
         Accessible.role: Accessible.Heading
     }
     Words {
-        id: count
+        id: noteCount
 
         anchors.right: parent.right
         anchors.rightMargin: 20
@@ -88,20 +93,17 @@ Item {
         Accessible.name: root.library.listTitle
         T.ScrollBar.vertical: ScrollMark { }
 
-        Keys.onUpPressed: move(-1)
-        Keys.onDownPressed: move(1)
         Keys.onPressed: event => {
-            const page = Math.max(1, Math.floor(height / 58) - 1);
-            const steps = {
-                [Qt.Key_Home]: -count,
-                [Qt.Key_End]: count,
-                [Qt.Key_PageUp]: -page,
-                [Qt.Key_PageDown]: page
-            };
+            if (ListKeys.move(event, Math.floor(height / 58) - 1, by => move(by))) {
+                event.accepted = true;
+                return;
+            }
             if (event.matches(StandardKey.Copy))
                 root.library.copyNote();
-            else if (event.key in steps)
-                move(steps[event.key]);
+            else if (event.matches(StandardKey.Delete))
+                root.trashWanted();
+            else if (event.key === Qt.Key_F2)
+                root.renameWanted();
             else
                 return;
             event.accepted = true;
@@ -119,6 +121,7 @@ Item {
             name: title
             detail: row.model.detail
             focusPolicy: Qt.NoFocus
+            Accessible.focusable: true
             chosen: ListView.isCurrentItem
             keyboardHere: list.activeFocus && ListView.isCurrentItem
             onClicked: {
@@ -203,7 +206,7 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
             visible: text.length > 0
             text: empty.state?.button ?? ""
-            onClicked: root.library.fillEmptyState()
+            onClicked: if (root.library.query) root.library.fillEmptyState(); else root.noteWanted()
         }
     }
 }

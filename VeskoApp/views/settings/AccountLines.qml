@@ -54,6 +54,7 @@ Section {
         text: qsTranslate("Vesko", "Your account is removed from Vesko's service. Notes and recordings on this Mac are kept.")
         agreeText: qsTranslate("Vesko", "Delete account")
         destructive: true
+        irrevocable: true
         visible: section.account.confirmsDeletion
         onAccepted: section.account.deleteAccount()
         onRejected: section.account.keepAccount()

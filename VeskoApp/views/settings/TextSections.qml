@@ -58,7 +58,7 @@ Column {
             text: qsTranslate("Vesko", "Suggested text models")
             Accessible.role: Accessible.ButtonMenu
             onClicked: {
-                models.focusAfter = suggested;
+                forceActiveFocus(Qt.OtherFocusReason);
                 models.popup(suggested, 0, suggested.height + 4);
             }
 

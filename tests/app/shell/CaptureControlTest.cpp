@@ -104,6 +104,21 @@ TEST_F(CaptureControlTest, ADragOutAndBackIsNoClick)
     EXPECT_EQ(window->position(), corner());
 }
 
+TEST_F(CaptureControlTest, BesideTheButtonItIsDraggedAndNotClicked)
+{
+    open();
+    control->press({ 100, 100 });
+    control->release({ 100, 100 }, false);
+    EXPECT_TRUE(machine.focusedField.reads.empty());
+    control->press({ 100, 100 });
+    pointer = { 60, 80 };
+    control->drag({ 60, 80 });
+    control->release({ 60, 80 }, false);
+    EXPECT_EQ(window->position(), corner() - QPoint(40, 20));
+    EXPECT_TRUE(savedOrigin());
+    EXPECT_TRUE(machine.focusedField.reads.empty());
+}
+
 TEST_F(CaptureControlTest, APressThatOpensTheMenuIsNoClick)
 {
     open();
@@ -311,6 +326,9 @@ TEST_F(CaptureControlTest, NewsAreShownForAWhile)
     machine.clock.turn(7.9);
     EXPECT_EQ(control->news(), QStringLiteral("Copied to clipboard"));
     machine.clock.turn(0.2);
+    EXPECT_EQ(control->news(), QString());
+    model->copy("more");
+    control->dismissNews();
     EXPECT_EQ(control->news(), QString());
 }
 

@@ -97,15 +97,16 @@ class Vesko:
         self.wait_to_find(role, name).activate()
 
     def focused(self):
-        """The element that the keyboard is in, or None."""
+        """The element that the keyboard is in, or None; what holds that element has it too."""
+        found = None
         for frame in self.app.children:
             for node in frame.walk():
                 try:
                     if {"focused", "showing"} <= node.states and node.role != "frame":
-                        return node
+                        found = node
                 except eyes.Gone:
                     continue
-        return None
+        return found
 
     def tab_to(self, role, name):
         """Goes on with Tab until the keyboard is in that element, which it returns."""
