@@ -104,6 +104,10 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
         co_return refused({ reading.trusted ? "field_changed" : "accessibility" });
     if (!reading.selection)
         co_return refused({ "no_cursor" });
+    // Whoever takes the keyboard takes the focus from the field, to which the user is still true.
+    if (!reading.focused && reading.element->equals(*element))
+        if (const auto taken = keystroke.keyboardTaken())
+            co_return refused({ *taken }, reading.role);
 
     const InsertionContext context{
         .sameApplication = reading.frontmost == pid,
@@ -177,9 +181,8 @@ std::string pasteMessage(const std::vector<std::string>& reasons)
             "Copied. No text field was focused when you started. Paste it with Command V.");
     if (first == "no_active_window")
         return L10N_KEY("Vesko",
-            "Copied. The desktop did not say which window you were in, so Vesko did not paste. "
-            "Paste "
-            "it with Command V.");
+            "Copied. No active window was known when you started, so Vesko did not paste. Paste it "
+            "with Command V.");
     if (first == "app_changed" || first == "field_changed")
         return L10N_KEY("Vesko",
             "Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.");

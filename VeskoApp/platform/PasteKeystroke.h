@@ -22,6 +22,9 @@ public:
     // released if they are still held after that moment; no other key ever is. The window that has
     // the focus when it comes is the one that send() sends to.
     virtual Eventual<std::monostate> keysReleased() = 0;
+    // Why keys would not reach the window that has the focus: "session_locked" or
+    // "keyboard_grabbed", as below; nothing if they would.
+    virtual std::optional<std::string> keyboardTaken() const = 0;
     // Sends the shortcut that this element's program pastes with, whatever the keyboard layout.
     // Gives why nothing was sent; nothing if it was:
     //   "session_locked"      the user has locked the session

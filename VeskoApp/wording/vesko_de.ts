@@ -1226,8 +1226,8 @@
         <translation>Kopiert. In dieses Feld lässt sich nicht von selbst einfügen. Fügen Sie den Text mit Strg+V ein.</translation>
     </message>
     <message>
-        <source>Copied. The desktop did not say which window you were in, so Vesko did not paste. Paste it with Command V.</source>
-        <translation>Kopiert. Die Arbeitsumgebung hat nicht mitgeteilt, in welchem Fenster Sie waren, deshalb hat Vesko nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
+        <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Kopiert. Als Sie begannen, war kein aktives Fenster bekannt, deshalb hat Vesko nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
     </message>
     <message>
         <source>A running dictation is being saved</source>

@@ -1226,8 +1226,8 @@
         <translation>Copiado. Este campo no admite el pegado automático. Péguelo con Ctrl+V.</translation>
     </message>
     <message>
-        <source>Copied. The desktop did not say which window you were in, so Vesko did not paste. Paste it with Command V.</source>
-        <translation>Copiado. El escritorio no indicó en qué ventana estaba, así que Vesko no pegó. Péguelo con Ctrl+V.</translation>
+        <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copiado. Al empezar no se conocía ninguna ventana activa, así que Vesko no pegó. Péguelo con Ctrl+V.</translation>
     </message>
     <message>
         <source>A running dictation is being saved</source>

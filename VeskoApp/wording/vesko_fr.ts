@@ -1226,8 +1226,8 @@
         <translation>Copié. Ce champ n’accepte pas le collage automatique. Collez avec Ctrl+V.</translation>
     </message>
     <message>
-        <source>Copied. The desktop did not say which window you were in, so Vesko did not paste. Paste it with Command V.</source>
-        <translation>Copié. Le bureau n’a pas indiqué dans quelle fenêtre vous étiez, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
+        <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copié. Au début, aucune fenêtre active n’était connue, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
     </message>
     <message>
         <source>A running dictation is being saved</source>

@@ -64,8 +64,8 @@
         <translation>Copied. This field does not accept automatic paste. Paste it with Ctrl+V.</translation>
     </message>
     <message>
-        <source>Copied. The desktop did not say which window you were in, so Vesko did not paste. Paste it with Command V.</source>
-        <translation>Copied. The desktop did not say which window you were in, so Vesko did not paste. Paste it with Ctrl+V.</translation>
+        <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Ctrl+V.</translation>
     </message>
     <message>
         <source>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.</source>

@@ -1252,8 +1252,8 @@
         <translation>Скопировано. Это поле не принимает автоматическую вставку. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
     <message>
-        <source>Copied. The desktop did not say which window you were in, so Vesko did not paste. Paste it with Command V.</source>
-        <translation>Скопировано. Среда рабочего стола не сообщила, какое окно было активно, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
+        <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Скопировано. Когда вы начали, активное окно не было известно, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
     <message>
         <source>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.</source>

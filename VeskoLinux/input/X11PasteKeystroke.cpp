@@ -120,6 +120,15 @@ Eventual<std::optional<std::string>> X11PasteKeystroke::send(const FieldElement&
     return Eventual<Obstacle>::of(keys.empty() ? Obstacle("event_failed") : sendNow(map, keys));
 }
 
+std::optional<std::string> X11PasteKeystroke::keyboardTaken() const
+{
+    if (m_session.locked())
+        return "session_locked";
+    if (m_keyboard.isHeld())
+        return "keyboard_grabbed";
+    return std::nullopt;
+}
+
 // The server sees to nobody else between the first look and the last key.
 X11PasteKeystroke::Obstacle X11PasteKeystroke::sendNow(
     const KeyMap& map, const std::vector<KeyCode>& keys)

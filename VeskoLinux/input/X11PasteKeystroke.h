@@ -24,6 +24,7 @@ public:
         const SessionState& session, EventClock& clock);
 
     Eventual<std::monostate> keysReleased() override;
+    std::optional<std::string> keyboardTaken() const override;
     Eventual<std::optional<std::string>> send(const FieldElement& element) override;
 
 private:

@@ -8,7 +8,7 @@ import time
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, clipboard  # noqa: E402
-from lib.dictation import NO_FIELD, WORDS, Dictations  # noqa: E402
+from lib.dictation import NO_WINDOW, WORDS, Dictations  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
 
 
@@ -36,7 +36,7 @@ class Clipboard(Dictations):
 
     def dictate_and_quit(self):
         self.begin()
-        self.end(message=NO_FIELD)
+        self.end(message=NO_WINDOW)
         began = time.monotonic()
         self.vesko.quit()
         self.assertLess(time.monotonic() - began, 1)
@@ -53,7 +53,7 @@ class Clipboard(Dictations):
 
     def test_what_was_copied_meanwhile_stays(self):
         self.begin()
-        self.end(message=NO_FIELD)
+        self.end(message=NO_WINDOW)
         clipboard.write("something else")
         self.vesko.quit()
         self.assertEqual(clipboard.read(), "something else")

@@ -12,7 +12,7 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, hands  # noqa: E402
-from lib.dictation import HIDDEN, MOVED, NO_FIELD, NOT_SEEN, WORDS, Dictations  # noqa: E402
+from lib.dictation import HIDDEN, MOVED, NO_WINDOW, NOT_SEEN, WORDS, Dictations  # noqa: E402
 from lib.programs import (Chromium, FeatherPad, Mousepad, PasswordPrompt,  # noqa: E402
                           RefusingPage, Terminal)
 from lib.waiting import human_pause, until  # noqa: E402
@@ -216,7 +216,7 @@ class Targets(Dictations):
 
     def test_without_any_window(self):
         self.begin()
-        self.end(message=NO_FIELD)
+        self.end(message=NO_WINDOW)
 
 
 if __name__ == "__main__":

@@ -12,11 +12,13 @@ class FakePasteKeystroke final : public PasteKeystroke {
 public:
     bool works = true;
     std::string obstacle = "event_failed"; // why nothing is sent when it doesn't work
+    std::optional<std::string> taken; // why the keyboard is another's
     Gate keys; // closed: the user holds a key
     int sent = 0;
     std::function<void()> onSent = [] { };
 
     Eventual<std::monostate> keysReleased() override { return keys.pass(); }
+    std::optional<std::string> keyboardTaken() const override { return taken; }
     Eventual<std::optional<std::string>> send(const FieldElement&) override
     {
         if (works) {

@@ -320,8 +320,8 @@ TEST(PasteMessage, FollowsTheFirstReason)
             "Copied. Allow Accessibility for Vesko in System Settings to paste automatically." },
         { { "no_field" }, noField },
         { { "no_active_window" },
-            "Copied. The desktop did not say which window you were in, so Vesko did not paste. "
-            "Paste it with Command V." },
+            "Copied. No active window was known when you started, so Vesko did not paste. Paste "
+            "it with Command V." },
         { { "no_focused_element" }, noField },
         { { "vesko_frontmost" },
             "Copied. You started in Vesko itself, not in another program. Paste it with Command "

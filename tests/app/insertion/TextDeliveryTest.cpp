@@ -54,8 +54,8 @@ TEST_F(TextDeliveryTest, WhatForbidsThePasteIsSaid)
             nothing, accessibility },
         { "nothing was in front", [](auto& m) { m.focusedField.reading.frontmost.reset(); },
             nothing,
-            "Copied. The desktop did not say which window you were in, so Vesko did not paste. "
-            "Paste it with Command V." },
+            "Copied. No active window was known when you started, so Vesko did not paste. Paste "
+            "it with Command V." },
         { "this program was in front",
             [](auto& m) {
                 m.focusedField.reading.frontmost
@@ -100,6 +100,13 @@ TEST_F(TextDeliveryTest, WhatForbidsThePasteIsSaid)
             [](auto& m) { m.focusedField.reading.subrole = "AXSecureTextField"; }, hidden },
         { "a shortcut keeps the focus from it", nothing,
             [](auto& m) { m.focusedField.reading.focused = false; }, otherField },
+        { "another program has taken the keyboard", nothing,
+            [](auto& m) {
+                m.focusedField.reading.focused = false;
+                m.pasteKeystroke.taken = "keyboard_grabbed";
+            },
+            "Copied. Another program was holding the keyboard, so Vesko did not paste. Paste it "
+            "with Command V." },
         { "nothing has the focus any more", nothing,
             [](auto& m) { m.focusedField.reading.element.reset(); }, otherField },
         { "the cursor is gone", nothing, [](auto& m) { m.focusedField.reading.selection.reset(); },

@@ -327,7 +327,7 @@ TEST_F(CaptureControlTest, NewsAreShownForAWhile)
     EXPECT_EQ(control->news(), QStringLiteral("Copied to clipboard"));
     machine.clock.turn(0.2);
     EXPECT_EQ(control->news(), QString());
-    model->copy("more");
+    model->clipboard().copy("more");
     control->dismissNews();
     EXPECT_EQ(control->news(), QString());
 }

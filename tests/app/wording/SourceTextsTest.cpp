@@ -88,6 +88,7 @@ const struct {
     { "VeskoApp/views/Theme.qml", "Inter", "the name of a font" },
     { "VeskoApp/library/LibraryWindow.cpp", "Markdown", "the name of a format" },
     { "VeskoApp/views/library/NoteList.qml", "f", "how a number is written out" },
+    { "VeskoApp/views/", "(Ctrl\\+Shift\\+Z|Del)", "keys, as the other menus name them" },
     { "VeskoCore/", "(Content-Type:?|Authorization(: Bearer )?|Expect:)", "words of a protocol" },
     { "VeskoCore/analytics/UsageEnvelope.h", "Linux", "said to a service" },
     { "VeskoCore/speech/TextTransform.cpp", ".*", "said to a language model" },

@@ -11,6 +11,8 @@ from .waiting import human_pause, until
 SENT = "Copied. Paste sent to the original field."
 MOVED = "Copied. You moved to another field, so Vesko did not paste. Paste it with Ctrl+V."
 NO_FIELD = "Copied. No text field was focused when you started. Paste it with Ctrl+V."
+NO_WINDOW = ("Copied. No active window was known when you started, so Vesko did not paste. Paste it "
+             "with Ctrl+V.")
 HIDDEN = "Copied. Vesko does not paste where letters are hidden, as in a password."
 NO_ELEMENTS = ("Copied. This program does not show its text fields to Vesko. Paste it with Ctrl+V, "
                "in a terminal with Ctrl+Shift+V, in Emacs with Ctrl+Y.")
