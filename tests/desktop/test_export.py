@@ -101,6 +101,7 @@ class Export(unittest.TestCase):
         self.portal.freeze()
         self.ask()
         self.vesko.press(BUTTON, "New note")
+        until("the new note is shown", lambda: self.vesko.wait_to_find(TEXT, "Note text").text == "")
         self.vesko.press(ROW, "Balcony")
         self.vesko.wait_to_find("label", TITLE)
         self.portal.thaw()

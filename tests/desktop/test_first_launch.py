@@ -87,7 +87,7 @@ class FirstLaunch(unittest.TestCase):
                 vesko.quit()
 
     def test_a_language_that_nothing_is_installed_for_leaves_openrouter(self):
-        with Vesko(LANG="de_DE.UTF-8") as vesko:
+        with Vesko(LANG="it_IT.UTF-8") as vesko:
             self.shows_no_welcome(vesko)
             self.assertEqual(self.provider_of_a_dictation(vesko), ("OpenRouter", None))
             vesko.wait_for_text(NO_KEY)

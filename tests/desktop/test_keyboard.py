@@ -36,13 +36,23 @@ class Keyboard(unittest.TestCase):
 
     def selected(self):
         """The selected note, by what the list says of it."""
-        found = self.notes_listed()
-        return next((number for number, node in enumerate(found) if "selected" in node.states), None)
+        return next((number for number, (_, _, states) in enumerate(self.listed())
+                     if "selected" in states), None)
 
     def notes_listed(self):
         """From top to bottom."""
-        return sorted((node for node in self.vesko.app.walk() if node.role == ROW
-                       and node.name == "Dictation"), key=lambda node: node.bounds[1])
+        return [node for _, node, _ in self.listed()]
+
+    def listed(self):
+        """Each row's place, itself, and its states; rows that scroll away are gone meanwhile."""
+        rows = []
+        for node in self.vesko.app.walk():
+            try:
+                if node.role == ROW and node.name == "Dictation":
+                    rows.append((node.bounds[1], node, node.states))
+            except eyes.Gone:
+                continue
+        return sorted(rows, key=lambda row: row[0])
 
     def comes_to(self, *wanted):
         """The keyboard is in that element."""

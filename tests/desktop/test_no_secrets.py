@@ -14,7 +14,7 @@ from lib.waiting import human_pause  # noqa: E402
 
 KEY = "sk-or-a-key-that-must-stand-nowhere"
 # A language that no recogniser is installed for, so the first launch leaves OpenRouter chosen.
-GERMAN = "de_DE.UTF-8"
+ITALIAN = "it_IT.UTF-8"
 NO_KEYRING = ("Vesko could not access your key in your password store (keyring). Unlock it and try "
               "again.")
 
@@ -49,7 +49,7 @@ class NoSecrets(unittest.TestCase):
             self.assertEqual(vesko.last_recording()["status"], "ready")
 
     def test_says_that_the_keyring_is_missing_and_keeps_the_audio(self):
-        with Vesko(LANG=GERMAN, OPENROUTER_API_KEY=KEY) as vesko:
+        with Vesko(LANG=ITALIAN, OPENROUTER_API_KEY=KEY) as vesko:
             vesko.dictate(lambda: voice.say(voice.BROTHER))
             vesko.wait_for_text(NO_KEYRING)
             vesko.wait_for_text("Audio saved. Transcription needs attention.")

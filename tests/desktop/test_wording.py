@@ -90,10 +90,11 @@ class Wording(unittest.TestCase):
         for environment, expected in (
                 ({"LANG": "ru_UA.UTF-8"}, russian),
                 ({"LANG": "en_US.UTF-8", "LC_MESSAGES": "ru_RU.UTF-8"}, russian),
-                ({"LANG": "de_DE.UTF-8", "LANGUAGE": "de:ru:en"}, russian),
+                ({"LANG": "it_IT.UTF-8", "LANGUAGE": "it:ru:en"}, russian),
                 ({"LANG": "ru_RU.UTF-8", "LANGUAGE": "en:ru"}, english),
                 ({"LANG": "ru_RU.UTF-8", "LC_ALL": "C.UTF-8"}, english),
-                ({"LANG": "de_DE.UTF-8"}, english)):
+                ({"LANG": "de_DE.UTF-8"}, "Diktat beginnen"),
+                ({"LANG": "it_IT.UTF-8"}, english)):
             with self.subTest(**environment), Vesko(**environment) as vesko:
                 self.assertEqual(vesko.button.name, expected)
 

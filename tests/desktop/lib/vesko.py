@@ -68,7 +68,8 @@ class Vesko:
 
     def _find_panel(self):
         for window in self.app.children:
-            for name in ("Start dictation", "Stop dictation", "Начать диктовку"):
+            for name in ("Start dictation", "Stop dictation", "Начать диктовку",
+                         "Diktat beginnen"):
                 button = window.find(role="push button", name=name)
                 if button:
                     return window, button
