@@ -193,8 +193,8 @@ int runApplication(
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, speechEngines, speechGate,
         textLanguage, focusedField, pasteKeystroke, clipboard, shortcut, keys, secrets, settings,
-        loginItem, statusItem, browser, runningInstance, runningInstance.control(), desktop, fileChooser, appearance,
-        permissions, session, languages, root };
+        loginItem, statusItem, browser, runningInstance, runningInstance.control(), desktop,
+        fileChooser, appearance, permissions, session, languages, root };
 
     AppModel model(
         platform, [&library] { return library.get(); },

@@ -22,13 +22,8 @@ TEST(Digest, HexadecimalHasTwoLowerCaseDigitsAByte)
 TEST(Digest, Base64IsThatOfTheStandardsExamples)
 {
     const std::pair<std::string, std::string> rows[] = {
-        { "", "" },
-        { "f", "Zg==" },
-        { "fo", "Zm8=" },
-        { "foo", "Zm9v" },
-        { "foob", "Zm9vYg==" },
-        { "fooba", "Zm9vYmE=" },
-        { "foobar", "Zm9vYmFy" },
+        { "", "" }, { "f", "Zg==" }, { "fo", "Zm8=" }, { "foo", "Zm9v" }, { "foob", "Zm9vYg==" },
+        { "fooba", "Zm9vYmE=" }, { "foobar", "Zm9vYmFy" },
         { "recorded sound", "cmVjb3JkZWQgc291bmQ=" }, // longer than a short text
     };
     for (const auto& [bytes, text] : rows)
