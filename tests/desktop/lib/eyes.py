@@ -12,6 +12,7 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
+from . import sway  # noqa: E402
 from .waiting import until  # noqa: E402
 
 STATES = {"active": 1, "checked": 4, "editable": 7, "enabled": 8, "focusable": 11, "focused": 12,
@@ -137,6 +138,11 @@ class Node:
         x, y, width, height = self.bounds
         return x + width / 2, y + height / 2
 
+    @property
+    def centre_in_window(self):
+        x, y, width, height = self._ask("org.a11y.atspi.Component", "GetExtents", "(u)", 1)[0]
+        return x + width / 2, y + height / 2
+
     def activate(self):
         """Presses it, or does the first action of what can't be pressed."""
         actions = [row[0] for row in self._ask("org.a11y.atspi.Action", "GetActions")[0]]
@@ -215,6 +221,8 @@ def active_window():
 
 def active_pid():
     """The process of the active window, or 0."""
+    if sway.here():
+        return sway.active_pid()
     window = active_window()
     if not window:
         return 0
@@ -318,8 +326,12 @@ def window_property(window, name):
 
 
 def raise_window(pid):
-    window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
-    subprocess.run(["xdotool", "windowactivate", window], check=True, stderr=subprocess.DEVNULL)
+    if sway.here():
+        sway.raise_window(pid)
+    else:
+        window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
+        subprocess.run(["xdotool", "windowactivate", window], check=True,
+                       stderr=subprocess.DEVNULL)
     until("the raised window is active", lambda: active_pid() == pid)
 
 
@@ -331,4 +343,7 @@ def pixels(x, y, width, height):
 
 
 def screenshot(path):
-    subprocess.run(["import", "-window", "root", path], check=True)
+    if sway.here():
+        sway.screenshot(path)
+    else:
+        subprocess.run(["import", "-window", "root", path], check=True)

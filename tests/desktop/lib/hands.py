@@ -1,11 +1,10 @@
-"""Keyboard and mouse of the test session, through XTest.
+"""Keyboard and mouse of the test session.
 
 Keys are named by their place on the keyboard, not by what the layout makes of them, so they work
-under any layout. xdotool is no help for this: it presses modifiers of its own.
+under any layout.
 """
 
-import ctypes
-import subprocess
+import os
 import time
 
 from .waiting import human_pause
@@ -24,39 +23,34 @@ for row, first in (("qwertyuiop", 24), ("asdfghjkl", 38), ("zxcvbnm", 52), ("123
 SHORTCUT = ("super", "left shift", "space")
 APART = 0.3  # seconds
 
-CORE_KEYBOARD = 0x100
+LAYOUTS = ("us", "ru", "gr")
 
-_x11 = ctypes.CDLL("libX11.so.6")
-_xtest = ctypes.CDLL("libXtst.so.6")
-_x11.XOpenDisplay.restype = ctypes.c_void_p
-_x11.XSync.argtypes = [ctypes.c_void_p, ctypes.c_int]
-_x11.XQueryKeymap.argtypes = [ctypes.c_void_p, ctypes.c_char_p]
-_x11.XkbLockGroup.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_uint]
-_xtest.XTestFakeKeyEvent.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_int, ctypes.c_ulong]
-_xtest.XTestFakeButtonEvent.argtypes = _xtest.XTestFakeKeyEvent.argtypes
-_xtest.XTestFakeMotionEvent.argtypes = [
-    ctypes.c_void_p, ctypes.c_int, ctypes.c_int, ctypes.c_int, ctypes.c_ulong]
-_display = None
+_devices = None
 _shortcut_pressed = 0.0
 
 
-def _connection():
-    global _display
-    if _display is None:
-        _display = _x11.XOpenDisplay(None)
-        if not _display:
-            raise RuntimeError("no display")
-    return _display
+def _hardware():
+    global _devices
+    if _devices is None:
+        if os.environ["XDG_SESSION_TYPE"] == "wayland":
+            from .wayland import Devices
+        else:
+            from .x11 import Devices
+        _devices = Devices()
+    return _devices
+
+
+def plug_in():
+    """The keyboard is there from now on, if it was not before."""
+    _hardware()
 
 
 def press(name):
-    _xtest.XTestFakeKeyEvent(_connection(), KEYS[name], 1, 0)
-    _x11.XSync(_connection(), 0)
+    _hardware().key(KEYS[name], True)
 
 
 def release(name):
-    _xtest.XTestFakeKeyEvent(_connection(), KEYS[name], 0, 0)
-    _x11.XSync(_connection(), 0)
+    _hardware().key(KEYS[name], False)
 
 
 def tap(*names):
@@ -93,10 +87,9 @@ def type_letters(text):
 
 
 def held():
-    """The names of the keys that the X server holds for pressed."""
-    pressed = ctypes.create_string_buffer(32)
-    _x11.XQueryKeymap(_connection(), pressed)
-    return {name for name, code in KEYS.items() if pressed.raw[code // 8] & (1 << code % 8)}
+    """The names of the keys that are down."""
+    down = _hardware().down
+    return {name for name, code in KEYS.items() if code in down}
 
 
 def release_all():
@@ -106,18 +99,15 @@ def release_all():
 
 def point(x, y):
     """Puts the pointer there."""
-    _xtest.XTestFakeMotionEvent(_connection(), -1, int(x), int(y), 0)
-    _x11.XSync(_connection(), 0)
+    _hardware().point(x, y)
 
 
 def press_button(number=1):
-    _xtest.XTestFakeButtonEvent(_connection(), number, 1, 0)
-    _x11.XSync(_connection(), 0)
+    _hardware().button(number, True)
 
 
 def release_button(number=1):
-    _xtest.XTestFakeButtonEvent(_connection(), number, 0, 0)
-    _x11.XSync(_connection(), 0)
+    _hardware().button(number, False)
 
 
 def click(x, y, button=1):
@@ -138,16 +128,12 @@ def drag(*places, steps=10):
     release_button()
 
 
-LAYOUTS = ("us", "ru", "gr")
-
-
 def load_layouts(*names):
     """Gives the keyboard these layouts, by default all of LAYOUTS; the first is in use."""
-    subprocess.run(["setxkbmap", "-layout", ",".join(names or LAYOUTS)], check=True)
+    _hardware().load_layouts(",".join(names or LAYOUTS))
     # The first key of a keyboard makes the server forget which layout was in use.
     tap("left shift")
 
 
 def use_layout(name):
-    _x11.XkbLockGroup(_connection(), CORE_KEYBOARD, LAYOUTS.index(name))
-    _x11.XSync(_connection(), 0)
+    _hardware().use_layout(LAYOUTS.index(name))

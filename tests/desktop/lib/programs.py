@@ -4,14 +4,14 @@ import os
 import subprocess
 import tempfile
 
-from . import eyes, hands
+from . import eyes, hands, sway
 from .waiting import until
 
 SERVICES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../services")
 CHROMIUM = ["chromium", "--force-renderer-accessibility", "--no-sandbox", "--disable-gpu",
             "--disable-quic", "--no-first-run", "--disable-background-networking",
             "--disable-component-update", "--disable-sync", "--disable-dev-shm-usage",
-            "--password-store=basic", "--noerrdialogs"]
+            "--password-store=basic", "--noerrdialogs", "--ozone-platform-hint=auto"]
 PAGE = """<!doctype html><meta charset="utf-8"><title>Fields</title>
 <style>body { font: 18px sans-serif } textarea, input { display: block; width: 90%; margin: 12px }
 textarea { height: 160px }</style>
@@ -40,6 +40,7 @@ class Program:
     """A running program and the field in it that has the focus."""
 
     def __init__(self, command, **options):
+        hands.plug_in()  # without a keyboard some compositors give no window the focus
         log = open(os.path.join(os.environ["SESSION_DIR"], "log", os.path.basename(command[0])),
                    "ab")
         with log:
@@ -57,10 +58,19 @@ class Program:
                       lambda: self.app.find(role, name))
         until("the field is laid out", lambda: field.bounds[2] > 0)
         if "focused" not in field.states:
-            hands.click(*field.centre)
+            hands.click(*self._place_of(field))
         until(f"{field} has the focus", lambda: eyes.focused(self.app) == field)
         self.field = field
         return field
+
+    def _place_of(self, field):
+        """Where the user sees it."""
+        if not sway.here():
+            return field.centre
+        # There a program does not know where on the screen its windows are.
+        left, top = sway.place(self.process.pid)
+        x, y = field.centre_in_window
+        return left + x, top + y
 
     @property
     def text(self):
