@@ -63,6 +63,12 @@ std::optional<FocusDestination> FocusDestination::from(const FieldReading& readi
 {
     if (!reading.trusted)
         return skipped("accessibility");
+    if (!reading.seesFrontmost) {
+        skipped("not_seen");
+        FocusDestination unseen;
+        unseen.capturedAt = at;
+        return unseen;
+    }
     if (!reading.frontmost || *reading.frontmost == QCoreApplication::applicationPid())
         return skipped("vesko_frontmost");
     if (!reading.element)
@@ -87,11 +93,15 @@ std::optional<FocusDestination> FocusDestination::from(const FieldReading& readi
 Task<std::vector<std::string>> FocusDestination::attemptPaste(
     FocusedField& fields, PasteKeystroke& keystroke, const Clock& clock) const
 {
+    if (!element)
+        co_return refused({ "not_seen" });
     // A shortcut key that is still held keeps the field from having the focus.
     co_await keystroke.keysReleased();
     const FieldReading reading = co_await fields.read(pid);
     if (!reading.element)
         co_return refused({ "field_changed" });
+    if (!reading.seesFrontmost)
+        co_return refused({ "not_seen" }, reading.role);
     if (!reading.selection)
         co_return refused({ "no_cursor" });
 
@@ -134,6 +144,10 @@ std::string pasteMessage(const std::vector<std::string>& reasons)
     if (first == "no_field")
         return L10N_KEY("Vesko",
             "Copied. No text field was focused when you started. Paste it with Command V.");
+    if (first == "not_seen")
+        return L10N_KEY("Vesko",
+            "Copied. Vesko could not see which field was in use, so it did not paste. Paste it "
+            "with Command V.");
     if (first == "app_changed" || first == "field_changed")
         return L10N_KEY("Vesko",
             "Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.");

@@ -14,14 +14,14 @@ namespace vesko {
 // only for two minutes. Taken once and never refreshed.
 struct FocusDestination {
     std::int32_t pid = 0;
-    std::shared_ptr<const FieldElement> element;
+    std::shared_ptr<const FieldElement> element; // null: there may be one, but it can't be seen
     TextRange selection;
     std::string originalValue;
     Date capturedAt;
 
     // What a reading taken at `at` amounts to. Nothing, with a line in the log, when there is no
     // field to come back to: no permission, this program in front, no focus, no cursor, no text,
-    // a password.
+    // a password. Without an element when it could not be seen which window is active.
     static std::optional<FocusDestination> from(const FieldReading& reading, Date at);
 
     // Looks at the field again and pastes into it if nothing forbids that. Gives what forbids it;

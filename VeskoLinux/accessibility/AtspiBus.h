@@ -71,10 +71,18 @@ public:
     AtspiCall processOf(const QString& service, const QDeadlineTimer& deadline);
 
     std::function<void(const AtspiAddress&)> onFocus; // the element got the focus
+    // The window got or lost the focus of the desktop, as its program sees it. Told if this is set
+    // before open.
+    std::function<void(const AtspiAddress&, bool active)> onWindow;
     std::function<void(const QString& service)> onGone; // the program left the bus
 
 private:
+    Task<> listenToWindows();
+    AtspiCall registerFor(const char* event);
     Q_SLOT void stateChanged(const QDBusMessage& message);
+    Q_SLOT void activeChanged(const QDBusMessage& message);
+    Q_SLOT void windowActivated(const QDBusMessage& message);
+    Q_SLOT void windowDeactivated(const QDBusMessage& message);
     Q_SLOT void ownerChanged(const QString& name, const QString& before, const QString& after);
     Q_SLOT void statusChanged(const QString& interface, const QVariantMap& changed);
 

@@ -34,10 +34,20 @@ bool isSearch(const QVariantList& attributes)
 
 } // namespace
 
-AtspiFocusedField::AtspiFocusedField()
+AtspiFocusedField::AtspiFocusedField(Windows windows)
 {
-    m_bus.onFocus = [this](const AtspiAddress& element) { noteFocus(element); };
+    if (windows == Windows::x11)
+        m_window.emplace();
+    else
+        m_frontmost.emplace(m_bus, m_search);
+    m_bus.onFocus = [this](const AtspiAddress& element) {
+        if (m_frontmost)
+            m_frontmost->noteFocus(element.service);
+        noteFocus(element);
+    };
     m_bus.onGone = [this](const QString& service) {
+        if (m_frontmost)
+            m_frontmost->noteGone(service);
         std::erase_if(m_focus, [&](const Focus& one) { return one.element.service == service; });
     };
     m_tasks.spawn(start());
@@ -48,7 +58,9 @@ Task<> AtspiFocusedField::start()
     if (!co_await m_bus.open())
         co_return;
     // The bus tells of changes only; what had the focus before has to be looked for.
-    const auto process = m_window.process();
+    if (m_frontmost)
+        m_frontmost->begin();
+    const auto process = frontmost();
     if (!process)
         co_return;
     const auto element = co_await m_search.find(*process, QDeadlineTimer(readLimit));
@@ -56,11 +68,17 @@ Task<> AtspiFocusedField::start()
         noteFocus(*element, process);
 }
 
+std::optional<std::int32_t> AtspiFocusedField::frontmost() const
+{
+    return m_frontmost ? m_frontmost->process() : m_window->process();
+}
+
 Eventual<FieldReading> AtspiFocusedField::read(std::optional<std::int32_t> process)
 {
     FieldReading reading;
     reading.trusted = m_bus.usable();
-    reading.frontmost = m_window.process();
+    reading.frontmost = frontmost();
+    reading.seesFrontmost = !m_frontmost || reading.frontmost;
     if (!process)
         process = reading.frontmost;
     if (!reading.trusted || !process)

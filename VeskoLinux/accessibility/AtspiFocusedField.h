@@ -4,6 +4,7 @@
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoLinux/accessibility/ActiveWindow.h"
 #include "VeskoLinux/accessibility/AtspiBus.h"
+#include "VeskoLinux/accessibility/AtspiFrontmost.h"
 #include "VeskoLinux/accessibility/FieldFacts.h"
 #include "VeskoLinux/accessibility/FocusSearch.h"
 
@@ -17,7 +18,9 @@ namespace vesko {
 // anyone. A program that does not answer leaves its facts absent within a second and a half.
 class AtspiFocusedField final : public FocusedField {
 public:
-    AtspiFocusedField();
+    // Who tells which window is active.
+    enum class Windows { x11, accessibility };
+    explicit AtspiFocusedField(Windows windows = Windows::x11);
 
     Eventual<FieldReading> read(std::optional<std::int32_t> process) override;
 
@@ -38,6 +41,7 @@ private:
     void noteFocus(const AtspiAddress& element, std::optional<std::int32_t> process = {});
     const Focus* lastFocus(std::int32_t process) const;
 
+    std::optional<std::int32_t> frontmost() const;
     Task<> start();
     Task<> learnProcess(QString service);
     Task<> finish(Eventual<FieldReading> answer, FieldReading reading, std::int32_t process,
@@ -45,9 +49,10 @@ private:
     Task<std::optional<Probe>> probe(AtspiAddress element, QDeadlineTimer deadline);
     Task<> describe(
         FieldReading& reading, AtspiAddress element, Probe probe, QDeadlineTimer deadline);
-    ActiveWindow m_window;
     AtspiBus m_bus;
     FocusSearch m_search{ m_bus };
+    std::optional<ActiveWindow> m_window; // one of the two
+    std::optional<AtspiFrontmost> m_frontmost;
     std::vector<Focus> m_focus; // one a program, the latest first
     TaskScope m_tasks; // goes first: its tasks use all of the above
 };

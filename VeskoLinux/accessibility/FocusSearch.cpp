@@ -42,7 +42,9 @@ bool worthEntering(const AtspiKind& kind)
     case ATSPI_ROLE_SCROLL_BAR:
         return false;
     default:
-        return kind.is(ATSPI_STATE_SHOWING) && !kind.is(ATSPI_STATE_MANAGES_DESCENDANTS);
+        // What GTK 4 shows is visible only, by its own account.
+        return (kind.is(ATSPI_STATE_SHOWING) || kind.is(ATSPI_STATE_VISIBLE))
+            && !kind.is(ATSPI_STATE_MANAGES_DESCENDANTS);
     }
 }
 
@@ -71,6 +73,22 @@ Task<bool> FocusSearch::hasActiveWindow(QString service, QDeadlineTimer deadline
     co_return std::ranges::any_of(windows, active, &Node::kind);
 }
 
+Task<std::vector<AtspiAddress>> FocusSearch::activeWindows(
+    std::optional<QString> service, QDeadlineTimer deadline)
+{
+    std::vector<AtspiAddress> programs;
+    if (service)
+        programs.push_back({ *service, rootPath });
+    else
+        programs = co_await allPrograms(deadline);
+    std::vector<AtspiAddress> found;
+    for (const Node& window : co_await childrenOf(std::move(programs), deadline)) {
+        if (active(window.kind))
+            found.push_back(window.address);
+    }
+    co_return found;
+}
+
 // One depth after the other, each as one volley of questions.
 Task<std::optional<AtspiAddress>> FocusSearch::findBelow(Level level, QDeadlineTimer deadline)
 {
@@ -90,14 +108,20 @@ Task<std::optional<AtspiAddress>> FocusSearch::findBelow(Level level, QDeadlineT
     co_return other;
 }
 
-Task<std::vector<AtspiAddress>> FocusSearch::programsOf(
-    std::int32_t process, QDeadlineTimer deadline)
+Task<std::vector<AtspiAddress>> FocusSearch::allPrograms(QDeadlineTimer deadline)
 {
     const auto reply = co_await m_bus.call({ QStringLiteral("org.a11y.atspi.Registry"), rootPath },
         atspi::accessible, "GetChildren", "a(so)", deadline);
     std::vector<AtspiAddress> programs;
     if (reply)
         append(programs, *reply);
+    co_return programs;
+}
+
+Task<std::vector<AtspiAddress>> FocusSearch::programsOf(
+    std::int32_t process, QDeadlineTimer deadline)
+{
+    const auto programs = co_await allPrograms(deadline);
     std::vector<AtspiCall> asking;
     asking.reserve(programs.size());
     for (const AtspiAddress& program : programs)

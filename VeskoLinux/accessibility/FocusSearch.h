@@ -23,6 +23,9 @@ public:
     Task<std::optional<AtspiAddress>> find(std::int32_t process, QDeadlineTimer deadline);
     // Whether one of the program's windows is active, as the program sees it.
     Task<bool> hasActiveWindow(QString service, QDeadlineTimer deadline);
+    // The active windows of that program, or of all programs.
+    Task<std::vector<AtspiAddress>> activeWindows(
+        std::optional<QString> service, QDeadlineTimer deadline);
 
 private:
     struct Node {
@@ -32,6 +35,7 @@ private:
     using Level = std::vector<Node>;
 
     Task<std::optional<AtspiAddress>> findBelow(Level windows, QDeadlineTimer deadline);
+    Task<std::vector<AtspiAddress>> allPrograms(QDeadlineTimer deadline);
     Task<std::vector<AtspiAddress>> programsOf(std::int32_t process, QDeadlineTimer deadline);
     Task<Level> childrenOf(std::vector<AtspiAddress> parents, QDeadlineTimer deadline);
 

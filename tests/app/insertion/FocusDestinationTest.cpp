@@ -115,6 +115,28 @@ TEST_F(FocusDestinationTest, SkipsWhatCannotBeComeBackTo)
     }
 }
 
+TEST_F(FocusDestinationTest, WhatWasNotSeenIsNoMissingField)
+{
+    fields.reading.seesFrontmost = false;
+    fields.reading.frontmost.reset();
+    const auto field = capture();
+    ASSERT_TRUE(field);
+
+    fields.reading = FakeFocusedField().reading;
+    EXPECT_THAT(paste(*field), ElementsAre("not_seen"));
+    EXPECT_EQ(keystroke.sent, 0);
+}
+
+TEST_F(FocusDestinationTest, PastesNothingWhileTheActiveWindowIsUnknown)
+{
+    const auto field = capture();
+    ASSERT_TRUE(field);
+    fields.reading.seesFrontmost = false;
+    fields.reading.frontmost.reset();
+    EXPECT_THAT(paste(*field), ElementsAre("not_seen"));
+    EXPECT_EQ(keystroke.sent, 0);
+}
+
 TEST_F(FocusDestinationTest, IsTakenForRolesThatWillBeRefusedLater)
 {
     fields.reading.role = "AXStaticText";
@@ -237,6 +259,9 @@ TEST(PasteMessage, FollowsTheFirstReason)
             "Copied. Allow Accessibility for Vesko in System Settings to paste automatically." },
         { { "no_field" },
             "Copied. No text field was focused when you started. Paste it with Command V." },
+        { { "not_seen" },
+            "Copied. Vesko could not see which field was in use, so it did not paste. Paste it "
+            "with Command V." },
         { { "app_changed" }, moved },
         { { "field_changed", "too_late" }, moved },
         { { "not_writable" }, unsupported },
