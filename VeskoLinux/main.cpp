@@ -7,7 +7,6 @@
 #include "VeskoApp/shell/KeyInstaller.h"
 #include "VeskoApp/views/Windows.h"
 #include "VeskoApp/wording/InterfaceLanguage.h"
-#include "VeskoLinux/accessibility/AtspiFocusedField.h"
 #include "VeskoLinux/audio/GstCueEngine.h"
 #include "VeskoLinux/audio/GstPlayer.h"
 #include "VeskoLinux/audio/GstRecorder.h"
@@ -16,19 +15,15 @@
 #include "VeskoLinux/desktop/DesktopBrowser.h"
 #include "VeskoLinux/desktop/PortalAppearance.h"
 #include "VeskoLinux/desktop/PortalFileChooser.h"
-#include "VeskoLinux/desktop/QtClipboard.h"
 #include "VeskoLinux/desktop/TerminationSignals.h"
 #include "VeskoLinux/desktop/TrayStatusItem.h"
 #include "VeskoLinux/desktop/X11Desktop.h"
 #include "VeskoLinux/desktop/XdgFolders.h"
 #include "VeskoLinux/desktop/XdgLoginItem.h"
-#include "VeskoLinux/input/SentKeys.h"
-#include "VeskoLinux/input/X11GlobalShortcut.h"
-#include "VeskoLinux/input/X11KeyMonitor.h"
-#include "VeskoLinux/input/X11PasteKeystroke.h"
 #include "VeskoLinux/media/GstPlugins.h"
 #include "VeskoLinux/permissions/LinuxPermissions.h"
 #include "VeskoLinux/secrets/SecretServiceStore.h"
+#include "VeskoLinux/session/LinuxSession.h"
 #include "VeskoLinux/speech/Cld2LanguageRecognizer.h"
 #include "VeskoLinux/speech/PocketSphinxRecognizer.h"
 #include "VeskoLinux/speech/PreferredLanguages.h"
@@ -129,6 +124,7 @@ int runApplication(
 
     // Quiet windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    LinuxSession::chooseWindowSystem();
     QGuiApplication application(argc, argv);
     if (!claimed.get_future().get())
         return 0;
@@ -150,12 +146,7 @@ int runApplication(
     GstCueEngine cues(deploymentFolders());
     PocketSphinxRecognizer recognizer;
     Cld2LanguageRecognizer textLanguage;
-    AtspiFocusedField focusedField;
-    SentKeys sentKeys(clock);
-    X11KeyMonitor keys(sentKeys, clock);
-    X11GlobalShortcut shortcut;
-    X11PasteKeystroke pasteKeystroke(sentKeys, clock);
-    QtClipboard clipboard;
+    LinuxSession session(clock);
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
     XdgLoginItem loginItem(configFolder(), programPath());
@@ -165,9 +156,10 @@ int runApplication(
     PortalFileChooser fileChooser(clock);
     PortalAppearance appearance;
     LinuxPermissions permissions;
-    Platform platform{ clock, recorder, player, cues, recognizer, textLanguage, focusedField,
-        pasteKeystroke, clipboard, shortcut, keys, secrets, settings, loginItem, statusItem,
-        browser, runningInstance, desktop, fileChooser, appearance, permissions, languages, root };
+    Platform platform{ clock, recorder, player, cues, recognizer, textLanguage,
+        session.focusedField(), session.pasteKeystroke(), session.clipboard(), session.shortcut(),
+        session.keys(), secrets, settings, loginItem, statusItem, browser, runningInstance, desktop,
+        fileChooser, appearance, permissions, languages, root, session.offer() };
 
     AppModel model(
         platform, [&library] { return library.get(); },

@@ -8,6 +8,12 @@ namespace {
 
 // A key's repeat and a double firing are one press.
 constexpr double triggerInterval = 0.25; // seconds
+// The longest that a held key takes before it repeats.
+constexpr double repeatDelay = 1.2; // seconds
+
+constexpr const char* noShortcut = L10N_KEY("Vesko",
+    "Command Shift Space is unavailable. Use the floating button or choose another system "
+    "shortcut.");
 
 } // namespace
 
@@ -22,18 +28,19 @@ Hotkeys::Hotkeys(GlobalShortcut& shortcut, KeyMonitor& keys, EventClock& clock)
 Hotkeys::~Hotkeys()
 {
     m_keys.stop();
+    m_shortcut.onRefused = nullptr;
     m_shortcut.remove();
 }
 
 std::string Hotkeys::start()
 {
+    m_shortcut.onRefused = [this] {
+        if (onShortcutLost)
+            onShortcutLost(noShortcut);
+    };
     const bool installed = m_shortcut.install([this] { trigger(); });
     installFnMonitors();
-    if (installed)
-        return {};
-    return L10N_KEY("Vesko",
-        "Command Shift Space is unavailable. Use the floating button or choose another system "
-        "shortcut.");
+    return installed ? "" : noShortcut;
 }
 
 void Hotkeys::trigger()
@@ -75,6 +82,25 @@ void Hotkeys::receive(const KeyEvent& event)
         m_hold.cancel();
         onFnAction(*action);
     }
+}
+
+void Hotkeys::commandGestureKey(bool down)
+{
+    if (!fnEnabled()) {
+        resetFn();
+        return;
+    }
+    const double now = m_clock.uptime();
+    const bool repeated = m_lastCommand && now - *m_lastCommand <= repeatDelay;
+    const bool releaseLost = down && m_lastCommand && !repeated;
+    m_lastCommand = down ? std::optional(now) : std::nullopt;
+    // Who presses a key again has let go of it before. What that release would have ended, this
+    // press is meant to end.
+    if (releaseLost)
+        m_lastCommand.reset();
+    flagsChanged({ .kind = KeyEvent::Kind::flagsChanged,
+        .isGestureKey = true,
+        .gestureKeyDown = down && !releaseLost });
 }
 
 void Hotkeys::flagsChanged(const KeyEvent& event)

@@ -23,6 +23,8 @@ public:
     std::function<bool()> canStart;
     std::function<GestureKey()> gestureKey;
     std::function<void(FnShortcutAction)> onFnAction;
+    // The shortcut was not to be had after all; with the warning that start gives.
+    std::function<void(const std::string&)> onShortcutLost;
     std::function<void()> onSendIntent; // Return: the user sends what stands in the field
 
     // Installs both. Gives a warning, a key for the catalogues, if the shortcut could not be had;
@@ -30,6 +32,9 @@ public:
     std::string start();
     // Watches the keys anew: the key of the gesture or the permission has changed.
     void installFnMonitors();
+    // The gesture key went down or up, as a desktop tells that runs a command for it. It may run
+    // the one for down again and again while the key is held, and leave out the one for up.
+    void commandGestureKey(bool down);
     // Forgets the gesture, and discards what it began.
     void resetFn();
     void stop();
@@ -44,6 +49,7 @@ private:
     EventClock& m_clock;
     FnShortcutState m_fnState;
     Timer m_hold;
+    std::optional<double> m_lastCommand; // uptime of the last command that the key is down
     std::optional<double> m_lastTrigger; // uptime of the last accepted press
 };
 

@@ -47,9 +47,12 @@ class GlobalShortcut {
 public:
     virtual ~GlobalShortcut() = default;
 
-    // False if another program has it.
+    // False if another program has it, or this desktop gives none.
     virtual bool install(std::function<void()> onPressed) = 0;
     virtual void remove() = 0;
+
+    // The desktop took its time to say no: it is not to be had, although install() was true.
+    std::function<void()> onRefused;
 };
 
 } // namespace vesko

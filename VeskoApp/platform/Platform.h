@@ -17,6 +17,7 @@
 #include "VeskoApp/platform/Permissions.h"
 #include "VeskoApp/platform/RunningInstance.h"
 #include "VeskoApp/platform/SecretStore.h"
+#include "VeskoApp/platform/SessionOffer.h"
 #include "VeskoApp/platform/SettingsStore.h"
 #include "VeskoApp/platform/StatusItem.h"
 #include "VeskoApp/platform/TextLanguageRecognizer.h"
@@ -53,6 +54,7 @@ struct Platform {
     Permissions& permissions;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
     std::filesystem::path dataFolder; // where the library is
+    SessionOffer session = {};
 };
 
 } // namespace vesko

@@ -2,6 +2,7 @@
 
 #include "VeskoApp/capture/CaptureLog.h"
 #include "VeskoApp/shell/StatusIcon.h"
+#include "VeskoApp/wording/SessionWords.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/shell/MenuBarPlacement.h"
@@ -49,7 +50,11 @@ void AppDelegate::launch(bool background, const Demo& demo)
     m_platform.runningInstance.onActivate = [this] { applicationShouldHandleReopen(); };
     m_platform.runningInstance.onOpen
         = [this](const auto& addresses) { m_model.openAddresses(addresses); };
-    m_model.setShortcutMessage(m_hotkeys.start());
+    m_hotkeys.onShortcutLost
+        = [this](const std::string& warning) { m_model.setShortcutMessage(warning); };
+    const auto warning = m_hotkeys.start();
+    const auto advice = shortcutAdvice(m_platform.session);
+    m_model.setShortcutMessage(advice.isEmpty() ? warning : advice.toStdString());
     for (const auto changed : { &AppModel::libraryReadyChanged, &AppModel::libraryOpeningChanged,
              &AppModel::errorMessageChanged })
         connect(&m_model, changed, this, &AppDelegate::showCaptureControl, Qt::QueuedConnection);
@@ -84,7 +89,8 @@ void AppDelegate::showCaptureControl()
 
 void AppDelegate::updateCaptureVisibility()
 {
-    m_captureControl.show(m_model.preferences().showFloating.get());
+    m_captureControl.show(
+        m_platform.session.floats && m_model.preferences().showFloating.get());
 }
 
 void AppDelegate::observeScreens()

@@ -15,6 +15,7 @@ namespace vesko {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 class HotkeysTest : public testing::Test {
 protected:
@@ -337,6 +338,60 @@ TEST(Hotkeys, LetGoOfTheKeysWhenTheyAreDestroyed)
     EXPECT_FALSE(shortcut.installed());
     EXPECT_EQ(keys.watched, std::nullopt);
     clock.turn(1);
+}
+
+TEST_F(HotkeysTest, ACommandedKeyIsAGestureKey)
+{
+    keys.isPermitted = false;
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    clock.turn(0.1);
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin));
+
+    recording = true;
+    hotkeys.commandGestureKey(true);
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions,
+        ElementsAre(FnShortcutAction::begin, FnShortcutAction::armStop, FnShortcutAction::finish));
+}
+
+TEST_F(HotkeysTest, RepeatsOfACommandedKeyAreThatKeyHeld)
+{
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    clock.turn(0.6);
+    for (int times = 0; times < 100; ++times) {
+        hotkeys.commandGestureKey(true);
+        clock.turn(0.04);
+    }
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin, FnShortcutAction::hold));
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions,
+        ElementsAre(FnShortcutAction::begin, FnShortcutAction::hold, FnShortcutAction::finish));
+}
+
+TEST_F(HotkeysTest, APressAfterALostReleaseEndsWhatTheFirstBegan)
+{
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    clock.turn(5);
+    hotkeys.commandGestureKey(true);
+    EXPECT_THAT(actions,
+        ElementsAre(FnShortcutAction::begin, FnShortcutAction::hold, FnShortcutAction::finish));
+    hotkeys.commandGestureKey(false);
+    hotkeys.commandGestureKey(true);
+    EXPECT_EQ(actions.size(), 4U);
+    EXPECT_EQ(actions.back(), FnShortcutAction::begin);
+}
+
+TEST_F(HotkeysTest, ACommandedKeyDoesNothingWithTheGestureSwitchedOff)
+{
+    enabled = false;
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions, IsEmpty());
 }
 
 } // namespace
