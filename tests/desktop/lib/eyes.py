@@ -188,6 +188,18 @@ def application(pid):
     return None
 
 
+def claiming_to_be_active():
+    """The processes that say of a window of theirs that it is the active one."""
+    found = []
+    for app in applications():
+        try:
+            if any("active" in window.states for window in app.children):
+                found.append(app.pid)
+        except (Gone, GLib.Error):
+            continue
+    return found
+
+
 def focused(app):
     """The element of the application that would get what is typed, or None."""
     for node in app.walk():
@@ -333,6 +345,9 @@ def raise_window(pid):
         subprocess.run(["xdotool", "windowactivate", window], check=True,
                        stderr=subprocess.DEVNULL)
     until("the raised window is active", lambda: active_pid() == pid)
+    if sway.here():
+        # What draws through X11 hears a tenth of a second later that it is no longer in front.
+        until("no other window takes itself for active", lambda: claiming_to_be_active() == [pid])
 
 
 def pixels(x, y, width, height):
