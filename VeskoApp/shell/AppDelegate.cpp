@@ -89,8 +89,7 @@ void AppDelegate::showCaptureControl()
 
 void AppDelegate::updateCaptureVisibility()
 {
-    m_captureControl.show(
-        m_platform.session.floats && m_model.preferences().showFloating.get());
+    m_captureControl.show(m_platform.session.floats && m_model.preferences().showFloating.get());
 }
 
 void AppDelegate::observeScreens()
