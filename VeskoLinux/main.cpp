@@ -10,6 +10,7 @@
 #include "VeskoLinux/audio/GstCueEngine.h"
 #include "VeskoLinux/audio/GstPlayer.h"
 #include "VeskoLinux/audio/GstRecorder.h"
+#include "VeskoLinux/command/Arguments.h"
 #include "VeskoLinux/desktop/CborSettings.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 #include "VeskoLinux/desktop/DesktopBrowser.h"
@@ -34,15 +35,12 @@
 #include <QTranslator>
 #include <QtQml/QQmlExtensionPlugin>
 
-#include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <future>
 #include <iostream>
 #include <malloc.h>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(Vesko_ViewsPlugin)
@@ -50,38 +48,6 @@ Q_IMPORT_QML_PLUGIN(Vesko_ViewsPlugin)
 namespace vesko {
 
 namespace {
-
-enum class Start { application, background, keyInstaller, refused };
-
-// Whether it begins with a scheme, as an address does that was opened with this program.
-bool isAddress(std::string_view argument)
-{
-    const auto letter = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; };
-    const auto scheme = argument.substr(0, argument.find(':'));
-    return scheme.size() < argument.size() && !scheme.empty() && letter(scheme[0])
-        && std::ranges::all_of(
-            scheme, [&](char c) { return letter(c) || c == '+' || c == '-' || c == '.'; });
-}
-
-Start readArguments(std::span<char*> arguments, std::vector<std::string>& addresses)
-{
-    Start start = Start::application;
-    for (const std::string_view argument : arguments.subspan(1)) {
-        if (argument == "--install-openrouter-key") {
-            start = Start::keyInstaller;
-        } else if (isAddress(argument)) {
-            addresses.emplace_back(argument);
-        } else if (argument == "--background") {
-            if (start == Start::application)
-                start = Start::background;
-        } else {
-            std::cerr << "vesko: unknown argument " << argument << "\n"
-                      << "usage: vesko [--background] [--install-openrouter-key] [ADDRESS...]\n";
-            return Start::refused;
-        }
-    }
-    return start;
-}
 
 int installKeyFromEnvironment()
 {
@@ -158,8 +124,9 @@ int runApplication(
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, textLanguage,
         session.focusedField(), session.pasteKeystroke(), session.clipboard(), session.shortcut(),
-        session.keys(), secrets, settings, loginItem, statusItem, browser, runningInstance, desktop,
-        fileChooser, appearance, permissions, languages, root, session.offer() };
+        session.keys(), secrets, settings, loginItem, statusItem, browser, runningInstance,
+        runningInstance.control(), desktop, fileChooser, appearance, permissions, languages, root,
+        session.offer() };
 
     AppModel model(
         platform, [&library] { return library.get(); },
@@ -186,17 +153,10 @@ int main(int argc, char** argv)
 {
     using namespace vesko;
     try {
-        std::vector<std::string> addresses;
-        const auto start = readArguments({ argv, static_cast<std::size_t>(argc) }, addresses);
-        switch (start) {
-        case Start::application:
-        case Start::background:
-            return runApplication(argc, argv, start == Start::background, addresses);
-        case Start::keyInstaller:
+        const auto read = Arguments::read({ argv + 1, static_cast<std::size_t>(argc - 1) });
+        if (read.purpose == Purpose::keyInstaller)
             return installKeyFromEnvironment();
-        case Start::refused:
-            return 2;
-        }
+        return runApplication(argc, argv, read.purpose == Purpose::background, read.addresses);
     } catch (const std::exception& error) {
         // Nothing of the user's is in these words: only a broken installation comes here.
         std::cerr << "vesko: " << error.what() << "\n";

@@ -15,6 +15,7 @@
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
 #include "VeskoApp/platform/Permissions.h"
+#include "VeskoApp/platform/RemoteControl.h"
 #include "VeskoApp/platform/RunningInstance.h"
 #include "VeskoApp/platform/SecretStore.h"
 #include "VeskoApp/platform/SessionOffer.h"
@@ -48,6 +49,7 @@ struct Platform {
     StatusItem& statusItem;
     Browser& browser;
     RunningInstance& runningInstance;
+    RemoteControl& remoteControl;
     Desktop& desktop;
     FileChooser& fileChooser;
     Appearance& appearance;

@@ -29,6 +29,7 @@ AppDelegate::AppDelegate(Platform& platform, AppModel& model)
     , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
     , m_windows(platform)
     , m_captureControl(platform, model)
+    , m_remote(platform.remoteControl, platform.clock, remoteProgram())
     , m_gestureKey(model.preferences().gestureKey(platform.keys.reportsFn()))
     , m_menuBarCheck(platform.clock)
 {
@@ -71,6 +72,8 @@ void AppDelegate::launch(bool background, const Demo& demo)
     });
     observeScreens();
     observeActivation();
+    for (const auto changed : { &AppModel::phaseChanged, &AppModel::libraryReadyChanged })
+        connect(&m_model, changed, this, [this] { m_remote.changed(); });
     if (demo.scene)
         m_tasks.spawn(showScene(*demo.scene));
 }
@@ -226,6 +229,25 @@ void AppDelegate::wireHotkeys()
     m_hotkeys.gestureKey = [this] { return m_gestureKey; };
     m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.handleFn(action); };
     m_hotkeys.onSendIntent = [this] { m_model.insertionReview().armSend(); };
+}
+
+RemoteCommands::Program AppDelegate::remoteProgram()
+{
+    return {
+        .phase = [this] { return m_model.phase(); },
+        .ready = [this] { return m_model.libraryReady(); },
+        .title = [this] { return m_model.phaseTitle(); },
+        .elapsed = [this] { return m_model.elapsed(); },
+        .start = [this] { m_model.toggleDictation(); },
+        .stop = [this] { m_model.toggleDictation(); },
+        .cancel =
+            [this] {
+                m_model.handleFn(FnShortcutAction::armStop);
+                m_model.handleFn(FnShortcutAction::discard);
+            },
+        .show = [this] { applicationShouldHandleReopen(); },
+        .quit = [this] { quit(); },
+    };
 }
 
 bool AppDelegate::canStart() const

@@ -6,6 +6,7 @@
 #include "VeskoApp/onboarding/PermissionRows.h"
 #include "VeskoApp/shell/AppWindows.h"
 #include "VeskoApp/shell/CaptureControl.h"
+#include "VeskoApp/shell/RemoteCommands.h"
 #include "VeskoCore/shell/DemoScene.h"
 
 #include <QObject>
@@ -83,6 +84,7 @@ protected:
 private:
     void setupStatusItem();
     void wireHotkeys();
+    RemoteCommands::Program remoteProgram();
     void showCaptureControl();
     void updateCaptureVisibility();
     void observeScreens();
@@ -107,6 +109,7 @@ private:
     std::optional<PermissionRows> m_permissions;
     AppWindows m_windows; // goes before what its windows show
     CaptureControl m_captureControl;
+    RemoteCommands m_remote;
     GestureKey m_gestureKey;
     Timer m_menuBarCheck;
     bool m_menuBarChecked = false;

@@ -11,8 +11,11 @@ namespace vesko {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 2> catalogues{ {
+constexpr std::array<std::pair<std::string_view, std::string_view>, 5> catalogues{ {
+    { "de", ":/i18n/vesko_de.qm" },
     { "en", ":/i18n/vesko_linux_en.qm" },
+    { "es", ":/i18n/vesko_es.qm" },
+    { "fr", ":/i18n/vesko_fr.qm" },
     { "ru", ":/i18n/vesko_ru.qm" },
 } };
 

@@ -37,6 +37,7 @@ bool tell(const QDBusConnection& bus, const std::vector<std::string>& addresses)
 
 DBusRunningInstance::DBusRunningInstance()
     : m_connection(QUuid::createUuid().toString())
+    , m_control(*new DBusControl(*this, m_connection))
 {
 }
 
@@ -52,7 +53,8 @@ bool DBusRunningInstance::claim(const std::vector<std::string>& addresses, bool 
     if (!bus.isConnected())
         return true;
     // In this order: nobody may find the name and not the object.
-    bus.registerObject(path, this, QDBusConnection::ExportScriptableInvokables);
+    bus.registerObject(
+        path, this, QDBusConnection::ExportScriptableInvokables | QDBusConnection::ExportAdaptors);
     for (int attempt = 0; attempt < attempts; ++attempt) {
         if (bus.registerService(name))
             return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoApp/platform/RunningInstance.h"
+#include "VeskoLinux/desktop/DBusControl.h"
 
 #include <QDBusContext>
 #include <QObject>
@@ -28,6 +29,9 @@ public:
     // answer. Blocks; any thread, once.
     bool claim(const std::vector<std::string>& addresses, bool quiet = false);
 
+    // What else can be asked of the one.
+    RemoteControl& control() { return m_control; }
+
     // NOLINTBEGIN(readability-identifier-naming): the names on the bus
     Q_SCRIPTABLE void Activate(const QVariantMap& platformData);
     Q_SCRIPTABLE void Open(const QStringList& addresses, const QVariantMap& platformData);
@@ -37,6 +41,7 @@ public:
 
 private:
     QString m_connection;
+    DBusControl& m_control; // a child, as adaptors are
 };
 
 } // namespace vesko

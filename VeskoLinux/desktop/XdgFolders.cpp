@@ -33,15 +33,19 @@ std::filesystem::path dataFolder()
     return folder("XDG_DATA_HOME", ".local/share");
 }
 
+std::filesystem::path programFolder()
+{
+    return std::filesystem::canonical("/proc/self/exe").parent_path();
+}
+
 std::filesystem::path programPath()
 {
-    return std::filesystem::canonical("/proc/self/exe");
+    return programFolder() / "vesko";
 }
 
 std::vector<std::filesystem::path> deploymentFolders()
 {
-    const auto beside = programPath().parent_path();
-    return { beside, beside.parent_path() / "share/vesko" };
+    return { programFolder(), programFolder().parent_path().parent_path() / "share/vesko" };
 }
 
 } // namespace vesko

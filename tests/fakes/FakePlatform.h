@@ -15,6 +15,7 @@
 #include "tests/fakes/FakeOnDeviceRecognizer.h"
 #include "tests/fakes/FakePasteKeystroke.h"
 #include "tests/fakes/FakePermissions.h"
+#include "tests/fakes/FakeRemoteControl.h"
 #include "tests/fakes/FakeRunningInstance.h"
 #include "tests/fakes/FakeSecretStore.h"
 #include "tests/fakes/FakeSettingsStore.h"
@@ -43,6 +44,7 @@ struct FakePlatform {
     FakeStatusItem statusItem;
     FakeBrowser browser;
     FakeRunningInstance runningInstance;
+    FakeRemoteControl remoteControl;
     FakeDesktop desktop;
     FakeFileChooser fileChooser;
     FakeAppearance appearance;
@@ -66,6 +68,7 @@ struct FakePlatform {
         .statusItem = statusItem,
         .browser = browser,
         .runningInstance = runningInstance,
+        .remoteControl = remoteControl,
         .desktop = desktop,
         .fileChooser = fileChooser,
         .appearance = appearance,

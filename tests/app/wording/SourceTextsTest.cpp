@@ -96,6 +96,7 @@ const struct {
     { "VeskoLinux/speech/", ".*", "of an exception; a user reads what safeMessage says of it" },
     { "VeskoApp/shell/KeyInstaller.cpp", ".*\\\\n", "said to a script, which knows the line" },
     { "VeskoApp/shell/MenuRows.cpp", "(File|Edit)", "which menu a row belongs to" },
+    { "VeskoLinux/command/", ".*", "said on a terminal" },
     { "VeskoLinux/desktop/XdgFolders.cpp", ".*", "said on a terminal" },
     { "VeskoLinux/desktop/DBusRunningInstance", ".*", "said on a terminal, or on the bus" },
 };

@@ -50,7 +50,7 @@ private:
     QTranslator m_translator;
 };
 
-INSTANTIATE_TEST_SUITE_P(Catalogues, Wording, testing::Values("en", "ru"),
+INSTANTIATE_TEST_SUITE_P(Catalogues, Wording, testing::Values("de", "en", "es", "fr", "ru"),
     [](const auto& language) { return std::string(language.param); });
 
 TEST_P(Wording, isInTheProgram)

@@ -11,20 +11,28 @@ from . import eyes, hands, library, sway
 from .waiting import until
 
 REPOSITORY = os.path.abspath(os.path.join(os.path.dirname(__file__), "../../.."))
-BINARY = os.path.join(REPOSITORY, "build/release/bin/vesko")
+# VESKO_BINARY names an installed one.
+BINARY = os.environ.get("VESKO_BINARY", os.path.join(REPOSITORY, "build/release/bin/vesko"))
 
 
 def deployed(service_url=None, **more):
     """A copy of the program whose deployment values name this speech service, and whatever more."""
     folder = tempfile.mkdtemp(prefix="deployed-")
-    with open(os.path.join(os.path.dirname(BINARY), "Info.json")) as file:
+    binary = os.path.realpath(BINARY)
+    beside = os.path.dirname(binary)
+    places = (beside, os.path.join(beside, "../../share/vesko"))
+    with open(next(info for place in places
+                   if os.path.exists(info := os.path.join(place, "Info.json")))) as file:
         values = json.load(file)
     if service_url:
         values["VeskoOpenRouterBaseURL"] = service_url
     values.update(more)
     with open(os.path.join(folder, "Info.json"), "w") as file:
         json.dump(values, file)
-    return shutil.copy2(BINARY, folder)
+    for name in os.listdir(beside):
+        if name.startswith("vesko"):
+            shutil.copy2(os.path.join(beside, name), folder)
+    return os.path.join(folder, "vesko")
 
 
 def install_key(key, binary=BINARY):

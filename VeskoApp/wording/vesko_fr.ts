@@ -1,0 +1,1513 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- French. Nobody whose first language it is has read this catalogue yet. -->
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>Vesko</name>
+    <message>
+        <source>Code</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Sign-in code</source>
+        <translation>Code de connexion</translation>
+    </message>
+    <message>
+        <source>Use another email</source>
+        <translation>Utiliser une autre adresse</translation>
+    </message>
+    <message>
+        <source>Sign in with Apple</source>
+        <translation>Se connecter avec Apple</translation>
+    </message>
+    <message>
+        <source>Continue with Google</source>
+        <translation>Continuer avec Google</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>or</source>
+        <translation>ou</translation>
+    </message>
+    <message>
+        <source>Email address</source>
+        <translation>Adresse e-mail</translation>
+    </message>
+    <message>
+        <source>Send code</source>
+        <translation>Envoyer le code</translation>
+    </message>
+    <message>
+        <source>Release Fn to finish</source>
+        <translation>Relâchez la touche pour terminer</translation>
+    </message>
+    <message>
+        <source>Release Fn to finish recording</source>
+        <translation>Relâchez la touche pour terminer l’enregistrement</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Couper</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Tout sélectionner</translation>
+    </message>
+    <message>
+        <source>Recognized term</source>
+        <translation>Terme reconnu</translation>
+    </message>
+    <message>
+        <source>For example: tallki</source>
+        <translation>Par exemple : tallki</translation>
+    </message>
+    <message>
+        <source>Use instead</source>
+        <translation>Écrire à la place</translation>
+    </message>
+    <message>
+        <source>For example: Vesko</source>
+        <translation>Par exemple : Vesko</translation>
+    </message>
+    <message>
+        <source>Dictionary</source>
+        <translation>Dictionnaire</translation>
+    </message>
+    <message>
+        <source>Edit %1</source>
+        <translation>Modifier %1</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>Retirer %1</translation>
+    </message>
+    <message>
+        <source>Use term</source>
+        <translation>Utiliser le terme</translation>
+    </message>
+    <message>
+        <source>Use %1</source>
+        <translation>Utiliser %1</translation>
+    </message>
+    <message>
+        <source>Vesko Dictionary</source>
+        <translation>Dictionnaire de Vesko</translation>
+    </message>
+    <message>
+        <source>Your words, your spelling</source>
+        <translation>Vos mots, votre orthographe</translation>
+    </message>
+    <message>
+        <source>Corrections stay on this Mac. Original transcripts are kept.</source>
+        <translation>Les corrections restent sur cet ordinateur. Les transcriptions d’origine sont conservées.</translation>
+    </message>
+    <message>
+        <source>Save last corrections</source>
+        <translation>Enregistrer les dernières corrections</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Ignorer</translation>
+    </message>
+    <message>
+        <source>Search dictionary</source>
+        <translation>Rechercher dans le dictionnaire</translation>
+    </message>
+    <message>
+        <source>Whole terms are replaced after recognition. New unrelated wording stays a suggestion. You can edit, disable or remove any term.</source>
+        <translation>Les termes entiers sont remplacés après la reconnaissance. Une formulation nouvelle sans ressemblance reste une suggestion. Vous pouvez modifier, désactiver ou retirer chaque terme.</translation>
+    </message>
+    <message>
+        <source>Which language do you speak?</source>
+        <translation>Quelle langue parlez-vous ?</translation>
+    </message>
+    <message>
+        <source>I switch between languages</source>
+        <translation>Je passe d’une langue à l’autre</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menu</translation>
+    </message>
+    <message>
+        <source>Your voice, kept close</source>
+        <translation>Votre voix, tout près de vous</translation>
+    </message>
+    <message>
+        <source>Fn or ⌘ ⇧ Space to dictate</source>
+        <translation>Super+Maj+Espace pour dicter</translation>
+    </message>
+    <message>
+        <source>Library</source>
+        <translation>Bibliothèque</translation>
+    </message>
+    <message>
+        <source>All notes</source>
+        <translation>Toutes les notes</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>Projets</translation>
+    </message>
+    <message>
+        <source>New project</source>
+        <translation>Nouveau projet</translation>
+    </message>
+    <message>
+        <source>Rename project</source>
+        <translation>Renommer le projet</translation>
+    </message>
+    <message>
+        <source>Trash</source>
+        <translation>Corbeille</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Project name</source>
+        <translation>Nom du projet</translation>
+    </message>
+    <message>
+        <source>Note title</source>
+        <translation>Titre de la note</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projet</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>Aucun projet</translation>
+    </message>
+    <message>
+        <source>Add voice</source>
+        <translation>Ajouter la voix</translation>
+    </message>
+    <message>
+        <source>Saved on this Mac</source>
+        <translation>Enregistré sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Note copied</source>
+        <translation>Note copiée</translation>
+    </message>
+    <message>
+        <source>Copy note</source>
+        <translation>Copier la note</translation>
+    </message>
+    <message>
+        <source>Copy note (⌘C)</source>
+        <translation>Copier la note (Ctrl+C)</translation>
+    </message>
+    <message>
+        <source>Note actions</source>
+        <translation>Actions de la note</translation>
+    </message>
+    <message>
+        <source>Note text</source>
+        <translation>Texte de la note</translation>
+    </message>
+    <message>
+        <source>Original recordings</source>
+        <translation>Enregistrements d’origine</translation>
+    </message>
+    <message>
+        <source>Copy text</source>
+        <translation>Copier le texte</translation>
+    </message>
+    <message>
+        <source>Export Markdown…</source>
+        <translation>Exporter en Markdown…</translation>
+    </message>
+    <message>
+        <source>Restore note</source>
+        <translation>Restaurer la note</translation>
+    </message>
+    <message>
+        <source>Move to Trash…</source>
+        <translation>Mettre à la corbeille…</translation>
+    </message>
+    <message>
+        <source>Delete permanently…</source>
+        <translation>Supprimer définitivement…</translation>
+    </message>
+    <message>
+        <source>Move this note to Trash?</source>
+        <translation>Mettre cette note à la corbeille ?</translation>
+    </message>
+    <message>
+        <source>You can restore the note and its recordings from Trash.</source>
+        <translation>Vous pouvez restaurer la note et ses enregistrements depuis la corbeille.</translation>
+    </message>
+    <message>
+        <source>Move to Trash</source>
+        <translation>Mettre à la corbeille</translation>
+    </message>
+    <message>
+        <source>Delete this note and its recordings permanently?</source>
+        <translation>Supprimer définitivement cette note et ses enregistrements ?</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Cette action est irréversible.</translation>
+    </message>
+    <message>
+        <source>Delete permanently</source>
+        <translation>Supprimer définitivement</translation>
+    </message>
+    <message>
+        <source>The file that is there will be replaced.</source>
+        <translation>Le fichier existant sera remplacé.</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Search notes and transcripts</source>
+        <translation>Rechercher dans les notes et transcriptions</translation>
+    </message>
+    <message>
+        <source>Play or stop original recording</source>
+        <translation>Lire ou arrêter l’enregistrement d’origine</translation>
+    </message>
+    <message>
+        <source>Original transcript</source>
+        <translation>Transcription d’origine</translation>
+    </message>
+    <message>
+        <source>Edited text</source>
+        <translation>Texte modifié</translation>
+    </message>
+    <message>
+        <source>Copy edited text</source>
+        <translation>Copier le texte modifié</translation>
+    </message>
+    <message>
+        <source>Transcribe this original again?</source>
+        <translation>Transcrire de nouveau cet original ?</translation>
+    </message>
+    <message>
+        <source>Uses your current model settings. OpenRouter requests use your credit and can incur another charge. The result stays in this note and is never pasted automatically.</source>
+        <translation>Utilise vos réglages de modèle actuels. Les requêtes à OpenRouter consomment votre crédit et peuvent être facturées de nouveau. Le résultat reste dans cette note et n’est jamais collé automatiquement.</translation>
+    </message>
+    <message>
+        <source>Transcribe</source>
+        <translation>Transcrire</translation>
+    </message>
+    <message>
+        <source>New note</source>
+        <translation>Nouvelle note</translation>
+    </message>
+    <message>
+        <source>Create a text note</source>
+        <translation>Créer une note de texte</translation>
+    </message>
+    <message>
+        <source>Records into the library without pasting into another app</source>
+        <translation>Enregistre dans la bibliothèque sans coller dans une autre application</translation>
+    </message>
+    <message>
+        <source>Dismiss message</source>
+        <translation>Fermer le message</translation>
+    </message>
+    <message>
+        <source>Your thoughts, ready to use</source>
+        <translation>Vos idées, prêtes à servir</translation>
+    </message>
+    <message>
+        <source>Select a note to edit its text, replay the original, or add more by voice.</source>
+        <translation>Sélectionnez une note pour modifier son texte, réécouter l’original ou la compléter à la voix.</translation>
+    </message>
+    <message>
+        <source>How to dictate</source>
+        <translation>Comment dicter</translation>
+    </message>
+    <message>
+        <source>Hold Fn and speak</source>
+        <translation>Maintenez la touche et parlez</translation>
+    </message>
+    <message>
+        <source>Release to finish. Vesko pastes into the field you started in.</source>
+        <translation>Relâchez pour terminer. Vesko colle dans le champ où vous avez commencé.</translation>
+    </message>
+    <message>
+        <source>Tap Fn for longer thoughts</source>
+        <translation>Un appui bref pour les idées plus longues</translation>
+    </message>
+    <message>
+        <source>Recording keeps going hands-free. Tap Fn again to finish.</source>
+        <translation>L’enregistrement continue mains libres. Appuyez de nouveau brièvement pour terminer.</translation>
+    </message>
+    <message>
+        <source>Command Shift Space</source>
+        <translation>Super+Maj+Espace</translation>
+    </message>
+    <message>
+        <source>Or press Command Shift Space</source>
+        <translation>Ou appuyez sur Super+Maj+Espace</translation>
+    </message>
+    <message>
+        <source>Works the same way when Fn is busy.</source>
+        <translation>Fonctionne de même quand la touche est prise.</translation>
+    </message>
+    <message>
+        <source>Click the floating circle</source>
+        <translation>Cliquez sur le cercle flottant</translation>
+    </message>
+    <message>
+        <source>It sits in the corner and shows when Vesko is listening.</source>
+        <translation>Il est dans le coin et montre quand Vesko écoute.</translation>
+    </message>
+    <message>
+        <source>Keep notes in the library</source>
+        <translation>Gardez des notes dans la bibliothèque</translation>
+    </message>
+    <message>
+        <source>Record a voice note, edit the text, and group notes by project.</source>
+        <translation>Enregistrez une note vocale, modifiez le texte et classez les notes par projet.</translation>
+    </message>
+    <message>
+        <source>Speak once. Keep the thought. Use the words.</source>
+        <translation>Parlez une fois. Gardez l’idée. Servez-vous des mots.</translation>
+    </message>
+    <message>
+        <source>Faster than typing</source>
+        <translation>Plus rapide que le clavier</translation>
+    </message>
+    <message>
+        <source>Say it in any app. Vesko writes it where your cursor is.</source>
+        <translation>Parlez dans n’importe quelle application. Vesko écrit là où se trouve votre curseur.</translation>
+    </message>
+    <message>
+        <source>Nothing gets lost</source>
+        <translation>Rien ne se perd</translation>
+    </message>
+    <message>
+        <source>Every original recording stays on this Mac. Retry any transcription.</source>
+        <translation>Chaque enregistrement d’origine reste sur cet ordinateur. Toute transcription peut être refaite.</translation>
+    </message>
+    <message>
+        <source>Yours to edit</source>
+        <translation>À vous de modifier</translation>
+    </message>
+    <message>
+        <source>Notes, projects and a personal dictionary that learns your words.</source>
+        <translation>Des notes, des projets et un dictionnaire personnel qui apprend vos mots.</translation>
+    </message>
+    <message>
+        <source>Welcome to Vesko</source>
+        <translation>Bienvenue dans Vesko</translation>
+    </message>
+    <message>
+        <source>Allow access</source>
+        <translation>Autoriser l’accès</translation>
+    </message>
+    <message>
+        <source>macOS asks once for each. You can change them later in Settings.</source>
+        <translation>Ce dont Vesko a besoin pour fonctionner. Vous pourrez le revoir plus tard dans les réglages.</translation>
+    </message>
+    <message>
+        <source>You are signed in</source>
+        <translation>Vous êtes connecté</translation>
+    </message>
+    <message>
+        <source>Create your Vesko account</source>
+        <translation>Créer votre compte Vesko</translation>
+    </message>
+    <message>
+        <source>Notes and recordings stay on this Mac.</source>
+        <translation>Les notes et les enregistrements restent sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Pas maintenant</translation>
+    </message>
+    <message>
+        <source>Stop dictation</source>
+        <translation>Terminer la dictée</translation>
+    </message>
+    <message>
+        <source>Start dictation</source>
+        <translation>Commencer la dictée</translation>
+    </message>
+    <message>
+        <source>Open Vesko</source>
+        <translation>Ouvrir Vesko</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Réglages…</translation>
+    </message>
+    <message>
+        <source>Quit Vesko</source>
+        <translation>Quitter Vesko</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation>Compte</translation>
+    </message>
+    <message>
+        <source>Signed in as</source>
+        <translation>Connecté en tant que</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>Méthode</translation>
+    </message>
+    <message>
+        <source>Sign out</source>
+        <translation>Se déconnecter</translation>
+    </message>
+    <message>
+        <source>Delete account…</source>
+        <translation>Supprimer le compte…</translation>
+    </message>
+    <message>
+        <source>Delete your Vesko account?</source>
+        <translation>Supprimer votre compte Vesko ?</translation>
+    </message>
+    <message>
+        <source>Your account is removed from Vesko's service. Notes and recordings on this Mac are kept.</source>
+        <translation>Votre compte est retiré du service de Vesko. Les notes et les enregistrements de cet ordinateur sont conservés.</translation>
+    </message>
+    <message>
+        <source>Delete account</source>
+        <translation>Supprimer le compte</translation>
+    </message>
+    <message>
+        <source>Capture and insertion</source>
+        <translation>Capture et insertion</translation>
+    </message>
+    <message>
+        <source>Global shortcut</source>
+        <translation>Raccourci global</translation>
+    </message>
+    <message>
+        <source>Also use Fn / Globe to start and stop</source>
+        <translation>Utiliser aussi une seule touche pour commencer et terminer</translation>
+    </message>
+    <message>
+        <source>Dictation key</source>
+        <translation>Touche de dictée</translation>
+    </message>
+    <message>
+        <source>Fn starts recording when pressed. Tap to keep recording, or hold for 0.35 seconds and release to finish. A second tap stops a latched recording. Fn combinations do not send audio for transcription. Set Fn/Globe to Do Nothing in System Settings &gt; Keyboard if macOS opens its own dictation or emoji picker.</source>
+        <translation>L’enregistrement commence quand la touche est enfoncée. Un appui bref laisse l’enregistrement continuer ; ou maintenez-la 0,35 seconde et relâchez-la pour terminer. Un second appui bref arrête un enregistrement en cours. Les combinaisons avec d’autres touches n’envoient aucun son à transcrire. Si votre bureau se sert lui-même de cette touche, désactivez cela dans ses réglages du clavier ou choisissez une autre touche.</translation>
+    </message>
+    <message>
+        <source>Show floating capture button</source>
+        <translation>Afficher le bouton flottant de capture</translation>
+    </message>
+    <message>
+        <source>Click it to record. Drag it to move it; a drag never starts a recording. Right-click it for the Vesko menu.</source>
+        <translation>Cliquez pour enregistrer. Faites-le glisser pour le déplacer ; un glissement ne lance jamais d’enregistrement. Un clic droit ouvre le menu de Vesko.</translation>
+    </message>
+    <message>
+        <source>The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.</source>
+        <translation>Votre bureau n’affiche pas l’icône de Vesko. Faites-lui de la place dans le panneau, ou faites un clic droit sur le bouton flottant pour le même menu.</translation>
+    </message>
+    <message>
+        <source>Play sounds when recording starts and stops</source>
+        <translation>Jouer un son au début et à la fin de l’enregistrement</translation>
+    </message>
+    <message>
+        <source>Preview start sound</source>
+        <translation>Écouter le son de début</translation>
+    </message>
+    <message>
+        <source>Preview stop sound</source>
+        <translation>Écouter le son de fin</translation>
+    </message>
+    <message>
+        <source>Paste dictation into the original field</source>
+        <translation>Coller la dictée dans le champ d’origine</translation>
+    </message>
+    <message>
+        <source>Text is copied after dictation. Automatic paste needs Accessibility access and an unchanged focused field. Secure or unsupported fields use copy only. Vesko never presses Return.</source>
+        <translation>Le texte est copié après la dictée. Le collage automatique demande l’accessibilité et un champ actif inchangé. Dans les champs protégés ou non pris en charge, le texte est seulement copié. Vesko n’appuie jamais sur Entrée.</translation>
+    </message>
+    <message>
+        <source>OpenRouter access</source>
+        <translation>Accès à OpenRouter</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Utiliser</translation>
+    </message>
+    <message>
+        <source>Vesko access is ready</source>
+        <translation>L’accès de Vesko est prêt</translation>
+    </message>
+    <message>
+        <source>Key status</source>
+        <translation>État de la clé</translation>
+    </message>
+    <message>
+        <source>Your personal API key</source>
+        <translation>Votre clé d’API personnelle</translation>
+    </message>
+    <message>
+        <source>Save key</source>
+        <translation>Enregistrer la clé</translation>
+    </message>
+    <message>
+        <source>Remove key</source>
+        <translation>Retirer la clé</translation>
+    </message>
+    <message>
+        <source>OpenRouter account</source>
+        <translation>Compte OpenRouter</translation>
+    </message>
+    <message>
+        <source>Your key belongs to this macOS account. Vesko does not share it with other users or top up your balance.</source>
+        <translation>Votre clé appartient à votre compte d’utilisateur sur cet ordinateur. Vesko ne la partage pas avec d’autres utilisateurs et ne recharge pas votre crédit.</translation>
+    </message>
+    <message>
+        <source>Speech recognition</source>
+        <translation>Reconnaissance vocale</translation>
+    </message>
+    <message>
+        <source>Transcribe with</source>
+        <translation>Transcrire avec</translation>
+    </message>
+    <message>
+        <source>Spoken language</source>
+        <translation>Langue parlée</translation>
+    </message>
+    <message>
+        <source>Uses on-device speech only when this language is supported. Automatic uses your Mac's language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>N’utilise la reconnaissance sur l’appareil que si cette langue est prise en charge. « Automatique » prend la langue de votre ordinateur. Si un modèle manque, le son reste enregistré et vous pouvez choisir OpenRouter.</translation>
+    </message>
+    <message>
+        <source>Speech model</source>
+        <translation>Modèle vocal</translation>
+    </message>
+    <message>
+        <source>Speech model ID</source>
+        <translation>Identifiant du modèle vocal</translation>
+    </message>
+    <message>
+        <source>Audio is sent to OpenRouter and its selected transcription provider. Provider retention policies apply. Vesko access or your personal key determines which balance is used.</source>
+        <translation>Le son est envoyé à OpenRouter et au fournisseur de transcription choisi. Les règles de conservation des fournisseurs s’appliquent. L’accès de Vesko ou votre clé personnelle détermine quel crédit est utilisé.</translation>
+    </message>
+    <message>
+        <source>Recordings stop after 5 minutes in this version. Original audio stays on this Mac.</source>
+        <translation>Dans cette version, les enregistrements s’arrêtent après 5 minutes. Le son d’origine reste sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>Availability and storage</source>
+        <translation>Disponibilité et stockage</translation>
+    </message>
+    <message>
+        <source>Launch at login</source>
+        <translation>Lancer à l’ouverture de session</translation>
+    </message>
+    <message>
+        <source>macOS approval is needed in Login Items.</source>
+        <translation>Votre bureau doit autoriser Vesko parmi les applications au démarrage.</translation>
+    </message>
+    <message>
+        <source>Open Login Items</source>
+        <translation>Ouvrir les applications au démarrage</translation>
+    </message>
+    <message>
+        <source>Open data folder</source>
+        <translation>Ouvrir le dossier des données</translation>
+    </message>
+    <message>
+        <source>Recordings and notes are stored locally. Export individual notes as Markdown from the note menu. Cloud sync is not enabled.</source>
+        <translation>Les enregistrements et les notes sont conservés sur cet ordinateur. Exportez une note en Markdown depuis son menu. La synchronisation dans le nuage n’est pas activée.</translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation>Traduction</translation>
+    </message>
+    <message>
+        <source>Translate dictation into</source>
+        <translation>Traduire la dictée en</translation>
+    </message>
+    <message>
+        <source>Text model ID</source>
+        <translation>Identifiant du modèle de texte</translation>
+    </message>
+    <message>
+        <source>Off by default. When on, each transcript is sent to the text model below for a separate paid request. The original transcript stays saved with the recording.</source>
+        <translation>Désactivé au départ. Une fois activé, chaque transcription est envoyée au modèle de texte ci-dessous dans une requête payante distincte. La transcription d’origine reste enregistrée avec l’enregistrement.</translation>
+    </message>
+    <message>
+        <source>Optional AI cleanup</source>
+        <translation>Relecture par IA, au choix</translation>
+    </message>
+    <message>
+        <source>Clean up punctuation and repeated words</source>
+        <translation>Corriger la ponctuation et les mots répétés</translation>
+    </message>
+    <message>
+        <source>Suggested text models</source>
+        <translation>Modèles de texte suggérés</translation>
+    </message>
+    <message>
+        <source>Adds a separate paid request. With Apple speech, only the transcript is sent for cleanup. The original transcript stays available.</source>
+        <translation>Ajoute une requête payante distincte. Avec la reconnaissance sur l’appareil, seule la transcription est envoyée à la relecture. La transcription d’origine reste disponible.</translation>
+    </message>
+    <message>
+        <source>Vesko Settings</source>
+        <translation>Réglages de Vesko</translation>
+    </message>
+    <message>
+        <source>Personal dictionary</source>
+        <translation>Dictionnaire personnel</translation>
+    </message>
+    <message>
+        <source>Use personal dictionary</source>
+        <translation>Utiliser le dictionnaire personnel</translation>
+    </message>
+    <message>
+        <source>Learn from corrected dictation</source>
+        <translation>Apprendre des dictées corrigées</translation>
+    </message>
+    <message>
+        <source>Learning watches only the fragment Vesko pasted into the same focused field, for up to two minutes. Return followed by a cleared field is used as its send signal. Similar word corrections are enabled automatically; other replacements are saved as suggestions. For other send buttons, review the last corrections in Dictionary. Nothing is learned from secure or unreadable fields.</source>
+        <translation>Seul le passage que Vesko a collé dans le même champ actif est observé, pendant deux minutes au plus. Entrée suivie d’un champ vidé compte comme un envoi. Les corrections de mots ressemblants sont activées automatiquement ; les autres remplacements sont enregistrés comme suggestions. Si vous envoyez par un bouton, vérifiez les dernières corrections dans le dictionnaire. Rien n’est appris des champs protégés ou illisibles.</translation>
+    </message>
+    <message>
+        <source>Open Dictionary</source>
+        <translation>Ouvrir le dictionnaire</translation>
+    </message>
+    <message>
+        <source>Permissions</source>
+        <translation>Autorisations</translation>
+    </message>
+    <message>
+        <source>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Input Monitoring observes Fn and a Return send signal; keystrokes are not saved.</source>
+        <translation>Le micro ne sert que pendant l’enregistrement. L’accessibilité vérifie la destination du collage et, si l’apprentissage est activé, le passage inséré. Vesko surveille au clavier sa propre touche et Entrée comme signe d’envoi ; les frappes ne sont pas enregistrées.</translation>
+    </message>
+    <message>
+        <source>Open Privacy &amp; Security</source>
+        <translation>Ouvrir les réglages de confidentialité</translation>
+    </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Confidentialité</translation>
+    </message>
+    <message>
+        <source>Share anonymous usage analytics</source>
+        <translation>Partager des statistiques d’utilisation anonymes</translation>
+    </message>
+    <message>
+        <source>Enter a valid email address.</source>
+        <translation>Saisissez une adresse e-mail valide.</translation>
+    </message>
+    <message>
+        <source>That code is not correct. Check the latest email and try again.</source>
+        <translation>Ce code n’est pas le bon. Regardez le dernier e-mail et réessayez.</translation>
+    </message>
+    <message>
+        <source>This code has expired. Request a new one.</source>
+        <translation>Ce code a expiré. Demandez-en un nouveau.</translation>
+    </message>
+    <message>
+        <source>Too many attempts. Request a new code.</source>
+        <translation>Trop d’essais. Demandez un nouveau code.</translation>
+    </message>
+    <message>
+        <source>Too many requests. Wait a few minutes and try again.</source>
+        <translation>Trop de demandes. Attendez quelques minutes et réessayez.</translation>
+    </message>
+    <message>
+        <source>This sign-in method is not available yet. Choose another one.</source>
+        <translation>Ce mode de connexion n’est pas encore disponible. Choisissez-en un autre.</translation>
+    </message>
+    <message>
+        <source>Sign in with Apple is not available in this build. Use Google or email.</source>
+        <translation>La connexion avec Apple n’est pas disponible dans cette version. Utilisez Google ou l’e-mail.</translation>
+    </message>
+    <message>
+        <source>Sign-in was cancelled.</source>
+        <translation>La connexion a été annulée.</translation>
+    </message>
+    <message>
+        <source>Your session has ended. Sign in again.</source>
+        <translation>Votre session est terminée. Reconnectez-vous.</translation>
+    </message>
+    <message>
+        <source>You are offline. Your notes stay on this Mac. Reconnect to sign in.</source>
+        <translation>Vous êtes hors ligne. Vos notes restent sur cet ordinateur. Rétablissez la connexion pour vous identifier.</translation>
+    </message>
+    <message>
+        <source>Vesko could not reach its account service. Try again in a moment.</source>
+        <translation>Vesko n’a pas pu joindre son service de comptes. Réessayez dans un instant.</translation>
+    </message>
+    <message>
+        <source>Capture was interrupted. The original file may be recovered or retried.</source>
+        <translation>La capture a été interrompue. Le fichier d’origine pourra peut-être être récupéré ou transcrit de nouveau.</translation>
+    </message>
+    <message>
+        <source>Untitled note</source>
+        <translation>Note sans titre</translation>
+    </message>
+    <message>
+        <source>Voice capture</source>
+        <translation>Capture vocale</translation>
+    </message>
+    <message>
+        <source>Dictation</source>
+        <translation>Dictée</translation>
+    </message>
+    <message>
+        <source>Voice note</source>
+        <translation>Note vocale</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Enregistrement</translation>
+    </message>
+    <message>
+        <source>Audio saved</source>
+        <translation>Son enregistré</translation>
+    </message>
+    <message>
+        <source>Transcribing</source>
+        <translation>Transcription en cours</translation>
+    </message>
+    <message>
+        <source>Transcribed</source>
+        <translation>Transcrit</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Échec</translation>
+    </message>
+    <message>
+        <source>Interrupted</source>
+        <translation>Interrompu</translation>
+    </message>
+    <message>
+        <source>In progress</source>
+        <translation>En cours</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>Enter a project name between 1 and 80 characters.</source>
+        <translation>Saisissez un nom de projet de 1 à 80 caractères.</translation>
+    </message>
+    <message>
+        <source>A project with this name already exists.</source>
+        <translation>Un projet de ce nom existe déjà.</translation>
+    </message>
+    <message>
+        <source>Enter two different terms between 1 and 80 characters. The dictionary holds up to 1,000 terms.</source>
+        <translation>Saisissez deux termes différents de 1 à 80 caractères. Le dictionnaire contient au plus 1 000 termes.</translation>
+    </message>
+    <message>
+        <source>This recognized term is already in your dictionary. Edit its existing entry.</source>
+        <translation>Ce terme reconnu est déjà dans votre dictionnaire. Modifiez l’entrée existante.</translation>
+    </message>
+    <message>
+        <source>This item is no longer available.</source>
+        <translation>Cet élément n’est plus disponible.</translation>
+    </message>
+    <message>
+        <source>The recording path is invalid. The library was preserved.</source>
+        <translation>Le chemin de l’enregistrement n’est pas valide. La bibliothèque est intacte.</translation>
+    </message>
+    <message>
+        <source>This library was made by a newer Vesko. Update the app before opening it.</source>
+        <translation>Cette bibliothèque vient d’un Vesko plus récent. Mettez l’application à jour avant de l’ouvrir.</translation>
+    </message>
+    <message>
+        <source>The library could not be read. Your files were preserved. Open the data folder to recover its backup.</source>
+        <translation>La bibliothèque n’a pas pu être lue. Vos fichiers sont intacts. Ouvrez le dossier des données pour récupérer la copie de secours.</translation>
+    </message>
+    <message>
+        <source>Vesko is already using this library. Open the running app instead.</source>
+        <translation>Vesko utilise déjà cette bibliothèque. Ouvrez l’application qui est en marche.</translation>
+    </message>
+    <message>
+        <source>No speech was returned. Your audio is saved. You can retry with another model.</source>
+        <translation>Aucune parole n’a été reconnue. Votre son est enregistré. Vous pouvez réessayer avec un autre modèle.</translation>
+    </message>
+    <message>
+        <source>Add your OpenRouter key in Settings. Your audio stays saved.</source>
+        <translation>Ajoutez votre clé OpenRouter dans les réglages. Votre son reste enregistré.</translation>
+    </message>
+    <message>
+        <source>Allow OpenRouter processing in Settings, or choose Apple on-device speech. Your original stays saved.</source>
+        <translation>Autorisez le traitement par OpenRouter dans les réglages, ou choisissez la reconnaissance sur l’appareil. Votre original reste enregistré.</translation>
+    </message>
+    <message>
+        <source>Choose a model in Settings.</source>
+        <translation>Choisissez un modèle dans les réglages.</translation>
+    </message>
+    <message>
+        <source>This audio is too large for one request. The original is saved. Use a shorter recording.</source>
+        <translation>Ce son est trop volumineux pour une seule requête. L’original est enregistré. Faites un enregistrement plus court.</translation>
+    </message>
+    <message>
+        <source>The provider returned an unreadable result. Your audio is saved.</source>
+        <translation>Le fournisseur a renvoyé un résultat illisible. Votre son est enregistré.</translation>
+    </message>
+    <message>
+        <source>Vesko could not save this change. Check free disk space and access to the data folder.</source>
+        <translation>Vesko n’a pas pu enregistrer ce changement. Vérifiez l’espace libre et l’accès au dossier des données.</translation>
+    </message>
+    <message>
+        <source>OpenRouter rejected this key. Check it in Settings.</source>
+        <translation>OpenRouter a refusé cette clé. Vérifiez-la dans les réglages.</translation>
+    </message>
+    <message>
+        <source>OpenRouter needs more credit. Top up your account, then retry.</source>
+        <translation>OpenRouter demande plus de crédit. Rechargez votre compte, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>The provider is busy or its limit was reached. Try again later.</source>
+        <translation>Le fournisseur est occupé ou sa limite est atteinte. Réessayez plus tard.</translation>
+    </message>
+    <message>
+        <source>The provider could not complete this request. Your audio is saved. Try again later.</source>
+        <translation>Le fournisseur n’a pas pu traiter cette requête. Votre son est enregistré. Réessayez plus tard.</translation>
+    </message>
+    <message>
+        <source>Translation was unavailable. The original transcript was kept.</source>
+        <translation>La traduction n’était pas disponible. La transcription d’origine est conservée.</translation>
+    </message>
+    <message>
+        <source>AI cleanup was unavailable. The original transcript was kept.</source>
+        <translation>La relecture par IA n’était pas disponible. La transcription d’origine est conservée.</translation>
+    </message>
+    <message>
+        <source>Sign in to use Vesko Plus. Your audio is saved.</source>
+        <translation>Connectez-vous pour utiliser Vesko Plus. Votre son est enregistré.</translation>
+    </message>
+    <message>
+        <source>Vesko Plus models are not available yet. Your audio is saved. Choose Apple on-device speech or your own key.</source>
+        <translation>Les modèles de Vesko Plus ne sont pas encore disponibles. Votre son est enregistré. Choisissez la reconnaissance sur l’appareil ou votre propre clé.</translation>
+    </message>
+    <message>
+        <source>This month's Vesko Plus allowance is used up. Your audio is saved. It renews at the start of next month.</source>
+        <translation>Le forfait Vesko Plus de ce mois est épuisé. Votre son est enregistré. Il se renouvelle au début du mois prochain.</translation>
+    </message>
+    <message>
+        <source>Today's Vesko Plus limit is reached. Your audio is saved. Try again tomorrow.</source>
+        <translation>La limite Vesko Plus d’aujourd’hui est atteinte. Votre son est enregistré. Réessayez demain.</translation>
+    </message>
+    <message>
+        <source>Vesko Plus paused cloud requests for a while after unusually heavy use. Your audio is saved. Try again later.</source>
+        <translation>Vesko Plus a suspendu les requêtes pour un temps après une utilisation inhabituelle. Votre son est enregistré. Réessayez plus tard.</translation>
+    </message>
+    <message>
+        <source>Vesko Plus is busy right now. Your audio is saved. Try again later.</source>
+        <translation>Vesko Plus est occupé en ce moment. Votre son est enregistré. Réessayez plus tard.</translation>
+    </message>
+    <message>
+        <source>The result did not arrive. Your audio is saved. Vesko did not repeat the request, so you are not charged twice; retry when you are ready.</source>
+        <translation>Le résultat n’est pas arrivé. Votre son est enregistré. Vesko n’a pas répété la requête pour que vous ne payiez pas deux fois ; réessayez quand vous voudrez.</translation>
+    </message>
+    <message>
+        <source>This request already finished once. Retry to transcribe it again.</source>
+        <translation>Cette requête a déjà abouti une fois. Réessayez pour transcrire de nouveau.</translation>
+    </message>
+    <message>
+        <source>The model refused this request. Your audio is saved. Retry or choose another model.</source>
+        <translation>Le modèle a refusé cette requête. Votre son est enregistré. Réessayez ou choisissez un autre modèle.</translation>
+    </message>
+    <message>
+        <source>Vesko Plus returned an unreadable result. Your audio is saved.</source>
+        <translation>Vesko Plus a renvoyé un résultat illisible. Votre son est enregistré.</translation>
+    </message>
+    <message>
+        <source>Apple</source>
+        <translation>Apple</translation>
+    </message>
+    <message>
+        <source>Google</source>
+        <translation>Google</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-mail</translation>
+    </message>
+    <message>
+        <source>Apple ID with hidden email</source>
+        <translation>Identifiant Apple avec e-mail masqué</translation>
+    </message>
+    <message>
+        <source>We sent a 6-digit code to %1. It works for 10 minutes.</source>
+        <translation>Nous avons envoyé un code de 6 chiffres à %1. Il est valable 10 minutes.</translation>
+    </message>
+    <message>
+        <source>Signed out. Your notes stay on this Mac.</source>
+        <translation>Déconnecté. Vos notes restent sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>Your Vesko account was deleted. Notes and recordings on this Mac were kept.</source>
+        <translation>Votre compte Vesko a été supprimé. Les notes et les enregistrements de cet ordinateur sont conservés.</translation>
+    </message>
+    <message>
+        <source>Enter the 6-digit code sent to %1</source>
+        <translation>Saisissez le code de 6 chiffres envoyé à %1</translation>
+    </message>
+    <message>
+        <source>Checking…</source>
+        <translation>Vérification…</translation>
+    </message>
+    <message>
+        <source>Sign in</source>
+        <translation>Se connecter</translation>
+    </message>
+    <message>
+        <source>Opens Google in a private sign-in window</source>
+        <translation>Ouvre Google dans votre navigateur</translation>
+    </message>
+    <message>
+        <source>Google sign-in is not configured in this build</source>
+        <translation>La connexion avec Google n’est pas configurée dans cette version</translation>
+    </message>
+    <message>
+        <source>Allow Speech Recognition for Vesko in System Settings, or choose OpenRouter.</source>
+        <translation>Autorisez la reconnaissance vocale pour Vesko dans les réglages de votre bureau, ou choisissez OpenRouter.</translation>
+    </message>
+    <message>
+        <source>On-device speech is unavailable for this language. Choose another language or OpenRouter. Your audio is saved.</source>
+        <translation>La reconnaissance sur l’appareil n’existe pas pour cette langue. Choisissez une autre langue ou OpenRouter. Votre son est enregistré.</translation>
+    </message>
+    <message>
+        <source>On-device speech is not available right now. Your audio is saved. Try again or choose OpenRouter.</source>
+        <translation>La reconnaissance sur l’appareil n’est pas disponible pour le moment. Votre son est enregistré. Réessayez ou choisissez OpenRouter.</translation>
+    </message>
+    <message>
+        <source>On-device transcription timed out. Your audio is saved.</source>
+        <translation>La transcription sur l’appareil a pris trop de temps. Votre son est enregistré.</translation>
+    </message>
+    <message>
+        <source>On-device transcription failed. Your audio is saved. Retry or choose OpenRouter.</source>
+        <translation>La transcription sur l’appareil a échoué. Votre son est enregistré. Réessayez ou choisissez OpenRouter.</translation>
+    </message>
+    <message>
+        <source>Ready to capture</source>
+        <translation>Prêt à enregistrer</translation>
+    </message>
+    <message>
+        <source>Ready to capture. Speech is recognized on this computer, without a key.</source>
+        <translation>Prêt à enregistrer. La parole est reconnue sur cet ordinateur, sans clé.</translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation>Prêt</translation>
+    </message>
+    <message>
+        <source>Starting microphone</source>
+        <translation>Démarrage du micro</translation>
+    </message>
+    <message>
+        <source>Allow Microphone for Vesko in System Settings &gt; Privacy &amp; Security &gt; Microphone, then try again.</source>
+        <translation>Autorisez le micro pour Vesko dans les réglages de votre bureau, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>Recording. Press the shortcut again to finish.</source>
+        <translation>Enregistrement. Appuyez de nouveau sur le raccourci pour terminer.</translation>
+    </message>
+    <message>
+        <source>Original saved. Transcribing…</source>
+        <translation>Original enregistré. Transcription…</translation>
+    </message>
+    <message>
+        <source>The model catalog could not be loaded. Your current choices were kept.</source>
+        <translation>Le catalogue des modèles n’a pas pu être chargé. Vos choix actuels sont conservés.</translation>
+    </message>
+    <message>
+        <source>Model catalog updated</source>
+        <translation>Catalogue des modèles mis à jour</translation>
+    </message>
+    <message>
+        <source>Fn combination used. Audio saved without transcription.</source>
+        <translation>Combinaison de touches utilisée. Son enregistré sans transcription.</translation>
+    </message>
+    <message>
+        <source>%1 will be used for dictation</source>
+        <translation>La dictée utilisera %1</translation>
+    </message>
+    <message>
+        <source>Vesko will use it for dictation. Another language transcribes the last recording again.</source>
+        <translation>Vesko s’en servira pour la dictée. Une autre langue transcrit de nouveau le dernier enregistrement.</translation>
+    </message>
+    <message>
+        <source>Vesko will use it for dictation.</source>
+        <translation>Vesko s’en servira pour la dictée.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Added %1 dictionary corrections. Review them in Dictionary.</source>
+        <translation>
+            <numerusform>%1 correction ajoutée au dictionnaire. Vérifiez-la dans le dictionnaire.</numerusform>
+            <numerusform>%1 corrections ajoutées au dictionnaire. Vérifiez-les dans le dictionnaire.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Dictionary saved</source>
+        <translation>Dictionnaire enregistré</translation>
+    </message>
+    <message>
+        <source>This note has no text to copy yet</source>
+        <translation>Cette note n’a pas encore de texte à copier</translation>
+    </message>
+    <message>
+        <source>Note copied to clipboard</source>
+        <translation>Note copiée dans le presse-papiers</translation>
+    </message>
+    <message>
+        <source>Markdown exported</source>
+        <translation>Markdown exporté</translation>
+    </message>
+    <message>
+        <source>Saved to your note</source>
+        <translation>Enregistré dans votre note</translation>
+    </message>
+    <message>
+        <source>Copied. Paste sent to the original field.</source>
+        <translation>Copié. Collage envoyé au champ d’origine.</translation>
+    </message>
+    <message>
+        <source>The text is saved, but the clipboard could not be updated. Copy it from your note.</source>
+        <translation>Le texte est enregistré, mais le presse-papiers n’a pas pu être mis à jour. Copiez-le depuis votre note.</translation>
+    </message>
+    <message>
+        <source>Copied to clipboard</source>
+        <translation>Copié dans le presse-papiers</translation>
+    </message>
+    <message>
+        <source>Audio saved. Transcription needs attention.</source>
+        <translation>Son enregistré. La transcription demande votre attention.</translation>
+    </message>
+    <message>
+        <source>Translation needs an OpenRouter key. The original transcript was kept.</source>
+        <translation>La traduction demande une clé OpenRouter. La transcription d’origine est conservée.</translation>
+    </message>
+    <message>
+        <source>AI cleanup needs an OpenRouter key. The original transcript was kept.</source>
+        <translation>La relecture par IA demande une clé OpenRouter. La transcription d’origine est conservée.</translation>
+    </message>
+    <message>
+        <source>Recording stopped unexpectedly. Your original file was kept.</source>
+        <translation>L’enregistrement s’est arrêté de façon inattendue. Votre fichier d’origine est conservé.</translation>
+    </message>
+    <message>
+        <source>Recording was interrupted by an audio error. Your original file was kept.</source>
+        <translation>Une erreur audio a interrompu l’enregistrement. Votre fichier d’origine est conservé.</translation>
+    </message>
+    <message>
+        <source>The microphone could not start. Check your audio input and try again.</source>
+        <translation>Le micro n’a pas pu démarrer. Vérifiez l’entrée audio et réessayez.</translation>
+    </message>
+    <message>
+        <source>Command Shift Space is unavailable. Use the floating button or choose another system shortcut.</source>
+        <translation>Super+Maj+Espace n’est pas disponible. Utilisez le bouton flottant ou choisissez un autre raccourci du système.</translation>
+    </message>
+    <message>
+        <source>The network is unavailable. Your recording is saved. Reconnect and retry.</source>
+        <translation>Le réseau n’est pas disponible. Votre enregistrement est conservé. Rétablissez la connexion et réessayez.</translation>
+    </message>
+    <message>
+        <source>The provider timed out. Your recording is saved. A retry may incur another provider charge.</source>
+        <translation>Le fournisseur n’a pas répondu à temps. Votre enregistrement est conservé. Un nouvel essai peut être facturé de nouveau par le fournisseur.</translation>
+    </message>
+    <message>
+        <source>The network request could not finish. Your recording is saved. Retry when ready.</source>
+        <translation>La requête n’a pas pu aboutir. Votre enregistrement est conservé. Réessayez quand vous voudrez.</translation>
+    </message>
+    <message>
+        <source>Vesko could not complete this operation. Your saved files were preserved. Check the data folder and try again.</source>
+        <translation>Vesko n’a pas pu mener cette opération à bien. Vos fichiers enregistrés sont intacts. Vérifiez le dossier des données et réessayez.</translation>
+    </message>
+    <message>
+        <source>1 term</source>
+        <translation>1 terme</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 terms</source>
+        <translation>
+            <numerusform>%1 terme</numerusform>
+            <numerusform>%1 termes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No matching terms</source>
+        <translation>Aucun terme ne correspond</translation>
+    </message>
+    <message>
+        <source>Try another search.</source>
+        <translation>Essayez une autre recherche.</translation>
+    </message>
+    <message>
+        <source>Your personal dictionary</source>
+        <translation>Votre dictionnaire personnel</translation>
+    </message>
+    <message>
+        <source>Add names, product terms and frequent corrections. Similar spelling fixes can be learned after you edit and send a pasted dictation.</source>
+        <translation>Ajoutez des noms, des termes de produits et des corrections fréquentes. Vesko peut apprendre les orthographes proches quand vous modifiez et envoyez une dictée collée.</translation>
+    </message>
+    <message>
+        <source>Save term</source>
+        <translation>Enregistrer le terme</translation>
+    </message>
+    <message>
+        <source>Add term</source>
+        <translation>Ajouter un terme</translation>
+    </message>
+    <message numerus="yes">
+        <source>Last edited paste: %1 word corrections</source>
+        <translation>
+            <numerusform>Dernier texte modifié : %1 mot corrigé</numerusform>
+            <numerusform>Dernier texte modifié : %1 mots corrigés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Added by you</source>
+        <translation>Ajouté par vous</translation>
+    </message>
+    <message>
+        <source>Learned spelling</source>
+        <translation>Orthographe apprise</translation>
+    </message>
+    <message>
+        <source>Suggestion, review before enabling</source>
+        <translation>Suggestion, à vérifier avant de l’activer</translation>
+    </message>
+    <message>
+        <source>Copied. Allow Accessibility for Vesko in System Settings to paste automatically.</source>
+        <translation>Copié. Activez l’accessibilité dans les réglages de votre bureau pour coller automatiquement.</translation>
+    </message>
+    <message>
+        <source>Copied. No text field was focused when you started. Paste it with Command V.</source>
+        <translation>Copié. Aucun champ de texte n’était actif quand vous avez commencé. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copié. Vous êtes passé à un autre champ, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. This field does not accept automatic paste. Paste it with Command V.</source>
+        <translation>Copié. Ce champ n’accepte pas le collage automatique. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. More than two minutes passed, so Vesko did not paste. Paste it with Command V.</source>
+        <translation>Copié. Plus de deux minutes ont passé, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Paste it when you are ready.</source>
+        <translation>Copié. Collez quand vous voudrez.</translation>
+    </message>
+    <message>
+        <source>Trash is empty</source>
+        <translation>La corbeille est vide</translation>
+    </message>
+    <message>
+        <source>Notes you move to Trash can be restored here.</source>
+        <translation>Les notes que vous mettez à la corbeille peuvent être restaurées ici.</translation>
+    </message>
+    <message>
+        <source>No matching notes</source>
+        <translation>Aucune note ne correspond</translation>
+    </message>
+    <message>
+        <source>Try another search or clear the search field.</source>
+        <translation>Essayez une autre recherche ou videz le champ de recherche.</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>Effacer la recherche</translation>
+    </message>
+    <message>
+        <source>A place for your next thought</source>
+        <translation>Une place pour votre prochaine idée</translation>
+    </message>
+    <message>
+        <source>Record your voice or start a text note. Your originals stay on this Mac.</source>
+        <translation>Enregistrez votre voix ou commencez une note de texte. Vos originaux restent sur cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>Recording %1</source>
+        <translation>Enregistrement %1</translation>
+    </message>
+    <message>
+        <source>Finish recording</source>
+        <translation>Terminer l’enregistrement</translation>
+    </message>
+    <message>
+        <source>Record note</source>
+        <translation>Enregistrer une note</translation>
+    </message>
+    <message>
+        <source>Processing</source>
+        <translation>Traitement</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Hier</translation>
+    </message>
+    <message>
+        <source>Provider cost not reported</source>
+        <translation>Coût non indiqué par le fournisseur</translation>
+    </message>
+    <message>
+        <source>Reported cost: %1</source>
+        <translation>Coût indiqué : %1</translation>
+    </message>
+    <message>
+        <source>Retry…</source>
+        <translation>Réessayer…</translation>
+    </message>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>Étape %1 sur %2</translation>
+    </message>
+    <message>
+        <source>Start using Vesko</source>
+        <translation>Utiliser Vesko</translation>
+    </message>
+    <message>
+        <source>Get started</source>
+        <translation>Commencer</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Continuer</translation>
+    </message>
+    <message>
+        <source>Signed in with Apple</source>
+        <translation>Connecté avec Apple</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Micro</translation>
+    </message>
+    <message>
+        <source>Records only while you dictate.</source>
+        <translation>N’enregistre que pendant que vous dictez.</translation>
+    </message>
+    <message>
+        <source>Speech Recognition</source>
+        <translation>Reconnaissance vocale</translation>
+    </message>
+    <message>
+        <source>Apple on-device transcription.</source>
+        <translation>Transcription sur cet ordinateur, par un modèle installé.</translation>
+    </message>
+    <message>
+        <source>Accessibility</source>
+        <translation>Accessibilité</translation>
+    </message>
+    <message>
+        <source>Pastes into the field you started in.</source>
+        <translation>Colle dans le champ où vous avez commencé.</translation>
+    </message>
+    <message>
+        <source>Input Monitoring</source>
+        <translation>Clavier</translation>
+    </message>
+    <message>
+        <source>Notices the Fn key. Keystrokes are not saved.</source>
+        <translation>Remarque la touche de dictée. Les frappes ne sont pas enregistrées.</translation>
+    </message>
+    <message>
+        <source>Allowed</source>
+        <translation>Autorisé</translation>
+    </message>
+    <message>
+        <source>Not allowed</source>
+        <translation>Non autorisé</translation>
+    </message>
+    <message>
+        <source>Review</source>
+        <translation>Vérifier</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Autoriser</translation>
+    </message>
+    <message>
+        <source>A speech model for your language is installed.</source>
+        <translation>Un modèle vocal pour votre langue est installé.</translation>
+    </message>
+    <message>
+        <source>No speech model for your language is installed. Install one, such as the package pocketsphinx-en-us, or choose OpenRouter in Settings.</source>
+        <translation>Aucun modèle vocal pour votre langue n’est installé. Installez-en un, comme le paquet pocketsphinx-en-us, ou choisissez OpenRouter dans les réglages.</translation>
+    </message>
+    <message>
+        <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
+        <translation>L’accessibilité est activée pour cette session. Les programmes déjà ouverts devront peut-être être relancés pour que Vesko puisse y coller.</translation>
+    </message>
+    <message>
+        <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>
+        <translation>Vesko surveille le clavier là où le bureau le permet aux programmes. Choisissez une autre touche de dictée si votre bureau utilise celle-ci. Super+Maj+Espace reste disponible.</translation>
+    </message>
+    <message>
+        <source>Microphone access is ready</source>
+        <translation>L’accès au micro est prêt</translation>
+    </message>
+    <message>
+        <source>Allow Vesko in System Settings &gt; Privacy &amp; Security &gt; Microphone.</source>
+        <translation>Aucun micro n’a pu être ouvert. Branchez-en un, ou choisissez-le et réactivez-le dans les réglages du son de votre bureau.</translation>
+    </message>
+    <message>
+        <source>Vesko could not access your key in Keychain. Unlock your Mac and try again.</source>
+        <translation>Vesko n’a pas pu accéder à votre clé dans votre gestionnaire de mots de passe (trousseau). Déverrouillez-le et réessayez.</translation>
+    </message>
+    <message>
+        <source>Function key</source>
+        <translation>Touche Fn</translation>
+    </message>
+    <message>
+        <source>Right Ctrl</source>
+        <translation>Ctrl droite</translation>
+    </message>
+    <message>
+        <source>Right Alt</source>
+        <translation>Alt droite</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Scroll Lock</source>
+        <translation>Arrêt défil</translation>
+    </message>
+    <message>
+        <source>Automatic lets the speech model guess, and a short phrase can come back in the wrong language. After your next dictation Vesko asks which language you speak and remembers it.</source>
+        <translation>Avec « Automatique », le modèle vocal devine, et une phrase courte peut revenir dans une autre langue. Après votre prochaine dictée, Vesko vous demandera quelle langue vous parlez et s’en souviendra.</translation>
+    </message>
+    <message>
+        <source>Vesko tells the speech model you speak %1. Choose Automatic if you switch between languages.</source>
+        <translation>Vesko indique au modèle vocal que vous parlez %1. Choisissez « Automatique » si vous passez d’une langue à l’autre.</translation>
+    </message>
+    <message>
+        <source>Saved in Keychain</source>
+        <translation>Enregistrée dans votre trousseau</translation>
+    </message>
+    <message>
+        <source>No key saved</source>
+        <translation>Aucune clé enregistrée</translation>
+    </message>
+    <message>
+        <source>Enter a replacement key</source>
+        <translation>Saisissez une clé de remplacement</translation>
+    </message>
+    <message>
+        <source>Opening library…</source>
+        <translation>Ouverture de la bibliothèque…</translation>
+    </message>
+    <message>
+        <source>Loading models…</source>
+        <translation>Chargement des modèles…</translation>
+    </message>
+    <message>
+        <source>Refresh model catalog</source>
+        <translation>Actualiser le catalogue des modèles</translation>
+    </message>
+    <message>
+        <source>Analytics is not configured in this build. No events are sent.</source>
+        <translation>Les statistiques ne sont pas configurées dans cette version. Aucun événement n’est envoyé.</translation>
+    </message>
+    <message>
+        <source>Optional usage events go to %1. They include a random analytics identifier and app version, never your audio, notes, project names, filenames, receipts or keys. Turning this off clears unsent events and removes the local identifier. It does not erase events already sent.</source>
+        <translation>Si vous l’acceptez, des événements d’utilisation sont envoyés à %1. Ils contiennent un identifiant aléatoire et la version de l’application, jamais votre son, vos notes, les noms de projets ou de fichiers, les reçus ni les clés. La désactivation efface les événements non envoyés et l’identifiant local. Elle n’efface pas les événements déjà envoyés.</translation>
+    </message>
+    <message>
+        <source>Key saved in Keychain</source>
+        <translation>Clé enregistrée dans votre trousseau</translation>
+    </message>
+    <message>
+        <source>The key could not be saved.</source>
+        <translation>La clé n’a pas pu être enregistrée.</translation>
+    </message>
+    <message>
+        <source>Key removed</source>
+        <translation>Clé retirée</translation>
+    </message>
+    <message>
+        <source>Launch at login could not be changed. Check Login Items in System Settings.</source>
+        <translation>Le lancement à l’ouverture de session n’a pas pu être modifié. Vérifiez les applications au démarrage dans les réglages de votre bureau.</translation>
+    </message>
+    <message>
+        <source>Apple on-device</source>
+        <translation>Sur l’appareil</translation>
+    </message>
+    <message>
+        <source>OpenRouter</source>
+        <translation>OpenRouter</translation>
+    </message>
+    <message>
+        <source>Vesko access</source>
+        <translation>Accès de Vesko</translation>
+    </message>
+    <message>
+        <source>My personal key</source>
+        <translation>Ma clé personnelle</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatique</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Désactivé</translation>
+    </message>
+    <message>
+        <source>Click once to stop. Drag to move. Right-click for the menu.</source>
+        <translation>Un clic pour terminer. Glissez pour déplacer. Clic droit pour le menu.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift Space</source>
+        <translation>Un clic pour enregistrer. Glissez pour déplacer. Clic droit pour le menu. Raccourci : Super+Maj+Espace</translation>
+    </message>
+    <message>
+        <source>Dictionary…</source>
+        <translation>Dictionnaire…</translation>
+    </message>
+    <message>
+        <source>Welcome Tour…</source>
+        <translation>Visite guidée…</translation>
+    </message>
+    <message>
+        <source>About Vesko</source>
+        <translation>À propos de Vesko</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+</TS>

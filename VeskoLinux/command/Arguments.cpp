@@ -1,0 +1,109 @@
+#include "VeskoLinux/command/Arguments.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+
+namespace vesko {
+
+namespace {
+
+constexpr std::array<std::pair<std::string_view, Purpose>, 14> options{ {
+    { "--background", Purpose::background },
+    { "--install-openrouter-key", Purpose::keyInstaller },
+    { "--toggle", Purpose::toggle },
+    { "--start", Purpose::start },
+    { "--stop", Purpose::stop },
+    { "--cancel", Purpose::cancel },
+    { "--show", Purpose::show },
+    { "--quit", Purpose::quit },
+    { "--status", Purpose::status },
+    { "--follow", Purpose::follow },
+    { "--help", Purpose::help },
+    { "-h", Purpose::help },
+    { "--version", Purpose::version },
+    { "-V", Purpose::version },
+} };
+
+bool isLetter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+// Whether it begins with a scheme, as an address does that was opened with this program.
+bool isAddress(std::string_view argument)
+{
+    const auto inScheme = [](char c) {
+        return isLetter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
+    };
+    const auto scheme = argument.substr(0, argument.find(':'));
+    return scheme.size() < argument.size() && !scheme.empty() && isLetter(scheme[0])
+        && std::ranges::all_of(scheme, inScheme);
+}
+
+Arguments refusal(std::string problem)
+{
+    Arguments refused;
+    refused.purpose = Purpose::refused;
+    refused.problem = std::move(problem);
+    return refused;
+}
+
+} // namespace
+
+const std::string_view usage
+    = "Usage: vesko [OPTION] [ADDRESS...]\n"
+      "\n"
+      "Without an option: starts Vesko, or shows the one that runs.\n"
+      "  --background   starts it without a window, as at login\n"
+      "\n"
+      "Said to the Vesko that runs; --toggle, --start and --show start it first if none does:\n"
+      "  --toggle       starts a dictation, or ends the one that runs\n"
+      "  --start        starts a dictation; the text goes into the field that has the focus now\n"
+      "  --stop         ends it, and has it transcribed\n"
+      "  --cancel       ends it without a transcript; the recording is kept\n"
+      "  --show         shows the library\n"
+      "  --quit         ends Vesko, once everything is saved\n"
+      "\n"
+      "Asked of it:\n"
+      "  --status       what it is doing, in a line\n"
+      "  --follow       the same, and a line more at each change\n"
+      "  --json         with these two: as JSON, for bars and scripts\n"
+      "\n"
+      "  --install-openrouter-key\n"
+      "                 stores the key that OPENROUTER_API_KEY holds, and chooses OpenRouter\n"
+      "  --help, --version\n"
+      "\n"
+      "The exit code is 0 when it was done, 1 when it failed, 2 when the arguments are wrong,\n"
+      "3 when no Vesko runs, 4 when it can't be done now.\n";
+
+Arguments Arguments::read(std::span<const char* const> arguments)
+{
+    std::optional<Purpose> purpose;
+    Arguments read;
+    for (const std::string_view argument : arguments) {
+        const auto* const option
+            = std::ranges::find(options, argument, &decltype(options)::value_type::first);
+        if (option != options.end()) {
+            if (purpose && *purpose != option->second)
+                return refusal("one thing at a time, please");
+            purpose = option->second;
+        } else if (argument == "--json") {
+            read.json = true;
+        } else if (isAddress(argument)) {
+            read.addresses.emplace_back(argument);
+        } else {
+            return refusal("unknown argument " + std::string(argument));
+        }
+    }
+    read.purpose = purpose.value_or(Purpose::application);
+    if (read.json && read.purpose != Purpose::status && read.purpose != Purpose::follow)
+        return refusal("--json goes with --status and --follow");
+    if (!read.addresses.empty() && read.purpose != Purpose::application
+        && read.purpose != Purpose::background)
+        return refusal("addresses go with no other option than --background");
+    return read;
+}
+
+} // namespace vesko

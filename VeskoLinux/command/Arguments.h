@@ -1,0 +1,46 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vesko {
+
+// What a start of the program is for.
+enum class Purpose {
+    application, // to be the program, or to show the one that runs
+    background, // to be the program, without a window
+    keyInstaller,
+    // Said to the Vesko that runs.
+    toggle,
+    start,
+    stop,
+    cancel,
+    show,
+    quit,
+    // Asked of it.
+    status,
+    follow,
+    // Said about it.
+    help,
+    version,
+    refused,
+};
+
+struct Arguments {
+    Purpose purpose = Purpose::application;
+    bool json = false; // with status and follow
+    std::vector<std::string> addresses; // that were opened with the program
+    std::string problem; // one line for a terminal; only if refused
+
+    // Without the program's own name.
+    static Arguments read(std::span<const char* const> arguments);
+    // Whether the program itself is needed, with all its libraries.
+    bool wantProgram() const { return purpose <= Purpose::keyInstaller; }
+};
+
+// What --help says.
+extern const std::string_view usage;
+
+} // namespace vesko
