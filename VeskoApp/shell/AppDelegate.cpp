@@ -17,6 +17,7 @@ namespace vesko {
 namespace {
 
 const std::string onboardingCompleted = "onboardingCompleted";
+const std::string commandedKey = "steeredByCommand"; // true once a command has come
 
 // The desktop takes a moment to give the icon its place.
 constexpr double menuBarSettles = 2; // seconds
@@ -54,8 +55,9 @@ void AppDelegate::launch(bool background, const Demo& demo)
     m_hotkeys.onShortcutLost
         = [this](const std::string& warning) { m_model.setShortcutMessage(warning); };
     const auto warning = m_hotkeys.start();
-    const auto advice = shortcutAdvice(m_platform.session);
-    m_model.setShortcutMessage(advice.isEmpty() ? warning : advice.toStdString());
+    const auto advice = shortcutAdvice(m_platform.session).toStdString();
+    const bool commanded = m_platform.settings.get<bool>(commandedKey).value_or(false);
+    m_model.setShortcutMessage(advice.empty() ? warning : commanded ? "" : advice);
     for (const auto changed : { &AppModel::libraryReadyChanged, &AppModel::libraryOpeningChanged,
              &AppModel::errorMessageChanged })
         connect(&m_model, changed, this, &AppDelegate::showCaptureControl, Qt::QueuedConnection);
@@ -238,7 +240,11 @@ RemoteCommands::Program AppDelegate::remoteProgram()
         .ready = [this] { return m_model.libraryReady(); },
         .title = [this] { return m_model.phaseTitle(); },
         .elapsed = [this] { return m_model.elapsed(); },
-        .start = [this] { m_model.toggleDictation(); },
+        .start =
+            [this] {
+                noteCommand();
+                m_model.toggleDictation();
+            },
         .stop = [this] { m_model.toggleDictation(); },
         .cancel =
             [this] {
@@ -247,7 +253,22 @@ RemoteCommands::Program AppDelegate::remoteProgram()
             },
         .show = [this] { applicationShouldHandleReopen(); },
         .quit = [this] { quit(); },
+        .gestureKey =
+            [this](bool down) {
+                noteCommand();
+                m_hotkeys.commandGestureKey(down);
+            },
     };
+}
+
+// Who has set a command up need not be told how to.
+void AppDelegate::noteCommand()
+{
+    if (m_platform.session.shortcut == SessionOffer::Shortcut::own
+        || m_platform.settings.get<bool>(commandedKey))
+        return;
+    m_platform.settings.set(commandedKey, true);
+    m_model.setShortcutMessage({});
 }
 
 bool AppDelegate::canStart() const

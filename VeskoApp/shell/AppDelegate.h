@@ -85,6 +85,7 @@ private:
     void setupStatusItem();
     void wireHotkeys();
     RemoteCommands::Program remoteProgram();
+    void noteCommand();
     void showCaptureControl();
     void updateCaptureVisibility();
     void observeScreens();

@@ -19,6 +19,8 @@ enum class Purpose {
     cancel,
     show,
     quit,
+    press,
+    release,
     // Asked of it.
     status,
     follow,

@@ -18,10 +18,11 @@ KEYS = {
 for row, first in (("qwertyuiop", 24), ("asdfghjkl", 38), ("zxcvbnm", 52), ("1234567890", 10)):
     KEYS.update({letter: first + place for place, letter in enumerate(row)})
 
-# Vesko's shortcut. Presses of it closer together than a quarter of a second count as one, so each
-# is kept apart from the one before, as a hand does.
+# Vesko's shortcut. Presses of it closer together than a quarter of a second count as one, and as
+# commands of the desktop's closer than what a held key takes to repeat; so each is kept apart from
+# the one before, as a hand does.
 SHORTCUT = ("super", "left shift", "space")
-APART = 0.3  # seconds
+APART = 0.8 if os.environ["XDG_SESSION_TYPE"] == "wayland" else 0.3  # seconds
 
 LAYOUTS = ("us", "ru", "gr")
 

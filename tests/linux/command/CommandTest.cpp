@@ -102,6 +102,8 @@ TEST_F(CommandTest, eachWordReachesTheProgram)
         { "--start", RemoteCommand::start },
         { "--stop", RemoteCommand::stop },
         { "--cancel", RemoteCommand::cancel },
+        { "--press", RemoteCommand::press },
+        { "--release", RemoteCommand::release },
         { "--show", RemoteCommand::show },
     };
     for (const auto& row : rows) {
