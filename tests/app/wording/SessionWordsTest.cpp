@@ -6,21 +6,29 @@ namespace vesko {
 
 namespace {
 
+void expectEmpty(const QString& advice)
+{
+    EXPECT_EQ(advice.toStdString(), "");
+}
+
 TEST(SessionWords, tellNothingWhereEverythingIsOffered)
 {
-    const SessionOffer everything{ .desktop = "Xfce" };
-    EXPECT_EQ(shortcutAdvice(everything), "");
-    EXPECT_EQ(keysAdvice(everything), "");
-    EXPECT_EQ(learningAdvice(everything), "");
-    EXPECT_EQ(pasteAdvice(everything), "");
+    SessionOffer everything;
+    everything.desktop = "Xfce";
+    expectEmpty(shortcutAdvice(everything));
+    expectEmpty(keysAdvice(everything));
+    expectEmpty(learningAdvice(everything));
+    expectEmpty(pasteAdvice(everything));
 }
 
 TEST(SessionWords, nameTheDesktop)
 {
-    SessionOffer little{ .kind = SessionOffer::Kind::wayland, .desktop = "sway" };
+    SessionOffer little;
+    little.kind = SessionOffer::Kind::wayland;
+    little.desktop = "sway";
     little.shortcut = SessionOffer::Shortcut::command;
     little.allKeys = little.pastes = false;
-    EXPECT_EQ(shortcutAdvice(little),
+    EXPECT_EQ(shortcutAdvice(little).toStdString(),
         "sway gives programs no shortcuts of their own. In its configuration, let keys of your "
         "choice run “vesko --toggle”.");
     for (const auto& advice : { keysAdvice(little), learningAdvice(little) })
