@@ -129,7 +129,7 @@ Bus::Heard Bus::wait(int other, short events, int milliseconds) const
             if (dbus_message_is_signal(message.get(), interface, "StateChanged")
                 && dbus_message_get_args(message.get(), nullptr, DBUS_TYPE_STRING, &state,
                     DBUS_TYPE_STRING, &title, DBUS_TYPE_INVALID))
-                return { Heard::status, { state, title, 0 } };
+                return { Heard::report, { state, title, 0 } };
         }
         if (!dbus_connection_get_is_connected(m_connection))
             return { Heard::busEnded, {} };

@@ -13,8 +13,8 @@ class Bus {
 public:
     enum class Outcome { done, failed, notNow, absent };
     struct Heard {
-        enum What { status, owner, stranger, nothing, busEnded } what;
-        ProgramStatus status; // with `status`; its seconds are not told
+        enum What { report, owner, stranger, nothing, busEnded } what;
+        ProgramStatus status; // with `report`; its seconds are not told
     };
 
     // Throws std::runtime_error if there is no session bus.

@@ -128,7 +128,7 @@ int follow(bool json)
     while (true) {
         const auto heard = bus.wait(STDOUT_FILENO, 0, -1);
         switch (heard.what) {
-        case Bus::Heard::status:
+        case Bus::Heard::report:
             print(heard.status);
             break;
         case Bus::Heard::owner:
