@@ -121,7 +121,8 @@ void CaptureControl::release(const QPointF& at)
 
 void CaptureControl::cut(const QVariantList& shapes)
 {
-    if (!m_window)
+    // A Wayland compositor goes on showing what was cut off, as it was last drawn.
+    if (!m_window || m_platform.session.kind == SessionOffer::Kind::wayland)
         return;
     QRegion visible;
     for (const auto& shape : shapes) {

@@ -139,9 +139,8 @@ class Node:
         return x + width / 2, y + height / 2
 
     @property
-    def centre_in_window(self):
-        x, y, width, height = self._ask("org.a11y.atspi.Component", "GetExtents", "(u)", 1)[0]
-        return x + width / 2, y + height / 2
+    def bounds_in_window(self):
+        return self._ask("org.a11y.atspi.Component", "GetExtents", "(u)", 1)[0]
 
     def activate(self):
         """Presses it, or does the first action of what can't be pressed."""

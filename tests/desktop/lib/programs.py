@@ -69,8 +69,9 @@ class Program:
             return field.centre
         # There a program does not know where on the screen its windows are.
         left, top = sway.place(self.process.pid)
-        x, y = field.centre_in_window
-        return left + x, top + y
+        x, y, _, height = field.bounds_in_window
+        # Near its beginning: windows of Vesko's stand in the middle of the screen.
+        return left + x + 8, top + y + height / 2
 
     @property
     def text(self):
