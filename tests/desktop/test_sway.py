@@ -5,6 +5,7 @@ started, what the user is told, and what becomes of the program when the composi
 import os
 import signal
 import sys
+import tempfile
 import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
@@ -41,12 +42,12 @@ class Sway(unittest.TestCase):
 
     def test_the_control_takes_neither_a_place_nor_the_focus(self):
         with Mousepad() as editor:
-            self.assertEqual([view["pid"] for view in sway.views()], [editor.process.pid])
+            self.assertNotIn("Vesko", [view["name"] for view in sway.views()])
             self.vesko.begin()
             self.assertEqual(sway.active_pid(), editor.process.pid)
             self.vesko.end()
             self.vesko.wait_for_text(SENT)
-            self.assertEqual([view["pid"] for view in sway.views()], [editor.process.pid])
+            self.assertNotIn("Vesko", [view["name"] for view in sway.views()])
 
     def test_the_control_can_be_clicked_and_leaves_the_focus(self):
         with Mousepad() as editor:
@@ -70,8 +71,38 @@ class Sway(unittest.TestCase):
             self.vesko.end()
             self.vesko.wait_for_text(SENT)
 
-    def test_the_user_is_told_how_to_get_a_shortcut(self):
-        self.assertIn(NO_SHORTCUT, self.vesko.shown())
+    def test_the_user_is_told_how_to_get_a_shortcut_until_there_is_one(self):
+        self.vesko.quit()
+        told = {"XDG_CONFIG_HOME": tempfile.mkdtemp()}
+        with Vesko(**told) as new:
+            new.wait_for("ready")
+            new.wait_for_text(NO_SHORTCUT)
+            new.begin()
+            self.assertNotIn(NO_SHORTCUT, new.shown())
+            new.quit()
+        with Vesko(**told) as known:
+            known.wait_for("ready")
+            self.assertNotIn(NO_SHORTCUT, known.shown())
+
+    def test_a_key_of_the_desktops_talks_while_it_is_held(self):
+        sway.bind("Pause", f"{self.binary} --press", "--no-warn")  # repeats, as keys do
+        sway.bind("Pause", f"{self.binary} --release", "--no-warn", "--release")
+        with Mousepad() as editor:
+            hands.press("pause")
+            self.vesko.wait_for("recording")
+            human_pause(1.5)
+            self.assertEqual(self.vesko.phase, "recording")
+            hands.release("pause")
+            self.vesko.wait_for_text(SENT)
+            until("the words have arrived", lambda: editor.text == WORDS)
+            self.vesko.wait_for("ready")
+
+            hands.tap("pause")
+            self.vesko.wait_for("recording")
+            human_pause(0.5)
+            self.assertEqual(self.vesko.phase, "recording")
+            hands.tap("pause")
+            until("the recording has ended", lambda: self.vesko.phase != "recording")
 
     def test_nothing_is_pasted_while_a_window_that_hangs_may_be_in_front(self):
         with Mousepad() as editor, FeatherPad() as other:
