@@ -40,6 +40,13 @@ class Sway(unittest.TestCase):
         self.addCleanup(self.vesko.kill)
         self.vesko.wait_for("ready")
 
+    @staticmethod
+    def tap(key):
+        """As long as a finger does: each movement of the key starts a program."""
+        hands.press(key)
+        human_pause(0.1)
+        hands.release(key)
+
     def test_the_control_takes_neither_a_place_nor_the_focus(self):
         with Mousepad() as editor:
             self.assertNotIn("Vesko", [view["name"] for view in sway.views()])
@@ -97,11 +104,11 @@ class Sway(unittest.TestCase):
             until("the words have arrived", lambda: editor.text == WORDS)
             self.vesko.wait_for("ready")
 
-            hands.tap("pause")
+            self.tap("pause")
             self.vesko.wait_for("recording")
             human_pause(0.5)
             self.assertEqual(self.vesko.phase, "recording")
-            hands.tap("pause")
+            self.tap("pause")
             until("the recording has ended", lambda: self.vesko.phase != "recording")
 
     def test_nothing_is_pasted_while_a_window_that_hangs_may_be_in_front(self):
