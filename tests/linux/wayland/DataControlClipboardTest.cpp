@@ -53,7 +53,7 @@ TEST_F(DataControlClipboardTest, takesTheClipboardFromWhoeverHadIt)
     EXPECT_TRUE(until([] { return pasted() == "theirs"; }));
     EXPECT_TRUE(clipboard.setText("mine again"));
     EXPECT_EQ(pasted(), "mine again");
-    EXPECT_TRUE(other.waitForFinished());
+    EXPECT_TRUE(until([&] { return other.state() == QProcess::NotRunning; }));
 }
 
 TEST_F(DataControlClipboardTest, aReaderThatGivesUpKeepsNobodyElseFromReading)
