@@ -26,7 +26,11 @@ protected:
         return text;
     }
 
+    // What the compositor has on its way belongs to the clipboard.
+    ~DataControlClipboardTest() override { EXPECT_TRUE(valueOf(m_connection.done())); }
+
     WaylandConnection m_connection;
+    DataControlClipboard m_clipboard{ m_connection };
 };
 
 TEST_F(DataControlClipboardTest, isOfferedHere)
@@ -36,31 +40,28 @@ TEST_F(DataControlClipboardTest, isOfferedHere)
 
 TEST_F(DataControlClipboardTest, anotherProgramPastesWhatWasCopiedWithoutTheFocus)
 {
-    DataControlClipboard clipboard(m_connection);
     for (const std::string& text : { std::string("plain"),
              std::string("e\u0301 👩‍👩‍👧 שלום\r\nnext\ttab"), longText() }) {
-        EXPECT_TRUE(clipboard.setText(text));
+        EXPECT_TRUE(m_clipboard.setText(text));
         EXPECT_TRUE(pasted() == text) << "of " << text.size() << " bytes";
     }
 }
 
 TEST_F(DataControlClipboardTest, takesTheClipboardFromWhoeverHadIt)
 {
-    DataControlClipboard clipboard(m_connection);
-    EXPECT_TRUE(clipboard.setText("mine"));
+    EXPECT_TRUE(m_clipboard.setText("mine"));
     QProcess other;
     other.start(QStringLiteral("wl-copy"), { QStringLiteral("theirs") });
     EXPECT_TRUE(until([] { return pasted() == "theirs"; }));
-    EXPECT_TRUE(clipboard.setText("mine again"));
+    EXPECT_TRUE(m_clipboard.setText("mine again"));
     EXPECT_EQ(pasted(), "mine again");
     EXPECT_TRUE(until([&] { return other.state() == QProcess::NotRunning; }));
 }
 
 TEST_F(DataControlClipboardTest, aReaderThatGivesUpKeepsNobodyElseFromReading)
 {
-    DataControlClipboard clipboard(m_connection);
     const std::string text = longText();
-    EXPECT_TRUE(clipboard.setText(text));
+    EXPECT_TRUE(m_clipboard.setText(text));
     for (int times = 0; times < 40; ++times) {
         Program reader(QStringLiteral("sh"),
             { QStringLiteral("-c"), QStringLiteral("wl-paste --no-newline | head -c 10") });
