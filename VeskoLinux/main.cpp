@@ -112,9 +112,9 @@ int runApplication(
     GstCueEngine cues(deploymentFolders());
     PocketSphinxRecognizer recognizer;
     Cld2LanguageRecognizer textLanguage;
-    LinuxSession session(clock);
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
+    LinuxSession session(clock, settings);
     XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
     DesktopBrowser browser;

@@ -7,6 +7,7 @@
 #include "VeskoLinux/input/X11KeyMonitor.h"
 #include "VeskoLinux/input/X11PasteKeystroke.h"
 #include "VeskoLinux/kglobalaccel/KGlobalAccelShortcut.h"
+#include "VeskoLinux/portal/PortalPasteKeystroke.h"
 #include "VeskoLinux/wayland/DataControlClipboard.h"
 #include "VeskoLinux/wayland/VirtualKeyboardPaste.h"
 #include "VeskoLinux/wayland/WaylandConnection.h"
@@ -94,13 +95,16 @@ private:
 
 class LinuxSession::Wayland final : public Parts {
 public:
-    explicit Wayland(std::unique_ptr<WaylandConnection> connection)
+    Wayland(
+        std::unique_ptr<WaylandConnection> connection, EventClock& clock, SettingsStore& settings)
         : m_connection(std::move(connection))
     {
         focusedField
             = std::make_unique<AtspiFocusedField>(AtspiFocusedField::Windows::accessibility);
         if (VirtualKeyboardPaste::offered(*m_connection))
             pasteKeystroke = std::make_unique<VirtualKeyboardPaste>(*m_connection);
+        else if (PortalPasteKeystroke::offered())
+            pasteKeystroke = std::make_unique<PortalPasteKeystroke>(*m_connection, clock, settings);
         else
             pasteKeystroke = std::make_unique<NoPasteKeystroke>();
         if (DataControlClipboard::offered(*m_connection))
@@ -128,7 +132,8 @@ public:
         }
         offer.allKeys = false;
         offer.floats = QGuiApplication::platformName() == QLatin1String("xcb");
-        offer.pastes = VirtualKeyboardPaste::offered(*m_connection);
+        offer.pastes
+            = VirtualKeyboardPaste::offered(*m_connection) || PortalPasteKeystroke::offered();
     }
 
 private:
@@ -143,7 +148,7 @@ void LinuxSession::chooseWindowSystem()
         qputenv(windowSystem, "xcb;wayland");
 }
 
-LinuxSession::LinuxSession(EventClock& clock)
+LinuxSession::LinuxSession(EventClock& clock, SettingsStore& settings)
 {
     m_offer.desktop = desktopName();
     auto connection = std::make_unique<WaylandConnection>();
@@ -151,7 +156,7 @@ LinuxSession::LinuxSession(EventClock& clock)
         m_parts = std::make_unique<X11>(clock);
         return;
     }
-    auto parts = std::make_unique<Wayland>(std::move(connection));
+    auto parts = std::make_unique<Wayland>(std::move(connection), clock, settings);
     parts->describe(m_offer);
     m_parts = std::move(parts);
 }

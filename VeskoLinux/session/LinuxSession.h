@@ -6,6 +6,7 @@
 #include "VeskoApp/platform/KeyInput.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
 #include "VeskoApp/platform/SessionOffer.h"
+#include "VeskoApp/platform/SettingsStore.h"
 
 #include <memory>
 
@@ -20,7 +21,7 @@ public:
     static void chooseWindowSystem();
 
     // After the application has been made.
-    explicit LinuxSession(EventClock& clock);
+    LinuxSession(EventClock& clock, SettingsStore& settings);
     ~LinuxSession();
 
     const SessionOffer& offer() const { return m_offer; }

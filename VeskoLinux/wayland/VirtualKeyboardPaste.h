@@ -1,14 +1,13 @@
 #pragma once
 
-#include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
 #include "VeskoLinux/wayland/PasteKeys.h"
+#include "VeskoLinux/wayland/UsersKeymap.h"
 #include "VeskoLinux/wayland/WaylandConnection.h"
 
 #include <optional>
 #include <string>
 
-struct wl_keyboard;
 struct zwp_virtual_keyboard_manager_v1;
 struct zwp_virtual_keyboard_v1;
 
@@ -31,19 +30,13 @@ public:
     Eventual<bool> send(const FieldElement& element) override;
 
 private:
-    void capabilities(std::uint32_t devices);
-    void keymap(std::uint32_t format, int descriptor, std::uint32_t size);
-    Task<> plugInAnyhow();
-    void plugIn(std::string map);
+    void plugIn(const std::string& map);
 
     WaylandConnection& m_connection;
     zwp_virtual_keyboard_manager_v1* m_manager;
-    wl_seat* m_seat;
-    wl_keyboard* m_usersKeyboard = nullptr;
     zwp_virtual_keyboard_v1* m_keyboard = nullptr;
-    std::string m_map; // of m_keyboard
-    std::optional<PasteKeys> m_keys; // of m_map
-    TaskScope m_tasks;
+    std::optional<PasteKeys> m_keys; // of m_keyboard
+    UsersKeymap m_usersKeymap;
 };
 
 } // namespace vesko

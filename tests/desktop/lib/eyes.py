@@ -234,6 +234,8 @@ def active_pid():
     """The process of the active window, or 0."""
     if sway.here():
         return sway.active_pid()
+    if "WAYLAND_DISPLAY" in os.environ:
+        return (claiming_to_be_active() or [0])[0]
     window = active_window()
     if not window:
         return 0

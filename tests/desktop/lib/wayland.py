@@ -1,7 +1,7 @@
-"""A keyboard and a mouse of the user's in a wlroots session, plugged in when this is imported.
+"""A keyboard and a mouse of the user's in a session of wlroots or KWin.
 
-Speaks the protocol itself: the tools that could type for us plug in a keyboard of their own for
-each word, and with no keyboard left the compositor takes the focus from every window.
+Speaks the protocols itself: the tools that could type for us plug in a keyboard of their own for
+each word, and with no keyboard left wlroots takes the focus from every window.
 """
 
 import array
@@ -21,6 +21,7 @@ _xkb.xkb_keymap_get_as_string.argtypes = [ctypes.c_void_p, ctypes.c_int]
 _TEXT_V1 = 1
 _EVDEV = 8  # a key's number in X less its number in the kernel
 _MODIFIERS = {37: 4, 105: 4, 50: 1, 62: 1, 64: 8, 108: 8, 133: 64}  # key of X: its real modifier
+_BUTTONS = {1: 0x110, 2: 0x112, 3: 0x111}  # as the kernel numbers them
 
 
 class _Names(ctypes.Structure):
@@ -84,6 +85,9 @@ class _Connection:
                     raise RuntimeError("the compositor has gone")
                 self._received += more
 
+    def offers(self, interface):
+        return interface in self._globals
+
     def bind(self, interface, version=1):
         made = self.new()
         name = interface.encode() + b"\0"
@@ -93,9 +97,9 @@ class _Connection:
         return made
 
 
-class Devices:
-    def __init__(self):
-        self._wayland = _Connection()
+class _Wlroots:
+    def __init__(self, wayland):
+        self._wayland = wayland
         seat = self._wayland.bind("wl_seat")
         manager = self._wayland.bind("zwp_virtual_keyboard_manager_v1")
         self._keyboard = self._wayland.new()
@@ -142,12 +146,41 @@ class Devices:
         self._wayland.sync()
 
     def button(self, number, pressed):
-        codes = {1: 0x110, 2: 0x112, 3: 0x111}
         self._wayland.send(self._pointer, 2,
-                           struct.pack("III", self._now(), codes[number], pressed))
+                           struct.pack("III", self._now(), _BUTTONS[number], pressed))
         self._wayland.send(self._pointer, 4)
         self._wayland.sync()
 
     @staticmethod
     def _now():
         return int(time.monotonic() * 1000) & 0xFFFFFFFF
+
+
+class _KWin:
+    """KWin lets whoever may press the keys of its own keyboard."""
+
+    def __init__(self, wayland):
+        self._wayland = wayland
+        self._input = wayland.bind("org_kde_kwin_fake_input", 4)
+        text = struct.pack("I", 5) + b"test\0\0\0\0"
+        wayland.send(self._input, 0, text + text)
+        wayland.sync()
+        self.down = set()
+
+    def key(self, code, pressed):
+        (self.down.add if pressed else self.down.discard)(code)
+        self._wayland.send(self._input, 10, struct.pack("II", code - _EVDEV, pressed))
+        self._wayland.sync()
+
+    def point(self, x, y):
+        self._wayland.send(self._input, 9, struct.pack("ii", int(x) << 8, int(y) << 8))
+        self._wayland.sync()
+
+    def button(self, number, pressed):
+        self._wayland.send(self._input, 2, struct.pack("II", _BUTTONS[number], pressed))
+        self._wayland.sync()
+
+
+def Devices():
+    wayland = _Connection()
+    return (_KWin if wayland.offers("org_kde_kwin_fake_input") else _Wlroots)(wayland)

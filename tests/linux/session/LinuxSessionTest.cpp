@@ -1,5 +1,6 @@
 #include "VeskoLinux/session/LinuxSession.h"
 
+#include "tests/fakes/FakeSettingsStore.h"
 #include "tests/fakes/TestClock.h"
 
 #include <gtest/gtest.h>
@@ -40,7 +41,8 @@ private:
 TEST(LinuxSession, saysWhatACompositorOffers)
 {
     TestClock clock;
-    const LinuxSession session(clock);
+    FakeSettingsStore settings;
+    const LinuxSession session(clock, settings);
     const auto& offer = session.offer();
     EXPECT_EQ(offer.kind, SessionOffer::Kind::wayland);
     EXPECT_EQ(offer.desktop, "sway");
@@ -58,7 +60,8 @@ TEST(LinuxSession, saysThatAnXServerAloneOffersEverything)
 {
     const Variable compositor("WAYLAND_DISPLAY", nullptr), name("XDG_CURRENT_DESKTOP", "XFCE:GTK");
     TestClock clock;
-    const LinuxSession session(clock);
+    FakeSettingsStore settings;
+    const LinuxSession session(clock, settings);
     EXPECT_EQ(session.offer().kind, SessionOffer::Kind::x11);
     EXPECT_EQ(session.offer().desktop, "XFCE");
     EXPECT_EQ(session.offer().shortcut, SessionOffer::Shortcut::own);

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "VeskoApp/async/TaskScope.h"
+#include "VeskoApp/platform/PasteKeystroke.h"
+#include "VeskoApp/platform/SettingsStore.h"
+#include "VeskoLinux/portal/PortalRequests.h"
+#include "VeskoLinux/wayland/PasteKeys.h"
+#include "VeskoLinux/wayland/UsersKeymap.h"
+
+#include <QDBusObjectPath>
+
+#include <optional>
+#include <vector>
+
+namespace vesko {
+
+// Pastes through a session of the desktop's portal for remote control, which is open for no longer
+// than the paste takes. The desktop may ask the user whether that is all right; what it lets a
+// program remember of the answer is kept in the settings, so that it asks once. Main thread.
+class PortalPasteKeystroke final : public PasteKeystroke {
+public:
+    // Whether a part of this desktop's does what the portal is asked for: by the files that
+    // describe such parts, since to ask the portal itself may mean to wait for its start.
+    static bool offered();
+
+    // All outlive this.
+    PortalPasteKeystroke(WaylandConnection& connection, EventClock& clock, SettingsStore& settings);
+
+    // There already.
+    Eventual<std::monostate> keysReleased() override;
+    // False too if the user was asked: by now another field may have the focus.
+    Eventual<bool> send(const FieldElement& element) override;
+
+private:
+    Task<> run(std::vector<KeyStep> steps, Eventual<bool> sent);
+    Task<bool> open();
+    Task<bool> type(std::vector<KeyStep> steps);
+    void close();
+
+    EventClock& m_clock;
+    SettingsStore& m_settings;
+    PortalRequests m_requests;
+    std::optional<PasteKeys> m_keys;
+    UsersKeymap m_usersKeymap;
+    std::optional<QDBusObjectPath> m_session;
+    bool m_busy = false;
+    Timer m_pause;
+    TaskScope m_tasks;
+};
+
+} // namespace vesko
