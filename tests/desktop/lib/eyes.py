@@ -12,7 +12,7 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
-from . import sway  # noqa: E402
+from . import kwin, sway  # noqa: E402
 from .waiting import until  # noqa: E402
 
 STATES = {"active": 1, "checked": 4, "editable": 7, "enabled": 8, "focusable": 11, "focused": 12,
@@ -141,6 +141,9 @@ class Node:
     @property
     def bounds_in_window(self):
         return self._ask("org.a11y.atspi.Component", "GetExtents", "(u)", 1)[0]
+
+    def grab_focus(self):
+        self._ask("org.a11y.atspi.Component", "GrabFocus")
 
     def activate(self):
         """Presses it, or does the first action of what can't be pressed."""
@@ -341,12 +344,14 @@ def window_property(window, name):
 def raise_window(pid):
     if sway.here():
         sway.raise_window(pid)
+    elif kwin.here():
+        kwin.raise_window(pid)
     else:
         window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
         subprocess.run(["xdotool", "windowactivate", window], check=True,
                        stderr=subprocess.DEVNULL)
     until("the raised window is active", lambda: active_pid() == pid)
-    if sway.here():
+    if "WAYLAND_DISPLAY" in os.environ:
         # What draws through X11 hears a tenth of a second later that it is no longer in front.
         until("no other window takes itself for active", lambda: claiming_to_be_active() == [pid])
 

@@ -4,7 +4,7 @@ import os
 import subprocess
 import tempfile
 
-from . import eyes, hands, sway
+from . import eyes, hands, kwin, sway
 from .waiting import until
 
 SERVICES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../services")
@@ -58,16 +58,19 @@ class Program:
                       lambda: self.app.find(role, name))
         until("the field is laid out", lambda: field.bounds[2] > 0)
         if "focused" not in field.states:
-            hands.click(*self._place_of(field))
+            self._take_focus(field)
         until(f"{field} has the focus", lambda: eyes.focused(self.app) == field)
         self.field = field
         return field
 
+    def _take_focus(self, field):
+        # A program does not know where on the screen of a compositor its windows are.
+        if kwin.here():
+            field.grab_focus()
+        else:
+            hands.click(*(self._place_of(field) if sway.here() else field.centre))
+
     def _place_of(self, field):
-        """Where the user sees it."""
-        if not sway.here():
-            return field.centre
-        # There a program does not know where on the screen its windows are.
         left, top = sway.place(self.process.pid)
         x, y, _, height = field.bounds_in_window
         # Near its beginning: windows of Vesko's stand in the middle of the screen.

@@ -12,6 +12,8 @@ import socket
 import struct
 import time
 
+from . import kwin
+
 _xkb = ctypes.CDLL("libxkbcommon.so.0")
 _xkb.xkb_context_new.restype = ctypes.c_void_p
 _xkb.xkb_keymap_new_from_names.restype = ctypes.c_void_p
@@ -171,6 +173,14 @@ class _KWin:
         (self.down.add if pressed else self.down.discard)(code)
         self._wayland.send(self._input, 10, struct.pack("II", code - _EVDEV, pressed))
         self._wayland.sync()
+
+    @staticmethod
+    def load_layouts(layouts):
+        kwin.load_layouts(layouts)
+
+    @staticmethod
+    def use_layout(number):
+        kwin.use_layout(number)
 
     def point(self, x, y):
         self._wayland.send(self._input, 9, struct.pack("ii", int(x) << 8, int(y) << 8))
