@@ -56,7 +56,7 @@ struct Platform {
     Permissions& permissions;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
     std::filesystem::path dataFolder; // where the library is
-    SessionOffer session = {};
+    SessionOffer session = {}; // by default one that offers everything
 };
 
 } // namespace vesko

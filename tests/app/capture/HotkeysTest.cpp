@@ -340,6 +340,15 @@ TEST(Hotkeys, LetGoOfTheKeysWhenTheyAreDestroyed)
     clock.turn(1);
 }
 
+TEST_F(HotkeysTest, WarnsOfAShortcutThatIsRefusedLater)
+{
+    std::string warning;
+    hotkeys.onShortcutLost = [&](const std::string& text) { warning = text; };
+    EXPECT_EQ(hotkeys.start(), "");
+    shortcut.onRefused();
+    EXPECT_THAT(warning, testing::StartsWith("Command Shift Space is unavailable."));
+}
+
 TEST_F(HotkeysTest, ACommandedKeyIsAGestureKey)
 {
     keys.isPermitted = false;
