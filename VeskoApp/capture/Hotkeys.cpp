@@ -10,6 +10,9 @@ namespace {
 constexpr double triggerInterval = 0.25; // seconds
 // The longest that a held key takes before it repeats.
 constexpr double repeatDelay = 1.2; // seconds
+// Each command comes by a program of its own, and the last repeat's may be slower than that of the
+// release behind it. No finger is back so soon.
+constexpr double commandDelay = 0.15; // seconds
 
 constexpr const char* noShortcut = L10N_KEY("Vesko",
     "Command Shift Space is unavailable. Use the floating button or choose another system "
@@ -91,6 +94,10 @@ void Hotkeys::commandGestureKey(bool down)
         return;
     }
     const double now = m_clock.uptime();
+    if (down && m_lastRelease && now - *m_lastRelease < commandDelay)
+        return;
+    if (!down)
+        m_lastRelease = now;
     const bool repeated = m_lastCommand && now - *m_lastCommand <= repeatDelay;
     const bool releaseLost = down && m_lastCommand && !repeated;
     m_lastCommand = down ? std::optional(now) : std::nullopt;

@@ -50,6 +50,7 @@ private:
     FnShortcutState m_fnState;
     Timer m_hold;
     std::optional<double> m_lastCommand; // uptime of the last command that the key is down
+    std::optional<double> m_lastRelease; // and of the last one that it is up
     std::optional<double> m_lastTrigger; // uptime of the last accepted press
 };
 

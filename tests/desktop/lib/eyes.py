@@ -247,6 +247,13 @@ def active_pid():
     return int(answer[-1]) if answer and answer[-1].isdigit() else 0
 
 
+def wait_for_front(pid):
+    until(f"process {pid} has the active window", lambda: active_pid() == pid)
+    if "WAYLAND_DISPLAY" in os.environ:
+        # What draws through X11 hears a tenth of a second later that it is no longer in front.
+        until("no other window takes itself for active", lambda: claiming_to_be_active() == [pid])
+
+
 def windows(pid):
     """The X window ids of the process, oldest first."""
     listed = subprocess.run(["xprop", "-root", "_NET_CLIENT_LIST"], stdout=subprocess.PIPE,
@@ -350,10 +357,7 @@ def raise_window(pid):
         window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
         subprocess.run(["xdotool", "windowactivate", window], check=True,
                        stderr=subprocess.DEVNULL)
-    until("the raised window is active", lambda: active_pid() == pid)
-    if "WAYLAND_DISPLAY" in os.environ:
-        # What draws through X11 hears a tenth of a second later that it is no longer in front.
-        until("no other window takes itself for active", lambda: claiming_to_be_active() == [pid])
+    wait_for_front(pid)
 
 
 def pixels(x, y, width, height):

@@ -48,8 +48,7 @@ class Program:
                                             **options)
         self.app = until(f"{command[0]} is accessible",
                          lambda: eyes.application(self.process.pid))
-        until(f"{command[0]} is the active window",
-              lambda: eyes.active_pid() == self.process.pid)
+        eyes.wait_for_front(self.process.pid)
         self.field = None
 
     def focus(self, role, name=None):
