@@ -359,6 +359,7 @@ TEST_F(HotkeysTest, ACommandedKeyIsAGestureKey)
     EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin));
 
     recording = true;
+    clock.turn(0.2);
     hotkeys.commandGestureKey(true);
     hotkeys.commandGestureKey(false);
     EXPECT_THAT(actions,
@@ -389,8 +390,23 @@ TEST_F(HotkeysTest, APressAfterALostReleaseEndsWhatTheFirstBegan)
     EXPECT_THAT(actions,
         ElementsAre(FnShortcutAction::begin, FnShortcutAction::hold, FnShortcutAction::finish));
     hotkeys.commandGestureKey(false);
+    clock.turn(0.2);
     hotkeys.commandGestureKey(true);
     EXPECT_EQ(actions.size(), 4U);
+    EXPECT_EQ(actions.back(), FnShortcutAction::begin);
+}
+
+TEST_F(HotkeysTest, ARepeatThatComesBehindTheReleaseIsNoPress)
+{
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    clock.turn(1);
+    hotkeys.commandGestureKey(false);
+    clock.turn(0.05);
+    hotkeys.commandGestureKey(true);
+    EXPECT_EQ(actions.back(), FnShortcutAction::finish);
+    clock.turn(0.5);
+    hotkeys.commandGestureKey(true);
     EXPECT_EQ(actions.back(), FnShortcutAction::begin);
 }
 
