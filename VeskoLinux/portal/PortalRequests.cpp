@@ -1,5 +1,7 @@
 #include "VeskoLinux/portal/PortalRequests.h"
 
+#include "VeskoApp/async/EventClock.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -18,7 +20,7 @@ const auto responseSignal = QStringLiteral("Response");
 } // namespace
 
 PortalRequests::PortalRequests(EventClock& clock)
-    : m_patience(clock)
+    : m_patience(std::make_unique<Timer>(clock))
 {
 }
 
@@ -48,7 +50,7 @@ Eventual<PortalRequests::Answer> PortalRequests::ask(const QString& interface,
         if (heard->isError() && asked == m_request)
             end(std::nullopt);
     });
-    m_patience.start(patience, [this] {
+    m_patience->start(patience, [this] {
         auto close
             = QDBusMessage::createMethodCall(portal, m_request, request, QStringLiteral("Close"));
         close.setAutoStartService(false);
@@ -68,7 +70,7 @@ void PortalRequests::end(Answer answer)
 {
     if (!m_asked)
         return;
-    m_patience.cancel();
+    m_patience->cancel();
     QDBusConnection::sessionBus().disconnect(portal, std::exchange(m_request, {}), request,
         responseSignal, this, SLOT(response(uint, QVariantMap, QDBusMessage)));
     std::exchange(m_asked, std::nullopt)->set(std::move(answer));

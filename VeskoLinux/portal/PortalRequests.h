@@ -1,17 +1,20 @@
 #pragma once
 
-#include "VeskoApp/async/EventClock.h"
 #include "VeskoApp/async/Eventual.h"
 
 #include <QObject>
 #include <QString>
 #include <QVariantMap>
 
+#include <memory>
 #include <optional>
 
 class QDBusMessage;
 
 namespace vesko {
+
+class EventClock;
+class Timer;
 
 // What is asked of the desktop's portal and answered later, when the user has agreed; one request
 // at a time. Main thread; nothing here waits.
@@ -34,7 +37,7 @@ private:
     Q_SLOT void response(uint code, const QVariantMap& results, const QDBusMessage& message);
     void end(Answer answer);
 
-    Timer m_patience;
+    std::unique_ptr<Timer> m_patience;
     int m_count = 0;
     QString m_request; // the path of the one under way; empty: none
     std::optional<Eventual<Answer>> m_asked;
