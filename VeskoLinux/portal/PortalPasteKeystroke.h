@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskoApp/async/EventClock.h"
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
 #include "VeskoApp/platform/SettingsStore.h"
