@@ -67,16 +67,17 @@ void DataControlClipboard::forget()
     m_text.reset();
 }
 
-// What others copy is none of our business.
-void DataControlClipboard::offer(
-    void*, zwlr_data_control_device_v1*, zwlr_data_control_offer_v1* offer)
+void DataControlClipboard::offer(void*, zwlr_data_control_device_v1*, zwlr_data_control_offer_v1*)
 {
-    zwlr_data_control_offer_v1_destroy(offer);
 }
 
+// What others copy is none of our business. Each offer ends here, where it is told of for the last
+// time: libwayland loses the memory of one that is destroyed before.
 void DataControlClipboard::selection(
-    void*, zwlr_data_control_device_v1*, zwlr_data_control_offer_v1*)
+    void*, zwlr_data_control_device_v1*, zwlr_data_control_offer_v1* offer)
 {
+    if (offer)
+        zwlr_data_control_offer_v1_destroy(offer);
 }
 
 void DataControlClipboard::finished(void* self, zwlr_data_control_device_v1*)
