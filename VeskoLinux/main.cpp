@@ -62,7 +62,6 @@ namespace vesko {
 
 namespace {
 
-#include <thread>
 int installKeyFromEnvironment()
 {
     // First of all, since the programs that the secret store starts inherit the environment.
@@ -168,7 +167,7 @@ int runApplication(
     GstRecorder recorder;
     GstPlayer player;
     GstCueEngine cues(deploymentFolders());
-    const auto programs = programPath().parent_path();
+    const auto programs = programFolder();
     EngineRecognizer recognizer(
         std::make_shared<PocketSphinxEngine>(programs / "vesko-pocketsphinx"));
     EngineShelf speechEngines(EngineShelf::usualPlaces(programs, dataFolder()),
