@@ -1,5 +1,7 @@
 #include "VeskoLinux/desktop/DesktopSession.h"
 
+#include "VeskoLinux/desktop/SessionLog.h"
+
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QTimer>
@@ -8,6 +10,8 @@
 #include <memory>
 
 namespace vesko {
+
+Q_LOGGING_CATEGORY(sessionLog, "app.vesko.session", QtInfoMsg)
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoLinux/desktop/SessionLog.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -58,7 +59,7 @@ Logind::Logind()
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString&, const QString&, const QString& owner) {
             m_delay.reset();
-            m_locked = false;
+            setLocked(false);
             if (!owner.isEmpty())
                 meet();
         });
@@ -93,7 +94,14 @@ void Logind::readLocked(const QString& session)
     auto call = question(session, properties, QStringLiteral("Get"));
     call << sessionInterface << lockedHint;
     ask<QDBusVariant>(
-        this, call, [this](const QDBusVariant& value) { m_locked = value.variant().toBool(); });
+        this, call, [this](const QDBusVariant& value) { setLocked(value.variant().toBool()); });
+}
+
+void Logind::setLocked(bool locked)
+{
+    if (m_locked != locked)
+        qCInfo(sessionLog, "session_locked=%d", locked);
+    m_locked = locked;
 }
 
 void Logind::sessionChanged(
@@ -102,7 +110,7 @@ void Logind::sessionChanged(
     if (interface != sessionInterface)
         return;
     if (const auto value = changed.find(lockedHint); value != changed.end())
-        m_locked = value->toBool();
+        setLocked(value->toBool());
     else if (unknown.contains(lockedHint))
         readLocked(m_session);
 }

@@ -37,6 +37,7 @@ private:
     void meet();
     void findSession();
     void readLocked(const QString& session);
+    void setLocked(bool locked);
     void delay();
     void announce(const std::function<void(Done)>& listener);
 

@@ -1,5 +1,7 @@
 #include "VeskoLinux/desktop/ScreenSavers.h"
 
+#include "VeskoLinux/desktop/SessionLog.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -30,7 +32,7 @@ ScreenSaver::ScreenSaver(const QString& name)
         QStringLiteral("ActiveChanged"), this, SLOT(activeChanged(bool)));
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString&, const QString&, const QString& owner) {
-            m_active = false;
+            activeChanged(false);
             if (!owner.isEmpty())
                 ask();
         });
@@ -47,9 +49,16 @@ void ScreenSaver::ask()
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         const QDBusPendingReply<bool> reply = *answer;
         if (reply.isValid())
-            m_active = reply.value();
+            activeChanged(reply.value());
         answer->deleteLater();
     });
+}
+
+void ScreenSaver::activeChanged(bool active)
+{
+    if (m_active != active)
+        qCInfo(sessionLog, "session_locked=%d", active);
+    m_active = active;
 }
 
 ScreenSavers::ScreenSavers()

@@ -19,7 +19,7 @@ public:
     bool active() const { return m_active; }
 
 private Q_SLOTS:
-    void activeChanged(bool active) { m_active = active; }
+    void activeChanged(bool active);
 
 private:
     void ask();

@@ -53,6 +53,12 @@ class Host(Told):
         self.tell("saver off")
         self.tell("hint off")
 
+    def lock(self, vesko, command):
+        """Locks or unlocks the session; returns when the program knows."""
+        told = vesko.log().count("session_locked=")
+        self.tell(command)
+        until("Vesko knows", lambda: vesko.log().count("session_locked=") == told + 1)
+
     def delays(self):
         return json.loads(self.tell("delays"))["delays"]
 
@@ -84,13 +90,13 @@ class Session(unittest.TestCase):
             with self.subTest(lock), Host() as host, self.vesko() as vesko:
                 vesko.wait_for("ready")
                 until("Vesko knows logind", host.delays)
-                host.tell(lock)
+                host.lock(vesko, lock)
                 hands.tap_shortcut()
                 self.tap_key()
                 human_pause(0.5)
                 self.assertEqual(vesko.phase, "ready")
                 self.assertEqual(library.recordings(vesko.root), [])
-                host.tell(unlock)
+                host.lock(vesko, unlock)
                 vesko.begin()
 
     def test_what_was_begun_before_is_kept_and_not_pasted(self):
@@ -101,7 +107,7 @@ class Session(unittest.TestCase):
             self.service.hold()
             vesko.end()
             self.service.wait_for_request()
-            host.tell("saver on")
+            host.lock(vesko, "saver on")
             self.service.release()
             vesko.wait_for_text(LOCKED)
             self.assertEqual(editor.text, "")
@@ -111,12 +117,12 @@ class Session(unittest.TestCase):
         with Host() as host, self.vesko() as vesko:
             until("Vesko knows logind", host.delays)
             vesko.begin()
-            host.tell("saver on")
+            host.lock(vesko, "saver on")
             hands.tap_shortcut()
             self.tap_key()
             human_pause(0.5)
             self.assertEqual(vesko.phase, "recording")
-            host.tell("saver off")
+            host.lock(vesko, "saver off")
             vesko.end()
             vesko.wait_for("ready")
             self.assertEqual(vesko.last_recording()["attempts"][-1].get("text"), WORDS)
