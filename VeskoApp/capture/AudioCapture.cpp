@@ -1,6 +1,6 @@
 #include "VeskoApp/capture/AudioCapture.h"
 
-#include "VeskoApp/capture/CaptureFailure.h"
+#include "VeskoApp/status/CaptureFailure.h"
 #include "VeskoCore/base/Localized.h"
 
 namespace vesko {

@@ -34,10 +34,7 @@ Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destina
         co_return;
     }
     if (m_to.preferences.learnCorrections.get())
-        m_to.review.start(*field, text,
-            [&terms = m_to.terms](std::vector<DictionarySuggestion> corrections, bool sent) {
-                terms.corrected(std::move(corrections), sent);
-            });
+        m_to.review.start(*field, text, onCorrections);
     m_proof.emplace();
     m_proof->spawn(prove(std::move(*field), std::move(text)));
 }

@@ -2,7 +2,6 @@
 
 #include "VeskoApp/async/Eventual.h"
 #include "VeskoApp/async/TaskScope.h"
-#include "VeskoApp/dictionary/DictionaryTerms.h"
 #include "VeskoApp/insertion/FocusDestination.h"
 #include "VeskoApp/insertion/InsertionReview.h"
 #include "VeskoApp/insertion/TextCopy.h"
@@ -18,8 +17,7 @@ using Destination = Eventual<std::expected<FocusDestination, std::string>>;
 
 // Brings a dictated text to the user: onto the clipboard, and into the field where the dictation
 // began if that is safe; the status line says what happened, and claims no paste before the field
-// has been looked at again. What the user then corrects in it is handed to the dictionary. Main
-// thread.
+// has been looked at again. Main thread.
 class TextDelivery {
 public:
     // What it reaches; must outlive it.
@@ -29,12 +27,14 @@ public:
         PasteKeystroke& pasteKeystroke;
         const Preferences& preferences;
         InsertionReview& review;
-        DictionaryTerms& terms;
         TextCopy& clipboard;
         StatusLine& status;
     };
 
     explicit TextDelivery(const Neighbours& neighbours);
+
+    // Takes what the user then corrects in a pasted text, while corrections are to be learned.
+    InsertionReview::OnCorrections onCorrections;
 
     // Without `paste`, or without a destination, it ends on the clipboard.
     Task<> deliver(std::string text, bool paste, std::optional<Destination> destination);

@@ -14,6 +14,8 @@ PreferencesView::PreferencesView(const Neighbours& neighbours)
     : m_to(neighbours)
     , m_account(neighbours.accounts)
     , m_signIn(neighbours.accounts)
+    , m_keyForm(neighbours.preferences, neighbours.status,
+          [this](const QString& notice) { setNotice(notice); })
 {
     connect(&m_to.preferences, &Preferences::changed, this, &PreferencesView::changed);
     connect(&m_to.analytics, &Analytics::enabledChanged, this, &PreferencesView::changed);
@@ -40,18 +42,6 @@ QString PreferencesView::languageHint() const
         .arg(shownLanguage(m_to.preferences.language.get(), m_to.platform.preferredLanguages));
 }
 
-QString PreferencesView::keyStatus() const
-{
-    return hasKey() ? translated(L10N_KEY("Vesko", "Saved in Keychain"))
-                    : translated(L10N_KEY("Vesko", "No key saved"));
-}
-
-QString PreferencesView::keyPrompt() const
-{
-    return hasKey() ? translated(L10N_KEY("Vesko", "Enter a replacement key"))
-                    : translated(L10N_KEY("Vesko", "Your personal API key"));
-}
-
 QString PreferencesView::catalogTitle() const
 {
     return m_to.catalog.loading() ? translated(L10N_KEY("Vesko", "Loading models…"))
@@ -72,48 +62,9 @@ QString PreferencesView::analyticsNote() const
         .arg(m_to.analytics.host());
 }
 
-void PreferencesView::saveKey()
-{
-    m_tasks.spawn(save(m_keyDraft.toStdString()));
-}
-
-Task<> PreferencesView::save(std::string key)
-{
-    try {
-        co_await m_to.preferences.saveKey(std::move(key));
-        clearKeyDraft();
-        setNotice(translated(L10N_KEY("Vesko", "Key saved in Keychain")));
-    } catch (const std::exception&) {
-        m_to.status.report(std::current_exception());
-        setNotice(translated(L10N_KEY("Vesko", "The key could not be saved.")));
-    }
-}
-
-void PreferencesView::removeKey()
-{
-    m_tasks.spawn(remove());
-}
-
-Task<> PreferencesView::remove()
-{
-    try {
-        co_await m_to.preferences.removeKey();
-        clearKeyDraft();
-        setNotice(translated(L10N_KEY("Vesko", "Key removed")));
-    } catch (const std::exception&) {
-        m_to.status.report(std::current_exception());
-    }
-}
-
 void PreferencesView::openCredits()
 {
     m_to.platform.browser.open("https://openrouter.ai/settings/credits");
-}
-
-void PreferencesView::clearKeyDraft()
-{
-    m_keyDraft.clear();
-    Q_EMIT keyDraftChanged();
 }
 
 void PreferencesView::pressPermission(int row)

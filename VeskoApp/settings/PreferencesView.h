@@ -6,6 +6,7 @@
 #include "VeskoApp/capture/CaptureCues.h"
 #include "VeskoApp/onboarding/PermissionRows.h"
 #include "VeskoApp/preferences/Preferences.h"
+#include "VeskoApp/settings/KeyForm.h"
 #include "VeskoApp/status/StatusLine.h"
 #include "VeskoApp/transcription/ModelCatalog.h"
 
@@ -14,10 +15,9 @@
 
 namespace vesko {
 
-// What the settings form shows and does, over the user's settings. Choices are
-// rows with "tag" and "name", and a tag that is in force without being among those offered has a
-// row of its own. The key that the user types is held here only until it is saved. Main thread;
-// what it is given must outlive it.
+// What the settings form shows and does, over the user's settings. Choices are rows with "tag" and
+// "name", and a tag that is in force without being among those offered has a row of its own. Main
+// thread; what it is given must outlive it.
 class PreferencesView : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString provider READ provider WRITE setProvider NOTIFY changed)
@@ -47,15 +47,12 @@ class PreferencesView : public QObject {
     Q_PROPERTY(bool onDevice READ onDevice NOTIFY changed)
     Q_PROPERTY(QString languageHint READ languageHint NOTIFY changed)
     Q_PROPERTY(bool usesPersonalKey READ usesPersonalKey NOTIFY changed)
-    Q_PROPERTY(bool hasKey READ hasKey NOTIFY changed)
     Q_PROPERTY(bool hasVeskoAccess READ hasVeskoAccess NOTIFY changed)
-    Q_PROPERTY(QString keyStatus READ keyStatus NOTIFY changed)
-    Q_PROPERTY(QString keyPrompt READ keyPrompt NOTIFY changed)
-    Q_PROPERTY(QString keyDraft MEMBER m_keyDraft NOTIFY keyDraftChanged)
     Q_PROPERTY(bool translates READ translates NOTIFY changed)
     Q_PROPERTY(bool launchesAtLogin READ launchesAtLogin NOTIFY changed)
     Q_PROPERTY(bool needsLoginApproval READ needsLoginApproval NOTIFY changed)
     Q_PROPERTY(QString catalogTitle READ catalogTitle NOTIFY changed)
+    Q_PROPERTY(QObject* keyForm READ keyForm CONSTANT)
     Q_PROPERTY(QObject* permissions READ permissions CONSTANT)
     Q_PROPERTY(QObject* account READ account CONSTANT)
     Q_PROPERTY(QObject* signIn READ signIn CONSTANT)
@@ -120,10 +117,7 @@ public:
     bool onDevice() const { return m_to.preferences.provider.get() == "apple"; }
     QString languageHint() const;
     bool usesPersonalKey() const { return m_to.preferences.keySource.get() != "vesko"; }
-    bool hasKey() const { return m_to.preferences.hasKey(); }
     bool hasVeskoAccess() const { return m_to.preferences.hasVeskoAccess(); }
-    QString keyStatus() const;
-    QString keyPrompt() const;
     bool translates() const { return m_to.preferences.translateTo.get() != "off"; }
     bool launchesAtLogin() const { return m_to.preferences.loginStatus() == LoginStatus::enabled; }
     bool needsLoginApproval() const
@@ -131,6 +125,7 @@ public:
         return m_to.preferences.loginStatus() == LoginStatus::requiresApproval;
     }
     QString catalogTitle() const;
+    QObject* keyForm() { return &m_keyForm; }
     QObject* permissions() { return &m_to.permissions; }
     QObject* account() { return &m_account; }
     QObject* signIn() { return &m_signIn; }
@@ -143,8 +138,6 @@ public:
 
     // The form is shown: what others may have changed is read again.
     Q_INVOKABLE void opened();
-    Q_INVOKABLE void saveKey();
-    Q_INVOKABLE void removeKey();
     // The page of OpenRouter on which the user pays.
     Q_INVOKABLE void openCredits();
     Q_INVOKABLE void previewStartSound() { m_to.cues.play(CaptureCues::Cue::start); }
@@ -157,7 +150,6 @@ public:
 
 Q_SIGNALS:
     void changed();
-    void keyDraftChanged();
     void noticeChanged();
 
 private:
@@ -170,16 +162,12 @@ private:
         setting.set(value.toStdString());
     }
     void setNotice(const QString& notice);
-    void clearKeyDraft();
-    Task<> save(std::string key);
-    Task<> remove();
 
     Neighbours m_to;
     AccountSection m_account;
     SignInChoices m_signIn;
-    QString m_keyDraft;
+    KeyForm m_keyForm;
     QString m_notice;
-    TaskScope m_tasks;
 };
 
 } // namespace vesko

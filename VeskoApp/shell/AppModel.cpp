@@ -29,7 +29,6 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
           .pasteKeystroke = platform.pasteKeystroke,
           .preferences = m_preferences,
           .review = m_review,
-          .terms = m_terms,
           .clipboard = m_clipboard,
           .status = m_status })
     , m_cues(platform.cues)
@@ -64,6 +63,9 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
     m_accounts.onUsage = [this](UsageEvent event) { m_analytics.track(event); };
     QObject::connect(&m_capture, &Capture::starting, &m_capture, [this] { m_review.stop(); });
     m_capture.onCaptured = [this](CapturedRecording captured) { m_run.start(std::move(captured)); };
+    m_delivery.onCorrections = [this](std::vector<DictionarySuggestion> corrections, bool sent) {
+        m_terms.corrected(std::move(corrections), sent);
+    };
     m_language.redo = [this](const Recording& recording) { return m_run.retry(recording, true); };
     m_accounts.restoreAtLaunch();
     m_tasks.spawn(start(std::move(open)));

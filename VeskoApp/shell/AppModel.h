@@ -2,8 +2,9 @@
 
 #include "VeskoApp/account/KeychainSessionVault.h"
 #include "VeskoApp/account/SystemIdentityProviders.h"
+#include "VeskoApp/dictionary/DictionaryTerms.h"
 #include "VeskoApp/library/NoteActions.h"
-#include "VeskoApp/library/Playback.h"
+#include "VeskoApp/notes/Playback.h"
 #include "VeskoApp/platform/Platform.h"
 #include "VeskoApp/transcription/ModelCatalog.h"
 #include "VeskoApp/transcription/TranscriptionRun.h"

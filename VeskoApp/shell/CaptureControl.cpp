@@ -1,6 +1,6 @@
 #include "VeskoApp/shell/CaptureControl.h"
 
-#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/notes/NoteWords.h"
 #include "VeskoApp/shell/AudioGlyph.h"
 #include "VeskoApp/shell/Screens.h"
 #include "VeskoApp/wording/Translated.h"

@@ -1,6 +1,6 @@
 #include "VeskoApp/transcription/OnDeviceTranscriber.h"
 
-#include "VeskoApp/capture/CaptureFailure.h"
+#include "VeskoApp/status/CaptureFailure.h"
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/base/Text.h"
 #include "VeskoCore/library/VeskoError.h"

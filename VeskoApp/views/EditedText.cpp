@@ -1,6 +1,6 @@
 #include "VeskoApp/views/EditedText.h"
 
-#include "VeskoApp/library/NoteEditor.h"
+#include "VeskoApp/notes/NoteEditor.h"
 
 namespace vesko {
 

@@ -1,7 +1,7 @@
 #include "VeskoApp/views/Windows.h"
 
 #include "VeskoApp/dictionary/DictionaryView.h"
-#include "VeskoApp/library/LibraryWindow.h"
+#include "VeskoApp/notes/LibraryWindow.h"
 #include "VeskoApp/onboarding/OnboardingView.h"
 #include "VeskoApp/settings/GestureKeyNames.h"
 #include "VeskoApp/settings/PreferencesView.h"

@@ -206,7 +206,7 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
             visible: text.length > 0
             text: empty.state?.button ?? ""
-            onClicked: if (root.library.query) root.library.fillEmptyState(); else root.noteWanted()
+            onClicked: if (root.library.query) root.library.query = ""; else root.noteWanted()
         }
     }
 }

@@ -5,6 +5,7 @@ Section {
     id: section
 
     required property var preferences
+    readonly property var keyForm: preferences.keyForm
 
     title: qsTranslate("Vesko", "OpenRouter access")
 
@@ -36,7 +37,7 @@ Section {
         name: qsTranslate("Vesko", "Key status")
 
         Words {
-            text: section.preferences.keyStatus
+            text: section.keyForm.status
             color: Theme.quiet
         }
     }
@@ -44,14 +45,14 @@ Section {
         width: parent.width
         visible: section.preferences.usesPersonalKey
         name: qsTranslate("Vesko", "Your personal API key")
-        placeholderText: section.preferences.keyPrompt
+        placeholderText: section.keyForm.prompt
         echoMode: TextInput.Password
         Accessible.description: name // a password has no name of its own over the bus
-        onTextEdited: section.preferences.keyDraft = text
-        onAccepted: section.preferences.saveKey()
+        onTextEdited: section.keyForm.draft = text
+        onAccepted: section.keyForm.save()
 
         Binding on text {
-            value: section.preferences.keyDraft
+            value: section.keyForm.draft
         }
     }
     Flow {
@@ -61,12 +62,12 @@ Section {
 
         PushButton {
             text: qsTranslate("Vesko", "Save key")
-            onClicked: section.preferences.saveKey()
+            onClicked: section.keyForm.save()
         }
         PushButton {
             text: qsTranslate("Vesko", "Remove key")
-            enabled: section.preferences.hasKey
-            onClicked: section.preferences.removeKey()
+            enabled: section.keyForm.hasKey
+            onClicked: section.keyForm.remove()
         }
         PushButton {
             text: qsTranslate("Vesko", "OpenRouter account")

@@ -1,6 +1,6 @@
 #include "VeskoApp/status/SafeMessage.h"
-#include "VeskoApp/capture/CaptureFailure.h"
 #include "VeskoApp/platform/SecretStore.h"
+#include "VeskoApp/status/CaptureFailure.h"
 #include "VeskoCore/library/VeskoError.h"
 #include "VeskoCore/speech/HttpTransport.h"
 

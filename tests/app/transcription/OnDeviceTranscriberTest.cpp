@@ -1,7 +1,7 @@
 // The recogniser, the watchdog and the caller race for the end of a recognition.
 
 #include "VeskoApp/transcription/OnDeviceTranscriber.h"
-#include "VeskoApp/capture/CaptureFailure.h"
+#include "VeskoApp/status/CaptureFailure.h"
 #include "VeskoCore/library/VeskoError.h"
 #include "tests/fakes/EventLoop.h"
 #include "tests/fakes/FakeOnDeviceRecognizer.h"

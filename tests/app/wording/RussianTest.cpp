@@ -1,8 +1,8 @@
 // A language other than the sources' reaches the user with everything that the program says.
 
-#include "VeskoApp/capture/CaptureFailure.h"
-#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/notes/NoteWords.h"
 #include "VeskoApp/shell/MenuRows.h"
+#include "VeskoApp/status/CaptureFailure.h"
 #include "VeskoApp/status/SafeMessage.h"
 #include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"

@@ -86,7 +86,7 @@ const struct {
 } exceptions[] = {
     { "", "Vesko(: )?", "the name of the program, in every language" },
     { "VeskoApp/views/Theme.qml", "Inter", "the name of a font" },
-    { "VeskoApp/library/LibraryWindow.cpp", "Markdown", "the name of a format" },
+    { "VeskoApp/notes/LibraryWindow.cpp", "Markdown", "the name of a format" },
     { "VeskoApp/views/library/NoteList.qml", "f", "how a number is written out" },
     { "VeskoApp/views/", "(Ctrl\\+Shift\\+Z|Del)", "keys, as the other menus name them" },
     { "VeskoCore/", "(Content-Type:?|Authorization(: Bearer )?|Expect:)", "words of a protocol" },

@@ -1,6 +1,6 @@
 // A note being edited: nothing typed is lost, and no transcript is.
 
-#include "VeskoApp/library/NoteEditor.h"
+#include "VeskoApp/notes/NoteEditor.h"
 #include "tests/app/library/LibraryTest.h"
 
 #include <QTextCursor>

@@ -1,4 +1,4 @@
-#include "VeskoApp/library/RecordingListModel.h"
+#include "VeskoApp/notes/RecordingListModel.h"
 
 #include <QAbstractItemModelTester>
 

@@ -1,6 +1,6 @@
-#include "VeskoApp/library/RecordingListModel.h"
+#include "VeskoApp/notes/RecordingListModel.h"
 
-#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/notes/NoteWords.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 

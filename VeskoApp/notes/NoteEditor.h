@@ -2,7 +2,7 @@
 
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/library/NoteEdits.h"
-#include "VeskoApp/library/RecordingListModel.h"
+#include "VeskoApp/notes/RecordingListModel.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/notes/NoteWords.h"
 
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"

@@ -1,4 +1,4 @@
-#include "VeskoApp/library/NoteListModel.h"
+#include "VeskoApp/notes/NoteListModel.h"
 
 #include <QAbstractItemModelTester>
 

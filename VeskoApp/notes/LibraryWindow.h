@@ -1,9 +1,9 @@
 #pragma once
 
 #include "VeskoApp/library/NoteActions.h"
-#include "VeskoApp/library/NoteEditor.h"
-#include "VeskoApp/library/NoteListModel.h"
-#include "VeskoApp/library/Playback.h"
+#include "VeskoApp/notes/NoteEditor.h"
+#include "VeskoApp/notes/NoteListModel.h"
+#include "VeskoApp/notes/Playback.h"
 #include "VeskoApp/platform/FileChooser.h"
 #include "VeskoApp/transcription/TranscriptionRun.h"
 
@@ -85,8 +85,6 @@ public:
     Q_INVOKABLE void showTrash();
     Q_INVOKABLE void showProject(const QString& id);
     Q_INVOKABLE void selectRow(int row);
-    // What the button of the empty state does.
-    Q_INVOKABLE void fillEmptyState();
     // Renames the project, or makes a new one if there is no id.
     Q_INVOKABLE void saveProject(const QString& renameID, const QString& name);
 

@@ -1,4 +1,4 @@
-#include "VeskoApp/library/NoteEditor.h"
+#include "VeskoApp/notes/NoteEditor.h"
 
 #include "VeskoApp/wording/Translated.h"
 

@@ -1,4 +1,4 @@
-#include "VeskoApp/library/Playback.h"
+#include "VeskoApp/notes/Playback.h"
 
 #include "VeskoApp/base/Observed.h"
 

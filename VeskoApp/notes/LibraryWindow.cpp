@@ -1,6 +1,6 @@
-#include "VeskoApp/library/LibraryWindow.h"
+#include "VeskoApp/notes/LibraryWindow.h"
 
-#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/notes/NoteWords.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 
@@ -162,14 +162,6 @@ QVariant LibraryWindow::emptyState() const
         L10N_KEY(
             "Vesko", "Record your voice or start a text note. Your originals stay on this Mac."),
         L10N_KEY("Vesko", "New note"));
-}
-
-void LibraryWindow::fillEmptyState()
-{
-    if (m_to.selection.query().empty())
-        m_to.notes.newNote();
-    else
-        m_to.selection.setQuery({});
 }
 
 QString LibraryWindow::statusLine() const

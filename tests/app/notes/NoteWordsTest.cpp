@@ -1,4 +1,4 @@
-#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/notes/NoteWords.h"
 
 #include <QDateTime>
 

@@ -1,6 +1,6 @@
-#include "VeskoApp/library/NoteListModel.h"
+#include "VeskoApp/notes/NoteListModel.h"
 
-#include "VeskoApp/library/NoteWords.h"
+#include "VeskoApp/notes/NoteWords.h"
 
 #include <algorithm>
 #include <utility>
