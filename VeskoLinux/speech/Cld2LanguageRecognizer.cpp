@@ -1,5 +1,7 @@
 #include "VeskoLinux/speech/Cld2LanguageRecognizer.h"
 
+#include "VeskoCore/base/DynamicLibrary.h"
+
 // CLD2's header uses it and doesn't say so.
 #include <cstdio>
 
@@ -14,6 +16,22 @@ namespace vesko {
 namespace {
 
 constexpr std::size_t lookedAt = 8192; // bytes
+
+// Its tables are a quarter of a megabyte, which only a dictation needs: loaded with its first use.
+struct Cld2 {
+    DynamicLibrary library{ "libcld2.so.0" };
+    // As a linker knows them.
+    decltype(CLD2::LanguageCode)* languageCode = library["_ZN4CLD212LanguageCodeENS_8LanguageE"];
+    decltype(CLD2::ExtDetectLanguageSummaryCheckUTF8)* detect
+        = library["_ZN4CLD233ExtDetectLanguageSummaryCheckUTF8EPKcibPKNS_8CLDHintsEiPNS_8LanguageEP"
+                  "iPdPSt6vectorINS_11ResultChunkESaISA_EES7_PbS7_"];
+};
+
+const Cld2& cld2()
+{
+    static const Cld2 loaded;
+    return loaded;
+}
 
 struct Detection {
     CLD2::Language language = CLD2::UNKNOWN_LANGUAGE; // also of a text that is not UTF-8
@@ -30,8 +48,8 @@ Detection detected(std::string_view text)
     int letters = 0;
     bool reliable = false;
     int valid = 0;
-    CLD2::ExtDetectLanguageSummaryCheckUTF8(text.data(), static_cast<int>(text.size()), true, &none,
-        0, languages.data(), percents.data(), scores.data(), nullptr, &letters, &reliable, &valid);
+    cld2().detect(text.data(), static_cast<int>(text.size()), true, &none, 0, languages.data(),
+        percents.data(), scores.data(), nullptr, &letters, &reliable, &valid);
     if (static_cast<std::size_t>(valid) < text.size())
         return {};
     return { .language = languages[0], .percent = percents[0], .reliable = reliable };
@@ -72,7 +90,7 @@ int votes(std::string_view text, std::size_t parts, CLD2::Language language)
 // Empty for what is no language: unknown, or a mere script.
 std::string tagOf(CLD2::Language language)
 {
-    const std::string code = CLD2::LanguageCode(language);
+    const std::string code = cld2().languageCode(language);
     if (code == "iw")
         return "he";
     if (code == "jw")

@@ -43,7 +43,7 @@ set(needed
   qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-layouts
   qml6-module-qtquick-templates qml6-module-qtquick-window)
 # What is loaded by name with its first use.
-foreach(library IN ITEMS libcrypto.so.3 libcurl.so.4 libsecret-1.so.0
+foreach(library IN ITEMS libcld2.so.0 libcrypto.so.3 libcurl.so.4 libsecret-1.so.0
     libzip.so.[0-9])
   owner_of(*/${architecture}/${library} package)
   list(APPEND needed ${package})
