@@ -375,5 +375,7 @@ def pixels(x, y, width, height):
 def screenshot(path):
     if sway.here():
         sway.screenshot(path)
+    elif kwin.here():
+        kwin.screenshot(path)
     else:
         subprocess.run(["import", "-window", "root", path], check=True)

@@ -1,8 +1,13 @@
-"""The windows and the keyboard layouts of a KWin session."""
+"""The windows, the keyboard layouts and the picture of a KWin session."""
 
 import os
 import subprocess
 import tempfile
+
+import gi
+
+gi.require_version("Gio", "2.0")
+from gi.repository import Gio, GLib  # noqa: E402
 
 RAISE = """workspace.clientList().forEach(function (client) {
     if (client.pid === %d) workspace.activeClient = client;
@@ -40,3 +45,16 @@ def load_layouts(layouts):
 
 def use_layout(number):
     _ask("org.kde.keyboard", "/Layouts", "org.kde.KeyboardLayouts.setLayout", f"uint32:{number}")
+
+
+def screenshot(path):
+    reader, writer = os.pipe()
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    told = bus.call_with_unix_fd_list_sync(
+        "org.kde.KWin", "/org/kde/KWin/ScreenShot2", "org.kde.KWin.ScreenShot2",
+        "CaptureActiveScreen", GLib.Variant("(a{sv}h)", ({}, 0)), None, 0, 5000,
+        Gio.UnixFDList.new_from_array([writer]), None)[0].unpack()[0]
+    with open(reader, "rb") as pixels:
+        subprocess.run(["convert", "-size", f"{told['stride'] // 4}x{told['height']}", "-depth",
+                        "8", "bgra:-", "-alpha", "off", path],
+                       input=pixels.read(told["stride"] * told["height"]), check=True)
