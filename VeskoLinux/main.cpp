@@ -7,7 +7,6 @@
 #include "VeskoApp/shell/KeyInstaller.h"
 #include "VeskoApp/views/Windows.h"
 #include "VeskoApp/wording/InterfaceLanguage.h"
-#include "VeskoLinux/accessibility/AtspiFocusedField.h"
 #include "VeskoLinux/audio/GstCueEngine.h"
 #include "VeskoLinux/audio/GstPlayer.h"
 #include "VeskoLinux/audio/GstRecorder.h"
@@ -18,7 +17,6 @@
 #include "VeskoLinux/desktop/DesktopSession.h"
 #include "VeskoLinux/desktop/PortalAppearance.h"
 #include "VeskoLinux/desktop/PortalFileChooser.h"
-#include "VeskoLinux/desktop/QtClipboard.h"
 #include "VeskoLinux/desktop/QtClipboardKeeper.h"
 #include "VeskoLinux/desktop/TerminationSignals.h"
 #include "VeskoLinux/desktop/TrayStatusItem.h"
@@ -26,13 +24,10 @@
 #include "VeskoLinux/desktop/XdgFolders.h"
 #include "VeskoLinux/desktop/XdgLoginItem.h"
 #include "VeskoLinux/doctor/Checks.h"
-#include "VeskoLinux/input/SentKeys.h"
-#include "VeskoLinux/input/X11GlobalShortcut.h"
-#include "VeskoLinux/input/X11KeyMonitor.h"
-#include "VeskoLinux/input/X11PasteKeystroke.h"
 #include "VeskoLinux/media/GstPlugins.h"
 #include "VeskoLinux/permissions/LinuxPermissions.h"
 #include "VeskoLinux/secrets/SecretServiceStore.h"
+#include "VeskoLinux/session/LinuxSession.h"
 #include "VeskoLinux/speech/Cld2LanguageRecognizer.h"
 #include "VeskoLinux/speech/EngineRecognizer.h"
 #include "VeskoLinux/speech/EngineShelf.h"
@@ -148,6 +143,7 @@ int runApplication(
 
     // Quiet windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    LinuxSession::chooseWindowSystem();
     QGuiApplication application(argc, argv);
     if (!claimed.get_future().get())
         return 0;
@@ -174,15 +170,10 @@ int runApplication(
         [&](std::shared_ptr<const SpeechEngine> engine) { recognizer.use(std::move(engine)); });
     VoiceSpeechGate speechGate;
     Cld2LanguageRecognizer textLanguage;
-    AtspiFocusedField focusedField(clock);
-    SentKeys sentKeys(clock);
-    X11KeyMonitor keys(sentKeys, clock);
-    X11GlobalShortcut shortcut;
-    DesktopSession session;
-    X11PasteKeystroke pasteKeystroke(sentKeys, shortcut, session, clock);
-    QtClipboard clipboard;
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
+    DesktopSession sessionState;
+    LinuxSession session(clock, settings, sessionState);
     XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
     DesktopBrowser browser;
@@ -191,9 +182,10 @@ int runApplication(
     PortalAppearance appearance;
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, speechEngines, speechGate,
-        textLanguage, focusedField, pasteKeystroke, clipboard, shortcut, keys, secrets, settings,
-        loginItem, statusItem, browser, runningInstance, runningInstance.control(), desktop,
-        fileChooser, appearance, permissions, session, languages, root };
+        textLanguage, session.focusedField(), session.pasteKeystroke(), session.clipboard(),
+        session.shortcut(), session.keys(), secrets, settings, loginItem, statusItem, browser,
+        runningInstance, runningInstance.control(), desktop, fileChooser, appearance, permissions,
+        sessionState, languages, root, session.offer() };
 
     AppModel model(
         platform, [&library] { return library.get(); },

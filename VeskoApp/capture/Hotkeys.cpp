@@ -8,6 +8,16 @@ namespace {
 
 // A key's repeat and a double firing are one press.
 constexpr double triggerInterval = 0.25; // seconds
+// The longest that a held key takes before it repeats.
+constexpr double repeatDelay = 1.2; // seconds
+// Each command comes by a program of its own, and that of a press may be slower than that of the
+// release behind it: the last repeat's, which then means nothing, or the only one, and then it was
+// a tap. No finger is back so soon.
+constexpr double commandDelay = 0.15; // seconds
+
+constexpr const char* noShortcut = L10N_KEY("Vesko",
+    "Command Shift Space is unavailable. Use the floating button or choose another system "
+    "shortcut.");
 
 } // namespace
 
@@ -22,11 +32,16 @@ Hotkeys::Hotkeys(GlobalShortcut& shortcut, KeyMonitor& keys, EventClock& clock)
 Hotkeys::~Hotkeys()
 {
     m_keys.stop();
+    m_shortcut.onRefused = nullptr;
     m_shortcut.remove();
 }
 
 std::string Hotkeys::start()
 {
+    m_shortcut.onRefused = [this] {
+        if (onShortcutLost)
+            onShortcutLost(noShortcut);
+    };
     const std::string warning = installShortcut();
     installFnMonitors();
     return warning;
@@ -34,11 +49,7 @@ std::string Hotkeys::start()
 
 std::string Hotkeys::installShortcut()
 {
-    if (m_shortcut.install(combination(), [this] { trigger(); }))
-        return {};
-    return L10N_KEY("Vesko",
-        "Command Shift Space is unavailable. Use the floating button or choose another system "
-        "shortcut.");
+    return m_shortcut.install(combination(), [this] { trigger(); }) ? "" : noShortcut;
 }
 
 void Hotkeys::trigger()
@@ -77,11 +88,51 @@ void Hotkeys::receive(const KeyEvent& event)
         return;
     }
     if (event.kind == KeyEvent::Kind::flagsChanged) {
-        flagsChanged(event);
+        KeyEvent meant = event;
+        // A press that is meant for another program is as one that belongs to a combination.
+        if (event.isGestureKey && event.gestureKeyDown && areForOther())
+            meant.otherModifiers = true;
+        flagsChanged(meant);
     } else if (const auto action = m_fnState.keyDown()) {
         m_hold.cancel();
         onFnAction(*action);
     }
+}
+
+void Hotkeys::commandGestureKey(bool down)
+{
+    if (!fnEnabled()) {
+        resetFn();
+        return;
+    }
+    const double now = m_clock.uptime();
+    if (down && m_lastRelease && now - *m_lastRelease < commandDelay) {
+        if (std::exchange(m_releaseCameFirst, false)) {
+            moveGestureKey(true);
+            moveGestureKey(false);
+        }
+        return;
+    }
+    if (!down) {
+        m_lastRelease = now;
+        m_releaseCameFirst = !m_lastCommand;
+    }
+    const bool repeated = m_lastCommand && now - *m_lastCommand <= repeatDelay;
+    const bool releaseLost = down && m_lastCommand && !repeated;
+    m_lastCommand = down ? std::optional(now) : std::nullopt;
+    // Who presses a key again has let go of it before. What that release would have ended, this
+    // press is meant to end.
+    if (releaseLost)
+        m_lastCommand.reset();
+    moveGestureKey(down && !releaseLost);
+}
+
+void Hotkeys::moveGestureKey(bool down)
+{
+    flagsChanged({ .kind = KeyEvent::Kind::flagsChanged,
+        .isGestureKey = true,
+        .gestureKeyDown = down,
+        .otherModifiers = down && isLocked() });
 }
 
 bool Hotkeys::areForOther() const
@@ -89,13 +140,10 @@ bool Hotkeys::areForOther() const
     return isLocked() || m_keys.takenByOther();
 }
 
-// A press that is meant for another program is as one that belongs to a combination.
 void Hotkeys::flagsChanged(const KeyEvent& event)
 {
-    const bool pressed = event.isGestureKey && event.gestureKeyDown;
     const auto action = m_fnState.flagsChanged(event.isGestureKey, event.gestureKeyDown,
-        event.otherModifiers || (pressed && areForOther()), m_clock.uptime(), isRecording(),
-        canStart());
+        event.otherModifiers, m_clock.uptime(), isRecording(), canStart());
     const bool wasTap = m_hold.pending() && event.isGestureKey && !event.gestureKeyDown;
     if (!event.gestureKeyDown)
         m_hold.cancel();

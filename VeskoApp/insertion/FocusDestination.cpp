@@ -61,6 +61,8 @@ std::string FocusDestination::reasonAgainst(const FieldReading& reading)
 {
     if (!reading.trusted)
         return "accessibility";
+    if (!reading.seesFrontmost)
+        return "front_unknown";
     if (!reading.frontmost)
         return "no_active_window";
     if (*reading.frontmost == QCoreApplication::applicationPid())
@@ -78,8 +80,8 @@ std::string FocusDestination::reasonAgainst(const FieldReading& reading)
 std::optional<FocusDestination> FocusDestination::from(const FieldReading& reading, Date at)
 {
     if (const std::string reason = reasonAgainst(reading); !reason.empty()) {
-        const bool ofTheField = reason != "accessibility" && reason != "no_active_window"
-            && reason != "vesko_frontmost" && reading.element;
+        const bool ofTheField = reason != "accessibility" && reason != "front_unknown"
+            && reason != "no_active_window" && reason != "vesko_frontmost" && reading.element;
         qCInfo(insertionLog, "capture_skipped reason=%s role=%s", reason.c_str(),
             ofTheField ? shown(reading.role) : "-");
         return std::nullopt;
@@ -102,6 +104,8 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
     const FieldReading reading = co_await fields.read(pid);
     if (!reading.element)
         co_return refused({ reading.trusted ? "field_changed" : "accessibility" });
+    if (!reading.seesFrontmost)
+        co_return refused({ "front_unknown" }, reading.role);
     if (!reading.selection)
         co_return refused({ "no_cursor" });
     // Whoever takes the keyboard takes the focus from the field, to which the user is still true.
@@ -182,6 +186,10 @@ std::string pasteMessage(const std::vector<std::string>& reasons)
     if (first == "no_active_window")
         return L10N_KEY("Vesko",
             "Copied. No active window was known when you started, so Vesko did not paste. Paste it "
+            "with Command V.");
+    if (first == "front_unknown")
+        return L10N_KEY("Vesko",
+            "Copied. Vesko could not see which field was in use, so it did not paste. Paste it "
             "with Command V.");
     if (first == "app_changed" || first == "field_changed")
         return L10N_KEY("Vesko",

@@ -21,8 +21,8 @@ struct FocusDestination {
     std::optional<FieldReading> beforePaste = {}; // how the field stood when the keystroke was sent
 
     // Why a reading leaves no field to come back to: no permission, no window or this program in
-    // front, a program that tells nothing of its fields, no focus, no cursor, a password, no text.
-    // Empty where it does.
+    // front, none that can be seen to be in front, a program that tells nothing of its fields, no
+    // focus, no cursor, a password, no text. Empty where it does.
     static std::string reasonAgainst(const FieldReading& reading);
     // What a reading taken at `at` amounts to. Nothing, with a line in the log, where there is a
     // reason against it.

@@ -1,5 +1,6 @@
 #include "VeskoApp/onboarding/PermissionRows.h"
 
+#include "VeskoApp/wording/SessionWords.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 
@@ -75,13 +76,16 @@ QVariantList PermissionRows::rows() const
     QVariantList all;
     for (const auto row : { microphone, speechRecognition, accessibility, inputMonitoring }) {
         const bool is = allowed(row);
+        const QString missing = row == inputMonitoring ? keysAdvice(m_platform.offer) : QString();
         all << QVariantMap{
             { QStringLiteral("name"), translated(rowWords.at(row).name) },
-            { QStringLiteral("line"), translated(rowWords.at(row).line) },
+            { QStringLiteral("line"),
+                missing.isEmpty() ? translated(rowWords.at(row).line) : missing },
             { QStringLiteral("allowed"), is },
             { QStringLiteral("status"),
-                is ? translated(L10N_KEY("Vesko", "Allowed"))
-                   : translated(L10N_KEY("Vesko", "Not allowed")) },
+                is                      ? translated(L10N_KEY("Vesko", "Allowed"))
+                    : missing.isEmpty() ? translated(L10N_KEY("Vesko", "Not allowed"))
+                                        : translated(L10N_KEY("Vesko", "Not offered here")) },
             { QStringLiteral("button"),
                 is ? translated(L10N_KEY("Vesko", "Review"))
                    : translated(L10N_KEY("Vesko", "Allow")) },
@@ -112,6 +116,10 @@ void PermissionRows::press(int row, const Notify& notify)
             "Applications folder.")));
         break;
     case inputMonitoring:
+        if (!m_platform.offer.allKeys) {
+            notify(shortcutAdvice(m_platform.offer));
+            break;
+        }
         m_platform.desktop.openSettings(SettingsPanel::keyboard);
         notify(translated(L10N_KEY("Vesko",
             "Enable Vesko in Input Monitoring. If it is missing, use the + button and select "

@@ -25,6 +25,9 @@ public:
 struct FieldReading {
     bool trusted = false; // this program may use accessibility
     std::optional<std::int32_t> frontmost; // the process that owns the active window
+    // False if it can't be told just now whose window is active. Otherwise an absent `frontmost`
+    // is an empty desktop.
+    bool seesFrontmost = true;
     // Whether the program tells of what is in its window at all; many don't.
     bool elements = true;
     std::shared_ptr<const FieldElement> element; // null: no element has the focus

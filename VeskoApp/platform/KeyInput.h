@@ -62,10 +62,14 @@ class GlobalShortcut {
 public:
     virtual ~GlobalShortcut() = default;
 
-    // In place of an earlier one. False if the combination can't be had: another program has it, or
-    // the keyboard lacks the key. Then there is none. What could be had no other program can take.
+    // In place of an earlier one. False if the combination can't be had: another program has it,
+    // the keyboard lacks the key, or this desktop gives none. Then there is none. What could be had
+    // no other program can take.
     virtual bool install(const KeyCombination& combination, std::function<void()> onPressed) = 0;
     virtual void remove() = 0;
+
+    // The desktop took its time to say no: it is not to be had, although install() was true.
+    std::function<void()> onRefused;
 };
 
 } // namespace vesko

@@ -18,6 +18,7 @@
 #include "VeskoApp/platform/RemoteControl.h"
 #include "VeskoApp/platform/RunningInstance.h"
 #include "VeskoApp/platform/SecretStore.h"
+#include "VeskoApp/platform/SessionOffer.h"
 #include "VeskoApp/platform/SessionState.h"
 #include "VeskoApp/platform/SettingsStore.h"
 #include "VeskoApp/platform/SpeechEngines.h"
@@ -61,6 +62,7 @@ struct Platform {
     SessionState& session;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
     std::filesystem::path dataFolder; // where the library is
+    SessionOffer offer = {}; // of the session; by default everything
 };
 
 } // namespace vesko

@@ -8,7 +8,17 @@
 namespace vesko {
 
 // What a script, a bar or a shortcut of the desktop can ask of the running program.
-enum class RemoteCommand : std::uint8_t { toggle, start, stop, cancel, show, quit };
+// The last two say that the gesture key went down and up.
+enum class RemoteCommand : std::uint8_t {
+    toggle,
+    start,
+    stop,
+    cancel,
+    show,
+    quit,
+    press,
+    release,
+};
 
 enum class RemoteAnswer : std::uint8_t {
     done,

@@ -42,6 +42,11 @@ class PreferencesView : public QObject {
     Q_PROPERTY(QVariantList translations READ translations NOTIFY changed)
     Q_PROPERTY(QVariantList speechModels READ speechModels NOTIFY changed) // none until loaded
     Q_PROPERTY(QVariantList suggestedTextModels READ suggestedTextModels CONSTANT)
+    // What this session does not offer, and how to do without it; empty if it offers all.
+    Q_PROPERTY(QString shortcutAdvice READ shortcutAdvice CONSTANT)
+    Q_PROPERTY(QString shortcutLines READ shortcutLines CONSTANT)
+    Q_PROPERTY(QString learningAdvice READ learningAdvice CONSTANT)
+    Q_PROPERTY(QString pasteAdvice READ pasteAdvice CONSTANT)
     Q_PROPERTY(QVariantList gestureKeys READ gestureKeys CONSTANT)
 
     Q_PROPERTY(bool onDevice READ onDevice NOTIFY changed)
@@ -112,6 +117,10 @@ public:
     QVariantList translations() const;
     QVariantList speechModels() const;
     QVariantList suggestedTextModels() const;
+    QString shortcutAdvice() const;
+    QString shortcutLines() const;
+    QString learningAdvice() const;
+    QString pasteAdvice() const;
     QVariantList gestureKeys() const;
 
     bool onDevice() const { return m_to.preferences.provider.get() == "apple"; }

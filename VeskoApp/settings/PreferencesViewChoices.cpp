@@ -3,6 +3,7 @@
 #include "VeskoApp/settings/GestureKeyNames.h"
 #include "VeskoApp/settings/PreferencesView.h"
 #include "VeskoApp/wording/InterfaceLanguage.h"
+#include "VeskoApp/wording/SessionWords.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/speech/OpenRouterClient.h"
@@ -90,6 +91,26 @@ QVariantList PreferencesView::suggestedTextModels() const
             "google/gemini-3.8-flash", "qwen/qwen3.8-flash", "deepseek/deepseek-v4.1-flash" })
         ids << QString::fromUtf8(id);
     return ids;
+}
+
+QString PreferencesView::shortcutAdvice() const
+{
+    return vesko::shortcutAdvice(m_to.platform.offer);
+}
+
+QString PreferencesView::shortcutLines() const
+{
+    return QString::fromStdString(m_to.platform.offer.shortcutLines);
+}
+
+QString PreferencesView::learningAdvice() const
+{
+    return vesko::learningAdvice(m_to.platform.offer);
+}
+
+QString PreferencesView::pasteAdvice() const
+{
+    return vesko::pasteAdvice(m_to.platform.offer);
 }
 
 QVariantList PreferencesView::gestureKeys() const

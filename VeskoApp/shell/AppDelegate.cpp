@@ -3,6 +3,7 @@
 #include "VeskoApp/base/Observed.h"
 #include "VeskoApp/capture/CaptureLog.h"
 #include "VeskoApp/shell/StatusIcon.h"
+#include "VeskoApp/wording/SessionWords.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/shell/StatusIconPlacement.h"
@@ -17,6 +18,7 @@ namespace vesko {
 namespace {
 
 const std::string onboardingCompleted = "onboardingCompleted";
+const std::string commandedKey = "steeredByCommand"; // true once a command has come
 
 // The desktop takes a moment to give the icon its place.
 constexpr double statusIconSettles = 2; // seconds
@@ -53,7 +55,12 @@ void AppDelegate::launch(bool background, const Demo& demo)
         = [this](const auto& addresses) { m_model.openAddresses(addresses); };
     m_platform.session.onSleep = m_platform.session.onEnd
         = [this](SessionState::Done done) { whenSafe([done](bool) { done(); }); };
-    m_model.status().setShortcutMessage(m_hotkeys.start());
+    m_hotkeys.onShortcutLost
+        = [this](const std::string& warning) { m_model.status().setShortcutMessage(warning); };
+    const auto warning = m_hotkeys.start();
+    const auto advice = shortcutAdvice(m_platform.offer).toStdString();
+    const bool commanded = m_platform.settings.get<bool>(commandedKey).value_or(false);
+    m_model.status().setShortcutMessage(advice.empty() ? warning : commanded ? "" : advice);
     for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
         connect(&m_model.library(), changed, this, &AppDelegate::showCaptureControl,
             Qt::QueuedConnection);
@@ -93,7 +100,7 @@ void AppDelegate::showCaptureControl()
 
 void AppDelegate::updateCaptureVisibility()
 {
-    m_captureControl.show(m_model.preferences().showFloating.get());
+    m_captureControl.show(m_platform.offer.floats && m_model.preferences().showFloating.get());
 }
 
 void AppDelegate::observeScreens()
@@ -245,12 +252,31 @@ RemoteCommands::Program AppDelegate::remoteProgram()
         .ready = [this] { return m_model.library().ready(); },
         .title = [&capture] { return capture.phaseTitle(); },
         .elapsed = [&capture] { return capture.elapsed(); },
-        .start = [&capture] { capture.toggleDictation(); },
+        .start =
+            [this, &capture] {
+                noteCommand();
+                capture.toggleDictation();
+            },
         .stop = [&capture] { capture.toggleDictation(); },
         .cancel = [&capture] { capture.cancel(); },
         .show = [this] { applicationShouldHandleReopen(); },
         .quit = [this] { quit(); },
+        .gestureKey =
+            [this](bool down) {
+                noteCommand();
+                m_hotkeys.commandGestureKey(down);
+            },
     };
+}
+
+// Who has set a command up need not be told how to.
+void AppDelegate::noteCommand()
+{
+    if (m_platform.offer.shortcut == SessionOffer::Shortcut::own
+        || m_platform.settings.get<bool>(commandedKey))
+        return;
+    m_platform.settings.set(commandedKey, true);
+    m_model.status().setShortcutMessage({});
 }
 
 bool AppDelegate::canStart() const

@@ -94,6 +94,7 @@ private:
     void setupStatusItem();
     void wireHotkeys();
     RemoteCommands::Program remoteProgram();
+    void noteCommand();
     void showCaptureControl();
     void updateCaptureVisibility();
     void observeScreens();

@@ -123,7 +123,8 @@ void CaptureControl::release(const QPointF& at, bool onButton)
 
 void CaptureControl::cut(const QVariantList& shapes)
 {
-    if (!m_window)
+    // A Wayland compositor goes on showing what was cut off, as it was last drawn.
+    if (!m_window || m_platform.offer.kind == SessionOffer::Kind::wayland)
         return;
     QRegion visible;
     for (const auto& shape : shapes) {

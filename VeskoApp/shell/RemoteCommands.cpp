@@ -7,11 +7,15 @@ namespace vesko {
 namespace {
 
 constexpr double openingPatience = 20; // seconds
+// A desktop runs the command of a shortcut again and again while it is held: for the first time
+// after this at the latest, and then much faster.
+constexpr double repeatDelay = 0.7; // seconds
 
 } // namespace
 
 RemoteCommands::RemoteCommands(RemoteControl& control, EventClock& clock, Program program)
     : m_control(control)
+    , m_clock(clock)
     , m_program(std::move(program))
     , m_patience(clock)
 {
@@ -30,7 +34,9 @@ void RemoteCommands::command(RemoteCommand command, RemoteControl::Answer answer
 {
     switch (command) {
     case RemoteCommand::toggle:
-        if (m_program.phase() == Phase::recording)
+        if (isRepeat())
+            answer(RemoteAnswer::notNow);
+        else if (m_program.phase() == Phase::recording)
             end({ false, std::move(answer) });
         else
             start(std::move(answer));
@@ -46,11 +52,23 @@ void RemoteCommands::command(RemoteCommand command, RemoteControl::Answer answer
         m_program.show();
         answer(RemoteAnswer::done);
         break;
+    case RemoteCommand::press:
+    case RemoteCommand::release:
+        m_program.gestureKey(command == RemoteCommand::press);
+        answer(RemoteAnswer::done);
+        break;
     case RemoteCommand::quit:
         answer(RemoteAnswer::done); // while there is somebody to say so
         m_program.quit();
         break;
     }
+}
+
+bool RemoteCommands::isRepeat()
+{
+    const double now = m_clock.uptime();
+    const auto before = std::exchange(m_toggledAt, now);
+    return before && now - *before < repeatDelay;
 }
 
 void RemoteCommands::start(RemoteControl::Answer answer)

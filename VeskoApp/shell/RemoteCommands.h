@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace vesko {
@@ -28,6 +29,7 @@ public:
         std::function<void()> cancel; // while recording; keeps the sound, transcribes nothing
         std::function<void()> show;
         std::function<void()> quit;
+        std::function<void(bool down)> gestureKey; // went down or up
     };
 
     RemoteCommands(RemoteControl& control, EventClock& clock, Program program);
@@ -46,6 +48,7 @@ private:
     };
 
     void command(RemoteCommand command, RemoteControl::Answer answer);
+    bool isRepeat();
     void start(RemoteControl::Answer answer);
     void begin();
     void started(RemoteAnswer outcome);
@@ -54,12 +57,14 @@ private:
     RemoteStatus status() const;
 
     RemoteControl& m_control;
+    EventClock& m_clock;
     Program m_program;
     QString m_toldState;
     Start m_start = Start::none;
     RemoteControl::Answer m_starter;
     std::vector<End> m_ends;
     Timer m_patience;
+    std::optional<double> m_toggledAt; // uptime of the last toggle, repeats included
 };
 
 } // namespace vesko

@@ -99,6 +99,10 @@ VeskoWindow {
                 }
                 SettingNote {
                     width: parent.width
+                    text: window.preferences.learningAdvice
+                }
+                SettingNote {
+                    width: parent.width
                     text: qsTranslate("Vesko", "Learning watches only the fragment Vesko pasted into the same focused field, for up to two minutes. Return followed by a cleared field is used as its send signal. Similar word corrections are enabled automatically; other replacements are saved as suggestions. For other send buttons, review the last corrections in Dictionary. Nothing is learned from secure or unreadable fields.")
                 }
                 PushButton {

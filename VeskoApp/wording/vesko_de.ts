@@ -1218,6 +1218,34 @@
         <translation>Kopiert. Als Sie begannen, hatte kein Textfeld den Fokus. Fügen Sie den Text mit Strg+V ein.</translation>
     </message>
     <message>
+        <source>Copied. Vesko could not see which field was in use, so it did not paste. Paste it with Command V.</source>
+        <translation>Kopiert. Vesko konnte nicht sehen, welches Feld benutzt wurde, und hat deshalb nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>this desktop</source>
+        <translation>diese Arbeitsumgebung</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own. In its configuration, let keys of your choice run “vesko --toggle”.</source>
+        <translation>%1 gibt Programmen keine eigenen Tastenkürzel. Lassen Sie dort Tasten Ihrer Wahl „vesko --toggle“ ausführen.</translation>
+    </message>
+    <message>
+        <source>%1 shows no program the keys that are pressed in another one.</source>
+        <translation>%1 zeigt keinem Programm die Tasten, die in einem anderen gedrückt werden.</translation>
+    </message>
+    <message>
+        <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
+        <translation>Unter %1 kann Vesko nicht in andere Programme einfügen. Der Text wird kopiert, und Sie fügen ihn selbst ein.</translation>
+    </message>
+    <message>
+        <source>%1 does not show Vesko when you press Return, so your corrections wait for your review.</source>
+        <translation>%1 zeigt Vesko nicht, wann Sie die Eingabetaste drücken; deshalb warten Ihre Korrekturen auf Ihre Durchsicht.</translation>
+    </message>
+    <message>
+        <source>Not offered here</source>
+        <translation>Hier nicht verfügbar</translation>
+    </message>
+    <message>
         <source>Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Kopiert. Sie sind in ein anderes Feld gegangen, deshalb hat Vesko nicht eingefügt. Fügen Sie den Text mit Strg+V ein.</translation>
     </message>

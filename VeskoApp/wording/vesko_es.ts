@@ -1218,6 +1218,34 @@
         <translation>Copiado. Ningún campo de texto tenía el foco cuando empezó. Péguelo con Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. Vesko could not see which field was in use, so it did not paste. Paste it with Command V.</source>
+        <translation>Copiado. Vesko no pudo ver qué campo estaba en uso, así que no pegó el texto. Péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>this desktop</source>
+        <translation>este escritorio</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own. In its configuration, let keys of your choice run “vesko --toggle”.</source>
+        <translation>%1 no da a los programas atajos propios. En su configuración, haga que las teclas que elija ejecuten «vesko --toggle».</translation>
+    </message>
+    <message>
+        <source>%1 shows no program the keys that are pressed in another one.</source>
+        <translation>%1 no muestra a ningún programa las teclas que se pulsan en otro.</translation>
+    </message>
+    <message>
+        <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
+        <translation>En %1 Vesko no puede pegar en otros programas. El texto se copia y usted lo pega.</translation>
+    </message>
+    <message>
+        <source>%1 does not show Vesko when you press Return, so your corrections wait for your review.</source>
+        <translation>%1 no muestra a Vesko cuándo pulsa Intro, así que sus correcciones esperan su revisión.</translation>
+    </message>
+    <message>
+        <source>Not offered here</source>
+        <translation>No disponible aquí</translation>
+    </message>
+    <message>
         <source>Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Copiado. Pasó a otro campo, así que Vesko no pegó. Péguelo con Ctrl+V.</translation>
     </message>

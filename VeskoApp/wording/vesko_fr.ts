@@ -1218,6 +1218,34 @@
         <translation>Copié. Aucun champ de texte n’était actif quand vous avez commencé. Collez avec Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. Vesko could not see which field was in use, so it did not paste. Paste it with Command V.</source>
+        <translation>Copié. Vesko n’a pas pu voir quel champ était utilisé et n’a donc rien collé. Collez le texte avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>this desktop</source>
+        <translation>cet environnement</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own. In its configuration, let keys of your choice run “vesko --toggle”.</source>
+        <translation>%1 ne donne pas de raccourcis aux programmes. Dans sa configuration, faites exécuter « vesko --toggle » par les touches de votre choix.</translation>
+    </message>
+    <message>
+        <source>%1 shows no program the keys that are pressed in another one.</source>
+        <translation>%1 ne montre à aucun programme les touches pressées dans un autre.</translation>
+    </message>
+    <message>
+        <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
+        <translation>Sous %1, Vesko ne peut pas coller dans d’autres programmes. Le texte est copié et vous le collez vous-même.</translation>
+    </message>
+    <message>
+        <source>%1 does not show Vesko when you press Return, so your corrections wait for your review.</source>
+        <translation>%1 ne montre pas à Vesko quand vous appuyez sur Entrée ; vos corrections attendent donc votre relecture.</translation>
+    </message>
+    <message>
+        <source>Not offered here</source>
+        <translation>Non disponible ici</translation>
+    </message>
+    <message>
         <source>Copied. You moved to another field, so Vesko did not paste. Paste it with Command V.</source>
         <translation>Copié. Vous êtes passé à un autre champ, Vesko n’a donc pas collé. Collez avec Ctrl+V.</translation>
     </message>

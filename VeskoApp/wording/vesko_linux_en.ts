@@ -40,6 +40,10 @@
         <translation>Copied. No text field was focused when you started. Paste it with Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. Vesko could not see which field was in use, so it did not paste. Paste it with Command V.</source>
+        <translation>Copied. Vesko could not see which field was in use, so it did not paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
         <source>Copied. You started in Vesko itself, not in another program. Paste it with Command V.</source>
         <translation>Copied. You started in Vesko itself, not in another program. Paste it with Ctrl+V.</translation>
     </message>

@@ -1224,6 +1224,34 @@
         <translation>Скопировано. Когда вы начали, ни одно текстовое поле не было активно. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. Vesko could not see which field was in use, so it did not paste. Paste it with Command V.</source>
+        <translation>Скопировано. Vesko не видно, какое поле было активно, поэтому автоматической вставки не было. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>this desktop</source>
+        <translation>этот рабочий стол</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own. In its configuration, let keys of your choice run “vesko --toggle”.</source>
+        <translation>%1 не даёт программам собственных сочетаний клавиш. Назначьте в его настройках сочетание, которое запускает «vesko --toggle».</translation>
+    </message>
+    <message>
+        <source>%1 shows no program the keys that are pressed in another one.</source>
+        <translation>%1 не показывает программам клавиши, нажатые в других программах.</translation>
+    </message>
+    <message>
+        <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
+        <translation>Здесь, где рабочий стол — %1, Vesko не может вставлять текст в другие программы. Текст копируется, и вы вставляете его сами.</translation>
+    </message>
+    <message>
+        <source>%1 does not show Vesko when you press Return, so your corrections wait for your review.</source>
+        <translation>%1 не показывает Vesko, когда вы нажимаете Return, поэтому исправления ждут вашей проверки.</translation>
+    </message>
+    <message>
+        <source>Not offered here</source>
+        <translation>Здесь недоступно</translation>
+    </message>
+    <message>
         <source>Copied. You started in Vesko itself, not in another program. Paste it with Command V.</source>
         <translation>Скопировано. Вы начали в самой программе Vesko, а не в другой. Вставьте текст клавишами Ctrl+V.</translation>
     </message>

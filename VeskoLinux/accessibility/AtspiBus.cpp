@@ -174,17 +174,41 @@ Task<bool> AtspiBus::connectTo(QString address)
     m_connection.connect(QStringLiteral("org.freedesktop.DBus"),
         QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
         QStringLiteral("NameOwnerChanged"), this, SLOT(ownerChanged(QString, QString, QString)));
+    if (onWindow)
+        co_await listenToWindows();
     // Programs tell only what someone has asked the registry for.
-    AtspiCall registering(
+    co_await registerFor("object:state-changed:focused");
+    co_return usable();
+}
+
+Task<> AtspiBus::listenToWindows()
+{
+    // Some programs tell by the one, some by the other.
+    m_connection.connect(QString(), QString(), QStringLiteral("org.a11y.atspi.Event.Object"),
+        QStringLiteral("StateChanged"), { QStringLiteral("active") }, QString(), this,
+        SLOT(activeChanged(QDBusMessage)));
+    m_connection.connect(QString(), QString(), QStringLiteral("org.a11y.atspi.Event.Window"),
+        QStringLiteral("Activate"), this, SLOT(windowActivated(QDBusMessage)));
+    m_connection.connect(QString(), QString(), QStringLiteral("org.a11y.atspi.Event.Window"),
+        QStringLiteral("Deactivate"), this, SLOT(windowDeactivated(QDBusMessage)));
+    AtspiCall active = registerFor("object:state-changed:active");
+    AtspiCall activated = registerFor("window:activate");
+    AtspiCall deactivated = registerFor("window:deactivate");
+    co_await active;
+    co_await activated;
+    co_await deactivated;
+}
+
+AtspiCall AtspiBus::registerFor(const char* event)
+{
+    return AtspiCall(
         m_connection.asyncCall(
             QDBusMessage::createMethodCall(QStringLiteral("org.a11y.atspi.Registry"),
                 QStringLiteral("/org/a11y/atspi/registry"),
                 QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("RegisterEvent"))
-                << QStringLiteral("object:state-changed:focused"),
+                << QString::fromLatin1(event),
             openLimit),
         "", *this);
-    co_await registering;
-    co_return usable();
 }
 
 void AtspiBus::close()
@@ -227,6 +251,25 @@ void AtspiBus::stateChanged(const QDBusMessage& message)
     const auto arguments = message.arguments();
     if (arguments.size() >= 2 && onFocus)
         onFocus({ message.service(), message.path() }, arguments[1].toInt() == 1);
+}
+
+void AtspiBus::activeChanged(const QDBusMessage& message)
+{
+    const auto arguments = message.arguments();
+    if (arguments.size() >= 2 && onWindow)
+        onWindow({ message.service(), message.path() }, arguments[1].toInt() == 1);
+}
+
+void AtspiBus::windowActivated(const QDBusMessage& message)
+{
+    if (onWindow)
+        onWindow({ message.service(), message.path() }, true);
+}
+
+void AtspiBus::windowDeactivated(const QDBusMessage& message)
+{
+    if (onWindow)
+        onWindow({ message.service(), message.path() }, false);
 }
 
 void AtspiBus::ownerChanged(const QString& name, const QString&, const QString& after)

@@ -82,11 +82,19 @@ public:
 
     // The element got the focus, or lost it, by its program's account.
     std::function<void(const AtspiAddress&, bool gained)> onFocus;
+    // The window got or lost the focus of the desktop, as its program sees it. Told if this is set
+    // before open.
+    std::function<void(const AtspiAddress&, bool active)> onWindow;
     std::function<void(const QString& service)> onGone; // the program left the bus
     std::function<void()> onOpen; // this is another bus than before, or the first
 
 private:
+    Task<> listenToWindows();
+    AtspiCall registerFor(const char* event);
     Q_SLOT void stateChanged(const QDBusMessage& message);
+    Q_SLOT void activeChanged(const QDBusMessage& message);
+    Q_SLOT void windowActivated(const QDBusMessage& message);
+    Q_SLOT void windowDeactivated(const QDBusMessage& message);
     Q_SLOT void ownerChanged(const QString& name, const QString& before, const QString& after);
     Q_SLOT void statusChanged(const QString& interface, const QVariantMap& changed);
 

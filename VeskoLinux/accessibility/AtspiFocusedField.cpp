@@ -16,35 +16,72 @@ constexpr std::array looks{ 0.005, 0.01, 0.02, 0.04, 0.075, 0.1 };
 
 } // namespace
 
-AtspiFocusedField::AtspiFocusedField(EventClock& clock)
+AtspiFocusedField::AtspiFocusedField(EventClock& clock, Windows windows)
     : m_clock(clock)
     , m_bus(clock)
     , m_follower(m_bus, m_search, clock)
 {
+    if (windows == Windows::x11)
+        m_window.emplace();
+    else
+        followWindows();
     m_bus.onOpen = [this] {
         m_follower.forget();
+        if (m_frontmost)
+            m_frontmost->begin();
         m_tasks.spawn(lookAround());
     };
     m_bus.start();
 }
 
+// Beside the follower, which hears the same.
+void AtspiFocusedField::followWindows()
+{
+    m_frontmost.emplace(m_bus, m_search);
+    m_bus.onFocus = [this, follow = m_bus.onFocus](const AtspiAddress& element, bool gained) {
+        if (gained)
+            m_frontmost->noteFocus(element.service);
+        follow(element, gained);
+    };
+    m_bus.onGone = [this, forget = m_bus.onGone](const QString& service) {
+        m_frontmost->noteGone(service);
+        forget(service);
+    };
+}
+
 // The bus tells of changes only; what had the focus before has to be looked for.
 Task<> AtspiFocusedField::lookAround()
 {
-    const auto process = m_window.process();
+    const auto process = frontmost();
     if (!process)
         co_return;
-    const auto title = QString::fromStdString(m_window.title());
-    const auto found = co_await m_search.find(*process, title, QDeadlineTimer(readLimit));
+    const auto found = co_await m_search.find(*process, title(), QDeadlineTimer(readLimit));
     if (found.element && m_follower.heard(*process).empty())
         m_follower.found(*found.element, *process);
+}
+
+std::optional<std::int32_t> AtspiFocusedField::frontmost() const
+{
+    return m_frontmost ? m_frontmost->process() : m_window->process();
+}
+
+void AtspiFocusedField::seeFrontmost(FieldReading& reading) const
+{
+    reading.frontmost = frontmost();
+    reading.seesFrontmost = !m_frontmost || reading.frontmost;
+}
+
+// Of the active window; empty where nobody tells.
+QString AtspiFocusedField::title() const
+{
+    return m_window ? QString::fromStdString(m_window->title()) : QString();
 }
 
 Eventual<FieldReading> AtspiFocusedField::read(std::optional<std::int32_t> process)
 {
     FieldReading reading;
     reading.trusted = m_bus.usable();
-    reading.frontmost = m_window.process();
+    seeFrontmost(reading);
     const bool again = process && process == reading.frontmost;
     if (!process)
         process = reading.frontmost;
@@ -54,7 +91,7 @@ Eventual<FieldReading> AtspiFocusedField::read(std::optional<std::int32_t> proce
         .process = *process, .again = again, .title = {}, .heard = m_follower.heard(*process)
     };
     if (asked.heard.empty() && process == reading.frontmost)
-        asked.title = QString::fromStdString(m_window.title());
+        asked.title = title();
     const Eventual<FieldReading> answer;
     m_tasks.spawn(finish(answer, std::move(reading), std::move(asked)));
     return answer;
@@ -94,7 +131,7 @@ Task<> AtspiFocusedField::finish(Eventual<FieldReading> answer, FieldReading rea
         if (auto next = co_await look(m_follower.heard(asked.process), deadline))
             seen = std::move(next);
         if (asked.again)
-            reading.frontmost = m_window.process();
+            seeFrontmost(reading);
     }
     if (seen && seen->probe.kind.frameOnly() && !seen->probe.complete()) {
         seen.reset();

@@ -4,6 +4,7 @@
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoLinux/accessibility/ActiveWindow.h"
 #include "VeskoLinux/accessibility/AtspiBus.h"
+#include "VeskoLinux/accessibility/AtspiFrontmost.h"
 #include "VeskoLinux/accessibility/FieldReader.h"
 #include "VeskoLinux/accessibility/FocusFollower.h"
 #include "VeskoLinux/accessibility/FocusSearch.h"
@@ -18,7 +19,9 @@ namespace vesko {
 // anyone. A program that does not answer leaves its facts absent within a second and a half.
 class AtspiFocusedField final : public FocusedField {
 public:
-    explicit AtspiFocusedField(EventClock& clock);
+    // Who tells which window is active.
+    enum class Windows { x11, accessibility };
+    explicit AtspiFocusedField(EventClock& clock, Windows windows = Windows::x11);
 
     Eventual<FieldReading> read(std::optional<std::int32_t> process) override;
 
@@ -39,12 +42,18 @@ private:
     Task<std::optional<Seen>> look(std::vector<AtspiAddress> heard, QDeadlineTimer deadline);
     static bool settled(const std::optional<Seen>& seen);
 
+    std::optional<std::int32_t> frontmost() const;
+    void seeFrontmost(FieldReading& reading) const;
+    QString title() const;
+    void followWindows();
+
     EventClock& m_clock;
-    ActiveWindow m_window;
     AtspiBus m_bus;
     FocusSearch m_search{ m_bus };
     FieldReader m_reader{ m_bus };
     FocusFollower m_follower;
+    std::optional<ActiveWindow> m_window; // one of the two
+    std::optional<AtspiFrontmost> m_frontmost;
     TaskScope m_tasks; // goes first: its tasks use all of the above
 };
 

@@ -82,6 +82,22 @@ Task<bool> FocusSearch::hasActiveWindow(QString service, QDeadlineTimer deadline
     co_return std::ranges::any_of(windows, active, &Node::kind);
 }
 
+Task<std::vector<AtspiAddress>> FocusSearch::activeWindows(
+    std::optional<QString> service, QDeadlineTimer deadline)
+{
+    std::vector<AtspiAddress> programs;
+    if (service)
+        programs.push_back({ *service, rootPath });
+    else
+        programs = co_await allPrograms(deadline);
+    std::vector<AtspiAddress> found;
+    for (const Node& window : co_await childrenOf(std::move(programs), deadline)) {
+        if (active(window.kind))
+            found.push_back(window.address);
+    }
+    co_return found;
+}
+
 // One depth after the other, each as one volley of questions.
 Task<FocusSearch::Found> FocusSearch::findBelow(Level level, QDeadlineTimer deadline)
 {
@@ -102,14 +118,20 @@ Task<FocusSearch::Found> FocusSearch::findBelow(Level level, QDeadlineTimer dead
     co_return found;
 }
 
-Task<std::vector<AtspiAddress>> FocusSearch::programsOf(
-    std::int32_t process, QString title, QDeadlineTimer deadline)
+Task<std::vector<AtspiAddress>> FocusSearch::allPrograms(QDeadlineTimer deadline)
 {
     const auto reply = co_await m_bus.call({ QStringLiteral("org.a11y.atspi.Registry"), rootPath },
         atspi::accessible, "GetChildren", "a(so)", deadline);
     std::vector<AtspiAddress> programs;
     if (reply)
         append(programs, *reply);
+    co_return programs;
+}
+
+Task<std::vector<AtspiAddress>> FocusSearch::programsOf(
+    std::int32_t process, QString title, QDeadlineTimer deadline)
+{
+    const auto programs = co_await allPrograms(deadline);
     std::vector<AtspiCall> asking;
     asking.reserve(programs.size());
     for (const AtspiAddress& program : programs)

@@ -38,6 +38,9 @@ public:
         std::vector<AtspiAddress> elements, QDeadlineTimer deadline);
     // Whether one of the program's windows is active, as the program sees it.
     Task<bool> hasActiveWindow(QString service, QDeadlineTimer deadline);
+    // The active windows of that program, or of all programs.
+    Task<std::vector<AtspiAddress>> activeWindows(
+        std::optional<QString> service, QDeadlineTimer deadline);
 
 private:
     struct Node {
@@ -46,6 +49,7 @@ private:
     };
     using Level = std::vector<Node>;
 
+    Task<std::vector<AtspiAddress>> allPrograms(QDeadlineTimer deadline);
     Task<Found> findBelow(Level windows, QDeadlineTimer deadline);
     Task<std::vector<AtspiAddress>> programsOf(
         std::int32_t process, QString title, QDeadlineTimer deadline);

@@ -9,7 +9,7 @@ namespace vesko {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Purpose>, 16> options{ {
+constexpr std::array<std::pair<std::string_view, Purpose>, 18> options{ {
     { "--background", Purpose::background },
     { "--install-openrouter-key", Purpose::keyInstaller },
     { "--keep-clipboard", Purpose::clipboardKeeper }, // said by the program itself
@@ -20,6 +20,8 @@ constexpr std::array<std::pair<std::string_view, Purpose>, 16> options{ {
     { "--cancel", Purpose::cancel },
     { "--show", Purpose::show },
     { "--quit", Purpose::quit },
+    { "--press", Purpose::press },
+    { "--release", Purpose::release },
     { "--status", Purpose::status },
     { "--follow", Purpose::follow },
     { "--help", Purpose::help },
@@ -66,6 +68,8 @@ const std::string_view usage
       "  --stop         ends it, and has it transcribed\n"
       "  --cancel       ends it without a transcript; the recording is kept\n"
       "  --show         shows the library\n"
+      "  --press        the key that stands for the gesture key went down\n"
+      "  --release      it went up: a tap toggles, a held key records until then\n"
       "  --quit         ends Vesko, once everything is saved\n"
       "\n"
       "Asked of it:\n"

@@ -21,6 +21,8 @@ enum class Purpose {
     cancel,
     show,
     quit,
+    press,
+    release,
     // Asked of it.
     status,
     follow,

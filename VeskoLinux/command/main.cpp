@@ -41,6 +41,10 @@ const char* methodOf(Purpose purpose)
         return "Cancel";
     case Purpose::show:
         return "Show";
+    case Purpose::press:
+        return "Press";
+    case Purpose::release:
+        return "Release";
     default:
         return "Quit";
     }

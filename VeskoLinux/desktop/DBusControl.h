@@ -28,6 +28,8 @@ public Q_SLOTS:
     void Cancel(const QDBusMessage& call) { run(RemoteCommand::cancel, call); }
     void Show(const QDBusMessage& call) { run(RemoteCommand::show, call); }
     void Quit(const QDBusMessage& call) { run(RemoteCommand::quit, call); }
+    void Press(const QDBusMessage& call) { run(RemoteCommand::press, call); }
+    void Release(const QDBusMessage& call) { run(RemoteCommand::release, call); }
     QString Status(QString& title, double& elapsed) const;
 
 Q_SIGNALS:

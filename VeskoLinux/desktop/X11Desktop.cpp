@@ -8,10 +8,12 @@
 #include <QUrl>
 #include <QWindow>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <span>
 #include <xcb/xcb.h>
 
 namespace vesko {
@@ -20,6 +22,7 @@ namespace {
 
 constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
 constexpr std::uint32_t fromAnApplication = 1;
+constexpr std::uint32_t mostAbilities = 1024; // of a window manager; real ones name some hundred
 
 template <class T>
 std::unique_ptr<T, decltype(&std::free)> owned(T* reply)
@@ -65,6 +68,9 @@ void X11Desktop::floatEverywhere(QWindow& window)
 {
     if (!m_connection)
         return;
+    // A window manager that lays windows side by side would give this one a place among them, and
+    // the focus with it.
+    window.setFlag(Qt::BypassWindowManagerHint, !managerKeepsAbove());
     const auto id = static_cast<xcb_window_t>(window.winId());
     const std::array states{ atom("_NET_WM_STATE_ABOVE"), atom("_NET_WM_STATE_STICKY"),
         atom("_NET_WM_STATE_SKIP_TASKBAR"), atom("_NET_WM_STATE_SKIP_PAGER") };
@@ -86,6 +92,21 @@ void X11Desktop::openSettings(SettingsPanel panel)
         if (QProcess::startDetached(program, command))
             return;
     }
+}
+
+// Asked anew each time: another window manager may have come.
+bool X11Desktop::managerKeepsAbove() const
+{
+    const auto reply = owned(xcb_get_property_reply(m_connection,
+        xcb_get_property(
+            m_connection, 0, m_root, atom("_NET_SUPPORTED"), XCB_ATOM_ATOM, 0, mostAbilities),
+        nullptr));
+    if (!reply || reply->format != 32)
+        return false;
+    const auto* const all = static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get()));
+    const std::span abilities(
+        all, static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof *all);
+    return std::ranges::find(abilities, atom("_NET_WM_STATE_ABOVE")) != abilities.end();
 }
 
 std::uint32_t X11Desktop::atom(const char* name) const

@@ -8,7 +8,8 @@ struct xcb_connection_t;
 
 namespace vesko {
 
-// An EWMH desktop under X11. On any other every window stays where the desktop puts it.
+// An EWMH desktop under X11, or the X11 that a Wayland desktop has inside. On any other every
+// window stays where the desktop puts it.
 class X11Desktop final : public Desktop {
 public:
     // After the application has been made.
@@ -20,6 +21,7 @@ public:
     void openSettings(SettingsPanel panel) override;
 
 private:
+    bool managerKeepsAbove() const;
     std::uint32_t atom(const char* name) const;
     std::uint32_t cardinal(std::uint32_t window, const char* property, std::uint32_t absent) const;
 

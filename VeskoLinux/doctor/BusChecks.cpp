@@ -66,16 +66,12 @@ Finding lookAtProgram()
 
 Finding lookAtShortcut()
 {
-    const auto portal = property(QStringLiteral("org.freedesktop.portal.Desktop"),
-        QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.GlobalShortcuts"), QStringLiteral("version"));
-    if (portal)
-        return Finding::fine("the desktop has shortcuts for programs (portal version "
-            + portal->toString().toStdString() + ")");
-    if (qEnvironmentVariable("XDG_SESSION_TYPE") == QStringLiteral("wayland"))
-        return Finding::wanting("this desktop gives programs no shortcut of their own",
-            "In its keyboard settings give a shortcut the command: vesko --toggle");
-    return Finding::fact("asked of the X server while Vesko runs");
+    if (qEnvironmentVariable("XDG_SESSION_TYPE") != QStringLiteral("wayland"))
+        return Finding::fact("asked of the X server while Vesko runs");
+    if (serves(QStringLiteral("org.kde.kglobalaccel")))
+        return Finding::fine("the desktop has shortcuts for programs");
+    return Finding::wanting("this desktop gives Vesko no shortcut of its own",
+        "In its keyboard settings give a shortcut the command: vesko --toggle");
 }
 
 Finding lookAtAccessibility()

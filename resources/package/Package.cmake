@@ -39,6 +39,8 @@ set(needed
   gstreamer1.0-libav gstreamer1.0-plugins-bad gstreamer1.0-plugins-base gstreamer1.0-plugins-good
   # the icons
   libqt6svg6
+  # the windows, in a session without X11
+  qt6-wayland
   # the modules of QML that the windows import, and what these import
   qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-layouts
   qml6-module-qtquick-templates qml6-module-qtquick-window)

@@ -13,6 +13,7 @@ from lib.programs import Mousepad  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import Vesko, deployed, install_key  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
+from lib.x11 import KeyboardGrab  # noqa: E402
 
 KEY = "right control"
 TAP = 0.05  # seconds that a tap takes
@@ -132,7 +133,7 @@ class Gesture(unittest.TestCase):
         self.assertEqual(len(self.all()), self.recordings)
 
     def test_while_another_program_holds_the_keyboard_it_means_nothing(self):
-        with hands.KeyboardGrab():
+        with KeyboardGrab():
             hands.press(KEY)
             human_pause(HOLD)
             hands.release(KEY)

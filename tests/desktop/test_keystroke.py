@@ -13,6 +13,7 @@ from lib.programs import FeatherPad, Mousepad  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import Vesko, deployed, install_key  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
+from lib.x11 import KeyboardGrab  # noqa: E402
 
 SENT = "Copied. Paste sent to the original field."
 GRABBED = ("Copied. Another program was holding the keyboard, so Vesko did not paste. "
@@ -64,7 +65,7 @@ class Keystroke(unittest.TestCase):
     def test_never_to_a_program_that_holds_the_keyboard(self):
         with Mousepad() as editor:
             self.speak_and_hold()
-            with hands.KeyboardGrab() as other:
+            with KeyboardGrab() as other:
                 self.service.release()
                 self.delivered(GRABBED)
                 self.assertEqual(other.keys(), [])
@@ -73,7 +74,7 @@ class Keystroke(unittest.TestCase):
     def test_after_another_program_held_the_keyboard(self):
         with Mousepad() as editor:
             self.speak_and_hold()
-            with hands.KeyboardGrab():
+            with KeyboardGrab():
                 human_pause(0.1)
             self.service.release()
             self.delivered(SENT)

@@ -15,14 +15,28 @@ Section {
         name: qsTranslate("Vesko", "Global shortcut")
 
         Words {
+            visible: !section.preferences.shortcutAdvice
             text: qsTranslate("Vesko", "Command Shift Space")
             color: Theme.quiet
         }
     }
     SettingNote {
         width: parent.width
-        text: section.status.shortcutMessage
-        color: Theme.alarm
+        text: section.preferences.shortcutAdvice || section.status.shortcutMessage
+        color: section.preferences.shortcutAdvice ? Theme.quiet : Theme.alarm
+    }
+    // To be copied, so it is no note.
+    TextEdit {
+        width: parent.width
+        visible: text.length > 0
+        text: section.preferences.shortcutLines
+        color: Theme.text
+        font.family: "monospace"
+        font.pixelSize: Theme.small
+        wrapMode: TextEdit.Wrap
+        readOnly: true
+        selectByMouse: true
+        Accessible.name: section.preferences.shortcutAdvice
     }
     SettingSwitch {
         width: parent.width
@@ -83,6 +97,10 @@ Section {
         text: qsTranslate("Vesko", "Paste dictation into the original field")
         value: section.preferences.pasteEnabled
         onSwitched: on => section.preferences.pasteEnabled = on
+    }
+    SettingNote {
+        width: parent.width
+        text: section.preferences.pasteAdvice
     }
     SettingNote {
         width: parent.width

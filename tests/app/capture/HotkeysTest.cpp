@@ -15,6 +15,7 @@ namespace vesko {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 class HotkeysTest : public testing::Test {
 protected:
@@ -431,6 +432,118 @@ TEST_F(HotkeysTest, OnlyAPressThatBeganACaptureAndEndedSoonByItselfIsATap)
     keys.pressGestureKey();
     keys.releaseGestureKey();
     EXPECT_EQ(taps, 1);
+}
+
+TEST_F(HotkeysTest, WarnsOfAShortcutThatIsRefusedLater)
+{
+    std::string warning;
+    hotkeys.onShortcutLost = [&](const std::string& text) { warning = text; };
+    EXPECT_EQ(hotkeys.start(), "");
+    shortcut.onRefused();
+    EXPECT_THAT(warning, testing::StartsWith("Command Shift Space is unavailable."));
+}
+
+TEST_F(HotkeysTest, ACommandedKeyIsAGestureKey)
+{
+    keys.isPermitted = false;
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    clock.turn(0.1);
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin));
+
+    recording = true;
+    clock.turn(0.2);
+    hotkeys.commandGestureKey(true);
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions,
+        ElementsAre(FnShortcutAction::begin, FnShortcutAction::armStop, FnShortcutAction::finish));
+}
+
+// The desktop that runs the command has the keyboard to itself meanwhile.
+TEST_F(HotkeysTest, ACommandedKeyIsForUsUnlessTheSessionIsLocked)
+{
+    hotkeys.start();
+    keys.taken = true;
+    hotkeys.commandGestureKey(true);
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin));
+
+    clock.turn(1);
+    locked = true;
+    hotkeys.commandGestureKey(true);
+    clock.turn(1);
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin));
+}
+
+TEST_F(HotkeysTest, RepeatsOfACommandedKeyAreThatKeyHeld)
+{
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    clock.turn(0.6);
+    for (int times = 0; times < 100; ++times) {
+        hotkeys.commandGestureKey(true);
+        clock.turn(0.04);
+    }
+    EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin, FnShortcutAction::hold));
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions,
+        ElementsAre(FnShortcutAction::begin, FnShortcutAction::hold, FnShortcutAction::finish));
+}
+
+TEST_F(HotkeysTest, APressAfterALostReleaseEndsWhatTheFirstBegan)
+{
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    clock.turn(5);
+    hotkeys.commandGestureKey(true);
+    EXPECT_THAT(actions,
+        ElementsAre(FnShortcutAction::begin, FnShortcutAction::hold, FnShortcutAction::finish));
+    hotkeys.commandGestureKey(false);
+    clock.turn(0.2);
+    hotkeys.commandGestureKey(true);
+    EXPECT_EQ(actions.size(), 4U);
+    EXPECT_EQ(actions.back(), FnShortcutAction::begin);
+}
+
+TEST_F(HotkeysTest, ARepeatThatComesBehindTheReleaseIsNoPress)
+{
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    clock.turn(1);
+    hotkeys.commandGestureKey(false);
+    clock.turn(0.05);
+    hotkeys.commandGestureKey(true);
+    EXPECT_EQ(actions.back(), FnShortcutAction::finish);
+    clock.turn(0.5);
+    hotkeys.commandGestureKey(true);
+    EXPECT_EQ(actions.back(), FnShortcutAction::begin);
+}
+
+TEST_F(HotkeysTest, ATapWhosePressComesBehindItsReleaseIsATap)
+{
+    hotkeys.start();
+    for (int times = 0; times < 2; ++times) {
+        recording = times == 1;
+        clock.turn(0.5);
+        hotkeys.commandGestureKey(false);
+        clock.turn(0.1);
+        hotkeys.commandGestureKey(true);
+        clock.turn(1);
+    }
+    EXPECT_EQ(taps, 1);
+    EXPECT_THAT(actions,
+        ElementsAre(FnShortcutAction::begin, FnShortcutAction::armStop, FnShortcutAction::finish));
+}
+
+TEST_F(HotkeysTest, ACommandedKeyDoesNothingWithTheGestureSwitchedOff)
+{
+    enabled = false;
+    hotkeys.start();
+    hotkeys.commandGestureKey(true);
+    hotkeys.commandGestureKey(false);
+    EXPECT_THAT(actions, IsEmpty());
 }
 
 } // namespace

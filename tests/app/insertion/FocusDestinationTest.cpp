@@ -122,6 +122,24 @@ TEST_F(FocusDestinationTest, SkipsWhatCannotBeComeBackTo)
     }
 }
 
+TEST_F(FocusDestinationTest, WhatWasNotSeenIsNoMissingField)
+{
+    fields.reading.seesFrontmost = false;
+    fields.reading.frontmost.reset();
+    EXPECT_EQ(FocusDestination::reasonAgainst(fields.reading), "front_unknown");
+    EXPECT_FALSE(capture());
+}
+
+TEST_F(FocusDestinationTest, PastesNothingWhileTheActiveWindowIsUnknown)
+{
+    auto field = capture();
+    ASSERT_TRUE(field);
+    fields.reading.seesFrontmost = false;
+    fields.reading.frontmost.reset();
+    EXPECT_THAT(paste(*field), ElementsAre("front_unknown"));
+    EXPECT_EQ(keystroke.sent, 0);
+}
+
 TEST_F(FocusDestinationTest, IsTakenForRolesThatWillBeRefusedLater)
 {
     fields.reading.role = "AXStaticText";
@@ -329,6 +347,9 @@ TEST(PasteMessage, FollowsTheFirstReason)
         { { "no_elements" },
             "Copied. This program does not show its text fields to Vesko. Paste it with Command V "
             "or the program's own shortcut." },
+        { { "front_unknown" },
+            "Copied. Vesko could not see which field was in use, so it did not paste. Paste it "
+            "with Command V." },
         { { "app_changed" }, moved },
         { { "field_changed", "too_late" }, moved },
         { { "not_writable" }, unsupported },

@@ -307,6 +307,31 @@ TEST_F(AppDelegateTest, ALockedSessionHearsNeitherShortcutNorGesture)
     EXPECT_EQ(model->capture().phase(), Phase::idle);
 }
 
+TEST_F(AppDelegateTest, TheUserIsToldHowToGetAShortcutUntilACommandHasCome)
+{
+    machine.all.offer.shortcut = SessionOffer::Shortcut::command;
+    machine.all.offer.desktop = "sway";
+    machine.shortcut.taken = true;
+    open();
+    EXPECT_THAT(model->status().shortcutMessage(), testing::StartsWith("sway gives"));
+    machine.remoteControl.call(RemoteCommand::press);
+    EXPECT_EQ(model->status().shortcutMessage(), "");
+    machine.remoteControl.call(RemoteCommand::release);
+    ASSERT_TRUE(reach(Phase::recording)); // it was a tap
+
+    delegate.reset();
+    model.reset();
+    open();
+    EXPECT_EQ(model->status().shortcutMessage(), "");
+}
+
+TEST_F(AppDelegateTest, WhereNoWindowCanFloatTheControlStaysAway)
+{
+    machine.all.offer.floats = false;
+    open();
+    EXPECT_FALSE(controlShown());
+}
+
 TEST_F(AppDelegateTest, ARefusedQuitCanBeAskedForAgain)
 {
     open();

@@ -53,7 +53,8 @@ protected:
                     become(Phase::processing);
                 },
             .show = [this] { done.emplace_back("show"); },
-            .quit = [this] { done.emplace_back("quit"); } } };
+            .quit = [this] { done.emplace_back("quit"); },
+            .gestureKey = [this](bool down) { done.emplace_back(down ? "down" : "up"); } } };
 };
 
 TEST_F(RemoteCommandsTest, aStartIsAnsweredWhenTheRecordingRuns)
@@ -80,6 +81,7 @@ TEST_F(RemoteCommandsTest, aStartThatTheProgramRefusesIsNotNow)
     admits = false;
     EXPECT_THAT(*control.call(RemoteCommand::toggle), Optional(RemoteAnswer::notNow));
     admits = true;
+    clock.turn(1);
     control.call(RemoteCommand::toggle);
     EXPECT_EQ(phase, Phase::preparing);
 }
@@ -183,6 +185,28 @@ TEST_F(RemoteCommandsTest, itIsShownAndQuit)
     EXPECT_THAT(*control.call(RemoteCommand::show), Optional(RemoteAnswer::done));
     EXPECT_THAT(*control.call(RemoteCommand::quit), Optional(RemoteAnswer::done));
     EXPECT_THAT(done, ElementsAre("show", "quit"));
+}
+
+TEST_F(RemoteCommandsTest, theGestureKeyIsHandedOn)
+{
+    EXPECT_THAT(*control.call(RemoteCommand::press), Optional(RemoteAnswer::done));
+    EXPECT_THAT(*control.call(RemoteCommand::release), Optional(RemoteAnswer::done));
+    EXPECT_THAT(done, ElementsAre("down", "up"));
+}
+
+TEST_F(RemoteCommandsTest, aHeldShortcutTogglesOnce)
+{
+    control.call(RemoteCommand::toggle);
+    become(Phase::recording);
+    clock.turn(0.6);
+    for (int times = 0; times < 50; ++times) {
+        EXPECT_THAT(*control.call(RemoteCommand::toggle), Optional(RemoteAnswer::notNow));
+        clock.turn(0.04);
+    }
+    EXPECT_THAT(done, ElementsAre("start"));
+    clock.turn(0.7);
+    control.call(RemoteCommand::toggle);
+    EXPECT_THAT(done, ElementsAre("start", "stop"));
 }
 
 TEST_F(RemoteCommandsTest, theStatusIsThatOfTheProgram)

@@ -1,5 +1,6 @@
 """One whole dictation by the shortcut into another program, and what the user reads after it."""
 
+import os
 import unittest
 
 from . import clipboard, eyes, hands, settings
@@ -16,6 +17,11 @@ NO_WINDOW = ("Copied. No active window was known when you started, so Vesko did 
 HIDDEN = "Copied. Vesko does not paste where letters are hidden, as in a password."
 NO_ELEMENTS = ("Copied. This program does not show its text fields to Vesko. Paste it with Ctrl+V, "
                "in a terminal with Ctrl+Shift+V, in Emacs with Ctrl+Y.")
+UNSEEN = ("Copied. Vesko could not see which field was in use, so it did not paste. Paste it with "
+          "Ctrl+V.")
+# Where the windows alone tell who is active, none of them says that none is.
+if os.environ["XDG_SESSION_TYPE"] == "wayland":
+    NO_WINDOW = UNSEEN
 NOT_SEEN = ("Copied. Paste was sent, but the field does not show the text. If it is missing, paste "
             "it with Ctrl+V.")
 WORDS = "Where this lands is what matters."

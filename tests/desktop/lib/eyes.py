@@ -12,6 +12,7 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
+from . import kwin, sway  # noqa: E402
 from .waiting import until  # noqa: E402
 
 STATES = {"active": 1, "checked": 4, "editable": 7, "enabled": 8, "focusable": 11, "focused": 12,
@@ -142,6 +143,13 @@ class Node:
         x, y, width, height = self.bounds
         return x + width / 2, y + height / 2
 
+    @property
+    def bounds_in_window(self):
+        return self._ask("org.a11y.atspi.Component", "GetExtents", "(u)", 1)[0]
+
+    def grab_focus(self):
+        self._ask("org.a11y.atspi.Component", "GrabFocus")
+
     def activate(self):
         """Presses it, or does the first action of what can't be pressed."""
         actions = [row[0] for row in self._ask("org.a11y.atspi.Action", "GetActions")[0]]
@@ -187,6 +195,18 @@ def application(pid):
     return None
 
 
+def claiming_to_be_active():
+    """The processes that say of a window of theirs that it is the active one."""
+    found = []
+    for app in applications():
+        try:
+            if any("active" in window.states for window in app.children):
+                found.append(app.pid)
+        except (Gone, GLib.Error):
+            continue
+    return found
+
+
 def focused(app):
     """The element of the application that would get what is typed, or None."""
     for node in app.walk():
@@ -220,12 +240,23 @@ def active_window():
 
 def active_pid():
     """The process of the active window, or 0."""
+    if sway.here():
+        return sway.active_pid()
+    if "WAYLAND_DISPLAY" in os.environ:
+        return (claiming_to_be_active() or [0])[0]
     window = active_window()
     if not window:
         return 0
     answer = subprocess.run(["xprop", "-id", window, "_NET_WM_PID"], stdout=subprocess.PIPE,
                             stderr=subprocess.DEVNULL, text=True).stdout.split()
     return int(answer[-1]) if answer and answer[-1].isdigit() else 0
+
+
+def wait_for_front(pid):
+    until(f"process {pid} has the active window", lambda: active_pid() == pid)
+    if "WAYLAND_DISPLAY" in os.environ:
+        # What draws through X11 hears a tenth of a second later that it is no longer in front.
+        until("no other window takes itself for active", lambda: claiming_to_be_active() == [pid])
 
 
 def windows(pid):
@@ -323,9 +354,15 @@ def window_property(window, name):
 
 
 def raise_window(pid):
-    window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
-    subprocess.run(["xdotool", "windowactivate", window], check=True, stderr=subprocess.DEVNULL)
-    until("the raised window is active", lambda: active_pid() == pid)
+    if sway.here():
+        sway.raise_window(pid)
+    elif kwin.here():
+        kwin.raise_window(pid)
+    else:
+        window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
+        subprocess.run(["xdotool", "windowactivate", window], check=True,
+                       stderr=subprocess.DEVNULL)
+    wait_for_front(pid)
 
 
 def pixels(x, y, width, height):
@@ -336,4 +373,9 @@ def pixels(x, y, width, height):
 
 
 def screenshot(path):
-    subprocess.run(["import", "-window", "root", path], check=True)
+    if sway.here():
+        sway.screenshot(path)
+    elif kwin.here():
+        kwin.screenshot(path)
+    else:
+        subprocess.run(["import", "-window", "root", path], check=True)

@@ -5,14 +5,14 @@ import signal
 import subprocess
 import tempfile
 
-from . import eyes, hands
+from . import eyes, hands, kwin, sway
 from .waiting import until
 
 SERVICES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../services")
 CHROMIUM = ["chromium", "--force-renderer-accessibility", "--no-sandbox", "--disable-gpu",
             "--disable-quic", "--no-first-run", "--disable-background-networking",
             "--disable-component-update", "--disable-sync", "--disable-dev-shm-usage",
-            "--password-store=basic", "--noerrdialogs"]
+            "--password-store=basic", "--noerrdialogs", "--ozone-platform-hint=auto"]
 PAGE = """<!doctype html><meta charset="utf-8"><title>Fields</title>
 <style>body { font: 18px sans-serif } textarea, input { display: block; width: 90%; margin: 12px }
 textarea { height: 160px }</style>
@@ -66,12 +66,14 @@ class Program:
     """A running program and the field in it that has the focus."""
 
     def __init__(self, command, **options):
+        hands.plug_in()  # without a keyboard some compositors give no window the focus
         log = open(os.path.join(os.environ["SESSION_DIR"], "log", os.path.basename(command[0])),
                    "ab")
         with log:
             self.process = subprocess.Popen(command, stderr=log, stdout=options.pop("stdout", log),
                                             **options)
         until(f"{command[0]} shows a window of its own", self._shown, deadline=40)
+        eyes.wait_for_front(self.pid)
         self.field = None
 
     def _shown(self):
@@ -89,10 +91,23 @@ class Program:
         until("the field has the focus or is laid out",
               lambda: "focused" in field.states or field.bounds[2] > 0)
         if "focused" not in field.states:
-            hands.click(*field.centre)
+            self._take_focus(field)
         until(f"{field} has the focus", lambda: eyes.focused(self.app) == field)
         self.field = field
         return field
+
+    def _take_focus(self, field):
+        # A program does not know where on the screen of a compositor its windows are.
+        if kwin.here():
+            field.grab_focus()
+        else:
+            hands.click(*(self._place_of(field) if sway.here() else field.centre))
+
+    def _place_of(self, field):
+        left, top = sway.place(self.process.pid)
+        x, y, _, height = field.bounds_in_window
+        # Near its beginning: windows of Vesko's stand in the middle of the screen.
+        return left + x + 8, top + y + height / 2
 
     @property
     def text(self):

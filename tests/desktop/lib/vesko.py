@@ -7,7 +7,7 @@ import subprocess
 import tempfile
 import time
 
-from . import eyes, hands, library
+from . import eyes, hands, library, sway
 from .waiting import until
 
 REPOSITORY = os.path.abspath(os.path.join(os.path.dirname(__file__), "../../.."))
@@ -52,6 +52,8 @@ class Vesko:
         self.root = root or tempfile.mkdtemp(prefix="library-")
         self.log_path = os.path.join(os.environ["SESSION_DIR"], "log",
                                      f"vesko-{time.monotonic_ns()}")
+        if sway.here():
+            sway.bind("Mod4+Shift+space", f"{binary} --toggle", "--no-warn", "--no-repeat")
         self.started = time.monotonic()
         with open(self.log_path, "wb") as log:
             self.process = subprocess.Popen([binary, *arguments], cwd=folder, stdout=log,
@@ -135,6 +137,7 @@ class Vesko:
 
     def wait_for(self, phase, deadline=20.0):
         until(f"Vesko is {phase}; it shows {self.shown()}", lambda: self.phase == phase, deadline)
+        hands.shortcut_was_seen()
 
     def shown(self):
         """All that a user can read in the floating window, or is told of its button."""

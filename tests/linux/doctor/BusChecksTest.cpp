@@ -64,6 +64,10 @@ TEST_F(BusChecks, aShortcutOfADesktopOfItsOwnIsACommand)
     const auto before = qgetenv("XDG_SESSION_TYPE");
     qputenv("XDG_SESSION_TYPE", "wayland");
     EXPECT_THAT(lookAtShortcut().remedy, HasSubstr("vesko --toggle"));
+    auto session = QDBusConnection::sessionBus();
+    ASSERT_TRUE(session.registerService(QStringLiteral("org.kde.kglobalaccel")));
+    EXPECT_EQ(lookAtShortcut().state, State::fine);
+    session.unregisterService(QStringLiteral("org.kde.kglobalaccel"));
     qputenv("XDG_SESSION_TYPE", "x11");
     EXPECT_EQ(lookAtShortcut().state, State::fact);
     qputenv("XDG_SESSION_TYPE", before);

@@ -1,0 +1,66 @@
+#include "VeskoApp/wording/SessionWords.h"
+
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
+
+namespace vesko {
+
+namespace {
+
+QString nameOf(const SessionOffer& session)
+{
+    return session.desktop.empty() ? translated(L10N_KEY("Vesko", "this desktop"))
+                                   : QString::fromStdString(session.desktop);
+}
+
+// A sentence may begin with the name of a desktop that has none.
+QString sentence(const char* key, const SessionOffer& session)
+{
+    QString text = translated(key).arg(nameOf(session));
+    if (session.desktop.empty())
+        text[0] = text[0].toUpper();
+    return text;
+}
+
+} // namespace
+
+QString shortcutAdvice(const SessionOffer& session)
+{
+    if (session.shortcut == SessionOffer::Shortcut::own)
+        return {};
+    return sentence(L10N_KEY("Vesko",
+                        "%1 gives programs no shortcuts of their own. In its configuration, let "
+                        "keys of your choice run “vesko --toggle”."),
+        session);
+}
+
+QString keysAdvice(const SessionOffer& session)
+{
+    if (session.allKeys)
+        return {};
+    return sentence(
+        L10N_KEY("Vesko", "%1 shows no program the keys that are pressed in another one."),
+        session);
+}
+
+QString learningAdvice(const SessionOffer& session)
+{
+    if (session.allKeys)
+        return {};
+    return sentence(L10N_KEY("Vesko",
+                        "%1 does not show Vesko when you press Return, so your corrections wait "
+                        "for your review."),
+        session);
+}
+
+QString pasteAdvice(const SessionOffer& session)
+{
+    if (session.pastes)
+        return {};
+    return sentence(L10N_KEY("Vesko",
+                        "On %1 Vesko can't paste into other programs. Text is copied, and you "
+                        "paste it yourself."),
+        session);
+}
+
+} // namespace vesko

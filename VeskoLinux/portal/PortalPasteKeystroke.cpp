@@ -1,0 +1,174 @@
+#include "VeskoLinux/portal/PortalPasteKeystroke.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace vesko {
+
+namespace {
+
+const auto portal = QStringLiteral("org.freedesktop.portal.Desktop");
+const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const auto remoteDesktop = QStringLiteral("org.freedesktop.portal.RemoteDesktop");
+const std::string tokenKey = "remoteDesktopToken"; // of the settings
+
+constexpr qint64 longestDescription = 64 << 10; // bytes
+constexpr uint keyboard = 1; // of the kinds of devices
+constexpr uint untilRevoked = 2; // how long the user's answer holds
+constexpr double patience = 5; // seconds for what asks nobody
+constexpr double usersPatience = 30; // seconds for what may ask the user
+constexpr double unasked = 1; // seconds within which no user has answered anything
+// Without a pause between them one desktop has lost keys.
+constexpr double betweenKeys = 0.002; // seconds
+
+// Of a line such as "UseIn=gnome;KDE;".
+QStringList listed(const QString& text, const QString& key)
+{
+    for (const auto& line : text.split(u'\n'))
+        if (line.startsWith(key + u'='))
+            return line.sliced(key.size() + 1).trimmed().split(u';', Qt::SkipEmptyParts);
+    return {};
+}
+
+bool describesRemoteDesktop(const QString& path, const QStringList& desktops)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const auto text = QString::fromUtf8(file.read(longestDescription));
+    return listed(text, QStringLiteral("Interfaces"))
+               .contains(QStringLiteral("org.freedesktop.impl.portal.RemoteDesktop"))
+        && std::ranges::any_of(listed(text, QStringLiteral("UseIn")),
+            [&](const QString& name) { return desktops.contains(name, Qt::CaseInsensitive); });
+}
+
+} // namespace
+
+bool PortalPasteKeystroke::offered()
+{
+    const auto desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    const auto folders = QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
+        QStringLiteral("xdg-desktop-portal/portals"), QStandardPaths::LocateDirectory);
+    return std::ranges::any_of(folders, [&](const QString& folder) {
+        const auto files = QDir(folder).entryInfoList({ QStringLiteral("*.portal") }, QDir::Files);
+        return std::ranges::any_of(files, [&](const QFileInfo& file) {
+            return describesRemoteDesktop(file.filePath(), desktops);
+        });
+    });
+}
+
+PortalPasteKeystroke::PortalPasteKeystroke(WaylandConnection& connection, const SessionState& state,
+    EventClock& clock, SettingsStore& settings)
+    : m_state(state)
+    , m_clock(clock)
+    , m_settings(settings)
+    , m_requests(clock)
+    , m_usersKeymap(connection, [this](const std::string& map) { m_keys.emplace(map); })
+    , m_pause(clock)
+{
+}
+
+Eventual<std::monostate> PortalPasteKeystroke::keysReleased()
+{
+    return Eventual<std::monostate>::of({});
+}
+
+std::optional<std::string> PortalPasteKeystroke::keyboardTaken() const
+{
+    return m_state.locked() ? Obstacle("session_locked") : std::nullopt;
+}
+
+Eventual<std::optional<std::string>> PortalPasteKeystroke::send(const FieldElement& element)
+{
+    if (const auto taken = keyboardTaken())
+        return Eventual<Obstacle>::of(taken);
+    auto steps = m_keys ? m_keys->steps(element.isTerminal()) : std::vector<KeyStep>();
+    if (steps.empty() || std::exchange(m_busy, true))
+        return Eventual<Obstacle>::of("event_failed");
+    const Eventual<Obstacle> answer;
+    m_tasks.spawn(run(std::move(steps), answer));
+    return answer;
+}
+
+Task<> PortalPasteKeystroke::run(std::vector<KeyStep> steps, Eventual<Obstacle> answer)
+{
+    const double asked = m_clock.uptime();
+    const bool opened = co_await open();
+    // Opening takes its time; the session may be locked by now.
+    Obstacle obstacle = keyboardTaken();
+    if (!obstacle
+        && !(opened && m_clock.uptime() - asked < unasked && co_await type(std::move(steps))))
+        obstacle = "event_failed";
+    close();
+    m_busy = false;
+    answer.set(obstacle);
+}
+
+Task<bool> PortalPasteKeystroke::open()
+{
+    const auto created = co_await m_requests.ask(remoteDesktop, QStringLiteral("CreateSession"), {},
+        { { QStringLiteral("session_handle_token"), QStringLiteral("vesko") } }, patience);
+    if (!created)
+        co_return false;
+    m_session.emplace(created->value(QStringLiteral("session_handle")).toString());
+    const auto session = QVariant::fromValue(*m_session);
+    QVariantMap wanted{ { QStringLiteral("types"), keyboard },
+        { QStringLiteral("persist_mode"), untilRevoked } };
+    if (const auto token = m_settings.get<std::string>(tokenKey))
+        wanted.insert(QStringLiteral("restore_token"), QString::fromStdString(*token));
+    if (!co_await m_requests.ask(
+            remoteDesktop, QStringLiteral("SelectDevices"), { session }, wanted, patience))
+        co_return false;
+    const auto started = co_await m_requests.ask(
+        remoteDesktop, QStringLiteral("Start"), { session, QString() }, {}, usersPatience);
+    if (!started)
+        co_return false;
+    // Each token is good for one session, and brings the next one.
+    const auto token = started->value(QStringLiteral("restore_token")).toString();
+    if (!token.isEmpty())
+        m_settings.set(tokenKey, token.toStdString());
+    co_return (started->value(QStringLiteral("devices")).toUInt() & keyboard) != 0;
+}
+
+Task<bool> PortalPasteKeystroke::type(std::vector<KeyStep> steps)
+{
+    bool all = true;
+    for (const KeyStep& step : steps) {
+        auto call = QDBusMessage::createMethodCall(
+            portal, portalPath, remoteDesktop, QStringLiteral("NotifyKeyboardKeycode"));
+        call << QVariant::fromValue(*m_session) << QVariantMap() << static_cast<int>(step.key)
+             << (step.down ? 1U : 0U);
+        const Eventual<bool> done;
+        auto* const answer = new QDBusPendingCallWatcher(
+            QDBusConnection::sessionBus().asyncCall(call, static_cast<int>(patience * 1000)),
+            &m_requests);
+        QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, done] {
+            answer->deleteLater();
+            done.set(!answer->isError());
+        });
+        all = co_await done && all;
+        const Eventual<bool> rested;
+        m_pause.start(betweenKeys, [rested] { rested.set(true); });
+        co_await rested;
+    }
+    co_return all;
+}
+
+void PortalPasteKeystroke::close()
+{
+    if (!m_session)
+        return;
+    auto call = QDBusMessage::createMethodCall(portal, m_session->path(),
+        QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Close"));
+    call.setAutoStartService(false);
+    QDBusConnection::sessionBus().send(call);
+    m_session.reset();
+}
+
+} // namespace vesko

@@ -1,0 +1,195 @@
+#include "VeskoLinux/portal/PortalPasteKeystroke.h"
+
+#include "tests/fakes/FakeSessionState.h"
+#include "tests/fakes/FakeSettingsStore.h"
+#include "tests/fakes/TestClock.h"
+#include "tests/linux/Desktop.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vesko {
+namespace {
+
+using namespace desktop;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+class Field final : public FieldElement {
+public:
+    bool equals(const FieldElement&) const override { return true; }
+    bool isTerminal() const override { return false; }
+};
+
+// A desktop's portal that does as the test says.
+class FakePortal final : public QDBusVirtualObject {
+public:
+    QString silentAt, refusesAt, failsAt; // names of methods
+    double userTakes = 0; // seconds to agree
+    std::function<void()> onStart;
+    std::vector<std::pair<int, uint>> keys; // as they moved
+    QString shownToken; // what it was reminded of
+    int opened = 0, closed = 0;
+
+    explicit FakePortal(TestClock& clock)
+        : m_clock(clock)
+        , m_bus(QDBusConnection::connectToBus(
+              QDBusConnection::SessionBus, QStringLiteral("fake-portal")))
+    {
+        m_bus.registerVirtualObject(
+            QStringLiteral("/org/freedesktop/portal/desktop"), this, QDBusConnection::SubPath);
+        EXPECT_TRUE(m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+    }
+    ~FakePortal() override { QDBusConnection::disconnectFromBus(QStringLiteral("fake-portal")); }
+
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection&) override
+    {
+        if (call.member() == failsAt)
+            return m_bus.send(call.createErrorReply(QStringLiteral("app.test.No"), {}));
+        if (call.member() == QStringLiteral("Close")) {
+            ++closed;
+        } else if (call.member() == QStringLiteral("NotifyKeyboardKeycode")) {
+            keys.emplace_back(call.arguments()[2].toInt(), call.arguments()[3].toUInt());
+            m_bus.send(call.createReply());
+        } else {
+            answer(call);
+        }
+        return true;
+    }
+
+private:
+    void answer(const QDBusMessage& call)
+    {
+        const auto options = qdbus_cast<QVariantMap>(call.arguments().last());
+        const QString request = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2")
+                                    .arg(call.service().mid(1).replace(u'.', u'_'),
+                                        options[QStringLiteral("handle_token")].toString());
+        m_bus.send(call.createReply(QVariant::fromValue(QDBusObjectPath(request))));
+        if (call.member() == silentAt)
+            return;
+        QVariantMap results;
+        if (call.member() == QStringLiteral("CreateSession")) {
+            ++opened;
+            results.insert(QStringLiteral("session_handle"),
+                QStringLiteral("/org/freedesktop/portal/desktop/session/test"));
+        } else if (call.member() == QStringLiteral("SelectDevices")) {
+            shownToken = options[QStringLiteral("restore_token")].toString();
+        } else if (call.member() == QStringLiteral("Start")) {
+            m_clock.turn(userTakes);
+            if (onStart)
+                onStart();
+            results.insert(QStringLiteral("devices"), 1U);
+            results.insert(QStringLiteral("restore_token"), QStringLiteral("token %1").arg(opened));
+        }
+        auto response = QDBusMessage::createSignal(
+            request, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"));
+        response << (call.member() == refusesAt ? 1U : 0U) << results;
+        m_bus.send(response);
+    }
+
+    TestClock& m_clock;
+    QDBusConnection m_bus;
+};
+
+class PortalPasteKeystrokeTest : public testing::Test {
+protected:
+    // Time passes in such steps meanwhile.
+    bool paste(double seconds = 0.005) { return !obstacle(seconds); }
+    std::optional<std::string> obstacle(double seconds = 0.005)
+    {
+        using Obstacle = std::optional<std::string>;
+        std::optional<Obstacle> answer;
+        const auto keep = [&answer](Eventual<Obstacle> from) -> Task<> { answer = co_await from; };
+        TaskScope scope;
+        scope.spawn(keep(m_paste.send(Field())));
+        EXPECT_TRUE(until([&] {
+            m_clock.turn(seconds);
+            return answer.has_value();
+        }));
+        return answer.value_or("no answer");
+    }
+
+    Program m_keyboard{ QStringLiteral("/usr/bin/python3"),
+        { QStringLiteral("-c"),
+            QStringLiteral("import sys; sys.path.insert(0, '%1'); from lib import hands;"
+                           " hands.plug_in(); sys.stdin.read()")
+                .arg(QStringLiteral(VESKO_HANDS)) } };
+    TestClock m_clock;
+    FakeSettingsStore m_settings;
+    FakePortal m_portal{ m_clock };
+    WaylandConnection m_connection;
+    FakeSessionState m_session;
+    PortalPasteKeystroke m_paste{ m_connection, m_session, m_clock, m_settings };
+};
+
+TEST_F(PortalPasteKeystrokeTest, typesTheShortcutInASessionThatEndsWithIt)
+{
+    // Until the user has a keyboard, nobody knows which key is the V.
+    EXPECT_TRUE(until([this] { return paste(); }));
+    EXPECT_THAT(m_portal.keys, ElementsAre(Pair(29, 1), Pair(47, 1), Pair(47, 0), Pair(29, 0)));
+    EXPECT_TRUE(until([this] { return m_portal.closed == m_portal.opened; }));
+}
+
+TEST_F(PortalPasteKeystrokeTest, remindsTheDesktopOfTheUsersAnswer)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    const auto token = QStringLiteral("token %1").arg(m_portal.opened);
+    EXPECT_TRUE(paste());
+    EXPECT_EQ(m_portal.shownToken.toStdString(), token.toStdString());
+}
+
+TEST_F(PortalPasteKeystrokeTest, typesNothingIfAnythingIsNotAsItShouldBe)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    const char* const methods[] = { "CreateSession", "SelectDevices", "Start" };
+    for (const auto kind : { &FakePortal::silentAt, &FakePortal::refusesAt, &FakePortal::failsAt })
+        for (const char* method : methods) {
+            SCOPED_TRACE(method);
+            m_portal.*kind = QString::fromLatin1(method);
+            EXPECT_FALSE(paste(0.1));
+            m_portal.*kind = QString();
+        }
+    EXPECT_THAT(m_portal.keys, IsEmpty());
+    EXPECT_TRUE(paste()); // and it is none the worse for it
+}
+
+TEST_F(PortalPasteKeystrokeTest, typesNothingIntoALockedSession)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    m_session.isLocked = true;
+    EXPECT_EQ(m_paste.keyboardTaken(), "session_locked");
+    EXPECT_EQ(obstacle(), "session_locked");
+    m_session.isLocked = false;
+    m_portal.onStart = [this] { m_session.isLocked = true; };
+    EXPECT_EQ(obstacle(), "session_locked");
+    EXPECT_THAT(m_portal.keys, IsEmpty());
+}
+
+TEST_F(PortalPasteKeystrokeTest, typesNothingBehindADialog)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    m_portal.userTakes = 3;
+    EXPECT_FALSE(paste());
+    EXPECT_THAT(m_portal.keys, IsEmpty());
+    m_portal.userTakes = 0;
+    EXPECT_TRUE(paste());
+}
+
+} // namespace
+} // namespace vesko
