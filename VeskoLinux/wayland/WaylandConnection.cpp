@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <poll.h>
 
 namespace vesko {
@@ -14,10 +15,18 @@ namespace {
 
 constexpr int patience = 500; // milliseconds for the compositor to say what it offers
 
+// Without a name the library would take the first one that it finds, which in a session of X11 is
+// another session's.
+wl_display* compositorOfThisSession()
+{
+    const bool named = std::getenv("WAYLAND_DISPLAY") || std::getenv("WAYLAND_SOCKET");
+    return named ? wl_display_connect(nullptr) : nullptr;
+}
+
 } // namespace
 
 WaylandConnection::WaylandConnection()
-    : m_display(wl_display_connect(nullptr))
+    : m_display(compositorOfThisSession())
 {
     if (!m_display)
         return;

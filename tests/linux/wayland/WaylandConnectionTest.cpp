@@ -79,6 +79,23 @@ TEST(WaylandConnection, isNoneWithoutACompositor)
     expectNothing(connection);
 }
 
+TEST(WaylandConnection, anotherSessionsCompositorIsNotOurs)
+{
+    const auto display = qgetenv("WAYLAND_DISPLAY");
+    const auto folder = qgetenv("XDG_RUNTIME_DIR");
+    const QByteArray first = folder + "/wayland-0"; // what is taken where nothing is named
+    const bool made = symlink((folder + '/' + display).constData(), first.constData()) == 0;
+    qunsetenv("WAYLAND_DISPLAY");
+    {
+        const WaylandConnection connection;
+        EXPECT_FALSE(connection.works());
+        expectNothing(connection);
+    }
+    qputenv("WAYLAND_DISPLAY", display);
+    if (made)
+        unlink(first.constData());
+}
+
 TEST(WaylandConnection, offersNothingIfTheCompositorIsSilent)
 {
     const SilentCompositor compositor;
