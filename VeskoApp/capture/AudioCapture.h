@@ -17,6 +17,10 @@ public:
     Task<bool> requestMicrophone() { return m_recorder.requestAccess(); }
     // Takes in sound from now on; start says where it goes.
     void open() { m_recorder.open(); }
+    void setListener(std::shared_ptr<SoundListener> listener)
+    {
+        m_recorder.setListener(std::move(listener));
+    }
     // Throws CaptureFailure.
     Task<> start(std::filesystem::path file);
     // The recorded seconds; 0 when nothing was being recorded.

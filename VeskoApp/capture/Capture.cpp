@@ -137,17 +137,23 @@ Task<> Capture::start(
     if (m_to.preferences.soundsEnabled.get())
         m_to.cues.prepare();
     std::optional<Recording> recording;
+    std::unique_ptr<OnDeviceRecognizer::Hearing> heard;
     std::exception_ptr failure;
     try {
         recording = co_await prepareRecording(noteID, dictation);
         auto file = co_await m_to.library.audioFile(*recording);
         if (m_to.preferences.soundsEnabled.get())
             m_to.cues.play(CaptureCues::Cue::start);
+        // Only now: a press that turns out to be an ordinary combination starts no engine.
+        if (frozen.onDevice())
+            heard = m_to.onDevice.listen(frozen);
+        m_audio.setListener(heard ? heard->listener() : nullptr);
         co_await m_audio.start(std::move(file));
     } catch (...) {
         failure = std::current_exception();
     }
     if (failure) {
+        heard.reset();
         co_await startFailed(
             recording ? std::optional(recording->id) : std::nullopt, safeMessage(failure));
         co_return;
@@ -155,7 +161,7 @@ Task<> Capture::start(
 
     auto key = frozen.onDevice() ? std::nullopt : std::optional(m_to.keys.fetch(frozen.keySource));
     m_active = CapturedRecording{ *recording, dictation, std::move(destination), std::move(frozen),
-        std::move(key) };
+        std::move(key), std::move(heard) };
     if (fromFn) {
         m_fn.target = recording->id;
         m_fn.pendingStart = false;
@@ -232,7 +238,7 @@ void Capture::stop()
 {
     if (m_phase != Phase::recording || !m_active)
         return;
-    CapturedRecording captured = *m_active;
+    CapturedRecording captured = std::move(*m_active);
     const double duration = endCapture();
     clearFn();
     if (m_to.preferences.soundsEnabled.get())

@@ -8,11 +8,13 @@
 #include "VeskoApp/insertion/TextDelivery.h"
 #include "VeskoApp/library/NoteSelection.h"
 #include "VeskoApp/preferences/ServiceKeys.h"
+#include "VeskoApp/transcription/OnDeviceTranscriber.h"
 #include "VeskoCore/shell/FnShortcutState.h"
 
 #include <QObject>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace vesko {
@@ -25,6 +27,8 @@ struct CapturedRecording {
     std::optional<Destination> destination;
     CaptureSettings settings;
     std::optional<ServiceKey> key; // being fetched while the user speaks
+    // Recognises the recording while it is made; null where nothing does.
+    std::unique_ptr<OnDeviceRecognizer::Hearing> heard;
 };
 
 // Turns a trigger into a recording that stands in the library: the phase, the microphone, the
@@ -47,6 +51,7 @@ public:
         AudioRecorder& recorder;
         FocusedField& focusedField;
         CaptureCues& cues;
+        OnDeviceTranscriber& onDevice;
         LibrarySession& library;
         NoteSelection& selection;
         const Preferences& preferences;

@@ -17,6 +17,7 @@ CaptureSettings CaptureSettings::from(const Preferences& preferences, const Libr
         .paste = preferences.pasteEnabled.get(),
         .dictionary
         = preferences.dictionaryEnabled.get() ? library.dictionary : SharedArray<DictionaryEntry>{},
+        .expectTerms = preferences.expectTerms.get(),
         .translateTo = translateTo == "off" ? std::nullopt : std::optional(translateTo),
     };
 }

@@ -21,6 +21,7 @@ struct CaptureSettings {
     std::string cleanupModel;
     bool paste = true;
     SharedArray<DictionaryEntry> dictionary;
+    bool expectTerms = true; // an engine is told what stands in the dictionary
     bool cloudAllowed = true; // choosing the service is the consent; no setting is read for it
     std::optional<std::string> translateTo;
 

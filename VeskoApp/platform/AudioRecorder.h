@@ -36,8 +36,8 @@ public:
     // the file can't be had, and then leaves nothing running. Only after open.
     virtual Task<> start(std::filesystem::path file) = 0;
 
-    // Who hears the next recording that is opened, as it is written; nobody if null. Nothing that
-    // becomes of him touches the recording.
+    // Who hears the next recording that is started, from its first sound on, as it is written;
+    // nobody if null. Nothing that becomes of him touches the recording.
     virtual void setListener(std::shared_ptr<SoundListener> listener) = 0;
 
     // Seconds recorded so far; 0 when idle.

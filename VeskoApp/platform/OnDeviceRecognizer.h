@@ -17,7 +17,7 @@ public:
     // What the recogniser says while it works. Several may come; text that is not final, or
     // none, means that it goes on.
     struct Report {
-        std::optional<std::string> text;
+        std::optional<std::string> text = {};
         bool isFinal = false;
         bool failed = false;
         std::string model = {}; // who did it, with a final text: "whisper.cpp/base"
@@ -34,7 +34,7 @@ public:
     class Hearing {
     public:
         virtual ~Hearing() = default;
-        // For the recorder, before the recording is opened.
+        // For the recorder, before the recording is started.
         virtual std::shared_ptr<SoundListener> listener() = 0;
     };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoApp/async/Task.h"
+#include "VeskoCore/base/Secret.h"
 
 #include <string>
 #include <vector>
@@ -11,10 +12,11 @@ namespace vesko {
 struct FoundEngine {
     std::string id; // names it in the settings: "whisper.cpp/base"
     std::string name; // "whisper.cpp"
-    std::string model; // "base"; empty where the engine has but one, or chooses by the language
-    std::string version; // empty where it doesn't say
-    std::string licence; // likewise
-    std::vector<std::string> languages; // tags; none where only the user knows
+    std::string model
+        = {}; // "base"; empty where the engine has but one, or chooses by the language
+    std::string version = {}; // empty where it doesn't say
+    std::string licence = {}; // likewise
+    std::vector<std::string> languages = {}; // tags; none where only the user knows
     bool detectsLanguage = false;
 
     bool operator==(const FoundEngine&) const = default;
@@ -26,7 +28,10 @@ struct EngineChoice {
     // The program's path and its arguments, with {wav} in one.
     std::vector<std::string> command = {};
     std::string commandModel = {}; // what {model} stands for; may be empty
-    std::string serverAddress = {}, serverModel = {}, serverKey = {}; // the key may be empty
+    std::string serverAddress = {}, serverModel = {};
+    Secret serverKey = {}; // may be empty
+
+    bool operator==(const EngineChoice&) const = default;
 };
 
 // What speech on this machine is recognised with. Main thread.

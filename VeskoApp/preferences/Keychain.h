@@ -13,6 +13,7 @@ public:
     static constexpr const char* personal = "personal"; // the user's own OpenRouter key
     static constexpr const char* veskoAccess = "vesko-access"; // the Vesko access key
     static constexpr const char* veskoSession = "vesko-session"; // the token of who is signed in
+    static constexpr const char* speechServer = "speech-server"; // the key of the user's own server
 
     explicit Keychain(SecretStore& store)
         : m_store(store)

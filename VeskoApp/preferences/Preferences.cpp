@@ -43,6 +43,12 @@ Preferences::Preferences(SettingsStore& store, Keychain& keychain, LoginItem& lo
     , pasteEnabled(*this, "pasteEnabled", true)
     , showFloating(*this, "showFloating", true)
     , gestureKeyName(*this, "gestureKey", "")
+    , engine(*this, "engine", "pocketsphinx")
+    , engineCommand(*this, "engineCommand", "")
+    , engineCommandModel(*this, "engineCommandModel", "")
+    , engineServer(*this, "engineServer", "")
+    , engineServerModel(*this, "engineServerModel", "")
+    , expectTerms(*this, "expectTerms", true)
 {
 }
 

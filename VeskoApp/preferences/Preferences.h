@@ -71,6 +71,13 @@ public:
     Setting<bool> pasteEnabled;
     Setting<bool> showFloating;
     Setting<std::string> gestureKeyName; // empty until the user picks one
+    // What recognises speech on this machine: an engine's id, "command" or "server".
+    Setting<std::string> engine;
+    Setting<std::string> engineCommand; // a line of words, as in a shell
+    Setting<std::string> engineCommandModel;
+    Setting<std::string> engineServer; // its address
+    Setting<std::string> engineServerModel;
+    Setting<bool> expectTerms; // the dictionary's terms are told to an engine beforehand
 
     // The key of the gesture: the user's choice, else Fn where the keyboard reports it, else Right
     // Control.

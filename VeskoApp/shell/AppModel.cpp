@@ -31,11 +31,14 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
           .review = m_review,
           .clipboard = m_clipboard,
           .status = m_status })
+    , m_engines(platform.speechEngines, m_preferences, m_keychain)
+    , m_onDevice(platform.recognizer, platform.clock)
     , m_cues(platform.cues)
     , m_capture({ .clock = platform.clock,
           .recorder = platform.recorder,
           .focusedField = platform.focusedField,
           .cues = m_cues,
+          .onDevice = m_onDevice,
           .library = m_library,
           .selection = m_selection,
           .preferences = m_preferences,
@@ -44,11 +47,12 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
           .analytics = m_analytics,
           .status = m_status })
     , m_playback(platform.player, platform.clock, m_library, m_capture, m_status)
-    , m_onDevice(platform.recognizer, platform.clock)
     , m_transform(client, m_keys, m_library)
     , m_language(platform.textLanguage, platform.preferredLanguages, m_preferences, m_status)
     , m_run({ .capture = m_capture,
+                .engines = m_engines,
                 .onDevice = m_onDevice,
+                .gate = platform.speechGate,
                 .transform = m_transform,
                 .language = m_language,
                 .delivery = m_delivery,
@@ -65,6 +69,9 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
     m_capture.onCaptured = [this](CapturedRecording captured) { m_run.start(std::move(captured)); };
     m_delivery.onCorrections = [this](std::vector<DictionarySuggestion> corrections, bool sent) {
         m_terms.corrected(std::move(corrections), sent);
+    };
+    m_language.speaks = [this](const std::string& tag) {
+        return m_preferences.provider.get() != "apple" || m_platform.recognizer.supports(tag);
     };
     m_language.redo = [this](const Recording& recording) { return m_run.retry(recording, true); };
     m_accounts.restoreAtLaunch();
@@ -96,13 +103,17 @@ Task<> AppModel::start(LibrarySession::Opening open)
 }
 
 // A fresh machine is to dictate without a key: if nothing has ever been set up and a recogniser is
-// installed, the first launch chooses it. Only the first: whatever the user decides later stays.
+// installed, the first launch chooses it, the best engine of those that are there. Only the first:
+// whatever the user decides later stays.
 Task<> AppModel::chooseFirstProvider()
 {
     m_platform.settings.set("firstLaunchDone", SettingValue{ true });
     co_await m_preferences.refreshKeys();
-    if (m_preferences.hasKey() || m_preferences.hasVeskoAccess()
-        || !m_platform.recognizer.supports(m_platform.recognizer.systemLanguage()))
+    if (m_preferences.hasKey() || m_preferences.hasVeskoAccess())
+        co_return;
+    const auto language = m_platform.recognizer.systemLanguage();
+    co_await m_engines.chooseBest(language);
+    if (!m_platform.recognizer.supports(language))
         co_return;
     m_preferences.provider.set("apple");
     if (m_capture.phase() == Phase::idle)

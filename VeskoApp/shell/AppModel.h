@@ -55,6 +55,9 @@ public:
     LanguageInquiry& language() { return m_language; }
     TranscriptionRun& run() { return m_run; }
     ModelCatalog& catalog() { return m_catalog; }
+    Keychain& keychain() { return m_keychain; }
+    EngineSelection& engines() { return m_engines; }
+    OnDeviceTranscriber& onDevice() { return m_onDevice; }
 
 private:
     Task<> start(LibrarySession::Opening open);
@@ -81,11 +84,12 @@ private:
     DictionaryTerms m_terms;
     TextDelivery m_delivery;
 
+    EngineSelection m_engines;
+    OnDeviceTranscriber m_onDevice;
     CaptureCues m_cues;
     Capture m_capture;
     Playback m_playback;
 
-    OnDeviceTranscriber m_onDevice;
     TranscriptTransform m_transform;
     LanguageInquiry m_language;
     TranscriptionRun m_run;

@@ -47,10 +47,17 @@ LanguageInquiry::LanguageInquiry(const TextLanguageRecognizer& recognizer,
 
 void LanguageInquiry::consider(const std::string& text, const Recording& recording)
 {
-    const auto guess = LanguageDetector::detect(m_recognizer, text);
+    const auto unknown = [this](const std::string& language) {
+        return speaks && !speaks(SpokenLanguage::tag(SpokenLanguage::code(language)));
+    };
+    auto guess = LanguageDetector::detect(m_recognizer, text);
+    if (guess && unknown(guess->language))
+        guess.reset();
+    auto preferred = m_preferredLanguages;
+    std::erase_if(preferred, unknown);
     auto question = SpokenLanguage::question(guess ? std::optional(guess->language) : std::nullopt,
         guess ? guess->confidence : 0, guess ? guess->letters : 0, m_preferences.language.get(),
-        m_preferences.languageAnswered.get(), m_preferredLanguages);
+        m_preferences.languageAnswered.get(), preferred);
     std::optional<LanguageQuestion> asked;
     if (question)
         asked = { std::move(question->detected), std::move(question->options), recording };

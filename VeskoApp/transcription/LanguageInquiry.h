@@ -35,6 +35,8 @@ public:
     const std::optional<LanguageQuestion>& question() const { return m_question; }
     QVariant shownQuestion() const;
 
+    // Whether what recognises speech could be asked for a language; every one if empty.
+    std::function<bool(const std::string&)> speaks;
     // Transcribes again in the language now chosen; false if something else is under way.
     std::function<bool(const Recording&)> redo;
 

@@ -5,6 +5,8 @@
 #include "VeskoCore/base/Text.h"
 #include "VeskoCore/library/VeskoError.h"
 
+#include <ranges>
+#include <utility>
 #include <variant>
 
 namespace vesko {
@@ -13,7 +15,22 @@ namespace {
 
 constexpr double watchdogDelay = 65; // seconds
 
-using Outcome = std::variant<std::string, CaptureFailure>;
+using Outcome = std::variant<OnDeviceRecognizer::Report, CaptureFailure>;
+
+// The user's own spellings, the newest first, as far as engines take them.
+std::string expectedWords(const CaptureSettings& settings)
+{
+    constexpr std::size_t longest = 400; // bytes; whisper looks at some 200 words
+    std::string words;
+    if (!settings.expectTerms)
+        return words;
+    for (const auto& entry : settings.dictionary | std::views::reverse) {
+        const auto& term = entry.replacement;
+        if (entry.enabled && words.size() + term.size() + 2 <= longest)
+            words += (words.empty() ? "" : ", ") + term;
+    }
+    return words;
+}
 
 } // namespace
 
@@ -23,13 +40,29 @@ OnDeviceTranscriber::OnDeviceTranscriber(OnDeviceRecognizer& recognizer, EventCl
 {
 }
 
-Task<TranscriptResult> OnDeviceTranscriber::transcribe(
-    std::filesystem::path audio, std::string language)
+std::string OnDeviceTranscriber::languageOf(const CaptureSettings& settings) const
+{
+    const bool known = settings.language != "auto" || m_recognizer.supports("auto");
+    return known ? settings.language : m_recognizer.systemLanguage();
+}
+
+std::unique_ptr<OnDeviceRecognizer::Hearing> OnDeviceTranscriber::listen(
+    const CaptureSettings& settings)
+{
+    const auto tag = languageOf(settings);
+    if (!m_recognizer.authorized() || !m_recognizer.supports(tag) || !m_recognizer.available())
+        return nullptr;
+    m_recognizer.expect(expectedWords(settings));
+    return m_recognizer.hear(tag);
+}
+
+Task<TranscriptResult> OnDeviceTranscriber::transcribe(std::filesystem::path audio,
+    CaptureSettings settings, std::unique_ptr<OnDeviceRecognizer::Hearing> heard)
 {
     if (!m_recognizer.authorized())
         throw CaptureFailure(L10N_KEY("Vesko",
             "Allow Speech Recognition for Vesko in System Settings, or choose OpenRouter."));
-    const std::string tag = language == "auto" ? m_recognizer.systemLanguage() : language;
+    const std::string tag = languageOf(settings);
     if (!m_recognizer.supports(tag))
         throw CaptureFailure(L10N_KEY("Vesko",
             "On-device speech is unavailable for this language. Choose another language or "
@@ -47,24 +80,31 @@ Task<TranscriptResult> OnDeviceTranscriber::transcribe(
         outcome.set(CaptureFailure(
             L10N_KEY("Vesko", "On-device transcription timed out. Your audio is saved.")));
     });
-    const auto recognition
-        = m_recognizer.recognize(audio, tag, [outcome](const OnDeviceRecognizer::Report& report) {
-              if (report.isFinal && report.text)
-                  outcome.set(*report.text);
-              else if (report.failed)
-                  outcome.set(CaptureFailure(L10N_KEY("Vesko",
-                      "On-device transcription failed. Your audio is saved. Retry or choose "
-                      "OpenRouter.")));
-          });
+    m_recognizer.expect(expectedWords(settings));
+    const auto recognition = m_recognizer.recognize(
+        audio, tag,
+        [outcome](const OnDeviceRecognizer::Report& report) {
+            if (report.isFinal && report.text)
+                outcome.set(report);
+            else if (report.failed)
+                outcome.set(CaptureFailure(L10N_KEY("Vesko",
+                    "On-device transcription failed. Your audio is saved. Retry or choose "
+                    "OpenRouter.")));
+        },
+        std::move(heard));
     const Outcome settled = co_await outcome;
     if (const auto* failure = std::get_if<CaptureFailure>(&settled))
         throw *failure;
-    const std::string text(trimmed(std::get<std::string>(settled)));
+    const auto& report = std::get<OnDeviceRecognizer::Report>(settled);
+    const std::string text(trimmed(*report.text));
     if (text.empty())
-        throw VeskoError(VeskoError::emptyTranscript);
+        throw VeskoError(VeskoError::noSpeech);
     TranscriptResult result;
     result.rawText = text;
     result.text = text;
+    if (!report.model.empty())
+        result.model = report.model;
+    result.language = report.language;
     co_return result;
 }
 

@@ -3,22 +3,30 @@
 #include "VeskoApp/async/EventClock.h"
 #include "VeskoApp/async/Eventual.h"
 #include "VeskoApp/async/Task.h"
+#include "VeskoApp/capture/CaptureSettings.h"
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
 #include "VeskoCore/library/TranscriptResult.h"
 
 namespace vesko {
 
-// Turns a stored recording into text on this machine. One recognition at a time; main thread.
+// Turns a recording into text on this machine. One recognition at a time; main thread.
 class OnDeviceTranscriber {
 public:
     OnDeviceTranscriber(OnDeviceRecognizer& recognizer, EventClock& clock);
 
-    // The language is a tag, or "auto" for the system's own. Throws CaptureFailure in the user's
-    // words, after 65 seconds at the latest, and VeskoError::emptyTranscript for silence.
-    // Destroying the task cancels the recognition.
-    Task<TranscriptResult> transcribe(std::filesystem::path audio, std::string language);
+    // Begins to recognise a recording that is about to be made; null if that can't be done, which
+    // transcribe() will say.
+    std::unique_ptr<OnDeviceRecognizer::Hearing> listen(const CaptureSettings& settings);
+    // The text of a recording that stands. The language of the settings is a tag, or "auto", which
+    // is the system's own where the recogniser can't tell. Throws CaptureFailure in the user's
+    // words, after 65 seconds at the latest, and VeskoError::noSpeech for silence. Destroying the
+    // task cancels the recognition.
+    Task<TranscriptResult> transcribe(std::filesystem::path audio, CaptureSettings settings,
+        std::unique_ptr<OnDeviceRecognizer::Hearing> heard = nullptr);
 
 private:
+    std::string languageOf(const CaptureSettings& settings) const;
+
     OnDeviceRecognizer& m_recognizer;
     EventClock& m_clock;
 };

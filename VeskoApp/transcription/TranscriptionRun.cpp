@@ -1,5 +1,6 @@
 #include "VeskoApp/transcription/TranscriptionRun.h"
 
+#include "VeskoApp/capture/CaptureFailure.h"
 #include "VeskoApp/capture/CaptureLog.h"
 #include "VeskoApp/status/SafeMessage.h"
 #include "VeskoApp/transcription/AudioBytes.h"
@@ -52,7 +53,7 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
     try {
         const auto begun = co_await m_to.library.change(
             [id = recording.id,
-                provider = std::string(settings.onDevice() ? "Apple on-device" : "OpenRouter"),
+                provider = std::string(settings.onDevice() ? onDeviceProvider : "OpenRouter"),
                 model
                 = settings.onDevice() ? "apple/on-device/" + settings.language : settings.model,
                 cleanupModel = settings.cleanup || settings.translateTo
@@ -63,7 +64,7 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
         if (!begun)
             std::rethrow_exception(begun.error());
         attemptID = begun->id;
-        result = co_await attempt(recording, begun->id, settings, key);
+        result = co_await attempt(recording, begun->id, settings, key, std::move(captured.heard));
     } catch (...) {
         failure = std::current_exception();
     }
@@ -84,11 +85,12 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
 }
 
 // From speech to the final text; once completeAttempt has succeeded the transcript is safe.
-Task<TranscriptResult> TranscriptionRun::attempt(
-    Recording recording, Uuid attemptID, CaptureSettings settings, std::optional<ServiceKey> key)
+Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attemptID,
+    CaptureSettings settings, std::optional<ServiceKey> key, Hearing heard)
 {
     auto audio = co_await m_to.library.audioFile(recording);
-    TranscriptResult result = co_await recognize(std::move(audio), settings, std::move(key));
+    TranscriptResult result
+        = co_await recognize(std::move(audio), settings, std::move(key), std::move(heard));
     result.text = PersonalDictionary::apply(settings.dictionary, result.text);
     const auto stored
         = co_await m_to.library.change([id = recording.id, attemptID, result](LibraryStore& store) {
@@ -104,11 +106,19 @@ Task<TranscriptResult> TranscriptionRun::attempt(
 }
 
 // With a service's key by OpenRouter, else on this machine.
-Task<TranscriptResult> TranscriptionRun::recognize(
-    std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key)
+Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
+    CaptureSettings settings, std::optional<ServiceKey> key, Hearing heard)
 {
-    if (!key)
-        co_return co_await m_to.onDevice.transcribe(std::move(audio), settings.language);
+    if (!key) {
+        if (!co_await m_to.engines.isThere())
+            throw CaptureFailure(L10N_KEY("Vesko",
+                "The speech engine that you chose isn't there. Choose one in Settings. Your audio "
+                "is saved."));
+        co_return co_await m_to.onDevice.transcribe(
+            std::move(audio), std::move(settings), std::move(heard));
+    }
+    if (!co_await m_to.gate.mayHoldSpeech(audio))
+        throw VeskoError(VeskoError::noSpeech);
     const KeyOutcome loaded = co_await *key;
     if (loaded.failure)
         std::rethrow_exception(loaded.failure);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "VeskoApp/capture/Capture.h"
+#include "VeskoApp/platform/SpeechGate.h"
+#include "VeskoApp/transcription/EngineSelection.h"
 #include "VeskoApp/transcription/LanguageInquiry.h"
 #include "VeskoApp/transcription/OnDeviceTranscriber.h"
 #include "VeskoApp/transcription/TranscriptTransform.h"
@@ -16,7 +18,9 @@ public:
     // What it reaches; must outlive it.
     struct Neighbours {
         Capture& capture;
+        EngineSelection& engines;
         OnDeviceTranscriber& onDevice;
+        SpeechGate& gate;
         TranscriptTransform& transform;
         LanguageInquiry& language;
         TextDelivery& delivery;
@@ -36,10 +40,11 @@ public:
 
 private:
     Task<> transcribe(CapturedRecording captured, bool copyWhenDone);
+    using Hearing = std::unique_ptr<OnDeviceRecognizer::Hearing>;
     Task<TranscriptResult> attempt(Recording recording, Uuid attemptID, CaptureSettings settings,
-        std::optional<ServiceKey> key);
-    Task<TranscriptResult> recognize(
-        std::filesystem::path audio, CaptureSettings settings, std::optional<ServiceKey> key);
+        std::optional<ServiceKey> key, Hearing heard);
+    Task<TranscriptResult> recognize(std::filesystem::path audio, CaptureSettings settings,
+        std::optional<ServiceKey> key, Hearing heard);
     Task<> failed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
 
     Neighbours m_to;

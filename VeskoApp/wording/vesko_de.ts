@@ -1617,5 +1617,144 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>No speech was heard. The recording is saved.</source>
+        <translation>Es war keine Sprache zu hören. Die Aufnahme ist gesichert.</translation>
+    </message>
+    <message>
+        <source>The speech engine that you chose isn't there. Choose one in Settings. Your audio is saved.</source>
+        <translation>Die gewählte Spracherkennung ist nicht da. Wählen Sie eine in den Einstellungen. Ihre Aufnahme ist gesichert.</translation>
+    </message>
+    <message>
+        <source>Vesko is busy. Try again in a moment.</source>
+        <translation>Vesko ist beschäftigt. Versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>This engine isn't there.</source>
+        <translation>Diese Spracherkennung ist nicht da.</translation>
+    </message>
+    <message>
+        <source>“%1”, %2 seconds after the end</source>
+        <translation>„%1“, %2 Sekunden nach dem Ende</translation>
+    </message>
+    <message>
+        <source>Loading %1: %2 %</source>
+        <translation>%1 wird geladen: %2 %</translation>
+    </message>
+    <message>
+        <source>The model %1 is there.</source>
+        <translation>Das Modell %1 ist da.</translation>
+    </message>
+    <message>
+        <source>A program of your own</source>
+        <translation>Ein eigenes Programm</translation>
+    </message>
+    <message>
+        <source>Any program that prints the words of a WAV file.</source>
+        <translation>Jedes Programm, das die Wörter einer WAV-Datei ausgibt.</translation>
+    </message>
+    <message>
+        <source>A server of your own</source>
+        <translation>Ein eigener Server</translation>
+    </message>
+    <message>
+        <source>Any server with OpenAI's way to transcribe. The sound leaves this computer unless the server runs on it.</source>
+        <translation>Jeder Server, der wie der von OpenAI transkribiert. Der Ton verlässt diesen Computer, wenn der Server nicht auf ihm läuft.</translation>
+    </message>
+    <message>
+        <source>finds out the language</source>
+        <translation>erkennt die Sprache selbst</translation>
+    </message>
+    <message>
+        <source>lower case, no punctuation</source>
+        <translation>Kleinschreibung, ohne Satzzeichen</translation>
+    </message>
+    <message>
+        <source>Name a program and its arguments, with {wav} where the sound's file belongs. {language} and {model} stand for the language and the model.</source>
+        <translation>Nennen Sie ein Programm und seine Argumente, mit {wav} an der Stelle der Tondatei. {language} und {model} stehen für Sprache und Modell.</translation>
+    </message>
+    <message>
+        <source>Enter an address that begins with https://. Plain http:// is for servers on this computer.</source>
+        <translation>Geben Sie eine Adresse ein, die mit https:// beginnt. Einfaches http:// ist nur für Server auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>The chosen engine isn't there. Until you choose another, recordings are only saved.</source>
+        <translation>Die gewählte Spracherkennung ist nicht da. Bis Sie eine andere wählen, werden Aufnahmen nur gesichert.</translation>
+    </message>
+    <message>
+        <source>For other languages, punctuation and far fewer wrong words, install whisper.cpp (its program whisper-cli is found by itself) and get a model below.</source>
+        <translation>Für andere Sprachen, Satzzeichen und viel weniger falsche Wörter installieren Sie whisper.cpp (sein Programm whisper-cli wird von selbst gefunden) und laden unten ein Modell.</translation>
+    </message>
+    <message>
+        <source>Speech on this computer</source>
+        <translation>Sprache auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>In Gebrauch</translation>
+    </message>
+    <message>
+        <source>Try</source>
+        <translation>Testen</translation>
+    </message>
+    <message>
+        <source>Done speaking</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Speak a sentence now. Nothing of it is stored.</source>
+        <translation>Sprechen Sie jetzt einen Satz. Nichts davon wird gespeichert.</translation>
+    </message>
+    <message>
+        <source>Looking for engines…</source>
+        <translation>Spracherkennungen werden gesucht…</translation>
+    </message>
+    <message>
+        <source>Command line</source>
+        <translation>Befehlszeile</translation>
+    </message>
+    <message>
+        <source>Model of the command</source>
+        <translation>Modell des Befehls</translation>
+    </message>
+    <message>
+        <source>Server address</source>
+        <translation>Serveradresse</translation>
+    </message>
+    <message>
+        <source>Model of the server</source>
+        <translation>Modell des Servers</translation>
+    </message>
+    <message>
+        <source>Key of the server</source>
+        <translation>Schlüssel des Servers</translation>
+    </message>
+    <message>
+        <source>Save the key of the server</source>
+        <translation>Schlüssel des Servers sichern</translation>
+    </message>
+    <message>
+        <source>Get a model</source>
+        <translation>Modell laden</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>Laden</translation>
+    </message>
+    <message>
+        <source>Tell the engine the terms of your dictionary</source>
+        <translation>Der Spracherkennung die Begriffe des Wörterbuchs mitteilen</translation>
+    </message>
+    <message>
+        <source>Pause loading</source>
+        <translation>Laden anhalten</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 languages</source>
+        <translation>
+            <numerusform>%1 Sprache</numerusform>
+            <numerusform>%1 Sprachen</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

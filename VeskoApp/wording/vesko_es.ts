@@ -1617,5 +1617,144 @@
         <source>OK</source>
         <translation>Aceptar</translation>
     </message>
+    <message>
+        <source>No speech was heard. The recording is saved.</source>
+        <translation>No se oyó ninguna voz. La grabación está guardada.</translation>
+    </message>
+    <message>
+        <source>The speech engine that you chose isn't there. Choose one in Settings. Your audio is saved.</source>
+        <translation>El motor de voz elegido no está. Elija uno en Ajustes. El audio está guardado.</translation>
+    </message>
+    <message>
+        <source>Vesko is busy. Try again in a moment.</source>
+        <translation>Vesko está ocupado. Inténtelo de nuevo en un momento.</translation>
+    </message>
+    <message>
+        <source>This engine isn't there.</source>
+        <translation>Este motor no está.</translation>
+    </message>
+    <message>
+        <source>“%1”, %2 seconds after the end</source>
+        <translation>«%1», %2 segundos después del final</translation>
+    </message>
+    <message>
+        <source>Loading %1: %2 %</source>
+        <translation>Cargando %1: %2 %</translation>
+    </message>
+    <message>
+        <source>The model %1 is there.</source>
+        <translation>El modelo %1 ya está.</translation>
+    </message>
+    <message>
+        <source>A program of your own</source>
+        <translation>Un programa propio</translation>
+    </message>
+    <message>
+        <source>Any program that prints the words of a WAV file.</source>
+        <translation>Cualquier programa que escriba las palabras de un archivo WAV.</translation>
+    </message>
+    <message>
+        <source>A server of your own</source>
+        <translation>Un servidor propio</translation>
+    </message>
+    <message>
+        <source>Any server with OpenAI's way to transcribe. The sound leaves this computer unless the server runs on it.</source>
+        <translation>Cualquier servidor que transcriba como el de OpenAI. El sonido sale de este equipo si el servidor no está en él.</translation>
+    </message>
+    <message>
+        <source>finds out the language</source>
+        <translation>detecta el idioma</translation>
+    </message>
+    <message>
+        <source>lower case, no punctuation</source>
+        <translation>minúsculas, sin puntuación</translation>
+    </message>
+    <message>
+        <source>Name a program and its arguments, with {wav} where the sound's file belongs. {language} and {model} stand for the language and the model.</source>
+        <translation>Indique un programa y sus argumentos, con {wav} donde va el archivo de sonido. {language} y {model} son el idioma y el modelo.</translation>
+    </message>
+    <message>
+        <source>Enter an address that begins with https://. Plain http:// is for servers on this computer.</source>
+        <translation>Escriba una dirección que empiece por https://. http:// es solo para servidores de este equipo.</translation>
+    </message>
+    <message>
+        <source>The chosen engine isn't there. Until you choose another, recordings are only saved.</source>
+        <translation>El motor elegido no está. Mientras no elija otro, las grabaciones solo se guardan.</translation>
+    </message>
+    <message>
+        <source>For other languages, punctuation and far fewer wrong words, install whisper.cpp (its program whisper-cli is found by itself) and get a model below.</source>
+        <translation>Para otros idiomas, puntuación y muchas menos palabras erróneas, instale whisper.cpp (su programa whisper-cli se encuentra solo) y obtenga abajo un modelo.</translation>
+    </message>
+    <message>
+        <source>Speech on this computer</source>
+        <translation>Voz en este equipo</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>En uso</translation>
+    </message>
+    <message>
+        <source>Try</source>
+        <translation>Probar</translation>
+    </message>
+    <message>
+        <source>Done speaking</source>
+        <translation>Listo</translation>
+    </message>
+    <message>
+        <source>Speak a sentence now. Nothing of it is stored.</source>
+        <translation>Diga ahora una frase. No se guarda nada.</translation>
+    </message>
+    <message>
+        <source>Looking for engines…</source>
+        <translation>Buscando motores…</translation>
+    </message>
+    <message>
+        <source>Command line</source>
+        <translation>Línea de órdenes</translation>
+    </message>
+    <message>
+        <source>Model of the command</source>
+        <translation>Modelo de la orden</translation>
+    </message>
+    <message>
+        <source>Server address</source>
+        <translation>Dirección del servidor</translation>
+    </message>
+    <message>
+        <source>Model of the server</source>
+        <translation>Modelo del servidor</translation>
+    </message>
+    <message>
+        <source>Key of the server</source>
+        <translation>Clave del servidor</translation>
+    </message>
+    <message>
+        <source>Save the key of the server</source>
+        <translation>Guardar la clave del servidor</translation>
+    </message>
+    <message>
+        <source>Get a model</source>
+        <translation>Obtener un modelo</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>Cargar</translation>
+    </message>
+    <message>
+        <source>Tell the engine the terms of your dictionary</source>
+        <translation>Indicar al motor los términos del diccionario</translation>
+    </message>
+    <message>
+        <source>Pause loading</source>
+        <translation>Pausar la carga</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 languages</source>
+        <translation>
+            <numerusform>%1 idioma</numerusform>
+            <numerusform>%1 idiomas</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

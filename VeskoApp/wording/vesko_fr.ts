@@ -1617,5 +1617,144 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>No speech was heard. The recording is saved.</source>
+        <translation>Aucune parole n’a été entendue. L’enregistrement est conservé.</translation>
+    </message>
+    <message>
+        <source>The speech engine that you chose isn't there. Choose one in Settings. Your audio is saved.</source>
+        <translation>Le moteur vocal choisi n’est pas là. Choisissez-en un dans les réglages. L’audio est conservé.</translation>
+    </message>
+    <message>
+        <source>Vesko is busy. Try again in a moment.</source>
+        <translation>Vesko est occupé. Réessayez dans un instant.</translation>
+    </message>
+    <message>
+        <source>This engine isn't there.</source>
+        <translation>Ce moteur n’est pas là.</translation>
+    </message>
+    <message>
+        <source>“%1”, %2 seconds after the end</source>
+        <translation>« %1 », %2 secondes après la fin</translation>
+    </message>
+    <message>
+        <source>Loading %1: %2 %</source>
+        <translation>Chargement de %1 : %2 %</translation>
+    </message>
+    <message>
+        <source>The model %1 is there.</source>
+        <translation>Le modèle %1 est là.</translation>
+    </message>
+    <message>
+        <source>A program of your own</source>
+        <translation>Un programme à vous</translation>
+    </message>
+    <message>
+        <source>Any program that prints the words of a WAV file.</source>
+        <translation>Tout programme qui écrit les mots d’un fichier WAV.</translation>
+    </message>
+    <message>
+        <source>A server of your own</source>
+        <translation>Un serveur à vous</translation>
+    </message>
+    <message>
+        <source>Any server with OpenAI's way to transcribe. The sound leaves this computer unless the server runs on it.</source>
+        <translation>Tout serveur qui transcrit comme celui d’OpenAI. Le son quitte cet ordinateur si le serveur n’y tourne pas.</translation>
+    </message>
+    <message>
+        <source>finds out the language</source>
+        <translation>reconnaît la langue</translation>
+    </message>
+    <message>
+        <source>lower case, no punctuation</source>
+        <translation>minuscules, sans ponctuation</translation>
+    </message>
+    <message>
+        <source>Name a program and its arguments, with {wav} where the sound's file belongs. {language} and {model} stand for the language and the model.</source>
+        <translation>Indiquez un programme et ses arguments, avec {wav} à la place du fichier son. {language} et {model} désignent la langue et le modèle.</translation>
+    </message>
+    <message>
+        <source>Enter an address that begins with https://. Plain http:// is for servers on this computer.</source>
+        <translation>Entrez une adresse qui commence par https://. http:// est réservé aux serveurs de cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>The chosen engine isn't there. Until you choose another, recordings are only saved.</source>
+        <translation>Le moteur choisi n’est pas là. Tant que vous n’en choisissez pas un autre, les enregistrements sont seulement conservés.</translation>
+    </message>
+    <message>
+        <source>For other languages, punctuation and far fewer wrong words, install whisper.cpp (its program whisper-cli is found by itself) and get a model below.</source>
+        <translation>Pour d’autres langues, la ponctuation et bien moins d’erreurs, installez whisper.cpp (son programme whisper-cli est trouvé tout seul) et obtenez un modèle ci-dessous.</translation>
+    </message>
+    <message>
+        <source>Speech on this computer</source>
+        <translation>Parole sur cet ordinateur</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Utilisé</translation>
+    </message>
+    <message>
+        <source>Try</source>
+        <translation>Essayer</translation>
+    </message>
+    <message>
+        <source>Done speaking</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>Speak a sentence now. Nothing of it is stored.</source>
+        <translation>Dites maintenant une phrase. Rien n’en est conservé.</translation>
+    </message>
+    <message>
+        <source>Looking for engines…</source>
+        <translation>Recherche de moteurs…</translation>
+    </message>
+    <message>
+        <source>Command line</source>
+        <translation>Ligne de commande</translation>
+    </message>
+    <message>
+        <source>Model of the command</source>
+        <translation>Modèle de la commande</translation>
+    </message>
+    <message>
+        <source>Server address</source>
+        <translation>Adresse du serveur</translation>
+    </message>
+    <message>
+        <source>Model of the server</source>
+        <translation>Modèle du serveur</translation>
+    </message>
+    <message>
+        <source>Key of the server</source>
+        <translation>Clé du serveur</translation>
+    </message>
+    <message>
+        <source>Save the key of the server</source>
+        <translation>Enregistrer la clé du serveur</translation>
+    </message>
+    <message>
+        <source>Get a model</source>
+        <translation>Obtenir un modèle</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>Charger</translation>
+    </message>
+    <message>
+        <source>Tell the engine the terms of your dictionary</source>
+        <translation>Indiquer au moteur les termes du dictionnaire</translation>
+    </message>
+    <message>
+        <source>Pause loading</source>
+        <translation>Suspendre</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 languages</source>
+        <translation>
+            <numerusform>%1 langue</numerusform>
+            <numerusform>%1 langues</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

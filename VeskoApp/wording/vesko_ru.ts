@@ -1619,5 +1619,145 @@
         <source>The download was paused. What has arrived is kept.</source>
         <translation>Загрузка приостановлена. Загруженная часть сохранена.</translation>
     </message>
+    <message>
+        <source>No speech was heard. The recording is saved.</source>
+        <translation>Речи не слышно. Запись сохранена.</translation>
+    </message>
+    <message>
+        <source>The speech engine that you chose isn't there. Choose one in Settings. Your audio is saved.</source>
+        <translation>Выбранного распознавателя речи нет. Выберите другой в настройках. Звук сохранён.</translation>
+    </message>
+    <message>
+        <source>Vesko is busy. Try again in a moment.</source>
+        <translation>Vesko занят. Попробуйте через минуту.</translation>
+    </message>
+    <message>
+        <source>This engine isn't there.</source>
+        <translation>Этого распознавателя нет.</translation>
+    </message>
+    <message>
+        <source>“%1”, %2 seconds after the end</source>
+        <translation>«%1», через %2 с после конца</translation>
+    </message>
+    <message>
+        <source>Loading %1: %2 %</source>
+        <translation>Загрузка %1: %2 %</translation>
+    </message>
+    <message>
+        <source>The model %1 is there.</source>
+        <translation>Модель %1 загружена.</translation>
+    </message>
+    <message>
+        <source>A program of your own</source>
+        <translation>Своя программа</translation>
+    </message>
+    <message>
+        <source>Any program that prints the words of a WAV file.</source>
+        <translation>Любая программа, которая печатает слова из файла WAV.</translation>
+    </message>
+    <message>
+        <source>A server of your own</source>
+        <translation>Свой сервер</translation>
+    </message>
+    <message>
+        <source>Any server with OpenAI's way to transcribe. The sound leaves this computer unless the server runs on it.</source>
+        <translation>Любой сервер, который распознаёт речь так же, как OpenAI. Звук покидает этот компьютер, если сервер работает не на нём.</translation>
+    </message>
+    <message>
+        <source>finds out the language</source>
+        <translation>сам определяет язык</translation>
+    </message>
+    <message>
+        <source>lower case, no punctuation</source>
+        <translation>строчными буквами, без знаков препинания</translation>
+    </message>
+    <message>
+        <source>Name a program and its arguments, with {wav} where the sound's file belongs. {language} and {model} stand for the language and the model.</source>
+        <translation>Укажите программу и её аргументы, а там, где нужен файл со звуком, {wav}. {language} и {model} обозначают язык и модель.</translation>
+    </message>
+    <message>
+        <source>Enter an address that begins with https://. Plain http:// is for servers on this computer.</source>
+        <translation>Введите адрес, который начинается с https://. Простой http:// годится только для серверов на этом компьютере.</translation>
+    </message>
+    <message>
+        <source>The chosen engine isn't there. Until you choose another, recordings are only saved.</source>
+        <translation>Выбранного распознавателя нет. Пока вы не выберете другой, записи только сохраняются.</translation>
+    </message>
+    <message>
+        <source>For other languages, punctuation and far fewer wrong words, install whisper.cpp (its program whisper-cli is found by itself) and get a model below.</source>
+        <translation>Чтобы были другие языки, знаки препинания и намного меньше ошибок, установите whisper.cpp (его программа whisper-cli находится сама) и загрузите ниже модель.</translation>
+    </message>
+    <message>
+        <source>Speech on this computer</source>
+        <translation>Речь на этом компьютере</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Используется</translation>
+    </message>
+    <message>
+        <source>Try</source>
+        <translation>Проба</translation>
+    </message>
+    <message>
+        <source>Done speaking</source>
+        <translation>Готово</translation>
+    </message>
+    <message>
+        <source>Speak a sentence now. Nothing of it is stored.</source>
+        <translation>Скажите предложение. Ничего не сохраняется.</translation>
+    </message>
+    <message>
+        <source>Looking for engines…</source>
+        <translation>Поиск распознавателей…</translation>
+    </message>
+    <message>
+        <source>Command line</source>
+        <translation>Командная строка</translation>
+    </message>
+    <message>
+        <source>Model of the command</source>
+        <translation>Модель для команды</translation>
+    </message>
+    <message>
+        <source>Server address</source>
+        <translation>Адрес сервера</translation>
+    </message>
+    <message>
+        <source>Model of the server</source>
+        <translation>Модель сервера</translation>
+    </message>
+    <message>
+        <source>Key of the server</source>
+        <translation>Ключ сервера</translation>
+    </message>
+    <message>
+        <source>Save the key of the server</source>
+        <translation>Сохранить ключ сервера</translation>
+    </message>
+    <message>
+        <source>Get a model</source>
+        <translation>Загрузить модель</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>Загрузить</translation>
+    </message>
+    <message>
+        <source>Tell the engine the terms of your dictionary</source>
+        <translation>Сообщать распознавателю термины из словаря</translation>
+    </message>
+    <message>
+        <source>Pause loading</source>
+        <translation>Приостановить</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 languages</source>
+        <translation>
+            <numerusform>%1 язык</numerusform>
+            <numerusform>%1 языка</numerusform>
+            <numerusform>%1 языков</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

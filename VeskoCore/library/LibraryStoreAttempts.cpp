@@ -68,6 +68,8 @@ void LibraryStore::completeAttempt(
         auto& attempt = recording.attempts[index];
         attempt.rawText = result.rawText;
         attempt.text = result.text == result.rawText ? *attempt.rawText : SharedText(result.text);
+        attempt.model = result.model.value_or(attempt.model);
+        attempt.detectedLanguage = result.language;
         attempt.cost = result.cost;
         attempt.requestID = result.requestID;
         attempt.errorMessage = result.warning;

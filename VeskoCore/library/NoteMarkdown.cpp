@@ -12,7 +12,7 @@ std::string Note::markdown(const std::optional<std::string>& project) const
     for (const auto& recording : recordings)
         for (const auto& attempt : recording.attempts)
             if (attempt.rawText) {
-                text += "\n## Original transcript (" + attempt.model + ")\n\n";
+                text += "\n## Original transcript (" + attempt.modelInWords() + ")\n\n";
                 text += std::string_view(*attempt.rawText);
                 text += '\n';
             }

@@ -13,6 +13,8 @@ struct TranscriptResult {
     std::optional<double> cost; // United States dollars
     std::optional<std::string> requestID;
     std::optional<std::string> warning; // stands beside a success
+    std::optional<std::string> model = {}; // who did it, where that was not known before
+    std::optional<std::string> language = {}; // the tag of what was detected
 
     bool operator==(const TranscriptResult&) const = default;
 };

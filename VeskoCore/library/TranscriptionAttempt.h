@@ -15,6 +15,9 @@ enum class AttemptStatus { running, ready, failed, interrupted };
 // The status in words, a key for the catalogues.
 const char* label(AttemptStatus);
 
+// The provider of what is recognised on this machine, a key for the catalogues.
+inline constexpr std::string_view onDeviceProvider = "Apple on-device";
+
 // One try at turning a recording into text.
 struct TranscriptionAttempt {
     Uuid id;
@@ -29,8 +32,13 @@ struct TranscriptionAttempt {
     std::optional<double> cost; // United States dollars, where the service reports it
     std::optional<std::string> requestID;
     std::optional<std::string> errorMessage; // the failure, or the warning of a success
+    std::optional<std::string> detectedLanguage; // its tag, where the back end tells it
 
     bool operator==(const TranscriptionAttempt&) const = default;
+
+    // What a person would call the model: "whisper.cpp, base". What a service calls its models, and
+    // what older records say, stays as it is.
+    std::string modelInWords() const;
 };
 
 template <>
@@ -42,6 +50,7 @@ inline constexpr std::tuple jsonFields<TranscriptionAttempt>{
     JsonField{ "cleanupModel", &TranscriptionAttempt::cleanupModel },
     JsonField{ "completedAt", &TranscriptionAttempt::completedAt },
     JsonField{ "cost", &TranscriptionAttempt::cost },
+    JsonField{ "detectedLanguage", &TranscriptionAttempt::detectedLanguage },
     JsonField{ "errorMessage", &TranscriptionAttempt::errorMessage },
     JsonField{ "id", &TranscriptionAttempt::id },
     JsonField{ "model", &TranscriptionAttempt::model },

@@ -45,6 +45,8 @@ const char* VeskoError::errorDescription() const
     case emptyTranscript:
         return L10N_KEY("Vesko",
             "No speech was returned. Your audio is saved. You can retry with another model.");
+    case noSpeech:
+        return L10N_KEY("Vesko", "No speech was heard. The recording is saved.");
     case missingKey:
         return L10N_KEY("Vesko", "Add your OpenRouter key in Settings. Your audio stays saved.");
     case cloudConsentRequired:

@@ -21,6 +21,7 @@ public:
         libraryTooLarge,
         libraryBusy,
         emptyTranscript,
+        noSpeech, // nobody spoke, so no back end was asked
         missingKey,
         cloudConsentRequired,
         invalidModel,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskoCore/base/Secret.h"
 #include "VeskoCore/speech/EngineContract.h"
 #include "VeskoCore/speech/HttpTransport.h"
 
@@ -20,7 +21,7 @@ public:
         // isn't there.
         std::string address;
         std::string model;
-        std::optional<std::string> key = {};
+        std::optional<Secret> key = {};
     };
     static constexpr std::size_t audioLimit = 26'214'400; // bytes
 

@@ -120,7 +120,10 @@ Task<> GstRecorder::begin(
 {
     std::exception_ptr failure;
     try {
-        co_await m_worker.run([pipeline, file = std::move(file)] { pipeline->begin(file); });
+        co_await m_worker.run(
+            [pipeline, file = std::move(file), listener = std::exchange(m_listener, nullptr)] {
+                pipeline->begin(file, listener);
+            });
     } catch (const std::exception&) {
         failure = std::current_exception();
     }
@@ -200,10 +203,7 @@ void GstRecorder::endedByItself(RecorderFailure failure)
 Task<> GstRecorder::openMicrophone(Pipeline pipeline)
 {
     try {
-        co_await m_worker.run(
-            [pipeline = std::move(pipeline), listener = std::exchange(m_listener, nullptr)] {
-                pipeline->open(listener);
-            });
+        co_await m_worker.run([pipeline = std::move(pipeline)] { pipeline->open(); });
     } catch (const std::runtime_error&) {
     }
 }

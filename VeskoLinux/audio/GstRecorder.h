@@ -54,7 +54,7 @@ private:
     QObject m_home; // what other threads post to; outlives them all
     Pipeline m_next; // for the coming recording
     Pipeline m_current; // between open and stop
-    std::shared_ptr<SoundListener> m_listener; // of the coming recording
+    std::shared_ptr<SoundListener> m_listener; // of the recording that is started next
     bool m_started = false;
     std::optional<Eventual<std::exception_ptr>> m_beginning; // what start() waits for
     QTimer m_listen; // while a started recording is under way

@@ -154,7 +154,7 @@ void RecordingPipeline::build()
     m_pipeline = std::move(pipeline);
 }
 
-void RecordingPipeline::open(const std::shared_ptr<SoundListener>& listener)
+void RecordingPipeline::open()
 {
     build();
     const bool opening
@@ -167,8 +167,6 @@ void RecordingPipeline::open(const std::shared_ptr<SoundListener>& listener)
     if (error || !writer)
         throw std::runtime_error("The recorder lacks a part: " + takeText(error));
     m_writer.reset(GST_ELEMENT(gst_object_ref_sink(writer)));
-    if (listener)
-        listenIn(listener);
     const std::scoped_lock lock(m_mutex);
     m_opened = opening;
 }
@@ -185,11 +183,14 @@ void RecordingPipeline::listenIn(const std::shared_ptr<SoundListener>& listener)
     gst_object_unref(out);
 }
 
-void RecordingPipeline::begin(const std::filesystem::path& file)
+void RecordingPipeline::begin(
+    const std::filesystem::path& file, const std::shared_ptr<SoundListener>& listener)
 {
     createForOwnerOnly(file);
     bool started = m_opened;
     if (started) {
+        if (listener)
+            listenIn(listener);
         const Element sink(gst_bin_get_by_name(GST_BIN(m_writer.get()), "sink"));
         g_object_set(sink.get(), "location", file.c_str(), nullptr);
         gst_bin_add(GST_BIN(m_pipeline.get()), m_writer.get());

@@ -36,13 +36,12 @@ public:
     // Puts together what takes the sound in, which takes time on a cold machine; holds no device
     // and no connection. Throws std::runtime_error when a part isn't installed.
     void build();
-    // Begins to take sound and holds up to 30 seconds of it. Doesn't wait for the first. The
-    // listener, if any, hears what will be written.
-    void open(const std::shared_ptr<SoundListener>& listener);
-    // Writes what has been heard and all that comes into a new file; returns when the first sound
-    // has come. Throws std::runtime_error when it can't begin, or abandon() was called; a file that
-    // it made is then removed.
-    void begin(const std::filesystem::path& file);
+    // Begins to take sound and holds up to 30 seconds of it. Doesn't wait for the first.
+    void open();
+    // Writes what has been heard and all that comes into a new file, which the listener, if any,
+    // hears; returns when the first sound has come. Throws std::runtime_error when it can't begin,
+    // or abandon() was called; a file that it made is then removed.
+    void begin(const std::filesystem::path& file, const std::shared_ptr<SoundListener>& listener);
     // Makes begin() give up where it waits for sound.
     void abandon();
     // Ends the recording if its microphone has gone or it has failed, and then tells why. The file

@@ -130,7 +130,10 @@ std::shared_ptr<const SpeechEngine> chosen(
             place.key = choice.serverKey;
         return std::make_shared<ServerEngine>(std::move(place));
     }
-    for (auto& shelved : shelf(places, stop))
+    auto engines = choice.id.starts_with("engine/") ? contractEngines(places, stop)
+        : choice.id.starts_with("whisper.cpp/")     ? whispers(places)
+                                                    : std::vector{ pocketSphinx(places) };
+    for (auto& shelved : engines)
         if (shelved.found.id == choice.id)
             return shelved.engine;
     return nullptr;

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace vesko {
@@ -33,6 +34,7 @@ public:
     int accessRequests = 0;
     std::shared_ptr<SoundListener> listener;
     std::vector<std::filesystem::path> files; // that a start was asked for
+    std::vector<bool> wasHeard; // of each start, whether there was a listener
 
     // Whether sound is being taken.
     bool running() const { return m_openedAt.has_value(); }
@@ -57,6 +59,7 @@ public:
     {
         EXPECT_TRUE(m_openedAt) << "the microphone was not opened";
         files.push_back(file);
+        wasHeard.push_back(std::exchange(listener, nullptr) != nullptr);
         co_await starting.pass();
         if (startFails) {
             m_openedAt.reset();

@@ -28,6 +28,8 @@ public:
     int hearings = 0; // that are under way
     std::vector<bool> wasHeard; // of each recognition, whether a hearing came with it
 
+    Report extra; // of what every recording says: its model and language
+
     bool running() const { return m_report != nullptr; }
     // A report of the running recognition, which may end it.
     void report(const Report& report)
@@ -53,7 +55,14 @@ public:
                 ++hearings;
             }
             ~Deaf() override { --hearings; }
-            std::shared_ptr<SoundListener> listener() override { return nullptr; }
+            std::shared_ptr<SoundListener> listener() override
+            {
+                struct Nobody final : SoundListener {
+                    void take(std::span<const std::int16_t>) override { }
+                    void end(bool) override { }
+                };
+                return std::make_shared<Nobody>();
+            }
             int& hearings;
         };
         heardLanguages.push_back(language);
@@ -77,8 +86,12 @@ private:
             : m_owner(owner)
         {
             if (owner.hears)
-                QTimer::singleShot(0, &m_context,
-                    [&owner] { owner.report({ .text = owner.hears, .isFinal = true }); });
+                QTimer::singleShot(0, &m_context, [&owner] {
+                    owner.report({ .text = owner.hears,
+                        .isFinal = true,
+                        .model = owner.extra.model,
+                        .language = owner.extra.language });
+                });
         }
         ~Running() override { m_owner.m_report = nullptr; }
 

@@ -65,6 +65,17 @@ TEST_F(RecordingListModelTest, AnAttemptShowsItsTextsAndItsCost)
     EXPECT_EQ(attempt()[QStringLiteral("failed")], true);
 }
 
+TEST_F(RecordingListModelTest, AnAttemptNamesItsEngineInWords)
+{
+    auto recording = recorded();
+    TranscriptionAttempt tried;
+    tried.provider = onDeviceProvider;
+    tried.model = "whisper.cpp/base";
+    recording.attempts.push_back(tried);
+    model.setRecordings({ recording });
+    EXPECT_EQ(attempt()[QStringLiteral("modelName")], QStringLiteral("whisper.cpp, base"));
+}
+
 TEST_F(RecordingListModelTest, RowsStayWhileTheirRecordingsDo)
 {
     int resets = 0, changes = 0, inserts = 0;

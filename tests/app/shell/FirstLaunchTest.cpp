@@ -46,6 +46,39 @@ TEST_F(FirstLaunchTest, ChoosesTheRecogniserOfThisMachine)
     EXPECT_EQ(onlyNote().body, "hello world");
 }
 
+FoundEngine whisper(std::vector<std::string> languages)
+{
+    return { .id = "whisper.cpp/base", .name = "whisper.cpp", .languages = std::move(languages) };
+}
+
+TEST_F(FirstLaunchTest, ChoosesTheBestEngineThatSpeaksTheUsersLanguage)
+{
+    auto& found = machine.speechEngines.found;
+    found.insert(found.begin(), whisper({ "ru", "en" }));
+    launch();
+    EXPECT_EQ(model->preferences().engine.get(), "whisper.cpp/base");
+    ASSERT_EQ(machine.speechEngines.used.size(), 1U);
+    EXPECT_EQ(machine.speechEngines.used[0].id, "whisper.cpp/base");
+}
+
+TEST_F(FirstLaunchTest, PassesOverAnEngineThatDoesNotSpeakIt)
+{
+    auto& found = machine.speechEngines.found;
+    found.insert(found.begin(), whisper({ "ru" }));
+    launch();
+    EXPECT_EQ(model->preferences().engine.get(), "pocketsphinx");
+    EXPECT_TRUE(machine.speechEngines.used.empty());
+}
+
+TEST_F(FirstLaunchTest, IsTheOnlyOneThatChoosesAnEngine)
+{
+    launch();
+    auto& found = machine.speechEngines.found;
+    found.insert(found.begin(), whisper({ "en" }));
+    launch();
+    EXPECT_EQ(model->preferences().engine.get(), "pocketsphinx");
+}
+
 TEST_F(FirstLaunchTest, LeavesALaterChoiceAlone)
 {
     launch();

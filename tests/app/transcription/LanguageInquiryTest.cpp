@@ -13,6 +13,8 @@ class LanguageInquiryTest : public AppModelTest {
 protected:
     LanguageInquiryTest()
     {
+        machine.recognizer.installed
+            = { "en-US", "de-DE", "fr-FR", "es-ES", "pt-BR", "ru-RU", "uk-UA", "sv", "hi" };
         machine.recognizer.hears = "Der Zug hatte schon wieder Verspätung";
         machine.textLanguage.finding = { "de", 0.9 };
     }
@@ -52,6 +54,21 @@ TEST_F(LanguageInquiryTest, IsRaisedFromTheTranscript)
     EXPECT_EQ(model->language().question()->recording.id, onlyRecording().id);
     EXPECT_THAT(machine.textLanguage.texts, ElementsAre("Der Zug hatte schon wieder Verspätung"));
     EXPECT_EQ(changes, 1);
+}
+
+TEST_F(LanguageInquiryTest, OffersWhatTheEngineSpeaks)
+{
+    machine.all.preferredLanguages = { "en-GB", "fr", "ru" };
+    machine.recognizer.installed = { "en-US", "ru-RU" };
+    openAndAsk();
+    EXPECT_THAT(options(), ElementsAre("en-US", "ru-RU"));
+    model->preferences().provider.set("openrouter");
+    machine.recognizer.installed.clear();
+    model->language().consider("Der Zug hatte schon wieder Verspätung", onlyRecording());
+    EXPECT_THAT(options(), ElementsAre("de-DE", "en-US", "fr-FR"));
+    model->preferences().provider.set("apple");
+    model->language().consider("Der Zug hatte schon wieder Verspätung", onlyRecording());
+    EXPECT_EQ(model->language().question(), std::nullopt);
 }
 
 TEST_F(LanguageInquiryTest, NeedsACertainFinding)

@@ -21,6 +21,13 @@ using testing::ElementsAre;
 constexpr const char* failedText
     = "On-device transcription failed. Your audio is saved. Retry or choose OpenRouter.";
 
+CaptureSettings in(const std::string& language)
+{
+    CaptureSettings settings;
+    settings.language = language;
+    return settings;
+}
+
 class OnDeviceTranscriberTest : public testing::Test {
 protected:
     OnDeviceTranscriberTest() { recognizer.hears.reset(); }
@@ -35,7 +42,8 @@ protected:
     Task<> note(std::string language)
     {
         try {
-            result = co_await transcriber.transcribe("/audio.m4a", language);
+            result
+                = co_await transcriber.transcribe("/audio.m4a", in(language), std::move(hearing));
             outcome = "text: " + result.text;
         } catch (const CaptureFailure& failure) {
             outcome = failure.message();
@@ -49,8 +57,17 @@ protected:
     OnDeviceTranscriber transcriber{ recognizer, clock };
     TranscriptResult result;
     std::string outcome;
+    std::unique_ptr<OnDeviceRecognizer::Hearing> hearing; // for the next recognition
     std::unique_ptr<TaskScope> scope;
 };
+
+DictionaryEntry entry(const char* replacement, bool enabled = true)
+{
+    DictionaryEntry entry;
+    entry.replacement = replacement;
+    entry.enabled = enabled;
+    return entry;
+}
 
 TEST_F(OnDeviceTranscriberTest, GivesTheFinalTextWithoutTheSpaceAround)
 {
@@ -99,13 +116,78 @@ TEST_F(OnDeviceTranscriberTest, ThePermissionIsAskedFirstTheLanguageNextTheRecog
         "OpenRouter.");
 }
 
-TEST_F(OnDeviceTranscriberTest, SilenceIsAnEmptyTranscript)
+TEST_F(OnDeviceTranscriberTest, AutomaticIsLeftToARecogniserThatFindsTheLanguage)
+{
+    recognizer.installed = { "en-US", "auto" };
+    begin("auto");
+    hearing = transcriber.listen(in("auto"));
+    EXPECT_THAT(recognizer.languages, ElementsAre("auto"));
+    EXPECT_THAT(recognizer.heardLanguages, ElementsAre("auto"));
+}
+
+TEST_F(OnDeviceTranscriberTest, SaysWhoDidItAndInWhatLanguage)
+{
+    begin();
+    recognizer.report(
+        { .text = "Hallo.", .isFinal = true, .model = "whisper.cpp/base", .language = "de" });
+    EXPECT_EQ(result.model, "whisper.cpp/base");
+    EXPECT_EQ(result.language, "de");
+    begin();
+    recognizer.report({ .text = "Hello.", .isFinal = true });
+    EXPECT_EQ(result.model, std::nullopt);
+    EXPECT_EQ(result.language, std::nullopt);
+}
+
+TEST_F(OnDeviceTranscriberTest, WhatWasHeardAlreadyIsHandedToTheRecognition)
+{
+    hearing = transcriber.listen(in("en-US"));
+    EXPECT_EQ(recognizer.hearings, 1);
+    begin("en-US");
+    begin("en-US");
+    EXPECT_THAT(recognizer.wasHeard, ElementsAre(true, false));
+}
+
+TEST_F(OnDeviceTranscriberTest, NothingIsHeardThatCouldNotBeRecognised)
+{
+    using Break = void (*)(FakeOnDeviceRecognizer&);
+    for (const Break breaks : std::initializer_list<Break>{ [](auto& r) { r.installed.clear(); },
+             [](auto& r) { r.isAuthorized = false; }, [](auto& r) { r.isAvailable = false; } }) {
+        FakeOnDeviceRecognizer broken;
+        breaks(broken);
+        EXPECT_EQ(OnDeviceTranscriber(broken, clock).listen(in("auto")), nullptr);
+        EXPECT_TRUE(broken.heardLanguages.empty());
+    }
+}
+
+TEST_F(OnDeviceTranscriberTest, TheUsersOwnSpellingsAreExpectedNewestFirst)
+{
+    CaptureSettings settings = in("en-US");
+    for (auto&& term : { entry("Vesko"), entry("off", false), entry("Ильинична") })
+        settings.dictionary.append(term);
+    hearing = transcriber.listen(settings);
+    EXPECT_EQ(recognizer.expected, "Ильинична, Vesko");
+    settings.expectTerms = false;
+    hearing = transcriber.listen(settings);
+    EXPECT_EQ(recognizer.expected, "");
+}
+
+TEST_F(OnDeviceTranscriberTest, AsManySpellingsAreExpectedAsAnEngineTakes)
+{
+    CaptureSettings settings = in("en-US");
+    for (int i = 0; i < 1000; ++i)
+        settings.dictionary.append(entry("Kubernetes"));
+    settings.dictionary.append(entry(std::string(500, 'x').c_str()));
+    hearing = transcriber.listen(settings);
+    EXPECT_LE(recognizer.expected.size(), 400U);
+    EXPECT_GE(recognizer.expected.size(), 380U);
+}
+
+TEST_F(OnDeviceTranscriberTest, SilenceHoldsNoSpeech)
 {
     for (const char* text : { "", " ", "\n\t ", "\u00a0\u2003" }) {
         begin();
         recognizer.report({ .text = text, .isFinal = true });
-        EXPECT_EQ(outcome,
-            "No speech was returned. Your audio is saved. You can retry with another model.");
+        EXPECT_EQ(outcome, "No speech was heard. The recording is saved.");
     }
 }
 

@@ -69,6 +69,18 @@ TEST_F(OpenRouterRunTest, TheAudioIsSentAndTheTextDelivered)
     EXPECT_TRUE(machine.recognizer.audio.empty());
 }
 
+TEST_F(OpenRouterRunTest, SilenceIsSentToNobodyAndNeedsNoKey)
+{
+    machine.secrets.remove("vesko-access");
+    machine.speechGate.finds = false;
+    open();
+    dictate();
+    finish();
+    expectFailedRun("No speech was heard. The recording is saved.");
+    EXPECT_TRUE(server.requests().empty());
+    EXPECT_THAT(machine.speechGate.audio, testing::ElementsAre(audioFile()));
+}
+
 TEST_F(OpenRouterRunTest, TheKeyIsFetchedWhileTheUserSpeaks)
 {
     open();

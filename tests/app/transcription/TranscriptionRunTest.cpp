@@ -48,6 +48,28 @@ TEST_F(TranscriptionRunTest, TheTranscriptStandsInTheNoteAndInItsAttempt)
     EXPECT_THAT(machine.recognizer.audio, testing::ElementsAre(audioFile()));
 }
 
+TEST_F(TranscriptionRunTest, TheAttemptNamesTheEngineThatDidItAndTheLanguageThatItFound)
+{
+    open();
+    machine.recognizer.extra = { .model = "whisper.cpp/base", .language = "ru" };
+    dictate();
+    finish();
+    EXPECT_EQ(onlyAttempt().model, "whisper.cpp/base");
+    EXPECT_EQ(onlyAttempt().detectedLanguage, "ru");
+    EXPECT_EQ(onlyAttempt().modelInWords(), "whisper.cpp, base");
+}
+
+TEST_F(TranscriptionRunTest, AnEngineThatIsGoneIsReplacedByNoOther)
+{
+    choose("engine", std::string("whisper.cpp/base"));
+    open();
+    dictate();
+    finish();
+    expectFailedRun("The speech engine that you chose isn't there. Choose one in Settings. Your "
+                    "audio is saved.");
+    EXPECT_TRUE(machine.recognizer.audio.empty());
+}
+
 TEST_F(TranscriptionRunTest, TheAttemptNamesTheModelOfTheStepsThatFollow)
 {
     struct Case {
@@ -104,7 +126,7 @@ TEST_F(TranscriptionRunTest, ARecognitionThatFailsIsAFailedAttempt)
             "On-device speech is not available right now. Your audio is saved. Try again or "
             "choose OpenRouter." },
         { "nothing was said", [](auto& m) { m.recognizer.hears = " \n\t "; },
-            "No speech was returned. Your audio is saved. You can retry with another model." },
+            "No speech was heard. The recording is saved." },
     };
     for (const auto& [name, arrange, text] : cases) {
         SCOPED_TRACE(name);

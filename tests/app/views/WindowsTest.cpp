@@ -230,6 +230,7 @@ TEST_P(WindowsTest, floatingControlHasRoom)
 {
     machine.all.preferredLanguages.insert(machine.all.preferredLanguages.end(), { "pt", "uk" });
     machine.textLanguage.finding = { "de", 1 };
+    machine.recognizer.installed = { "en-US", "de-DE", "pt-BR", "uk-UA" };
     machine.recognizer.hears = "Der Zug hatte schon wieder Verspätung";
     open();
     look(panel(), "panel");

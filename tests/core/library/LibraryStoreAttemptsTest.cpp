@@ -108,6 +108,22 @@ TEST_F(LibraryStoreAttemptsTest, BeginAttemptTakesNoNoteInTheTrashAndNoUnknownRe
     expectRefused(*store, VeskoError::libraryBusy, [&] { begin(); });
 }
 
+TEST_F(LibraryStoreAttemptsTest, CompleteAttemptNamesWhoDidItIfThatWasNotKnownBefore)
+{
+    given("");
+    auto first = result("Hallo."), second = result("Hallo.");
+    first.model = "whisper.cpp/base";
+    first.language = "de";
+    store->completeAttempt(recordingID, begin().id, first);
+    const auto before = begin().model;
+    store->completeAttempt(recordingID, recording().attempts.back().id, second);
+    EXPECT_EQ(recording().attempts[0].model, "whisper.cpp/base");
+    EXPECT_EQ(recording().attempts[0].detectedLanguage, "de");
+    EXPECT_EQ(recording().attempts[1].model, before);
+    EXPECT_EQ(recording().attempts[1].detectedLanguage, std::nullopt);
+    EXPECT_EQ(saved(), onDisk(store->snapshot()));
+}
+
 TEST_F(LibraryStoreAttemptsTest, CompleteAttemptFillsTheAttemptAndAppendsToTheNote)
 {
     given("");

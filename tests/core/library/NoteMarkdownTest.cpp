@@ -57,5 +57,17 @@ TEST(NoteMarkdown, HoldsEveryRawTranscriptWhateverBecameOfIt)
         "\n## Original transcript (whisper)\n\ntwo\n\n");
 }
 
+TEST(NoteMarkdown, NamesAnEngineInWords)
+{
+    Note note;
+    note.title = "A";
+    Recording recording;
+    recording.attempts = { attempt("whisper.cpp/base", "one") };
+    recording.attempts[0].provider = onDeviceProvider;
+    note.recordings = { recording };
+    EXPECT_EQ(note.markdown(std::nullopt),
+        "# A\n\n\n\n## Original transcript (whisper.cpp, base)\n\none\n");
+}
+
 } // namespace
 } // namespace vesko

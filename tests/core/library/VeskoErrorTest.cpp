@@ -26,6 +26,7 @@ TEST(VeskoError, SaysWhatWasKept)
             "The library is too large. Vesko can open up to 1 GB. Your files were preserved." },
         { VeskoError::libraryBusy,
             "Vesko is already using this library. Open the running app instead." },
+        { VeskoError::noSpeech, "No speech was heard. The recording is saved." },
         { VeskoError::emptyTranscript,
             "No speech was returned. Your audio is saved. You can retry with another model." },
         { VeskoError::missingKey, "Add your OpenRouter key in Settings. Your audio stays saved." },

@@ -5,6 +5,7 @@ import os
 import subprocess
 import urllib.request
 
+from . import voice
 from .waiting import until
 
 SERVICES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../services")
@@ -57,13 +58,20 @@ class Service:
 
 
 class OpenRouter(Service):
+    """While it is there, something is said into the microphone all the time."""
+
     def __init__(self, key="test-key"):
         super().__init__("openrouter.py", "--key", key)
         self.url = self.root + "/api/v1/"
+        self._murmur = voice.Murmur()
 
     def answer(self, text):
         """From now on this is what was said."""
         self.control(text=text, hold=False)
+
+    def stop(self):
+        self._murmur.stop()
+        super().stop()
 
 
 class Analytics(Service):

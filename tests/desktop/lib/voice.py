@@ -1,7 +1,10 @@
 """Speaks into the session's microphone."""
 
+import array
 import difflib
+import math
 import os
+import signal
 import subprocess
 import wave
 
@@ -36,3 +39,26 @@ def is_understood(sentence, text):
 def say(sentence):
     """Speaks; returns when the last of it has gone into the microphone."""
     subprocess.run(["paplay", "--device=vmic", recording_of(sentence)], check=True)
+
+
+class Murmur:
+    """Somebody who goes on saying syllables into the microphone, for who only wants something said:
+    a recording of silence is sent to nobody."""
+
+    RATE = 16000
+    SYLLABLE, PAUSE = 0.08, 0.16  # seconds
+
+    def __init__(self):
+        path = os.path.join(os.environ["SESSION_DIR"], "murmur.raw")
+        said = [int(6000 * math.sin(2 * math.pi * 300 * i / self.RATE))
+                for i in range(int(self.SYLLABLE * self.RATE))]
+        with open(path, "wb") as file:
+            file.write(array.array("h", said + [0] * int(self.PAUSE * self.RATE)).tobytes() * 20)
+        self.process = subprocess.Popen(
+            ["sh", "-c", f"while cat {path}; do :; done | pacat --playback --device=vmic --raw"
+             f" --format=s16le --rate={self.RATE} --channels=1 --latency-msec=100"],
+            start_new_session=True, stderr=subprocess.DEVNULL)
+
+    def stop(self):
+        os.killpg(self.process.pid, signal.SIGKILL)
+        self.process.wait()

@@ -1,6 +1,8 @@
 #include "tests/linux/audio/GstRecorderTest.h"
 
+#include <atomic>
 #include <csignal>
+#include <memory>
 #include <sys/wait.h>
 
 using namespace vesko;
@@ -101,6 +103,49 @@ TEST_F(GstRecorderTest, WhatWasHeardBeforeTheFileHadAPlaceIsInIt)
     const auto sound = audiofile::decode(file);
     EXPECT_NEAR(vesko::seconds(sound), seconds, 0.1);
     EXPECT_NEAR(frequency(part(sound, 0.1, seconds - 0.1)), 440, 1);
+}
+
+// Keeps what it hears.
+struct Ear final : SoundListener {
+    void take(std::span<const std::int16_t> samples) override { heard += samples.size(); }
+    void end(bool all) override { whole = all; }
+
+    std::atomic<std::size_t> heard = 0;
+    std::atomic<bool> whole = false;
+};
+
+TEST_F(GstRecorderTest, AListenerHearsWhatWasSaidBeforeItCame)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    recorder.open();
+    recordUntil(recorder, 1.5);
+    const auto ear = std::make_shared<Ear>();
+    recorder.setListener(ear);
+    await(recorder.start(file));
+    const double seconds = end(recorder);
+
+    runUntil([&] { return ear->whole.load(); });
+    EXPECT_NEAR(static_cast<double>(ear->heard) / 16000, seconds, 0.1);
+}
+
+TEST_F(GstRecorderTest, AListenerHearsOneRecording)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    const auto ear = std::make_shared<Ear>();
+    recorder.setListener(ear);
+    begin(recorder);
+    end(recorder);
+    runUntil([&] { return ear->whole.load(); });
+    const std::size_t heard = ear->heard;
+    fs::remove(file);
+    begin(recorder);
+    recordUntil(recorder, 0.5);
+    end(recorder);
+    EXPECT_EQ(ear->heard, heard);
 }
 
 TEST_F(GstRecorderTest, WhatIsHeardWhileTheMachineHasNoTimeIsInTheFile)

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "VeskoApp/async/Eventual.h"
+#include "VeskoApp/async/TaskScope.h"
+#include "VeskoApp/platform/SpeechEngines.h"
+#include "VeskoApp/preferences/Preferences.h"
+
+#include <QObject>
+
+#include <vector>
+
+namespace vesko {
+
+// Keeps in use what the settings name for speech on this machine. The user's choice is never
+// replaced by another: where it isn't there, nothing is recognised. Main thread.
+class EngineSelection : public QObject {
+    Q_OBJECT
+
+public:
+    EngineSelection(SpeechEngines& engines, Preferences& preferences, Keychain& keychain);
+
+    // Whether the engine of the settings is in use, as soon as that is known.
+    Task<bool> isThere();
+    // Makes the best engine that speaks the language the user's choice; nothing if none does.
+    Task<> chooseBest(std::string language);
+    // The secret store has another key for the server.
+    void keyChanged() { applyAgain(); }
+    // Puts another engine in use for a while, until giveBack(); false if it isn't there.
+    Task<bool> lend(std::string id);
+    void giveBack() { applyAgain(); }
+
+Q_SIGNALS:
+    void settled(); // what the settings name is in use, or isn't there
+
+private:
+    void revise();
+    void applyAgain();
+    Task<> apply();
+    Task<bool> putInUse(EngineChoice choice);
+
+    SpeechEngines& m_engines;
+    Preferences& m_preferences;
+    Keychain& m_keychain;
+    EngineChoice m_seen; // of the settings, without the key
+    bool m_isThere = true;
+    bool m_applying = false;
+    bool m_again = false; // the settings have changed meanwhile
+    std::vector<Eventual<std::monostate>> m_waiting;
+    TaskScope m_tasks;
+};
+
+} // namespace vesko
