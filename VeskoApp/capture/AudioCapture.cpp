@@ -28,11 +28,16 @@ AudioCapture::AudioCapture(AudioRecorder& recorder)
         if (onFailure)
             onFailure(message(failure));
     };
+    m_recorder.onStalled = [this](bool stalled) {
+        if (onStalled)
+            onStalled(stalled);
+    };
 }
 
 AudioCapture::~AudioCapture()
 {
     m_recorder.onFailure = {};
+    m_recorder.onStalled = {};
 }
 
 Task<> AudioCapture::start(std::filesystem::path file)

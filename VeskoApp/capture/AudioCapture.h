@@ -32,6 +32,8 @@ public:
 
     // A recording ended by itself; its message is a key for the catalogues.
     std::function<void(std::string)> onFailure;
+    // No sound comes, or it comes again.
+    std::function<void(bool stalled)> onStalled;
 
 private:
     AudioRecorder& m_recorder;

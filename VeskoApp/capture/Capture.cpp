@@ -16,6 +16,10 @@ namespace {
 constexpr double meterInterval = 0.1; // seconds
 constexpr double longestRecording = 300; // seconds
 
+constexpr const char* noSound = L10N_KEY("Vesko",
+    "No sound comes from the microphone. What was said before is kept; the recording goes on when "
+    "sound comes again.");
+
 } // namespace
 
 Q_LOGGING_CATEGORY(captureLog, "app.vesko.capture")
@@ -26,6 +30,7 @@ Capture::Capture(const Neighbours& neighbours)
     , m_meter(neighbours.clock)
 {
     m_audio.onFailure = [this](std::string message) { failed(std::move(message)); };
+    m_audio.onStalled = [this](bool stalled) { noteStall(stalled); };
     connect(this, &Capture::phaseChanged, this, &Capture::phaseTitleChanged);
     connect(&m_to.library, &LibrarySession::openingChanged, this, &Capture::phaseTitleChanged);
 }
@@ -103,6 +108,7 @@ Task<> Capture::start(
 {
     if (m_phase != Phase::idle || !m_to.library.ready())
         co_return;
+    m_opened = false;
     setPhase(Phase::preparing);
     const auto begin = [this] {
         m_to.status.setErrorMessage({});
@@ -125,6 +131,7 @@ Task<> Capture::start(
     // The user speaks from here on, while the gesture comes clear and the note and the recording
     // are being saved.
     m_audio.open();
+    m_opened = true;
     if (fromFn) {
         if (!co_await m_fn.settled) {
             endCapture();
@@ -167,6 +174,7 @@ Task<> Capture::start(
         m_fn.pendingStart = false;
     }
     assign(*this, m_elapsed, 0.0, &Capture::elapsedChanged);
+    m_begunAt = m_to.clock.uptime() - m_audio.currentTime();
     setPhase(Phase::recording);
     m_to.status.setMessage(L10N_KEY("Vesko", "Recording. Press the shortcut again to finish."));
     m_to.analytics.track(UsageEvent::recordingStarted);
@@ -217,11 +225,20 @@ void Capture::meter()
     if (m_phase != Phase::recording)
         return;
     m_meter.start(meterInterval, [this] { meter(); });
-    assign(*this, m_elapsed, m_audio.currentTime(), &Capture::elapsedChanged);
+    // Not what was recorded: a microphone that sleeps would keep the recording open for ever.
+    assign(*this, m_elapsed, m_to.clock.uptime() - m_begunAt, &Capture::elapsedChanged);
     const double loudness = std::clamp((m_audio.averagePower() + 50) / 45, 0.0, 1.0);
     assign(*this, m_level, loudness * 0.65 + m_level * 0.35, &Capture::levelChanged);
     if (m_elapsed >= longestRecording)
         stop();
+}
+
+void Capture::noteStall(bool stalled)
+{
+    if (stalled && m_phase == Phase::recording)
+        m_to.status.setErrorMessage(noSound);
+    else if (m_to.status.errorMessage() == noSound)
+        m_to.status.setErrorMessage({});
 }
 
 // Ends the recorder and all that goes with a running capture; the recorded seconds.
@@ -229,6 +246,7 @@ double Capture::endCapture()
 {
     const double duration = m_audio.stop();
     m_meter.cancel();
+    noteStall(false);
     m_active.reset();
     assign(*this, m_level, 0.0, &Capture::levelChanged);
     return duration;
@@ -321,11 +339,22 @@ bool Capture::beginProcessing()
     return true;
 }
 
+// A note and a recording may be half made: what has begun to be stored comes to its end, but nobody
+// waits for the sound server.
+Task<> Capture::giveUpStart()
+{
+    const Eventual<std::monostate> ended;
+    const auto watching = connect(this, &Capture::phaseChanged, this, [ended] { ended.set({}); });
+    m_fn.settled.set(false);
+    m_audio.stop();
+    co_await ended;
+    disconnect(watching);
+}
+
 Task<bool> Capture::prepareToQuit()
 {
-    // A note and a recording may be half made.
-    if (m_phase == Phase::preparing)
-        co_return false;
+    if (m_phase == Phase::preparing && m_opened)
+        co_await giveUpStart();
     if (m_phase != Phase::recording || !m_active)
         co_return true;
     const Uuid recordingID = m_active->recording.id;

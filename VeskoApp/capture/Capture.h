@@ -122,7 +122,9 @@ private:
         bool fromFn);
     Task<Recording> prepareRecording(std::optional<Uuid> noteID, bool dictation);
     Task<> startFailed(std::optional<Uuid> recordingID, std::string message);
+    Task<> giveUpStart();
     void meter();
+    void noteStall(bool stalled);
     double endCapture();
     void stop();
     Task<> finish(CapturedRecording captured, double duration);
@@ -145,6 +147,8 @@ private:
     double m_elapsed = 0;
     double m_level = 0;
     bool m_pushToTalk = false;
+    bool m_opened = false; // the microphone, in this start: it leaves traces from then on
+    double m_begunAt = 0; // uptime of the first sound
     std::optional<CapturedRecording> m_active; // present while recording
     Timer m_meter;
     FnGesture m_fn;

@@ -33,7 +33,7 @@ public:
     virtual void open() = 0;
     // Writes what has been heard since open, and all that follows, into a file that doesn't exist
     // yet; done when the file is being written. Throws std::runtime_error when the microphone or
-    // the file can't be had, and then leaves nothing running. Only after open.
+    // the file can't be had, or stop was called; nothing is running then. Only after open.
     virtual Task<> start(std::filesystem::path file) = 0;
 
     // Who hears the next recording that is started, from its first sound on, as it is written;

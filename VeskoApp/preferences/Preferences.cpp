@@ -119,7 +119,10 @@ void Preferences::refresh()
 // A value that was never stored is written now, so that the file says what is in force.
 void Preferences::reread(Setting<std::string>& setting)
 {
-    setting.set(m_store.get<std::string>(setting.m_key).value_or(setting.get()));
+    if (const auto stored = m_store.get<std::string>(setting.m_key))
+        setting.set(*stored);
+    else if (!setting.assumed())
+        setting.set(setting.get());
 }
 
 Task<> Preferences::refreshKeys()

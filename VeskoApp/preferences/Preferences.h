@@ -27,22 +27,32 @@ public:
             , m_value(owner.m_store.get<T>(m_key).value_or(std::move(fallback)))
         {
         }
-        const T& get() const { return m_value; }
+        const T& get() const { return m_assumed ? *m_assumed : m_value; }
         // Writes an equal value too, but tells only of a change.
         void set(T value)
         {
-            const bool changes = value != m_value;
+            const bool changes = value != get();
             m_value = std::move(value);
+            m_assumed.reset();
             m_owner.m_store.set(m_key, SettingValue{ m_value });
             if (changes)
                 Q_EMIT m_owner.changed();
         }
+
+        // What is in force, without being written, until something is set or nothing is assumed.
+        void assume(std::optional<T> value)
+        {
+            m_assumed = std::move(value);
+            Q_EMIT m_owner.changed();
+        }
+        bool assumed() const { return m_assumed.has_value(); }
 
     private:
         friend class Preferences;
         Preferences& m_owner;
         std::string m_key;
         T m_value;
+        std::optional<T> m_assumed;
     };
 
     Preferences(SettingsStore& store, Keychain& keychain, LoginItem& loginItem);

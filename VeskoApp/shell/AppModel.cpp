@@ -7,6 +7,16 @@
 
 namespace vesko {
 
+namespace {
+
+const std::string firstLaunchDone = "firstLaunchDone";
+
+constexpr const char* waitsForKeys = L10N_KEY("Vesko",
+    "Ready to capture. Speech is recognized on this computer until your password store (keyring) "
+    "says whether it holds a key.");
+
+} // namespace
+
 AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenRouterClient& client,
     AnalyticsBundle analytics, const AccountDeployment& accounts)
     : m_platform(platform)
@@ -91,10 +101,9 @@ std::filesystem::path AppModel::dataRoot(
 Task<> AppModel::start(LibrarySession::Opening open)
 {
     m_library.expect();
-    // Captures are dropped until the library is ready, and only the first launch lets them wait
-    // for the secret store: whoever dictates at once gets what that launch chooses.
-    if (m_platform.settings.empty())
-        co_await chooseFirstProvider();
+    if (m_platform.settings.empty()
+        || m_platform.settings.get<bool>(firstLaunchDone).value_or(true) == false)
+        m_tasks.spawn(chooseFirstProvider());
     if (!co_await m_library.open(std::move(open)))
         co_return;
     qCInfo(captureLog, "library_ready");
@@ -104,21 +113,38 @@ Task<> AppModel::start(LibrarySession::Opening open)
 
 // A fresh machine is to dictate without a key: if nothing has ever been set up and a recogniser is
 // installed, the first launch chooses it, the best engine of those that are there. Only the first:
-// whatever the user decides later stays.
+// whatever the user decides later stays. The secret store may be long in telling whether there is a
+// key. Whoever dictates meanwhile is heard on this machine, and a start that ends before the answer
+// leaves the choice to the next.
 Task<> AppModel::chooseFirstProvider()
 {
-    m_platform.settings.set("firstLaunchDone", SettingValue{ true });
-    co_await m_preferences.refreshKeys();
-    if (m_preferences.hasKey() || m_preferences.hasVeskoAccess())
-        co_return;
+    m_platform.settings.set(firstLaunchDone, SettingValue{ false });
+    auto& provider = m_preferences.provider;
     const auto language = m_platform.recognizer.systemLanguage();
-    co_await m_engines.chooseBest(language);
-    if (!m_platform.recognizer.supports(language))
+    const bool assumed = m_platform.recognizer.supports(language);
+    const auto usersChoice = [&] { return assumed && !provider.assumed(); };
+    if (assumed) {
+        provider.assume("apple");
+        m_status.setMessage(waitsForKeys);
+    }
+    co_await m_preferences.refreshKeys();
+    m_platform.settings.set(firstLaunchDone, SettingValue{ true });
+    const bool hasKey = m_preferences.hasKey() || m_preferences.hasVeskoAccess();
+    if (!hasKey && !usersChoice())
+        co_await m_engines.chooseBest(language);
+    if (usersChoice())
         co_return;
-    m_preferences.provider.set("apple");
-    if (m_capture.phase() == Phase::idle)
+    const bool onDevice = !hasKey && m_platform.recognizer.supports(language);
+    if (onDevice)
+        provider.set("apple");
+    else
+        provider.assume(std::nullopt);
+    const bool waited = m_status.message() == waitsForKeys;
+    if (onDevice && (waited || m_capture.phase() == Phase::idle))
         m_status.setMessage(L10N_KEY(
             "Vesko", "Ready to capture. Speech is recognized on this computer, without a key."));
+    else if (waited)
+        m_status.setMessage(L10N_KEY("Vesko", "Ready to capture"));
 }
 
 Task<bool> AppModel::prepareToQuit()

@@ -1025,6 +1025,10 @@
         <translation>Bereit zur Aufnahme. Sprache wird auf diesem Computer erkannt, ohne Schlüssel.</translation>
     </message>
     <message>
+        <source>Ready to capture. Speech is recognized on this computer until your password store (keyring) says whether it holds a key.</source>
+        <translation>Bereit zur Aufnahme. Sprache wird auf diesem Computer erkannt, bis Ihr Passwortspeicher (Schlüsselbund) sagt, ob er einen Schlüssel enthält.</translation>
+    </message>
+    <message>
         <source>Ready</source>
         <translation>Bereit</translation>
     </message>
@@ -1039,6 +1043,10 @@
     <message>
         <source>Recording. Press the shortcut again to finish.</source>
         <translation>Aufnahme läuft. Drücken Sie das Tastenkürzel zum Beenden noch einmal.</translation>
+    </message>
+    <message>
+        <source>No sound comes from the microphone. What was said before is kept; the recording goes on when sound comes again.</source>
+        <translation>Vom Mikrofon kommt kein Ton. Was vorher gesagt wurde, ist gesichert; die Aufnahme geht weiter, sobald wieder Ton kommt.</translation>
     </message>
     <message>
         <source>Original saved. Transcribing…</source>

@@ -1025,6 +1025,10 @@
         <translation>Listo para capturar. La voz se reconoce en este equipo, sin clave.</translation>
     </message>
     <message>
+        <source>Ready to capture. Speech is recognized on this computer until your password store (keyring) says whether it holds a key.</source>
+        <translation>Listo para capturar. La voz se reconoce en este equipo hasta que su almacén de contraseñas (llavero) diga si contiene una clave.</translation>
+    </message>
+    <message>
         <source>Ready</source>
         <translation>Listo</translation>
     </message>
@@ -1039,6 +1043,10 @@
     <message>
         <source>Recording. Press the shortcut again to finish.</source>
         <translation>Grabando. Pulse el atajo otra vez para terminar.</translation>
+    </message>
+    <message>
+        <source>No sound comes from the microphone. What was said before is kept; the recording goes on when sound comes again.</source>
+        <translation>No llega sonido del micrófono. Lo dicho hasta ahora se conserva; la grabación sigue cuando vuelva a llegar sonido.</translation>
     </message>
     <message>
         <source>Original saved. Transcribing…</source>

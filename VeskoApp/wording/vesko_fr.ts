@@ -1025,6 +1025,10 @@
         <translation>Prêt à enregistrer. La parole est reconnue sur cet ordinateur, sans clé.</translation>
     </message>
     <message>
+        <source>Ready to capture. Speech is recognized on this computer until your password store (keyring) says whether it holds a key.</source>
+        <translation>Prêt à enregistrer. La parole est reconnue sur cet ordinateur jusqu’à ce que votre magasin de mots de passe (trousseau) dise s’il contient une clé.</translation>
+    </message>
+    <message>
         <source>Ready</source>
         <translation>Prêt</translation>
     </message>
@@ -1039,6 +1043,10 @@
     <message>
         <source>Recording. Press the shortcut again to finish.</source>
         <translation>Enregistrement. Appuyez de nouveau sur le raccourci pour terminer.</translation>
+    </message>
+    <message>
+        <source>No sound comes from the microphone. What was said before is kept; the recording goes on when sound comes again.</source>
+        <translation>Aucun son ne vient du micro. Ce qui a été dit est conservé ; l’enregistrement reprend dès que le son revient.</translation>
     </message>
     <message>
         <source>Original saved. Transcribing…</source>

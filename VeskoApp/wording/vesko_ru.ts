@@ -1028,6 +1028,10 @@
         <translation>Готово к записи. Речь распознаётся на этом компьютере, без ключа.</translation>
     </message>
     <message>
+        <source>Ready to capture. Speech is recognized on this computer until your password store (keyring) says whether it holds a key.</source>
+        <translation>Готово к записи. Речь распознаётся на этом компьютере, пока хранилище паролей (связка ключей) не ответит, есть ли в нём ключ.</translation>
+    </message>
+    <message>
         <source>Ready</source>
         <translation>Готово</translation>
     </message>
@@ -1042,6 +1046,10 @@
     <message>
         <source>Recording. Press the shortcut again to finish.</source>
         <translation>Идёт запись. Нажмите сочетание клавиш ещё раз, чтобы закончить.</translation>
+    </message>
+    <message>
+        <source>No sound comes from the microphone. What was said before is kept; the recording goes on when sound comes again.</source>
+        <translation>С микрофона не поступает звук. Сказанное раньше сохранено; запись продолжится, когда звук появится снова.</translation>
     </message>
     <message>
         <source>Original saved. Transcribing…</source>

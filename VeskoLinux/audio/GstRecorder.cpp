@@ -99,6 +99,8 @@ Task<> GstRecorder::start(std::filesystem::path file)
     const auto failure = co_await outcome;
     if (failure)
         std::rethrow_exception(failure);
+    if (m_current != pipeline)
+        throw std::runtime_error("The recording was given up");
     state.begun = true;
     m_lastSound = currentTime();
     m_silentLooks = 0;

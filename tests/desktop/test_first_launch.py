@@ -1,15 +1,17 @@
 #!/usr/bin/python3
 """Who recognises speech on a computer that Vesko is new to, and that it stays the user's choice."""
 
+import fcntl
 import os
 import signal
 import subprocess
 import sys
+import tempfile
 import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, eyes, settings, voice  # noqa: E402
+from lib import cases, settings, voice  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import BINARY, Vesko, deployed, forget_key, install_key  # noqa: E402
 from lib.waiting import human_pause  # noqa: E402
@@ -55,11 +57,13 @@ class FirstLaunch(unittest.TestCase):
             self.assert_on_device(vesko)
 
     def test_a_library_that_is_long_in_opening_is_not_shown_as_empty(self):
-        # The first launch asks the keyring what is set up before it opens the library.
-        pid = eyes.owner_pid("org.freedesktop.secrets")
-        os.kill(pid, signal.SIGSTOP)
-        self.addCleanup(os.kill, pid, signal.SIGCONT)
-        with Vesko() as vesko:
+        # Whoever opens a file waits while another has a lease on it.
+        root = tempfile.mkdtemp(prefix="library-")
+        lock = os.open(os.path.join(root, ".lock"), os.O_RDWR | os.O_CREAT, 0o600)
+        self.addCleanup(os.close, lock)
+        signal.signal(signal.SIGIO, signal.SIG_IGN)  # which asks for it back
+        fcntl.fcntl(lock, fcntl.F_SETLEASE, fcntl.F_WRLCK)
+        with Vesko(root=root) as vesko:
             vesko.wait_for_text(OPENING)
             self.assertEqual(vesko.phase, "busy")
             subprocess.run([BINARY], check=True, timeout=20)  # shows the library
@@ -68,7 +72,7 @@ class FirstLaunch(unittest.TestCase):
                 self.assertIsNone(vesko.find(role, name), name)
             self.assertNotIn("focusable", vesko.find("push button", "New note").states)
             cases.picture("library long in opening")
-            os.kill(pid, signal.SIGCONT)
+            fcntl.fcntl(lock, fcntl.F_SETLEASE, fcntl.F_UNLCK)
             for role, name in ALREADY:
                 vesko.wait_to_find(role, name)
             self.assertIsNone(vesko.find("label", OPENING))

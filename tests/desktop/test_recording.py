@@ -14,6 +14,8 @@ from lib import cases, library, media, voice  # noqa: E402
 from lib.vesko import Vesko  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
 
+NO_SOUND = ("No sound comes from the microphone. What was said before is kept; the recording goes on "
+            "when sound comes again.")
 SECONDS = 3.0  # of speech before something goes wrong
 
 
@@ -65,6 +67,36 @@ class Recording(unittest.TestCase):
             self.assertEqual(recording["status"], "failed")
             self.assertGreater(media.decoded_seconds(recording["path"]), SECONDS - 1)
 
+    def test_a_source_that_sleeps_is_told_and_what_was_said_is_kept(self):
+        with Vesko() as vesko:
+            vesko.begin()
+            voice.say(voice.BROTHER)
+            suspend(True)
+            self.addCleanup(suspend, False)
+            vesko.wait_for_text(NO_SOUND)
+            self.assertEqual(vesko.phase, "recording")
+            vesko.end()
+            until("the recording has ended", lambda: vesko.phase != "recording")
+            vesko.wait_for("ready")
+            self.assertNotIn(NO_SOUND, vesko.shown())
+            text = vesko.last_recording()["attempts"][-1].get("text")
+            self.assertTrue(voice.is_understood(voice.BROTHER, text), text)
+
+    def test_a_source_that_wakes_goes_on(self):
+        with Vesko() as vesko:
+            vesko.begin()
+            suspend(True)
+            self.addCleanup(suspend, False)
+            vesko.wait_for_text(NO_SOUND)
+            suspend(False)
+            until("sound comes again", lambda: NO_SOUND not in vesko.shown())
+            voice.say(voice.BROTHER)
+            vesko.end()
+            until("the recording has ended", lambda: vesko.phase != "recording")
+            vesko.wait_for("ready")
+            text = vesko.last_recording()["attempts"][-1].get("text")
+            self.assertTrue(voice.is_understood(voice.BROTHER, text), text)
+
     def test_what_is_said_from_the_first_moment_is_in_the_file(self):
         with Vesko() as vesko:
             vesko.dictate(lambda: voice.say(voice.COFFEE))
@@ -72,6 +104,10 @@ class Recording(unittest.TestCase):
             text = recording["attempts"][-1].get("text")
             self.assertTrue(voice.is_understood(voice.COFFEE, text), text)
             self.assertEqual(text.split()[:3], voice.COFFEE.split()[:3])
+
+
+def suspend(asleep):
+    subprocess.run(["pactl", "suspend-source", "mic", "1" if asleep else "0"], check=True)
 
 
 def restore_microphone():

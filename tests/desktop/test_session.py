@@ -204,6 +204,17 @@ class SoundServerThatHangs(unittest.TestCase):
         self.assertEqual(recording["status"], "recorded")
         self.assertGreater(media.decoded_seconds(recording["path"]), 0.7)
 
+    def test_while_the_microphone_starts(self):
+        with Vesko() as vesko:
+            vesko.wait_for("ready")
+            self.hang()
+            hands.tap_shortcut()
+            until("the microphone is being started",
+                  lambda: "Starting microphone" in vesko.button.description)
+            self.quits_soon(vesko)
+        for recording in library.recordings(vesko.root):
+            self.assertEqual(recording["status"], "failed")
+
     def test_while_a_tone_is_to_be_heard(self):
         with Vesko() as vesko:
             vesko.begin()

@@ -5,8 +5,6 @@
 #include "tests/fakes/Gate.h"
 #include "tests/fakes/TestClock.h"
 
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -44,6 +42,10 @@ public:
         m_openedAt.reset();
         reportFailure(failure);
     }
+    // The report that no sound comes, or some again.
+    void stall(bool stalled) { onStalled(stalled); }
+    // No more sound comes for the rest of this recording.
+    void holdTime() { m_heldAt = currentTime(); }
     // The report alone, as it may come late.
     void reportFailure(RecorderFailure failure) { onFailure(failure); }
 
@@ -54,26 +56,34 @@ public:
         co_await access.pass();
         co_return grantsAccess;
     }
-    void open() override { m_openedAt = m_clock.uptime(); }
+    void open() override
+    {
+        m_openedAt = m_clock.uptime();
+        m_heldAt.reset();
+    }
     Task<> start(std::filesystem::path file) override
     {
-        EXPECT_TRUE(m_openedAt) << "the microphone was not opened";
         files.push_back(file);
         wasHeard.push_back(std::exchange(listener, nullptr) != nullptr);
         co_await starting.pass();
-        if (startFails) {
+        if (startFails || !m_openedAt) {
             m_openedAt.reset();
             throw std::runtime_error("the sound server refused");
         }
         putBytes(file, audio);
     }
     void setListener(std::shared_ptr<SoundListener> to) override { listener = std::move(to); }
-    double currentTime() const override { return m_openedAt ? m_clock.uptime() - *m_openedAt : 0; }
+    double currentTime() const override
+    {
+        return !m_openedAt ? 0 : m_heldAt.value_or(m_clock.uptime() - *m_openedAt);
+    }
     double averagePower() const override { return m_openedAt ? power : -160; }
     double stop() override
     {
         const double duration = currentTime();
         m_openedAt.reset();
+        if (starting.waiting())
+            starting.open();
         return duration;
     }
     Eventual<std::monostate> finished() override { return finishing.pass(); }
@@ -81,6 +91,7 @@ public:
 private:
     TestClock& m_clock;
     std::optional<double> m_openedAt;
+    std::optional<double> m_heldAt; // seconds
 };
 
 } // namespace vesko

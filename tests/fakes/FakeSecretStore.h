@@ -2,16 +2,23 @@
 
 #include "VeskoApp/platform/SecretStore.h"
 
+#include <atomic>
 #include <map>
 #include <mutex>
 
 namespace vesko {
 
-// Secrets in memory; locked, every call fails. Any thread.
+// Secrets in memory; locked, every call fails; hanging, every call waits for answer(). Any thread.
 class FakeSecretStore final : public SecretStore {
 public:
     void lock() { setLocked(true); }
     void unlock() { setLocked(false); }
+    void hang() { m_hanging = true; }
+    void answer()
+    {
+        m_hanging = false;
+        m_hanging.notify_all();
+    }
     void lockWithSave() { m_locksWithSave = true; } // the next one goes well, and nothing after it
     std::map<std::string, std::string> items() const
     {
@@ -39,21 +46,24 @@ public:
 
     std::optional<Secret> load(const std::string& account) override
     {
+        count(m_loads);
+        m_hanging.wait(true);
         const std::scoped_lock guard(m_mutex);
-        ++m_loads;
         requireUnlocked();
         const auto item = m_items.find(account);
         return item == m_items.end() ? std::nullopt : std::optional<Secret>(item->second);
     }
     bool has(const std::string& account) override
     {
+        count(m_questions);
+        m_hanging.wait(true);
         const std::scoped_lock guard(m_mutex);
-        ++m_questions;
         requireUnlocked();
         return m_items.contains(account);
     }
     void save(std::string_view value, const std::string& account) override
     {
+        m_hanging.wait(true);
         const std::scoped_lock guard(m_mutex);
         requireUnlocked();
         m_items[account] = value;
@@ -61,6 +71,7 @@ public:
     }
     void remove(const std::string& account) override
     {
+        m_hanging.wait(true);
         const std::scoped_lock guard(m_mutex);
         requireUnlocked();
         m_items.erase(account);
@@ -72,6 +83,11 @@ private:
         const std::scoped_lock guard(m_mutex);
         m_locked = locked;
     }
+    void count(int& calls)
+    {
+        const std::scoped_lock guard(m_mutex);
+        ++calls;
+    }
     void requireUnlocked() const
     {
         if (m_locked)
@@ -79,6 +95,7 @@ private:
     }
 
     mutable std::mutex m_mutex;
+    std::atomic<bool> m_hanging = false;
     bool m_locked = false;
     bool m_locksWithSave = false;
     int m_loads = 0;

@@ -69,6 +69,50 @@ TEST_F(MeterTest, ItStopsWithTheRecordingAndStartsAtNothing)
     EXPECT_EQ(model->capture().elapsed(), 0);
 }
 
+constexpr const char* noSound
+    = "No sound comes from the microphone. What was said before is kept; the recording goes on "
+      "when sound comes again.";
+
+TEST_F(MeterTest, AMicrophoneWithoutSoundIsToldOfUntilSomeComes)
+{
+    open();
+    dictate();
+    machine.recorder.stall(true);
+    EXPECT_EQ(model->status().errorMessage(), noSound);
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
+    machine.recorder.stall(false);
+    EXPECT_EQ(model->status().errorMessage(), "");
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
+}
+
+TEST_F(MeterTest, WhatElseWentWrongStaysWhenSoundComesAgain)
+{
+    open();
+    dictate();
+    machine.recorder.stall(true);
+    model->status().setErrorMessage("Something else");
+    machine.recorder.stall(false);
+    EXPECT_EQ(model->status().errorMessage(), "Something else");
+}
+
+TEST_F(MeterTest, TheFiveMinutesGoOnWhileNoSoundComes)
+{
+    open();
+    dictate();
+    machine.clock.turn(10);
+    machine.recorder.holdTime();
+    machine.recorder.stall(true);
+    machine.clock.turn(289.9);
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
+    EXPECT_NEAR(model->capture().elapsed(), 299.9, 1e-6);
+    machine.clock.turn(0.1);
+    EXPECT_EQ(model->capture().phase(), Phase::processing);
+    EXPECT_EQ(model->status().errorMessage(), "");
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_NEAR(onlyRecording().duration, 10, 1e-6);
+    EXPECT_EQ(onlyNote().body, "hello world");
+}
+
 TEST_F(MeterTest, ARecordingIsFinishedAndTranscribedAfterFiveMinutes)
 {
     open();

@@ -20,16 +20,60 @@ TEST_F(QuitTest, NothingHoldsItUpBeforeTheLibraryIsOpen)
     EXPECT_TRUE(awaited(model->prepareToQuit()));
 }
 
-TEST_F(QuitTest, ItIsRefusedWhileTheMicrophoneStarts)
+TEST_F(QuitTest, TheQuestionWhetherTheMicrophoneMayBeUsedDoesNotHoldItUp)
 {
     open();
     machine.recorder.access.close();
     model->capture().toggleDictation();
-    EXPECT_FALSE(awaited(model->prepareToQuit()));
-    machine.recorder.access.open();
-    ASSERT_TRUE(reach(Phase::recording));
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+    EXPECT_TRUE(model->library().contents().notes.empty());
+}
+
+TEST_F(QuitTest, AMicrophoneThatNeverStartsIsGivenUp)
+{
+    open();
+    machine.recorder.starting.close();
+    model->capture().toggleDictation();
+    ASSERT_TRUE(eventually([&] { return machine.recorder.starting.waiting(); }));
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
+    EXPECT_FALSE(machine.recorder.running());
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::failed);
+    EXPECT_FALSE(onlyRecording().errorMessage.value_or("").empty());
+}
+
+// Wherever on its way the start is when the end comes.
+TEST_F(QuitTest, AStartIsGivenUpAtEachOfItsSteps)
+{
+    open();
+    for (int step = 0; step < 4; ++step) {
+        SCOPED_TRACE(step);
+        model->capture().toggleDictation();
+        for (int passed = 0; passed < step; ++passed)
+            QCoreApplication::processEvents();
+        EXPECT_TRUE(awaited(model->prepareToQuit()));
+        EXPECT_EQ(model->capture().phase(), Phase::idle);
+        EXPECT_FALSE(machine.recorder.running());
+        for (const auto& note : model->library().contents().notes)
+            for (const auto& recording : note.recordings)
+                EXPECT_NE(recording.status, RecordingStatus::recording);
+    }
+    // The end may be called off.
+    dictate();
     finish();
-    EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
+    EXPECT_EQ(model->library().contents().notes.back().body, "hello world");
+}
+
+TEST_F(QuitTest, AGestureThatIsNotClearYetLeavesNothing)
+{
+    open();
+    model->capture().handleFn(FnShortcutAction::begin);
+    EXPECT_EQ(model->capture().phase(), Phase::preparing);
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+    EXPECT_EQ(model->capture().phase(), Phase::idle);
+    EXPECT_FALSE(machine.recorder.running());
+    EXPECT_TRUE(model->library().contents().notes.empty());
+    EXPECT_EQ(model->status().errorMessage(), "");
 }
 
 TEST_F(QuitTest, ARunningCaptureIsKeptAndNotTranscribed)

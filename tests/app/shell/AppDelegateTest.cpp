@@ -335,12 +335,12 @@ TEST_F(AppDelegateTest, WhereNoWindowCanFloatTheControlStaysAway)
 TEST_F(AppDelegateTest, ARefusedQuitCanBeAskedForAgain)
 {
     open();
-    machine.recorder.access.close();
-    model->capture().toggleDictation();
+    dictate();
+    breakStore();
     delegate->quit();
+    ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(terminated, 0);
-    machine.recorder.access.open();
-    ASSERT_TRUE(reach(Phase::recording));
+    repairStore();
     delegate->quit();
     EXPECT_TRUE(eventually([&] { return terminated == 1; }));
 }

@@ -105,12 +105,13 @@ TEST_F(AppDelegateWindowsTest, ARefusedQuitShowsTheLibraryWhichSaysWhy)
 {
     choose("onboardingCompleted", true);
     open();
-    machine.recorder.access.close();
-    model->capture().toggleDictation();
+    dictate();
+    breakStore();
     delegate->quit();
+    ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(opened(), std::vector{ AppWindow::library });
-    machine.recorder.access.open();
-    ASSERT_TRUE(reach(Phase::recording));
+    EXPECT_EQ(model->status().errorMessage(), storageText);
+    repairStore();
 }
 
 TEST_F(AppDelegateWindowsTest, ADemoNeedsADataFolderOfItsOwn)

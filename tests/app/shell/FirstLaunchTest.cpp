@@ -17,9 +17,9 @@ protected:
     void launch()
     {
         model.reset();
-        start();
-        ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
-        drainEvents();
+        open();
+        ASSERT_TRUE(eventually(
+            [&] { return machine.settings.get<bool>("firstLaunchDone").value_or(true); }));
     }
 };
 
@@ -133,11 +133,65 @@ TEST_F(FirstLaunchTest, ChoosesNothingWhereAKeyOrASettingExists)
     }
 }
 
+constexpr const char* waits
+    = "Ready to capture. Speech is recognized on this computer until your password store (keyring) "
+      "says whether it holds a key.";
+
+TEST_F(FirstLaunchTest, DictatesOnThisMachineWhileTheSecretStoreIsSilent)
+{
+    machine.secrets.hang();
+    open();
+    EXPECT_EQ(model->status().message(), waits);
+    EXPECT_EQ(model->preferences().provider.get(), "apple");
+    EXPECT_EQ(storedProvider(), std::nullopt);
+    dictate();
+    finish();
+    EXPECT_EQ(onlyNote().body, "hello world");
+    machine.secrets.answer();
+    ASSERT_TRUE(eventually([&] { return storedProvider() == "apple"; }));
+}
+
+TEST_F(FirstLaunchTest, TakesItsWordBackWhenTheSecretStoreTurnsOutToHaveAKey)
+{
+    machine.secrets.put("personal", "sk-1");
+    machine.secrets.hang();
+    open();
+    EXPECT_EQ(model->status().message(), waits);
+    machine.secrets.answer();
+    ASSERT_TRUE(eventually([&] { return model->preferences().provider.get() == "openrouter"; }));
+    EXPECT_EQ(storedProvider(), std::nullopt);
+    EXPECT_EQ(model->status().message(), "Ready to capture");
+}
+
+TEST_F(FirstLaunchTest, LeavesAChoiceThatTheUserMakesMeanwhileAlone)
+{
+    machine.secrets.hang();
+    open();
+    model->preferences().provider.set("openrouter");
+    machine.secrets.answer();
+    ASSERT_TRUE(
+        eventually([&] { return machine.settings.get<bool>("firstLaunchDone").value_or(false); }));
+    EXPECT_EQ(storedProvider(), "openrouter");
+}
+
+TEST_F(FirstLaunchTest, ThatEndsBeforeTheAnswerLeavesTheChoiceToTheNext)
+{
+    machine.secrets.hang();
+    open();
+    machine.secrets.answer(); // which comes too late to be heard
+    model.reset();
+    machine.secrets.put("personal", "sk-1");
+    launch();
+    ASSERT_TRUE(
+        eventually([&] { return machine.settings.get<bool>("firstLaunchDone").value_or(false); }));
+    EXPECT_EQ(model->preferences().provider.get(), "openrouter");
+}
+
 TEST_F(FirstLaunchTest, IsNotMisledBySettingsThatAreWrittenMeanwhile)
 {
     start();
-    model->preferences().refresh(); // writes the provider in force, as when a window comes up
-    ASSERT_EQ(storedProvider(), "openrouter");
+    model->preferences().refresh(); // writes what is in force, as when a window comes up
+    ASSERT_EQ(storedProvider(), std::nullopt);
     ASSERT_TRUE(eventually([&] { return storedProvider() == "apple"; }));
 }
 
