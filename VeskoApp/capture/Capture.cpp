@@ -152,8 +152,8 @@ Task<> Capture::start(
         if (m_to.preferences.soundsEnabled.get())
             m_to.cues.play(CaptureCues::Cue::start);
         // Only now: a press that turns out to be an ordinary combination starts no engine.
-        if (frozen.onDevice())
-            heard = m_to.onDevice.listen(frozen);
+        if (frozen.onDevice() && hear)
+            heard = hear(frozen);
         m_audio.setListener(heard ? heard->listener() : nullptr);
         co_await m_audio.start(std::move(file));
     } catch (...) {

@@ -7,8 +7,8 @@
 #include "VeskoApp/capture/Phase.h"
 #include "VeskoApp/insertion/TextDelivery.h"
 #include "VeskoApp/library/NoteSelection.h"
+#include "VeskoApp/platform/OnDeviceRecognizer.h"
 #include "VeskoApp/preferences/ServiceKeys.h"
-#include "VeskoApp/transcription/OnDeviceTranscriber.h"
 #include "VeskoCore/shell/FnShortcutState.h"
 
 #include <QObject>
@@ -51,7 +51,6 @@ public:
         AudioRecorder& recorder;
         FocusedField& focusedField;
         CaptureCues& cues;
-        OnDeviceTranscriber& onDevice;
         LibrarySession& library;
         NoteSelection& selection;
         const Preferences& preferences;
@@ -92,6 +91,8 @@ public:
     double level() const { return m_level; } // 0 to 1, smoothed
     bool pushToTalk() const { return m_pushToTalk; }
 
+    // Begins to recognise a recording that is about to be made on this machine; null if it can't.
+    std::function<std::unique_ptr<OnDeviceRecognizer::Hearing>(const CaptureSettings&)> hear;
     // A recording is whole and saved as such; endProcessing is due in the end.
     std::function<void(CapturedRecording)> onCaptured;
     // The user has to sign in before a dictation; shows where.

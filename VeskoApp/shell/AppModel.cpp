@@ -48,7 +48,6 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
           .recorder = platform.recorder,
           .focusedField = platform.focusedField,
           .cues = m_cues,
-          .onDevice = m_onDevice,
           .library = m_library,
           .selection = m_selection,
           .preferences = m_preferences,
@@ -77,6 +76,8 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
     m_accounts.onUsage = [this](UsageEvent event) { m_analytics.track(event); };
     QObject::connect(&m_capture, &Capture::starting, &m_capture, [this] { m_review.stop(); });
     m_capture.onCaptured = [this](CapturedRecording captured) { m_run.start(std::move(captured)); };
+    m_capture.hear
+        = [this](const CaptureSettings& settings) { return m_onDevice.listen(settings); };
     m_delivery.onCorrections = [this](std::vector<DictionarySuggestion> corrections, bool sent) {
         m_terms.corrected(std::move(corrections), sent);
     };
