@@ -1,7 +1,7 @@
 #include "VeskoApp/transcription/TranscriptionRun.h"
 
-#include "VeskoApp/capture/CaptureFailure.h"
 #include "VeskoApp/capture/CaptureLog.h"
+#include "VeskoApp/status/CaptureFailure.h"
 #include "VeskoApp/status/SafeMessage.h"
 #include "VeskoApp/transcription/AudioBytes.h"
 #include "VeskoCore/base/Localized.h"
