@@ -12,7 +12,7 @@ namespace vesko {
 
 namespace {
 
-constexpr int patience = 500; // milliseconds for the compositor to say what it offers
+constexpr int patience = 5000; // milliseconds for the compositor to say what it offers
 
 } // namespace
 
