@@ -118,8 +118,13 @@ void KGlobalAccelShortcut::pressed(const QString&, const QString& which, qlonglo
 
 void KGlobalAccelShortcut::released(const QString&, const QString& which, qlonglong)
 {
-    if (which == action)
-        m_held = false;
+    if (which == action && std::exchange(m_held, false))
+        m_releasedAt = m_clock.uptime();
+}
+
+std::optional<double> KGlobalAccelShortcut::lastHeld() const
+{
+    return m_held ? m_clock.uptime() : m_releasedAt;
 }
 
 } // namespace vesko

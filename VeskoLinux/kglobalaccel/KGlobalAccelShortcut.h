@@ -1,9 +1,12 @@
 #pragma once
 
 #include "VeskoApp/platform/KeyInput.h"
+#include "VeskoCore/base/Clock.h"
 
 #include <QObject>
 #include <QString>
+
+#include <optional>
 
 namespace vesko {
 
@@ -17,11 +20,19 @@ public:
     // Whether this session has such a service.
     static bool offered();
 
+    // The clock outlives this.
+    explicit KGlobalAccelShortcut(const Clock& clock)
+        : m_clock(clock)
+    {
+    }
     ~KGlobalAccelShortcut() override;
 
     // True while it is not known that another program has the keys.
     bool install(const KeyCombination& combination, std::function<void()> onPressed) override;
     void remove() override;
+
+    // Uptime at which the user held it last, which is now while it is held; nothing if never.
+    std::optional<double> lastHeld() const;
 
 private:
     void listen();
@@ -29,7 +40,9 @@ private:
     Q_SLOT void released(const QString& component, const QString& action, qlonglong time);
 
     std::function<void()> m_onPressed; // null: not installed
+    const Clock& m_clock;
     bool m_held = false;
+    std::optional<double> m_releasedAt; // uptime
 };
 
 } // namespace vesko

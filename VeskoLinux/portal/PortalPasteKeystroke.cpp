@@ -24,6 +24,9 @@ constexpr uint untilRevoked = 2; // how long the user's answer holds
 constexpr double patience = 5; // seconds for what asks nobody
 constexpr double usersPatience = 30; // seconds for what may ask the user
 constexpr double unasked = 1; // seconds within which no user has answered anything
+constexpr double lettingGo = 0.6; // seconds for the user to let go
+constexpr double otherFingers = 0.35; // seconds from the first key of a shortcut to the last
+constexpr double lookInterval = 0.005; // seconds
 // Without a pause between them one desktop has lost keys.
 constexpr double betweenKeys = 0.002; // seconds
 
@@ -64,19 +67,37 @@ bool PortalPasteKeystroke::offered()
 }
 
 PortalPasteKeystroke::PortalPasteKeystroke(WaylandConnection& connection, const SessionState& state,
-    EventClock& clock, SettingsStore& settings)
+    EventClock& clock, SettingsStore& settings, ShortcutHeld shortcutHeld)
     : m_state(state)
     , m_clock(clock)
     , m_settings(settings)
+    , m_shortcutHeld(std::move(shortcutHeld))
     , m_requests(clock)
     , m_usersKeymap(connection, [this](const std::string& map) { m_keys.emplace(map); })
     , m_pause(clock)
+    , m_look(clock)
 {
 }
 
 Eventual<std::monostate> PortalPasteKeystroke::keysReleased()
 {
-    return Eventual<std::monostate>::of({});
+    m_patienceEnds = m_clock.uptime() + lettingGo;
+    const Eventual<std::monostate> released;
+    m_released = released;
+    look();
+    return released;
+}
+
+void PortalPasteKeystroke::look()
+{
+    const double now = m_clock.uptime();
+    const auto held = m_shortcutHeld();
+    if (held && now < *held + otherFingers && now < m_patienceEnds) {
+        m_look.start(lookInterval, [this] { look(); });
+        return;
+    }
+    if (const auto released = std::exchange(m_released, std::nullopt))
+        released->set({});
 }
 
 std::optional<std::string> PortalPasteKeystroke::keyboardTaken() const
@@ -88,6 +109,9 @@ Eventual<std::optional<std::string>> PortalPasteKeystroke::send(const FieldEleme
 {
     if (const auto taken = keyboardTaken())
         return Eventual<Obstacle>::of(taken);
+    const double now = m_clock.uptime();
+    if (const auto held = m_shortcutHeld(); held && *held >= now)
+        return Eventual<Obstacle>::of("keys_held");
     auto steps = m_keys ? m_keys->steps(element.isTerminal()) : std::vector<KeyStep>();
     if (steps.empty() || std::exchange(m_busy, true))
         return Eventual<Obstacle>::of("event_failed");

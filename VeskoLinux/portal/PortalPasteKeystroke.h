@@ -11,6 +11,7 @@
 
 #include <QDBusObjectPath>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,15 +28,22 @@ public:
     // describe such parts, since to ask the portal itself may mean to wait for its start.
     static bool offered();
 
+    // Uptime at which the user held the program's shortcut last: now while it is held; nothing if
+    // never, or if nobody tells.
+    using ShortcutHeld = std::function<std::optional<double>()>;
+
     // All outlive this.
     PortalPasteKeystroke(WaylandConnection& connection, const SessionState& state,
-        EventClock& clock, SettingsStore& settings);
+        EventClock& clock, SettingsStore& settings, ShortcutHeld shortcutHeld);
 
-    // There already.
+    // Of the user's keys the desktop tells those of the program's own shortcut alone, and only that
+    // one of them is up: the others have a moment to follow it. Keys that are held mix with those
+    // that are sent.
     Eventual<std::monostate> keysReleased() override;
     // Of a grabbed keyboard nothing is known.
     std::optional<std::string> keyboardTaken() const override;
-    // "event_failed" too if the user was asked: by now another field may have the focus.
+    // "keys_held" of that shortcut alone. "event_failed" too if the user was asked: by now another
+    // field may have the focus.
     Eventual<std::optional<std::string>> send(const FieldElement& element) override;
 
 private:
@@ -45,16 +53,21 @@ private:
     Task<bool> open();
     Task<bool> type(std::vector<KeyStep> steps);
     void close();
+    void look();
 
     const SessionState& m_state;
     EventClock& m_clock;
     SettingsStore& m_settings;
+    ShortcutHeld m_shortcutHeld;
     PortalRequests m_requests;
     std::optional<PasteKeys> m_keys;
     UsersKeymap m_usersKeymap;
     std::optional<QDBusObjectPath> m_session;
     bool m_busy = false;
     Timer m_pause;
+    Timer m_look;
+    double m_patienceEnds = 0; // uptime
+    std::optional<Eventual<std::monostate>> m_released; // while somebody waits
     TaskScope m_tasks;
 };
 

@@ -107,21 +107,25 @@ public:
     {
         focusedField
             = std::make_unique<AtspiFocusedField>(clock, AtspiFocusedField::Windows::accessibility);
+        PortalPasteKeystroke::ShortcutHeld held = [] { return std::optional<double>(); };
+        if (KGlobalAccelShortcut::offered()) {
+            auto own = std::make_unique<KGlobalAccelShortcut>(clock);
+            held = [own = own.get()] { return own->lastHeld(); };
+            shortcut = std::move(own);
+        } else {
+            shortcut = std::make_unique<NoGlobalShortcut>();
+        }
         if (VirtualKeyboardPaste::offered(*m_connection))
             pasteKeystroke = std::make_unique<VirtualKeyboardPaste>(*m_connection, state);
         else if (PortalPasteKeystroke::offered())
-            pasteKeystroke
-                = std::make_unique<PortalPasteKeystroke>(*m_connection, state, clock, settings);
+            pasteKeystroke = std::make_unique<PortalPasteKeystroke>(
+                *m_connection, state, clock, settings, std::move(held));
         else
             pasteKeystroke = std::make_unique<NoPasteKeystroke>();
         if (DataControlClipboard::offered(*m_connection))
             clipboard = std::make_unique<DataControlClipboard>(*m_connection);
         else
             clipboard = std::make_unique<QtClipboard>();
-        if (KGlobalAccelShortcut::offered())
-            shortcut = std::make_unique<KGlobalAccelShortcut>();
-        else
-            shortcut = std::make_unique<NoGlobalShortcut>();
         keys = std::make_unique<NoKeyMonitor>();
     }
     ~Wayland() override

@@ -13,7 +13,7 @@ namespace vesko {
 
 namespace {
 
-constexpr int patience = 500; // milliseconds for the compositor to say what it offers
+constexpr int patience = 5000; // milliseconds for the compositor to say what it offers
 
 // Without a name the library would take the first one that it finds, which in a session of X11 is
 // another session's.

@@ -23,7 +23,7 @@ namespace vesko {
 // gone it stays gone: what was bound may still be destroyed, and nothing else is heard of it.
 class WaylandConnection {
 public:
-    // Waits for the compositor's list of what it offers, for half a second at most: with a
+    // Waits for the compositor's list of what it offers, for five seconds at most: with a
     // compositor that takes longer, and with none, nothing is offered.
     WaylandConnection();
     WaylandConnection(const WaylandConnection&) = delete;

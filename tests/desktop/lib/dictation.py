@@ -22,6 +22,7 @@ UNSEEN = ("Copied. Vesko could not see which field was in use, so it did not pas
 # Where the windows alone tell who is active, none of them says that none is.
 if os.environ["XDG_SESSION_TYPE"] == "wayland":
     NO_WINDOW = UNSEEN
+HELD = "Copied. A key was held down, so Vesko did not paste. Paste it with Ctrl+V."
 NOT_SEEN = ("Copied. Paste was sent, but the field does not show the text. If it is missing, paste "
             "it with Ctrl+V.")
 WORDS = "Where this lands is what matters."

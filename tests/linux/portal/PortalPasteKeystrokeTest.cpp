@@ -122,6 +122,21 @@ protected:
         return answer.value_or("no answer");
     }
 
+    double secondsToRelease()
+    {
+        const double begin = m_clock.uptime();
+        bool released = false;
+        const auto keep = [&released](Eventual<std::monostate> from) -> Task<> {
+            co_await from;
+            released = true;
+        };
+        TaskScope scope;
+        scope.spawn(keep(m_paste.keysReleased()));
+        while (!released && m_clock.uptime() < begin + 5)
+            m_clock.turn(0.01);
+        return m_clock.uptime() - begin;
+    }
+
     Program m_keyboard{ QStringLiteral("/usr/bin/python3"),
         { QStringLiteral("-c"),
             QStringLiteral("import sys; sys.path.insert(0, '%1'); from lib import hands;"
@@ -132,7 +147,10 @@ protected:
     FakePortal m_portal{ m_clock };
     WaylandConnection m_connection;
     FakeSessionState m_session;
-    PortalPasteKeystroke m_paste{ m_connection, m_session, m_clock, m_settings };
+    bool m_shortcutDown = false;
+    std::optional<double> m_shortcutHeld;
+    PortalPasteKeystroke m_paste{ m_connection, m_session, m_clock, m_settings,
+        [this] { return m_shortcutDown ? m_clock.uptime() : m_shortcutHeld; } };
 };
 
 TEST_F(PortalPasteKeystrokeTest, typesTheShortcutInASessionThatEndsWithIt)
@@ -165,6 +183,23 @@ TEST_F(PortalPasteKeystrokeTest, typesNothingIfAnythingIsNotAsItShouldBe)
         }
     EXPECT_THAT(m_portal.keys, IsEmpty());
     EXPECT_TRUE(paste()); // and it is none the worse for it
+}
+
+TEST_F(PortalPasteKeystrokeTest, waitsAMomentForTheFingersOnTheShortcut)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    EXPECT_EQ(secondsToRelease(), 0.0); // nobody has pressed it for long
+
+    m_shortcutDown = true;
+    EXPECT_NEAR(secondsToRelease(), 0.6, 0.02);
+    EXPECT_EQ(obstacle(), "keys_held");
+    EXPECT_THAT(m_portal.keys, IsEmpty());
+
+    m_shortcutDown = false;
+    m_shortcutHeld = m_clock.uptime();
+    EXPECT_NEAR(secondsToRelease(), 0.35, 0.02);
+    EXPECT_TRUE(paste());
 }
 
 TEST_F(PortalPasteKeystrokeTest, typesNothingIntoALockedSession)
