@@ -19,7 +19,7 @@ QVariantMap shown(const TranscriptionAttempt& attempt)
 {
     return {
         { QStringLiteral("provider"), translated(attempt.provider) },
-        { QStringLiteral("modelName"), QString::fromStdString(attempt.model) },
+        { QStringLiteral("modelName"), shownModel(attempt.model) },
         { QStringLiteral("status"), translated(label(attempt.status)) },
         { QStringLiteral("failed"),
             attempt.status == AttemptStatus::failed

@@ -3,6 +3,7 @@
 #include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/library/VeskoError.h"
 
 #include <QPointer>
 
@@ -10,10 +11,17 @@
 
 namespace vesko {
 
+namespace {
+
+constexpr double noticeIsShown = 10; // seconds
+
+} // namespace
+
 PreferencesView::PreferencesView(const Neighbours& neighbours)
     : m_to(neighbours)
     , m_account(neighbours.accounts)
     , m_signIn(neighbours.accounts)
+    , m_noticeEnd(neighbours.platform.clock)
 {
     connect(&m_to.preferences, &Preferences::changed, this, &PreferencesView::changed);
     connect(&m_to.analytics, &Analytics::enabledChanged, this, &PreferencesView::changed);
@@ -82,10 +90,14 @@ Task<> PreferencesView::save(std::string key)
     try {
         co_await m_to.preferences.saveKey(std::move(key));
         clearKeyDraft();
+        for (const auto* settled : { KeychainFailure().errorDescription(),
+                 KeychainFailure(KeychainFailure::absent).errorDescription(),
+                 VeskoError(VeskoError::missingKey).errorDescription() })
+            m_to.status.withdraw(settled);
         setNotice(translated(L10N_KEY("Vesko", "Key saved in Keychain")));
     } catch (const std::exception&) {
+        setNotice({});
         m_to.status.report(std::current_exception());
-        setNotice(translated(L10N_KEY("Vesko", "The key could not be saved.")));
     }
 }
 
@@ -101,6 +113,7 @@ Task<> PreferencesView::remove()
         clearKeyDraft();
         setNotice(translated(L10N_KEY("Vesko", "Key removed")));
     } catch (const std::exception&) {
+        setNotice({});
         m_to.status.report(std::current_exception());
     }
 }
@@ -126,7 +139,14 @@ void PreferencesView::pressPermission(int row)
 
 void PreferencesView::openPrivacySettings()
 {
-    m_to.platform.desktop.openSettings(SettingsPanel::privacy);
+    openSettings(SettingsPanel::privacy);
+}
+
+void PreferencesView::openSettings(SettingsPanel panel)
+{
+    if (!m_to.platform.desktop.openSettings(panel))
+        setNotice(translated(L10N_KEY("Vesko",
+            "Vesko found no program for your desktop's settings. Please open them yourself.")));
 }
 
 void PreferencesView::setLaunchAtLogin(bool on)
@@ -134,14 +154,14 @@ void PreferencesView::setLaunchAtLogin(bool on)
     try {
         m_to.preferences.setLogin(on);
     } catch (const std::system_error&) {
-        setNotice(translated(L10N_KEY("Vesko",
-            "Launch at login could not be changed. Check Login Items in System Settings.")));
+        m_to.status.setErrorMessage(L10N_KEY("Vesko",
+            "Launch at login could not be changed. Check Login Items in System Settings."));
     }
 }
 
 void PreferencesView::openLoginItems()
 {
-    m_to.platform.desktop.openSettings(SettingsPanel::startup);
+    openSettings(SettingsPanel::startup);
 }
 
 void PreferencesView::openDataFolder()
@@ -152,6 +172,9 @@ void PreferencesView::openDataFolder()
 void PreferencesView::setNotice(const QString& notice)
 {
     m_notice = notice;
+    m_noticeEnd.start(noticeIsShown, [this] { setNotice({}); });
+    if (notice.isEmpty())
+        m_noticeEnd.cancel();
     Q_EMIT noticeChanged();
 }
 

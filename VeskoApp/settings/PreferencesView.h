@@ -37,7 +37,7 @@ class PreferencesView : public QObject {
     Q_PROPERTY(bool learnCorrections READ learnCorrections WRITE setLearnCorrections NOTIFY changed)
 
     Q_PROPERTY(QVariantList providers READ providers CONSTANT)
-    Q_PROPERTY(QVariantList keySources READ keySources CONSTANT)
+    Q_PROPERTY(QVariantList keySources READ keySources NOTIFY changed)
     Q_PROPERTY(QVariantList languages READ languages NOTIFY changed)
     Q_PROPERTY(QVariantList translations READ translations NOTIFY changed)
     Q_PROPERTY(QVariantList speechModels READ speechModels NOTIFY changed) // none until loaded
@@ -119,7 +119,11 @@ public:
 
     bool onDevice() const { return m_to.preferences.provider.get() == "apple"; }
     QString languageHint() const;
-    bool usesPersonalKey() const { return m_to.preferences.keySource.get() != "vesko"; }
+    // Also where the other choice has no key on this machine.
+    bool usesPersonalKey() const
+    {
+        return !hasVeskoAccess() || m_to.preferences.keySource.get() != "vesko";
+    }
     bool hasKey() const { return m_to.preferences.hasKey(); }
     bool hasVeskoAccess() const { return m_to.preferences.hasVeskoAccess(); }
     QString keyStatus() const;
@@ -154,6 +158,8 @@ public:
     Q_INVOKABLE void setLaunchAtLogin(bool on);
     Q_INVOKABLE void openLoginItems();
     Q_INVOKABLE void openDataFolder();
+    // The user has read the notice.
+    Q_INVOKABLE void dismissNotice() { setNotice({}); }
 
 Q_SIGNALS:
     void changed();
@@ -170,6 +176,7 @@ private:
         setting.set(value.toStdString());
     }
     void setNotice(const QString& notice);
+    void openSettings(SettingsPanel panel);
     void clearKeyDraft();
     Task<> save(std::string key);
     Task<> remove();
@@ -179,6 +186,7 @@ private:
     SignInChoices m_signIn;
     QString m_keyDraft;
     QString m_notice;
+    Timer m_noticeEnd;
     TaskScope m_tasks;
 };
 

@@ -17,7 +17,7 @@ public:
     void bringHere(QWindow& window) override;
     void floatEverywhere(QWindow& window) override;
     void openFolder(const std::filesystem::path& folder) override;
-    void openSettings(SettingsPanel panel) override;
+    bool openSettings(SettingsPanel panel) override;
 
 private:
     std::uint32_t atom(const char* name) const;
