@@ -10,6 +10,8 @@ namespace vesko {
 // outlive it.
 class AccountSection : public QObject {
     Q_OBJECT
+    // Whether this build has accounts; else there is no such section.
+    Q_PROPERTY(bool available READ available CONSTANT)
     Q_PROPERTY(bool signedIn READ signedIn NOTIFY changed)
     // Both empty while signed out.
     Q_PROPERTY(QString signedInAs READ signedInAs NOTIFY changed)
@@ -20,6 +22,7 @@ class AccountSection : public QObject {
 public:
     explicit AccountSection(AccountStore& accounts, QObject* parent = nullptr);
 
+    bool available() const { return m_accounts.available(); }
     bool signedIn() const { return m_accounts.signedIn(); }
     QString signedInAs() const;
     QString method() const;

@@ -220,26 +220,6 @@ Task<> AccountStore::signInWithGoogle()
     }
 }
 
-Task<> AccountStore::signInWithApple()
-{
-    if (!begin(AuthProvider::apple))
-        co_return;
-    const Busy busy(*this);
-    try {
-        // Apple sees the hash and the service the value, so that the service can compare the two.
-        const std::string nonce = AuthNonce::make();
-        const std::string identityToken
-            = co_await m_identities.appleIdentityToken(AuthNonce::sha256Hex(nonce));
-        co_await complete(
-            [client = m_client, identityToken, nonce](std::stop_token stop) {
-                return client.signInWithApple(identityToken, nonce, std::move(stop));
-            },
-            AuthProvider::apple);
-    } catch (const std::exception&) {
-        fail(std::current_exception(), AuthProvider::apple);
-    }
-}
-
 Task<> AccountStore::signOut()
 {
     if (const auto token = co_await storedToken()) {

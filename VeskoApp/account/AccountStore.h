@@ -54,7 +54,6 @@ public:
     // Checks the code for the address that it was sent to; without one, nothing happens.
     Task<> verifyEmail(std::string code);
     Task<> signInWithGoogle();
-    Task<> signInWithApple();
     // Ends a sign-in that waits for another program.
     void cancelSignIn() { m_identities.cancel(); }
     // Takes back that a code was asked for, to ask for one elsewhere.
@@ -79,6 +78,8 @@ public:
     bool required() const { return m_required; }
     // Whether what needs an account is open to the user.
     bool admits() const { return !m_required || signedIn(); }
+    // Whether this build has accounts at all.
+    bool available() const { return m_client.configured(); }
     bool googleAvailable() const { return m_googleClientID && m_client.configured(); }
 
     // Hears of each event that may be counted.

@@ -14,14 +14,12 @@ struct GoogleCode {
     bool operator==(const GoogleCode&) const = default;
 };
 
-// The two sign-ins that others vouch for, as far as the user sees them. One at a time; main thread.
-// Both throw AuthFailure.
+// The sign-in that another vouches for, as far as the user sees it. One at a time; main thread.
+// Throws AuthFailure.
 class IdentityProviders {
 public:
     virtual ~IdentityProviders() = default;
 
-    // Apple's identity token for who the user is there.
-    virtual Task<std::string> appleIdentityToken(std::string nonceHash) = 0;
     // Shows Google's page; done when it has led back here.
     virtual Task<GoogleCode> googleAuthorizationCode(
         std::string clientID, std::string nonce, std::string verifier)

@@ -75,11 +75,6 @@ void SignInChoices::useAnotherEmail()
     m_accounts.forgetPendingEmail();
 }
 
-void SignInChoices::signInWithApple()
-{
-    m_accounts.run(m_accounts.signInWithApple());
-}
-
 void SignInChoices::signInWithGoogle()
 {
     m_accounts.run(m_accounts.signInWithGoogle());

@@ -44,7 +44,6 @@ public:
     Q_INVOKABLE void sendCode();
     Q_INVOKABLE void verify();
     Q_INVOKABLE void useAnotherEmail();
-    Q_INVOKABLE void signInWithApple();
     Q_INVOKABLE void signInWithGoogle();
     Q_INVOKABLE void cancel();
 

@@ -29,12 +29,6 @@ SystemIdentityProviders::SystemIdentityProviders(
 {
 }
 
-Task<std::string> SystemIdentityProviders::appleIdentityToken(std::string)
-{
-    throw AuthFailure(AuthFailure::appleUnavailable);
-    co_return {};
-}
-
 Task<GoogleCode> SystemIdentityProviders::googleAuthorizationCode(
     std::string clientID, std::string nonce, std::string verifier)
 {

@@ -12,7 +12,7 @@ namespace vesko {
 
 // Signs in with Google in the user's own browser. The page leads back by an address of a scheme
 // that the desktop knows to be this program's, and whoever is told of such an address passes it on
-// here. Sign in with Apple does not exist on this platform.
+// here.
 //
 // No program learns that its page has been closed, so the user can cancel, and a sign-in that has
 // not come back after ten minutes counts as cancelled.
@@ -20,7 +20,6 @@ class SystemIdentityProviders final : public IdentityProviders {
 public:
     SystemIdentityProviders(Browser& browser, EventClock& clock, GoogleEndpoints google);
 
-    Task<std::string> appleIdentityToken(std::string nonceHash) override;
     Task<GoogleCode> googleAuthorizationCode(
         std::string clientID, std::string nonce, std::string verifier) override;
     void cancel() override;

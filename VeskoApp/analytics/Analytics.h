@@ -48,6 +48,7 @@ public:
     // Whether the build has a service to send to.
     bool configured() const { return m_bundle.appKey && !m_bundle.baseURL.empty(); }
     QString host() const; // of the service, for the user to read
+    const AnalyticsBundle& bundle() const { return m_bundle; }
     const AnalyticsState& state() const { return m_state; }
     const AnalyticsQueue& queue() const { return m_queue; }
 

@@ -9,7 +9,7 @@ CaptureSettings CaptureSettings::from(const Preferences& preferences, const Libr
     const std::string& translateTo = preferences.translateTo.get();
     return {
         .provider = preferences.provider.get(),
-        .keySource = preferences.keySource.get(),
+        .keySource = preferences.keySourceInForce(),
         .model = preferences.sttModel.get(),
         .language = preferences.language.get(),
         .cleanup = preferences.cleanupEnabled.get(),

@@ -6,10 +6,17 @@
 
 #include <QPointer>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
 namespace vesko {
+
+namespace {
+
+constexpr double undoIsOffered = 10; // seconds
+
+} // namespace
 
 DictionaryView::DictionaryView(DictionaryTerms& dictionary, const LibrarySession& library,
     const Capture& capture, EventClock& clock)
@@ -17,6 +24,7 @@ DictionaryView::DictionaryView(DictionaryTerms& dictionary, const LibrarySession
     , m_library(library)
     , m_capture(capture)
     , m_clock(clock)
+    , m_removedEnd(clock)
 {
     connect(&library, &LibrarySession::changed, this, &DictionaryView::showTerms);
     for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
@@ -33,6 +41,7 @@ void DictionaryView::showTerms()
 {
     m_terms.setTerms(m_library.contents().terms(m_query.toStdString()));
     Q_EMIT termsChanged();
+    Q_EMIT undoChanged();
 }
 
 QString DictionaryView::countText() const
@@ -156,8 +165,38 @@ void DictionaryView::setEnabled(const QString& id, bool enabled)
 
 void DictionaryView::remove(const QString& id)
 {
-    if (const auto* const term = m_terms.find(id))
-        m_dictionary.remove(term->id);
+    const auto* const found = m_terms.find(id);
+    if (!found)
+        return;
+    const auto term = *found;
+    m_dictionary.remove(term.id);
+    setRemoved(term);
+}
+
+void DictionaryView::undo()
+{
+    if (!m_removed)
+        return;
+    m_dictionary.save(*m_removed, {});
+    setRemoved(std::nullopt);
+}
+
+QString DictionaryView::undoText() const
+{
+    const auto& terms = m_library.contents().dictionary;
+    if (!m_removed || std::ranges::find(terms, m_removed->id, &DictionaryEntry::id) != terms.end())
+        return {};
+    return translated(L10N_KEY("Vesko", "Removed “%1”"))
+        .arg(QString::fromStdString(m_removed->original));
+}
+
+void DictionaryView::setRemoved(std::optional<DictionaryEntry> term)
+{
+    m_removed = std::move(term);
+    m_removedEnd.cancel();
+    if (m_removed)
+        m_removedEnd.start(undoIsOffered, [this] { setRemoved(std::nullopt); });
+    Q_EMIT undoChanged();
 }
 
 } // namespace vesko

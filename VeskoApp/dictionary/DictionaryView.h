@@ -27,6 +27,8 @@ class DictionaryView : public QObject {
     Q_PROPERTY(bool canSave READ canSave NOTIFY formChanged)
     // What the banner says of corrections that wait; empty without any.
     Q_PROPERTY(QString pendingText READ pendingText NOTIFY pendingChanged)
+    // What undo() would take back, for a while; empty for nothing.
+    Q_PROPERTY(QString undoText READ undoText NOTIFY undoChanged)
 
 public:
     DictionaryView(DictionaryTerms& dictionary, const LibrarySession& library,
@@ -46,6 +48,7 @@ public:
     QString saveTitle() const;
     bool canSave() const;
     QString pendingText() const;
+    QString undoText() const;
 
     // Saves what stands in the form, which is the user's own term from then on. The form is emptied
     // once it is saved, and kept if that fails.
@@ -55,14 +58,18 @@ public:
     Q_INVOKABLE void edit(const QString& id);
     Q_INVOKABLE void setEnabled(const QString& id, bool enabled);
     Q_INVOKABLE void remove(const QString& id);
+    // Takes the term back that was removed a moment ago.
+    Q_INVOKABLE void undo();
 
 Q_SIGNALS:
     void termsChanged();
     void queryChanged();
     void formChanged();
     void pendingChanged();
+    void undoChanged();
 
 private:
+    void setRemoved(std::optional<DictionaryEntry> term);
     void showTerms();
     void fill(std::optional<DictionaryEntry> editing);
 
@@ -75,6 +82,8 @@ private:
     QString m_original;
     QString m_replacement;
     std::optional<DictionaryEntry> m_editing;
+    std::optional<DictionaryEntry> m_removed; // a moment ago, here
+    Timer m_removedEnd;
 };
 
 } // namespace vesko

@@ -1,6 +1,7 @@
 #include "VeskoApp/library/LibrarySession.h"
 
 #include "VeskoApp/base/Observed.h"
+#include "VeskoApp/status/SafeMessage.h"
 
 #include <algorithm>
 
@@ -35,9 +36,13 @@ Task<bool> LibrarySession::open(Opening open)
         failure = std::current_exception();
     }
     m_openingShown.cancel();
-    assign(*this, m_opening, false, &LibrarySession::openingChanged);
     if (failure)
+        m_refusal = safeMessage(failure);
+    assign(*this, m_opening, false, &LibrarySession::openingChanged);
+    if (failure) {
         m_status.report(failure);
+        Q_EMIT readyChanged();
+    }
     co_return !failure;
 }
 

@@ -49,6 +49,8 @@ public:
     Task<std::filesystem::path> audioFile(Recording recording);
 
     bool ready() const { return m_ready; }
+    // Why it could not be opened, as the error line says it; empty if it was not tried in vain.
+    const std::string& refusal() const { return m_refusal; }
     // It is being opened, and that takes long enough to be told.
     bool opening() const { return m_opening; }
     const Library& contents() const { return m_contents; }
@@ -68,6 +70,7 @@ private:
     Library m_contents;
     bool m_ready = false;
     bool m_opening = false;
+    std::string m_refusal;
     Timer m_openingShown;
 
     // Last, so that tasks end before what they use.
@@ -97,6 +100,8 @@ LibrarySession::change(Operation operation)
             return { std::move(result), store.snapshot() };
         });
     show(std::move(contents));
+    if (outcome)
+        m_status.withdraw(VeskoError(VeskoError::storage).errorDescription());
     co_return std::move(outcome);
 }
 

@@ -15,6 +15,10 @@ namespace vesko {
 
 namespace {
 
+constexpr double undoIsOffered = 10; // seconds
+
+constexpr const char* unopened = L10N_KEY("Vesko", "The library could not be opened");
+
 QString shown(const std::optional<Uuid>& id)
 {
     return id ? QString::fromStdString(id->text()) : QString();
@@ -29,7 +33,7 @@ QVariantMap words(const char* title, const char* text, const char* button)
 {
     return { { QStringLiteral("title"), translated(title) },
         { QStringLiteral("text"), translated(text) },
-        { QStringLiteral("button"), translated(button) } };
+        { QStringLiteral("button"), translated(button) }, { QStringLiteral("makesNote"), false } };
 }
 
 // A path as the user writes it: below the home folder unless it says otherwise.
@@ -53,6 +57,7 @@ QString exportFile(const Note& note)
 
 LibraryWindow::LibraryWindow(const Neighbours& neighbours)
     : m_to(neighbours)
+    , m_trashedEnd(neighbours.clock)
 {
     const auto& selection = m_to.selection;
     connect(&selection, &NoteSelection::visibleNotesChanged, this, &LibraryWindow::showNotes);
@@ -67,7 +72,9 @@ LibraryWindow::LibraryWindow(const Neighbours& neighbours)
     });
     const auto& library = m_to.library;
     connect(&library, &LibrarySession::changed, this, &LibraryWindow::sidebarChanged);
-    connect(&library, &LibrarySession::readyChanged, this, &LibraryWindow::emptyStateChanged);
+    connect(&library, &LibrarySession::changed, this, &LibraryWindow::lookAtTrashed);
+    for (const auto tell : { &LibraryWindow::emptyStateChanged, &LibraryWindow::statusLineChanged })
+        connect(&library, &LibrarySession::readyChanged, this, tell);
     for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
         connect(&library, changed, this, &LibraryWindow::stateChanged);
     const auto& capture = m_to.capture;
@@ -84,6 +91,12 @@ LibraryWindow::~LibraryWindow() = default;
 
 void LibraryWindow::showNotes()
 {
+    std::unordered_map<Uuid, QString> named;
+    if (!m_to.selection.selectedProjectID())
+        for (const auto& project : m_to.library.contents().projects)
+            named.emplace(project.id, QString::fromStdString(project.name));
+    m_notes.setProjects(std::move(named));
+    m_notes.setQuery(m_to.selection.query());
     m_notes.setNotes(m_to.selection.visibleNotes());
     showEditor();
     Q_EMIT emptyStateChanged();
@@ -149,6 +162,9 @@ QVariantList LibraryWindow::editors() const
 
 QVariant LibraryWindow::emptyState() const
 {
+    const auto& refusal = m_to.library.refusal();
+    if (!refusal.empty())
+        return words(unopened, refusal.c_str(), L10N_KEY("Vesko", "Open data folder"));
     if (m_notes.rowCount() > 0 || !m_to.library.ready())
         return {};
     if (m_to.selection.showingTrash())
@@ -158,10 +174,20 @@ QVariant LibraryWindow::emptyState() const
         return words(L10N_KEY("Vesko", "No matching notes"),
             L10N_KEY("Vesko", "Try another search or clear the search field."),
             L10N_KEY("Vesko", "Clear search"));
-    return words(L10N_KEY("Vesko", "A place for your next thought"),
+    auto first = words(L10N_KEY("Vesko", "A place for your next thought"),
         L10N_KEY(
             "Vesko", "Record your voice or start a text note. Your originals stay on this Mac."),
         L10N_KEY("Vesko", "New note"));
+    first[QStringLiteral("makesNote")] = true;
+    return first;
+}
+
+void LibraryWindow::fillEmptyState()
+{
+    if (!m_to.library.refusal().empty())
+        m_to.desktop.openFolder(m_to.dataFolder);
+    else
+        m_to.selection.setQuery({});
 }
 
 QString LibraryWindow::statusLine() const
@@ -171,6 +197,8 @@ QString LibraryWindow::statusLine() const
         return translated(L10N_KEY("Vesko", "Recording %1"))
             .arg(shownDuration(m_to.capture.elapsed()));
     case Phase::idle:
+        if (!m_to.library.refusal().empty())
+            return translated(unopened);
         if (!opening())
             return m_to.status.messageText();
         break;
@@ -179,6 +207,11 @@ QString LibraryWindow::statusLine() const
         break;
     }
     return m_to.capture.phaseTitle();
+}
+
+QString LibraryWindow::refusal() const
+{
+    return translated(m_to.library.refusal());
 }
 
 QString LibraryWindow::copiedNoteID() const
@@ -290,8 +323,43 @@ void LibraryWindow::assign(const QString& projectID)
 
 void LibraryWindow::trashNote()
 {
-    if (const Note* const note = m_to.selection.selectedNote())
+    if (const Note* const note = m_to.selection.selectedNote()) {
+        m_trashed = note->id;
         m_to.notes.trash(*note, false);
+    }
+}
+
+// It can be taken back as long as it is there.
+void LibraryWindow::lookAtTrashed()
+{
+    const Note* const note = m_trashed ? m_to.library.note(*m_trashed) : nullptr;
+    const bool isThere = note && note->deletedAt;
+    if (isThere == m_trashedEnd.pending())
+        return;
+    if (isThere) {
+        m_trashedEnd.start(undoIsOffered, [this] {
+            m_trashed.reset();
+            Q_EMIT undoChanged();
+        });
+    } else {
+        m_trashedEnd.cancel();
+        m_trashed.reset();
+    }
+    Q_EMIT undoChanged();
+}
+
+QString LibraryWindow::undoText() const
+{
+    return m_trashedEnd.pending() ? translated(L10N_KEY("Vesko", "Moved to Trash")) : QString();
+}
+
+void LibraryWindow::undo()
+{
+    const Note* const note = m_trashedEnd.pending() ? m_to.library.note(*m_trashed) : nullptr;
+    if (!note)
+        return;
+    m_to.notes.restore(*note);
+    m_to.selection.reveal(note->id);
 }
 
 void LibraryWindow::restoreNote()

@@ -4,6 +4,7 @@
 #include "VeskoApp/notes/NoteEditor.h"
 #include "VeskoApp/notes/NoteListModel.h"
 #include "VeskoApp/notes/Playback.h"
+#include "VeskoApp/platform/Desktop.h"
 #include "VeskoApp/platform/FileChooser.h"
 #include "VeskoApp/transcription/TranscriptionRun.h"
 
@@ -29,11 +30,16 @@ class LibraryWindow : public QObject {
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY notesChanged)
     // The editor of the selected note, or none: an array, so that each has a view of its own.
     Q_PROPERTY(QVariantList editors READ editors NOTIFY editorChanged)
-    // "title", "text" and "button" while no note is listed, else nothing.
+    // "title", "text", "button" and "makesNote", whether that is what the button does, while no
+    // note is listed, else nothing.
     Q_PROPERTY(QVariant emptyState READ emptyState NOTIFY emptyStateChanged)
     Q_PROPERTY(QString statusLine READ statusLine NOTIFY statusLineChanged)
+    // What undo() would take back, for a while; empty for nothing.
+    Q_PROPERTY(QString undoText READ undoText NOTIFY undoChanged)
     Q_PROPERTY(QString copiedNoteID READ copiedNoteID NOTIFY copiedChanged)
     Q_PROPERTY(QString playingID READ playingID NOTIFY playingChanged)
+    // What the error line says while the library can't be opened; empty for none.
+    Q_PROPERTY(QString refusal READ refusal NOTIFY stateChanged)
     Q_PROPERTY(bool opening READ opening NOTIFY stateChanged)
     Q_PROPERTY(bool canCreate READ canCreate NOTIFY stateChanged)
     Q_PROPERTY(bool canRecord READ canRecord NOTIFY stateChanged)
@@ -44,6 +50,8 @@ public:
     struct Neighbours {
         EventClock& clock;
         FileChooser& fileChooser;
+        Desktop& desktop;
+        std::filesystem::path dataFolder;
         LibrarySession& library;
         NoteSelection& selection;
         NoteEdits& edits;
@@ -73,9 +81,11 @@ public:
     QVariantList editors() const;
     QVariant emptyState() const;
     QString statusLine() const;
+    QString undoText() const;
     QString copiedNoteID() const;
     QString playingID() const;
     // The library is not there yet, which takes a while.
+    QString refusal() const;
     bool opening() const { return m_to.library.opening(); }
     bool canCreate() const { return m_to.library.ready(); }
     bool canRecord() const { return m_to.library.ready() && !m_to.capture.isBusy(); }
@@ -99,6 +109,8 @@ public:
     Q_INVOKABLE void exportNote(const QString& path);
     Q_INVOKABLE void assign(const QString& projectID);
     Q_INVOKABLE void trashNote();
+    // Takes the note back out of the Trash that was moved there a moment ago, and selects it.
+    Q_INVOKABLE void undo();
     Q_INVOKABLE void restoreNote();
     Q_INVOKABLE void deletePermanently();
     Q_INVOKABLE void play(const QString& recordingID);
@@ -112,6 +124,7 @@ Q_SIGNALS:
     void editorChanged();
     void emptyStateChanged();
     void statusLineChanged();
+    void undoChanged();
     void copiedChanged();
     void playingChanged();
     void stateChanged();
@@ -121,11 +134,14 @@ Q_SIGNALS:
 private:
     void showNotes();
     void showEditor();
+    void lookAtTrashed();
     Task<> exportTo(Uuid id, Eventual<FileChooser::Answer> chosen);
 
     Neighbours m_to;
     NoteListModel m_notes;
     std::unique_ptr<NoteEditor> m_editor;
+    std::optional<Uuid> m_trashed; // a moment ago, here
+    Timer m_trashedEnd;
     TaskScope m_tasks;
 };
 

@@ -100,6 +100,36 @@ void NoteListModel::setNotes(SharedArray<Note> notes)
         [&](std::size_t row) { return before.shared(row - rows.newEnd + rows.oldEnd); });
 }
 
+void NoteListModel::setQuery(const std::string& query)
+{
+    if (m_query == query)
+        return;
+    m_query = query;
+    m_search.reset();
+    if (!query.empty())
+        m_search.emplace(query, QLocale().name().section(u'_', 0, 0).toStdString());
+    tellOfAll();
+}
+
+void NoteListModel::setProjects(std::unordered_map<Uuid, QString> names)
+{
+    if (m_projects == names)
+        return;
+    m_projects = std::move(names);
+    tellOfAll();
+}
+
+void NoteListModel::tellOfAll()
+{
+    if (!m_notes.empty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+}
+
+QString NoteListModel::words(const Note& note) const
+{
+    return shownWords(note, m_search ? &*m_search : nullptr);
+}
+
 int NoteListModel::rowOf(const Uuid& id) const
 {
     const auto found = std::ranges::find(m_notes, id, &Note::id);
@@ -125,10 +155,22 @@ QVariant NoteListModel::data(const QModelIndex& index, int role) const
         return captureStatus(note);
     case momentRole:
         return shownMoment(note.updatedAt, QLocale(), QDate::currentDate());
+    case wordsRole:
+        return words(note);
+    case projectRole: {
+        const auto named = note.projectID ? m_projects.find(*note.projectID) : m_projects.end();
+        return named == m_projects.end() ? QString() : named->second;
+    }
+    case markedTitleRole:
+        return m_search ? marked(shownTitle(note), *m_search) : shownTitle(note).toHtmlEscaped();
+    case markedWordsRole:
+        return m_search ? marked(words(note), *m_search) : words(note).toHtmlEscaped();
     case detailRole: {
-        const auto status = captureStatus(note);
-        const auto moment = shownMoment(note.updatedAt, QLocale(), QDate::currentDate());
-        return status.isEmpty() ? moment : moment + QStringLiteral(" · ") + status;
+        QStringList parts;
+        for (const auto part : { statusRole, momentRole, wordsRole, projectRole })
+            if (const auto text = data(index, part).toString(); !text.isEmpty())
+                parts << text;
+        return parts.join(QStringLiteral(" · "));
     }
     default:
         return {};
@@ -138,7 +180,9 @@ QVariant NoteListModel::data(const QModelIndex& index, int role) const
 QHash<int, QByteArray> NoteListModel::roleNames() const
 {
     return { { idRole, "noteID" }, { titleRole, "title" }, { iconRole, "iconName" },
-        { detailRole, "detail" }, { statusRole, "status" }, { momentRole, "moment" } };
+        { detailRole, "detail" }, { statusRole, "status" }, { momentRole, "moment" },
+        { wordsRole, "words" }, { projectRole, "project" }, { markedTitleRole, "markedTitle" },
+        { markedWordsRole, "markedWords" } };
 }
 
 } // namespace vesko

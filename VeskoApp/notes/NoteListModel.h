@@ -5,6 +5,10 @@
 // Behind a header of Qt: moc stumbles over <chrono> otherwise.
 #include "VeskoCore/base/SharedArray.h"
 #include "VeskoCore/library/Note.h"
+#include "VeskoCore/library/TextSearch.h"
+
+#include <optional>
+#include <unordered_map>
 
 namespace vesko {
 
@@ -14,7 +18,23 @@ class NoteListModel : public QAbstractListModel {
     Q_OBJECT
 
 public:
-    enum Role { idRole = Qt::UserRole, titleRole, iconRole, detailRole, statusRole, momentRole };
+    enum Role {
+        idRole = Qt::UserRole,
+        titleRole,
+        iconRole,
+        detailRole, // all that the row says beside its title
+        statusRole,
+        momentRole,
+        wordsRole,
+        projectRole, // its name
+        markedTitleRole, // HTML in which what was searched for stands in <b>, as of the next
+        markedWordsRole,
+    };
+
+    // What is searched for is marked; without letters, nothing is.
+    void setQuery(const std::string& query);
+    // Names of the projects that a row is to name.
+    void setProjects(std::unordered_map<Uuid, QString> names);
 
     void setNotes(SharedArray<Note> notes);
     const SharedArray<Note>& notes() const { return m_notes; }
@@ -26,7 +46,13 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 private:
+    void tellOfAll();
+    QString words(const Note& note) const;
+
     SharedArray<Note> m_notes;
+    std::string m_query;
+    mutable std::optional<TextSearch> m_search; // none without a query
+    std::unordered_map<Uuid, QString> m_projects;
 };
 
 } // namespace vesko

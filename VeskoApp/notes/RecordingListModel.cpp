@@ -15,11 +15,18 @@ QString shown(const std::optional<std::string>& text)
     return text ? QString::fromStdString(*text) : QString();
 }
 
+// An engine of this machine tells how it is called; the models of services are known by their ids.
+QString modelOf(const TranscriptionAttempt& attempt)
+{
+    const auto words = attempt.modelInWords();
+    return words == attempt.model ? shownModel(attempt.model) : QString::fromStdString(words);
+}
+
 QVariantMap shown(const TranscriptionAttempt& attempt)
 {
     return {
         { QStringLiteral("provider"), translated(attempt.provider) },
-        { QStringLiteral("modelName"), QString::fromStdString(attempt.modelInWords()) },
+        { QStringLiteral("modelName"), modelOf(attempt) },
         { QStringLiteral("status"), translated(label(attempt.status)) },
         { QStringLiteral("failed"),
             attempt.status == AttemptStatus::failed

@@ -68,7 +68,7 @@ QString OnboardingView::accountName() const
 {
     const auto email = m_email();
     return email ? QString::fromStdString(*email)
-                 : translated(L10N_KEY("Vesko", "Signed in with Apple"));
+                 : translated(L10N_KEY("Vesko", "Apple ID with hidden email"));
 }
 
 void OnboardingView::advance()
@@ -125,6 +125,8 @@ void OnboardingView::setStep(OnboardingStep step)
 {
     m_step = step;
     Q_EMIT stepChanged();
+    m_notice.clear(); // it was about what has gone out of sight
+    Q_EMIT noticeChanged();
 }
 
 } // namespace vesko

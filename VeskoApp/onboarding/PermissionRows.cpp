@@ -1,5 +1,6 @@
 #include "VeskoApp/onboarding/PermissionRows.h"
 
+#include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/SessionWords.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
@@ -31,9 +32,11 @@ constexpr std::array rowWords{
 
 } // namespace
 
-PermissionRows::PermissionRows(Platform& platform, std::function<void()> restartFn)
+PermissionRows::PermissionRows(Platform& platform, std::function<void()> restartFn,
+    std::function<std::string()> spokenLanguage)
     : m_platform(platform)
     , m_restartFn(std::move(restartFn))
+    , m_spokenLanguage(std::move(spokenLanguage))
 {
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
         [this](Qt::ApplicationState state) {
@@ -61,8 +64,7 @@ bool PermissionRows::allowed(Row row) const
     case microphone:
         return m_platform.permissions.microphone();
     case speechRecognition:
-        return m_platform.recognizer.authorized()
-            && m_platform.recognizer.supports(m_platform.recognizer.systemLanguage());
+        return m_platform.recognizer.authorized() && m_platform.recognizer.supports(language());
     case accessibility:
         return m_platform.permissions.accessibility();
     case inputMonitoring:
@@ -71,12 +73,45 @@ bool PermissionRows::allowed(Row row) const
     return false;
 }
 
+std::string PermissionRows::language() const
+{
+    auto spoken = m_spokenLanguage();
+    return spoken == "auto" ? m_platform.recognizer.systemLanguage() : spoken;
+}
+
+// This desktop asks nobody; what can be missing is a model.
+QString PermissionRows::aboutSpeech() const
+{
+    const auto tag = language();
+    const bool english = tag == "en" || tag.starts_with("en-");
+    return translated(allowed(speechRecognition)
+            ? L10N_KEY("Vesko", "A speech model for %1 is installed.")
+            : english
+            ? L10N_KEY("Vesko",
+                  "No speech model for %1 is installed. Install the package pocketsphinx-en-us, "
+                  "or choose another engine or OpenRouter in Settings.")
+            : L10N_KEY("Vesko",
+                  "No speech model for %1 is installed. Choose another engine or "
+                  "OpenRouter in Settings."))
+        .arg(shownLanguage(tag, m_platform.preferredLanguages));
+}
+
+QString PermissionRows::openSettings(SettingsPanel panel, const QString& advice)
+{
+    if (m_platform.desktop.openSettings(panel))
+        return advice;
+    return advice + u' '
+        + translated(L10N_KEY("Vesko",
+            "Vesko found no program for your desktop's settings. Please open them yourself."));
+}
+
 QVariantList PermissionRows::rows() const
 {
     QVariantList all;
     for (const auto row : { microphone, speechRecognition, accessibility, inputMonitoring }) {
         const bool is = allowed(row);
         const QString missing = row == inputMonitoring ? keysAdvice(m_platform.offer) : QString();
+        const bool asks = row != speechRecognition; // there, nobody is asked
         all << QVariantMap{
             { QStringLiteral("name"), translated(rowWords.at(row).name) },
             { QStringLiteral("line"),
@@ -84,11 +119,12 @@ QVariantList PermissionRows::rows() const
             { QStringLiteral("allowed"), is },
             { QStringLiteral("status"),
                 is                      ? translated(L10N_KEY("Vesko", "Allowed"))
+                    : !asks             ? translated(L10N_KEY("Vesko", "No speech model"))
                     : missing.isEmpty() ? translated(L10N_KEY("Vesko", "Not allowed"))
                                         : translated(L10N_KEY("Vesko", "Not offered here")) },
             { QStringLiteral("button"),
                 is ? translated(L10N_KEY("Vesko", "Review"))
-                   : translated(L10N_KEY("Vesko", "Allow")) },
+                   : translated(asks ? L10N_KEY("Vesko", "Allow") : L10N_KEY("Vesko", "Details")) },
         };
     }
     return all;
@@ -101,30 +137,34 @@ void PermissionRows::press(int row, const Notify& notify)
         m_tasks.spawn(askForMicrophone(notify));
         return;
     case speechRecognition:
-        // This desktop asks nobody; what can be missing is a model.
-        notify(allowed(speechRecognition)
-                ? translated(L10N_KEY("Vesko", "A speech model for your language is installed."))
-                : translated(L10N_KEY("Vesko",
-                      "No speech model for your language is installed. Install one, such as the "
-                      "package pocketsphinx-en-us, or choose OpenRouter in Settings.")));
+        notify(aboutSpeech());
         break;
     case accessibility:
+        if (allowed(accessibility)) {
+            notify(translated(L10N_KEY(
+                "Vesko", "Accessibility is on. Vesko can paste into the field you started in.")));
+            break;
+        }
         m_platform.permissions.requestAccessibility();
-        m_platform.desktop.openSettings(SettingsPanel::accessibility);
-        notify(translated(L10N_KEY("Vesko",
-            "Enable Vesko in Accessibility. If it is missing, add Vesko.app from your "
-            "Applications folder.")));
+        notify(openSettings(SettingsPanel::accessibility,
+            translated(L10N_KEY("Vesko",
+                "Enable Vesko in Accessibility. If it is missing, add Vesko.app from your "
+                "Applications folder."))));
         break;
     case inputMonitoring:
         if (!m_platform.offer.allKeys) {
             notify(shortcutAdvice(m_platform.offer));
             break;
         }
-        m_platform.desktop.openSettings(SettingsPanel::keyboard);
-        notify(translated(L10N_KEY("Vesko",
-            "Enable Vesko in Input Monitoring. If it is missing, use the + button and select "
-            "Vesko.app. If macOS asks, choose Quit & Reopen. Command Shift Space remains "
-            "available.")));
+        if (allowed(inputMonitoring)) {
+            notify(translated(L10N_KEY("Vesko", "Vesko notices the dictation key.")));
+            break;
+        }
+        notify(openSettings(SettingsPanel::keyboard,
+            translated(L10N_KEY("Vesko",
+                "Enable Vesko in Input Monitoring. If it is missing, use the + button and select "
+                "Vesko.app. If macOS asks, choose Quit & Reopen. Command Shift Space remains "
+                "available."))));
         m_restartFn();
         break;
     default:
@@ -136,12 +176,11 @@ void PermissionRows::press(int row, const Notify& notify)
 Task<> PermissionRows::askForMicrophone(Notify notify)
 {
     const bool opened = co_await m_platform.permissions.requestMicrophone();
-    if (!opened)
-        m_platform.desktop.openSettings(SettingsPanel::sound);
     notify(opened ? translated(L10N_KEY("Vesko", "Microphone access is ready"))
-                  : translated(L10N_KEY("Vesko",
-                        "Allow Vesko in System Settings > Privacy & Security > "
-                        "Microphone.")));
+                  : openSettings(SettingsPanel::sound,
+                        translated(L10N_KEY("Vesko",
+                            "Allow Vesko in System Settings > Privacy & Security > "
+                            "Microphone."))));
     revise();
 }
 

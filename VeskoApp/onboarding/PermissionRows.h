@@ -22,8 +22,10 @@ class PermissionRows : public QObject {
 public:
     using Notify = std::function<void(const QString&)>;
 
-    // `restartFn` watches the keys anew.
-    PermissionRows(Platform& platform, std::function<void()> restartFn);
+    // `restartFn` watches the keys anew; `spokenLanguage` is the tag that the user dictates in,
+    // "auto" for the system's.
+    PermissionRows(Platform& platform, std::function<void()> restartFn,
+        std::function<std::string()> spokenLanguage);
     ~PermissionRows() override;
 
     QVariantList rows() const;
@@ -38,10 +40,16 @@ Q_SIGNALS:
 private:
     enum Row { microphone, speechRecognition, accessibility, inputMonitoring };
     bool allowed(Row row) const;
+    std::string language() const;
+    QString aboutSpeech() const;
+    // That part of the desktop's settings was to be opened; what to do there, and whether it isn't
+    // there.
+    QString openSettings(SettingsPanel panel, const QString& advice);
     Task<> askForMicrophone(Notify notify);
 
     Platform& m_platform;
     std::function<void()> m_restartFn;
+    std::function<std::string()> m_spokenLanguage;
     TaskScope m_tasks;
 };
 

@@ -11,9 +11,18 @@ namespace vesko {
 // The secret store could not be used.
 class KeychainFailure : public std::exception {
 public:
+    enum Kind { unusable, absent }; // what is absent can't be unlocked
+
+    KeychainFailure(Kind kind = unusable)
+        : m_kind(kind)
+    {
+    }
     // A key for the catalogues.
     const char* errorDescription() const;
     const char* what() const noexcept override { return errorDescription(); }
+
+private:
+    Kind m_kind;
 };
 
 // Secrets of the service "app.vesko.openrouter" by account name. Calls block, since the store may

@@ -73,6 +73,11 @@ std::string Preferences::nameOf(GestureKey key)
             ->second);
 }
 
+std::string Preferences::keySourceInForce() const
+{
+    return m_hasKey && !m_hasVeskoAccess ? "personal" : keySource.get();
+}
+
 std::string Preferences::keyAccount(const std::string& keySource)
 {
     return keySource == "vesko" ? Keychain::veskoAccess : Keychain::personal;
@@ -127,8 +132,8 @@ void Preferences::reread(Setting<std::string>& setting)
 
 Task<> Preferences::refreshKeys()
 {
-    m_hasKey = co_await exists(Keychain::personal);
     m_hasVeskoAccess = co_await exists(Keychain::veskoAccess);
+    m_hasKey = co_await exists(Keychain::personal);
     Q_EMIT changed();
 }
 

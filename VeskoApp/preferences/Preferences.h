@@ -101,6 +101,9 @@ public:
     bool hasKey() const { return m_hasKey; }
     bool hasVeskoAccess() const { return m_hasVeskoAccess; }
     LoginStatus loginStatus() const { return m_loginStatus; }
+    // The key source that a request takes: the user's choice, unless it is known that its key isn't
+    // there and the other one is. What is stored stays.
+    std::string keySourceInForce() const;
 
     // The account whose key an OpenRouter request takes under this key source.
     static std::string keyAccount(const std::string& keySource);
@@ -126,8 +129,8 @@ private:
     Task<bool> exists(std::string account);
     void reread(Setting<std::string>& setting);
 
-    bool m_hasKey = false;
     bool m_hasVeskoAccess = false;
+    bool m_hasKey = false; // known after the other
     TaskScope m_tasks;
 };
 

@@ -2,6 +2,7 @@
 
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/library/VeskoError.h"
 
 #include <utility>
 
@@ -38,10 +39,14 @@ Task<> KeyForm::saved(std::string key)
     try {
         co_await m_preferences.saveKey(std::move(key));
         clearDraft();
+        for (const auto* settled : { KeychainFailure().errorDescription(),
+                 KeychainFailure(KeychainFailure::absent).errorDescription(),
+                 VeskoError(VeskoError::missingKey).errorDescription() })
+            m_status.withdraw(settled);
         m_onNotice(translated(L10N_KEY("Vesko", "Key saved in Keychain")));
     } catch (const std::exception&) {
+        m_onNotice({});
         m_status.report(std::current_exception());
-        m_onNotice(translated(L10N_KEY("Vesko", "The key could not be saved.")));
     }
 }
 
@@ -57,6 +62,7 @@ Task<> KeyForm::removed()
         clearDraft();
         m_onNotice(translated(L10N_KEY("Vesko", "Key removed")));
     } catch (const std::exception&) {
+        m_onNotice({});
         m_status.report(std::current_exception());
     }
 }

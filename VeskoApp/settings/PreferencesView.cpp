@@ -3,6 +3,7 @@
 #include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/library/VeskoError.h"
 
 #include <QPointer>
 
@@ -10,12 +11,19 @@
 
 namespace vesko {
 
+namespace {
+
+constexpr double noticeIsShown = 10; // seconds
+
+} // namespace
+
 PreferencesView::PreferencesView(const Neighbours& neighbours)
     : m_to(neighbours)
     , m_account(neighbours.accounts)
     , m_signIn(neighbours.accounts)
     , m_keyForm(neighbours.preferences, neighbours.status,
           [this](const QString& notice) { setNotice(notice); })
+    , m_noticeEnd(neighbours.platform.clock)
 {
     connect(&m_to.preferences, &Preferences::changed, this, &PreferencesView::changed);
     connect(&m_to.analytics, &Analytics::enabledChanged, this, &PreferencesView::changed);
@@ -77,7 +85,14 @@ void PreferencesView::pressPermission(int row)
 
 void PreferencesView::openPrivacySettings()
 {
-    m_to.platform.desktop.openSettings(SettingsPanel::privacy);
+    openSettings(SettingsPanel::privacy);
+}
+
+void PreferencesView::openSettings(SettingsPanel panel)
+{
+    if (!m_to.platform.desktop.openSettings(panel))
+        setNotice(translated(L10N_KEY("Vesko",
+            "Vesko found no program for your desktop's settings. Please open them yourself.")));
 }
 
 void PreferencesView::setLaunchAtLogin(bool on)
@@ -85,14 +100,14 @@ void PreferencesView::setLaunchAtLogin(bool on)
     try {
         m_to.preferences.setLogin(on);
     } catch (const std::system_error&) {
-        setNotice(translated(L10N_KEY("Vesko",
-            "Launch at login could not be changed. Check Login Items in System Settings.")));
+        m_to.status.setErrorMessage(L10N_KEY("Vesko",
+            "Launch at login could not be changed. Check Login Items in System Settings."));
     }
 }
 
 void PreferencesView::openLoginItems()
 {
-    m_to.platform.desktop.openSettings(SettingsPanel::startup);
+    openSettings(SettingsPanel::startup);
 }
 
 void PreferencesView::openDataFolder()
@@ -103,6 +118,9 @@ void PreferencesView::openDataFolder()
 void PreferencesView::setNotice(const QString& notice)
 {
     m_notice = notice;
+    m_noticeEnd.start(noticeIsShown, [this] { setNotice({}); });
+    if (notice.isEmpty())
+        m_noticeEnd.cancel();
     Q_EMIT noticeChanged();
 }
 

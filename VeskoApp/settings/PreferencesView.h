@@ -37,7 +37,7 @@ class PreferencesView : public QObject {
     Q_PROPERTY(bool learnCorrections READ learnCorrections WRITE setLearnCorrections NOTIFY changed)
 
     Q_PROPERTY(QVariantList providers READ providers CONSTANT)
-    Q_PROPERTY(QVariantList keySources READ keySources CONSTANT)
+    Q_PROPERTY(QVariantList keySources READ keySources NOTIFY changed)
     Q_PROPERTY(QVariantList languages READ languages NOTIFY changed)
     Q_PROPERTY(QVariantList translations READ translations NOTIFY changed)
     Q_PROPERTY(QVariantList speechModels READ speechModels NOTIFY changed) // none until loaded
@@ -125,7 +125,11 @@ public:
 
     bool onDevice() const { return m_to.preferences.provider.get() == "apple"; }
     QString languageHint() const;
-    bool usesPersonalKey() const { return m_to.preferences.keySource.get() != "vesko"; }
+    // Also where the other choice has no key on this machine.
+    bool usesPersonalKey() const
+    {
+        return !hasVeskoAccess() || m_to.preferences.keySource.get() != "vesko";
+    }
     bool hasVeskoAccess() const { return m_to.preferences.hasVeskoAccess(); }
     bool translates() const { return m_to.preferences.translateTo.get() != "off"; }
     bool launchesAtLogin() const { return m_to.preferences.loginStatus() == LoginStatus::enabled; }
@@ -156,6 +160,8 @@ public:
     Q_INVOKABLE void setLaunchAtLogin(bool on);
     Q_INVOKABLE void openLoginItems();
     Q_INVOKABLE void openDataFolder();
+    // The user has read the notice.
+    Q_INVOKABLE void dismissNotice() { setNotice({}); }
 
 Q_SIGNALS:
     void changed();
@@ -171,12 +177,14 @@ private:
         setting.set(value.toStdString());
     }
     void setNotice(const QString& notice);
+    void openSettings(SettingsPanel panel);
 
     Neighbours m_to;
     AccountSection m_account;
     SignInChoices m_signIn;
     KeyForm m_keyForm;
     QString m_notice;
+    Timer m_noticeEnd;
 };
 
 } // namespace vesko

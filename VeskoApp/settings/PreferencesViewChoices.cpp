@@ -55,8 +55,10 @@ QVariantList PreferencesView::providers() const
 
 QVariantList PreferencesView::keySources() const
 {
-    return { choice("vesko", translated(L10N_KEY("Vesko", "Vesko access"))),
-        choice("personal", translated(L10N_KEY("Vesko", "My personal key"))) };
+    QVariantList rows{ choice("personal", translated(L10N_KEY("Vesko", "My personal key"))) };
+    if (hasVeskoAccess())
+        rows.prepend(choice("vesko", translated(L10N_KEY("Vesko", "Vesko access"))));
+    return rows;
 }
 
 QVariantList PreferencesView::languages() const

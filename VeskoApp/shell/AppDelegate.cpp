@@ -131,8 +131,13 @@ void AppDelegate::observeActivation()
 
 PermissionRows& AppDelegate::permissions()
 {
-    if (!m_permissions)
-        m_permissions.emplace(m_platform, [this] { m_hotkeys.installFnMonitors(); });
+    if (!m_permissions) {
+        auto& preferences = m_model.preferences();
+        m_permissions.emplace(
+            m_platform, [this] { m_hotkeys.installFnMonitors(); },
+            [&preferences] { return preferences.language.get(); });
+        connect(&preferences, &Preferences::changed, &*m_permissions, &PermissionRows::rowsChanged);
+    }
     return *m_permissions;
 }
 

@@ -26,6 +26,8 @@ class AppDelegate : public QObject {
     // The rows of menuRows(), as the user reads them: "title", "keys" (as they are shown),
     // "sequence" and "action"; a row without a title parts two groups.
     Q_PROPERTY(QVariantList menu READ menu CONSTANT)
+    // Version, build and licence, line by line.
+    Q_PROPERTY(QString about READ about CONSTANT)
     // The desktop has no place for the status icon, or none that can be seen.
     Q_PROPERTY(bool statusIconHidden READ statusIconHidden NOTIFY statusIconHiddenChanged)
 
@@ -68,6 +70,7 @@ public:
     void willTerminate();
 
     QVariantList menu() const;
+    QString about() const;
     bool reduceMotion() const { return m_platform.appearance.reduceMotion(); }
     bool statusIconHidden() const { return m_statusIconHidden; }
     bool highContrast() const { return m_platform.appearance.highContrast(); }

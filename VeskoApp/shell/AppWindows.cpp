@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -33,12 +34,24 @@ std::string frameKey(AppWindow kind)
     return "frameVeskoOnboarding";
 }
 
-void centre(QWindow& window)
+// What a title bar and a frame may take of the screen: before a window is shown nobody knows.
+constexpr QMargins usualFrame{ 8, 40, 8, 8 };
+
+// No larger than the screen lets it be, and so that its frame is on the screen.
+void fit(QWindow& window, QRect place, const QScreen& screen)
+{
+    const auto room = screen.availableGeometry().marginsRemoved(usualFrame);
+    window.setMinimumSize(window.minimumSize().boundedTo(room.size()));
+    place.setSize(place.size().boundedTo(room.size()));
+    place.moveTo(std::clamp(place.x(), room.x(), room.x() + room.width() - place.width()),
+        std::clamp(place.y(), room.y(), room.y() + room.height() - place.height()));
+    window.setGeometry(place);
+}
+
+QScreen& whereTheUserIs(const QWindow& window)
 {
     auto* const screen = QGuiApplication::screenAt(QCursor::pos());
-    auto frame = window.geometry();
-    frame.moveCenter((screen ? screen : window.screen())->availableGeometry().center());
-    window.setPosition(frame.topLeft());
+    return screen ? *screen : *window.screen();
 }
 
 } // namespace
@@ -99,15 +112,23 @@ QWindow* AppWindows::find(AppWindow kind)
 void AppWindows::restorePlace(AppWindow kind, QWindow& window)
 {
     const auto saved = m_platform.settings.get<std::vector<double>>(frameKey(kind));
-    if (saved && saved->size() == 4) {
-        const ScreenSize size{ saved->at(2), saved->at(3) };
-        if (PanelPlacement::restore(ScreenPoint{ saved->at(0), saved->at(1) }, size, screens())) {
-            window.resize(QSizeF(size.width, size.height).toSize());
-            window.setFramePosition(QPointF(saved->at(0), saved->at(1)).toPoint());
-            return;
-        }
+    const auto& here = whereTheUserIs(window);
+    if (!saved || saved->size() != 4) {
+        auto place = window.geometry();
+        place.moveCenter(here.availableGeometry().center());
+        fit(window, place, here);
+        return;
     }
-    centre(window);
+    const auto frame = QRectF(saved->at(0), saved->at(1), saved->at(2), saved->at(3)).toRect();
+    const ScreenSize size{ saved->at(2), saved->at(3) };
+    if (PanelPlacement::restore(ScreenPoint{ saved->at(0), saved->at(1) }, size, screens())) {
+        window.resize(frame.size());
+        window.setFramePosition(frame.topLeft());
+        return;
+    }
+    // As near to it as there is a screen now.
+    auto* const screen = QGuiApplication::screenAt(frame.center());
+    fit(window, frame.translated(usualFrame.left(), usualFrame.top()), screen ? *screen : here);
 }
 
 void AppWindows::watchPlace(AppWindow kind)

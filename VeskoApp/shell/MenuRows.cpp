@@ -55,4 +55,13 @@ QVariantList AppDelegate::menu() const
     return shown;
 }
 
+QString AppDelegate::about() const
+{
+    const auto& build = m_model.analytics().bundle();
+    return translated(L10N_KEY("Vesko", "Version %1, build %2"))
+               .arg(QString::fromStdString(build.version), QString::fromStdString(build.build))
+        + u'\n' + translated(L10N_KEY("Vesko", "MIT License"))
+        + QStringLiteral("\n© 2026 The Vesko developers");
+}
+
 } // namespace vesko

@@ -32,6 +32,12 @@ void StatusLine::report(const std::exception_ptr& failure)
     setErrorMessage(safeMessage(failure));
 }
 
+void StatusLine::withdraw(const std::string& errorMessage)
+{
+    if (m_errorMessage == errorMessage)
+        setErrorMessage({});
+}
+
 QString StatusLine::messageText() const
 {
     return translated(m_message);

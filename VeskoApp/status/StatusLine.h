@@ -28,6 +28,8 @@ public:
     void setShortcutMessage(std::string message);
     // Says in the error line what went wrong.
     void report(const std::exception_ptr& failure);
+    // That error is none any more: the line goes if this is what it still says.
+    void withdraw(const std::string& errorMessage);
     // The user has read the error line.
     Q_INVOKABLE void dismissError() { setErrorMessage({}); }
 

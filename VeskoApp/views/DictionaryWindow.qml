@@ -66,6 +66,20 @@ VeskoWindow {
             }
         }
 
+        Banner {
+            Layout.fillWidth: true
+            Layout.topMargin: 16
+            visible: text.length > 0
+            alarm: false
+            text: window.dictionary.undoText
+
+            PushButton {
+                text: qsTranslate("Vesko", "Undo")
+                flat: true
+                onClicked: window.dictionary.undo()
+            }
+        }
+
         TermForm {
             id: form
 

@@ -30,7 +30,7 @@ VeskoWindow {
 
         anchors.top: parent.top
         anchors.bottom: parent.bottom
-        width: 232
+        width: Math.min(232, Math.max(150, Math.round(window.width * 0.24)))
         capture: window.capture
         library: window.library
         delegate: window.delegate
@@ -43,7 +43,8 @@ VeskoWindow {
         anchors.left: sidebar.right
         anchors.top: parent.top
         anchors.bottom: parent.bottom
-        width: Math.round(Math.min(360, 292 + Math.max(0, window.width - 1120) * 0.2))
+        width: window.width < 980 ? Math.max(180, Math.round(window.width * 0.29))
+                                  : Math.round(Math.min(360, 292 + Math.max(0, window.width - 1120) * 0.2))
         library: window.library
         onNoteWanted: window.delegate.newNote()
         onRenameWanted: editors.itemAt(0)?.rename()
@@ -104,14 +105,26 @@ VeskoWindow {
             anchors.rightMargin: 20
             height: visible ? implicitHeight : 0
             visible: text.length > 0
-            text: window.status.errorMessage
+            // Why the library isn't there stands where its notes would.
+            readonly property string error: window.status.errorMessage === window.library.refusal ? "" : window.status.errorMessage
+
+            alarm: error.length > 0
+            text: error || window.library.undoText
 
             PushButton {
+                visible: banner.alarm
                 text: qsTranslate("Vesko", "Settings")
                 flat: true
                 onClicked: window.delegate.openSettings()
             }
+            PushButton {
+                visible: !banner.alarm
+                text: qsTranslate("Vesko", "Undo")
+                flat: true
+                onClicked: window.library.undo()
+            }
             IconButton {
+                visible: banner.alarm
                 name: qsTranslate("Vesko", "Dismiss message")
                 iconName: "close"
                 ink: Theme.alarm

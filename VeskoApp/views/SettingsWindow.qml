@@ -18,30 +18,11 @@ VeskoWindow {
 
     onVisibleChanged: if (visible) preferences.opened()
 
-    Banner {
-        id: banner
-
-        anchors.top: parent.top
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.margins: visible ? 16 : 0
-        height: visible ? implicitHeight : 0
-        visible: text.length > 0
-        text: window.status.errorMessage
-
-        IconButton {
-            name: qsTranslate("Vesko", "Dismiss message")
-            iconName: "close"
-            ink: Theme.alarm
-            onClicked: window.status.dismissError()
-        }
-    }
-
     ScrollPage {
         id: view
 
-        anchors.top: banner.bottom
-        anchors.bottom: parent.bottom
+        anchors.top: parent.top
+        anchors.bottom: banner.top
         anchors.left: parent.left
         anchors.right: parent.right
         contentHeight: form.height
@@ -152,26 +133,30 @@ VeskoWindow {
         }
     }
 
-    // What the last press of a button came to, where it is seen from every part of the form.
-    Rectangle {
-        anchors.horizontalCenter: parent.horizontalCenter
+    // What went wrong, else what the last press of a button came to: below the form, which it leaves
+    // whole.
+    Banner {
+        id: banner
+
+        readonly property string error: window.status.errorMessage
+
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 18
-        width: Math.min(parent.width - 48, notice.implicitWidth + 32)
-        height: notice.height + 20
-        radius: Theme.radius
-        color: Theme.surface
-        border.color: Theme.outline
-        visible: notice.text.length > 0
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.margins: visible ? 12 : 0
+        height: visible ? implicitHeight : 0
+        visible: text.length > 0
+        alarm: error.length > 0
+        text: error || window.preferences.notice
 
-        Words {
-            id: notice
-
-            anchors.centerIn: parent
-            width: Math.min(implicitWidth, window.width - 80)
-            text: window.preferences.notice
-            wrapMode: Text.Wrap
-            Accessible.role: Accessible.StatusBar
+        IconButton {
+            name: qsTranslate("Vesko", "Dismiss message")
+            iconName: "close"
+            ink: banner.alarm ? Theme.alarm : Theme.quiet
+            onClicked: {
+                window.status.dismissError();
+                window.preferences.dismissNotice();
+            }
         }
     }
 }

@@ -13,8 +13,9 @@ QtObject {
     property bool highContrast: false
 
     // The status icon's own blue is the one accent.
-    readonly property color accent: dark ? highContrast ? "#a8f2fb" : "#75e0ef"
-                                         : highContrast ? "#003c50" : "#00708f"
+    readonly property string accentName: dark ? highContrast ? "#a8f2fb" : "#75e0ef"
+                                              : highContrast ? "#003c50" : "#00708f"
+    readonly property color accent: accentName
     readonly property color accentInk: dark ? highContrast ? "#000000" : "#052a31" : "#ffffff"
     readonly property color captureInk: accent
 
@@ -32,6 +33,7 @@ QtObject {
     readonly property color hover: dark ? Qt.rgba(1, 1, 1, 0.06) : Qt.rgba(0, 0.1, 0.15, 0.05)
     readonly property color press: dark ? Qt.rgba(1, 1, 1, 0.11) : Qt.rgba(0, 0.1, 0.15, 0.1)
     readonly property color chosen: Qt.rgba(accent.r, accent.g, accent.b, dark ? 0.15 : 0.1)
+    readonly property color found: Qt.rgba(accent.r, accent.g, accent.b, dark ? 0.35 : 0.22) // in a text
     readonly property color shade: dark ? Qt.rgba(0, 0, 0, 0.55) : Qt.rgba(0.06, 0.1, 0.12, 0.35)
 
     readonly property color text: dark ? highContrast ? "#ffffff" : "#eef2f3"

@@ -8,7 +8,10 @@
 #include "VeskoApp/views/IconProvider.h"
 
 #include <QElapsedTimer>
+#include <QIcon>
+#include <QImageReader>
 #include <QLoggingCategory>
+#include <QPixmap>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -26,6 +29,18 @@ const auto capturePanel = QStringLiteral("CapturePanel");
 QUrl sourceOf(const QString& name)
 {
     return { QStringLiteral("qrc:/qt/qml/Vesko/Views/%1.qml").arg(name) };
+}
+
+// Of the build itself, for who runs it without having installed it.
+QIcon applicationIcon()
+{
+    QIcon icon;
+    for (const int side : { 32, 64 }) {
+        QImageReader reader(QStringLiteral(":/qt/qml/Vesko/Views/icons/vesko.svg"));
+        reader.setScaledSize({ side, side });
+        icon.addPixmap(QPixmap::fromImageReader(&reader));
+    }
+    return icon;
 }
 
 std::unique_ptr<QWindow> make(
@@ -64,6 +79,11 @@ std::unique_ptr<QWindow> make(QQmlEngine& engine, const QString& name, QVariantM
     properties.insert(contentName, handed(*content));
     auto window = make(engine, name, properties);
     content.release()->setParent(window.get());
+    // Nobody waits for its icon to see a window.
+    if (auto* const quick = qobject_cast<QQuickWindow*>(window.get()))
+        QObject::connect(
+            quick, &QQuickWindow::frameSwapped, quick,
+            [quick] { quick->setIcon(applicationIcon()); }, Qt::SingleShotConnection);
     return window;
 }
 
@@ -75,6 +95,8 @@ std::unique_ptr<QWindow> makeLibrary(
     return make(engine, QStringLiteral("LibraryWindow"), properties, QStringLiteral("library"),
         std::make_unique<LibraryWindow>(LibraryWindow::Neighbours{ .clock = platform.clock,
             .fileChooser = platform.fileChooser,
+            .desktop = platform.desktop,
+            .dataFolder = platform.dataFolder,
             .library = model.library(),
             .selection = model.selection(),
             .edits = model.edits(),
@@ -109,8 +131,13 @@ std::unique_ptr<QWindow> makeOnboarding(QQmlEngine& engine, QVariantMap properti
     auto view = std::make_unique<OnboardingView>(
         delegate.permissions(),
         shownName(model.preferences().gestureKey(platform.keys.reportsFn())),
-        OnboardingView::Account{ .flow
-            = [&accounts] { return OnboardingFlow{ accounts.required(), accounts.signedIn() }; },
+        OnboardingView::Account{ .flow =
+                                     [&accounts] {
+                                         return OnboardingFlow{ .accountRequired
+                                             = accounts.required(),
+                                             .signedIn = accounts.signedIn(),
+                                             .hasAccounts = accounts.available() };
+                                     },
             .email =
                 [&accounts] {
                     const auto* const account = accounts.account();

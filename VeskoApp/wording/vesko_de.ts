@@ -17,10 +17,6 @@
         <translation>Andere E-Mail-Adresse verwenden</translation>
     </message>
     <message>
-        <source>Sign in with Apple</source>
-        <translation>Mit Apple anmelden</translation>
-    </message>
-    <message>
         <source>Continue with Google</source>
         <translation>Weiter mit Google</translation>
     </message>
@@ -534,7 +530,7 @@
     </message>
     <message>
         <source>The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.</source>
-        <translation>Ihr Desktop zeigt das Symbol von Vesko nicht. Schaffen Sie in der Leiste Platz dafür, oder klicken Sie für dasselbe Menü mit der rechten Taste auf den schwebenden Knopf.</translation>
+        <translation>Dieser Desktop zeigt keine Statussymbole. Für dasselbe Menü klicken Sie mit der rechten Taste auf den schwebenden Knopf.</translation>
     </message>
     <message>
         <source>Play sounds when recording starts and stops</source>
@@ -747,10 +743,6 @@
     <message>
         <source>This sign-in method is not available yet. Choose another one.</source>
         <translation>Diese Art der Anmeldung gibt es noch nicht. Wählen Sie eine andere.</translation>
-    </message>
-    <message>
-        <source>Sign in with Apple is not available in this build. Use Google or email.</source>
-        <translation>Die Anmeldung mit Apple gibt es in dieser Fassung nicht. Verwenden Sie Google oder E-Mail.</translation>
     </message>
     <message>
         <source>Sign-in was cancelled.</source>
@@ -1422,10 +1414,6 @@
         <translation>Weiter</translation>
     </message>
     <message>
-        <source>Signed in with Apple</source>
-        <translation>Mit Apple angemeldet</translation>
-    </message>
-    <message>
         <source>Microphone</source>
         <translation>Mikrofon</translation>
     </message>
@@ -1472,14 +1460,6 @@
     <message>
         <source>Allow</source>
         <translation>Erlauben</translation>
-    </message>
-    <message>
-        <source>A speech model for your language is installed.</source>
-        <translation>Ein Sprachmodell für Ihre Sprache ist installiert.</translation>
-    </message>
-    <message>
-        <source>No speech model for your language is installed. Install one, such as the package pocketsphinx-en-us, or choose OpenRouter in Settings.</source>
-        <translation>Für Ihre Sprache ist kein Sprachmodell installiert. Installieren Sie eines, etwa das Paket pocketsphinx-en-us, oder wählen Sie in den Einstellungen OpenRouter.</translation>
     </message>
     <message>
         <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
@@ -1564,10 +1544,6 @@
     <message>
         <source>Key saved in Keychain</source>
         <translation>Schlüssel in Ihrem Schlüsselbund gesichert</translation>
-    </message>
-    <message>
-        <source>The key could not be saved.</source>
-        <translation>Der Schlüssel ließ sich nicht sichern.</translation>
     </message>
     <message>
         <source>Key removed</source>
@@ -1763,6 +1739,86 @@
             <numerusform>%1 Sprache</numerusform>
             <numerusform>%1 Sprachen</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>No password store (keyring) runs here, so Vesko has no place for keys. Start one, such as GNOME Keyring, KWallet or KeePassXC, and try again.</source>
+        <translation>Hier läuft kein Passwortspeicher (Schlüsselbund), Vesko hat also keinen Platz für Schlüssel. Starten Sie einen, etwa GNOME Keyring, KWallet oder KeePassXC, und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Audio is sent to OpenRouter and its selected transcription provider. Provider retention policies apply. Your personal key's balance is used.</source>
+        <translation>Der Ton wird an OpenRouter und den dort gewählten Transkriptionsanbieter gesendet. Es gelten die Aufbewahrungsregeln des Anbieters. Abgerechnet wird über Ihren eigenen Schlüssel.</translation>
+    </message>
+    <message>
+        <source>The library could not be opened</source>
+        <translation>Die Bibliothek konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Vesko found no program for your desktop's settings. Please open them yourself.</source>
+        <translation>Vesko hat kein Programm für die Einstellungen Ihres Desktops gefunden. Bitte öffnen Sie sie selbst.</translation>
+    </message>
+    <message>
+        <source>A speech model for %1 is installed.</source>
+        <translation>Ein Sprachmodell für %1 ist installiert.</translation>
+    </message>
+    <message>
+        <source>No speech model for %1 is installed. Install the package pocketsphinx-en-us, or choose another engine or OpenRouter in Settings.</source>
+        <translation>Für %1 ist kein Sprachmodell installiert. Installieren Sie das Paket pocketsphinx-en-us, oder wählen Sie in den Einstellungen eine andere Erkennung oder OpenRouter.</translation>
+    </message>
+    <message>
+        <source>No speech model for %1 is installed. Choose another engine or OpenRouter in Settings.</source>
+        <translation>Für %1 ist kein Sprachmodell installiert. Wählen Sie in den Einstellungen eine andere Erkennung oder OpenRouter.</translation>
+    </message>
+    <message>
+        <source>No speech model</source>
+        <translation>Kein Sprachmodell</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Vesko can paste into the field you started in.</source>
+        <translation>Die Barrierefreiheit ist eingeschaltet. Vesko kann in das Feld einfügen, in dem Sie begonnen haben.</translation>
+    </message>
+    <message>
+        <source>Vesko notices the dictation key.</source>
+        <translation>Vesko bemerkt die Diktiertaste.</translation>
+    </message>
+    <message>
+        <source>Moved to Trash</source>
+        <translation>In den Papierkorb verschoben</translation>
+    </message>
+    <message>
+        <source>Removed “%1”</source>
+        <translation>„%1“ entfernt</translation>
+    </message>
+    <message>
+        <source>Not in this text</source>
+        <translation>Nicht in diesem Text</translation>
+    </message>
+    <message>
+        <source>Matches in this text: %1</source>
+        <translation>Treffer in diesem Text: %1</translation>
+    </message>
+    <message>
+        <source>Match %1 of %2</source>
+        <translation>Treffer %1 von %2</translation>
+    </message>
+    <message>
+        <source>Previous match</source>
+        <translation>Voriger Treffer</translation>
+    </message>
+    <message>
+        <source>Next match</source>
+        <translation>Nächster Treffer</translation>
+    </message>
+    <message>
+        <source>Version %1, build %2</source>
+        <translation>Version %1, Build %2</translation>
+    </message>
+    <message>
+        <source>MIT License</source>
+        <translation>MIT-Lizenz</translation>
     </message>
 </context>
 </TS>

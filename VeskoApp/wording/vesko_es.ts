@@ -17,10 +17,6 @@
         <translation>Usar otro correo</translation>
     </message>
     <message>
-        <source>Sign in with Apple</source>
-        <translation>Iniciar sesión con Apple</translation>
-    </message>
-    <message>
         <source>Continue with Google</source>
         <translation>Continuar con Google</translation>
     </message>
@@ -534,7 +530,7 @@
     </message>
     <message>
         <source>The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.</source>
-        <translation>Su escritorio no muestra el icono de Vesko. Hágale sitio en el panel o haga clic derecho en el botón flotante para ver el mismo menú.</translation>
+        <translation>Este escritorio no muestra iconos de estado. Haga clic derecho en el botón flotante para ver el mismo menú.</translation>
     </message>
     <message>
         <source>Play sounds when recording starts and stops</source>
@@ -747,10 +743,6 @@
     <message>
         <source>This sign-in method is not available yet. Choose another one.</source>
         <translation>Este método de acceso aún no está disponible. Elija otro.</translation>
-    </message>
-    <message>
-        <source>Sign in with Apple is not available in this build. Use Google or email.</source>
-        <translation>El acceso con Apple no está disponible en esta versión. Use Google o el correo.</translation>
     </message>
     <message>
         <source>Sign-in was cancelled.</source>
@@ -1422,10 +1414,6 @@
         <translation>Continuar</translation>
     </message>
     <message>
-        <source>Signed in with Apple</source>
-        <translation>Sesión iniciada con Apple</translation>
-    </message>
-    <message>
         <source>Microphone</source>
         <translation>Micrófono</translation>
     </message>
@@ -1472,14 +1460,6 @@
     <message>
         <source>Allow</source>
         <translation>Permitir</translation>
-    </message>
-    <message>
-        <source>A speech model for your language is installed.</source>
-        <translation>Hay un modelo de voz instalado para su idioma.</translation>
-    </message>
-    <message>
-        <source>No speech model for your language is installed. Install one, such as the package pocketsphinx-en-us, or choose OpenRouter in Settings.</source>
-        <translation>No hay ningún modelo de voz instalado para su idioma. Instale uno, como el paquete pocketsphinx-en-us, o elija OpenRouter en los ajustes.</translation>
     </message>
     <message>
         <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
@@ -1564,10 +1544,6 @@
     <message>
         <source>Key saved in Keychain</source>
         <translation>Clave guardada en su depósito de claves</translation>
-    </message>
-    <message>
-        <source>The key could not be saved.</source>
-        <translation>No se pudo guardar la clave.</translation>
     </message>
     <message>
         <source>Key removed</source>
@@ -1763,6 +1739,86 @@
             <numerusform>%1 idioma</numerusform>
             <numerusform>%1 idiomas</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>No password store (keyring) runs here, so Vesko has no place for keys. Start one, such as GNOME Keyring, KWallet or KeePassXC, and try again.</source>
+        <translation>Aquí no hay ningún almacén de contraseñas (llavero), así que Vesko no tiene dónde guardar claves. Inicie uno, como GNOME Keyring, KWallet o KeePassXC, e inténtelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>Audio is sent to OpenRouter and its selected transcription provider. Provider retention policies apply. Your personal key's balance is used.</source>
+        <translation>El audio se envía a OpenRouter y al proveedor de transcripción que elija. Se aplican las políticas de retención del proveedor. Se usa el saldo de su clave personal.</translation>
+    </message>
+    <message>
+        <source>The library could not be opened</source>
+        <translation>No se pudo abrir la biblioteca</translation>
+    </message>
+    <message>
+        <source>Vesko found no program for your desktop's settings. Please open them yourself.</source>
+        <translation>Vesko no encontró ningún programa de ajustes del escritorio. Ábralos usted.</translation>
+    </message>
+    <message>
+        <source>A speech model for %1 is installed.</source>
+        <translation>Hay instalado un modelo de voz para %1.</translation>
+    </message>
+    <message>
+        <source>No speech model for %1 is installed. Install the package pocketsphinx-en-us, or choose another engine or OpenRouter in Settings.</source>
+        <translation>No hay instalado ningún modelo de voz para %1. Instale el paquete pocketsphinx-en-us, o elija otro motor u OpenRouter en Ajustes.</translation>
+    </message>
+    <message>
+        <source>No speech model for %1 is installed. Choose another engine or OpenRouter in Settings.</source>
+        <translation>No hay instalado ningún modelo de voz para %1. Elija otro motor u OpenRouter en Ajustes.</translation>
+    </message>
+    <message>
+        <source>No speech model</source>
+        <translation>Sin modelo de voz</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Detalles</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Vesko can paste into the field you started in.</source>
+        <translation>La accesibilidad está activada. Vesko puede pegar en el campo en el que empezó.</translation>
+    </message>
+    <message>
+        <source>Vesko notices the dictation key.</source>
+        <translation>Vesko detecta la tecla de dictado.</translation>
+    </message>
+    <message>
+        <source>Moved to Trash</source>
+        <translation>Movida a la papelera</translation>
+    </message>
+    <message>
+        <source>Removed “%1”</source>
+        <translation>Se quitó «%1»</translation>
+    </message>
+    <message>
+        <source>Not in this text</source>
+        <translation>No está en este texto</translation>
+    </message>
+    <message>
+        <source>Matches in this text: %1</source>
+        <translation>Coincidencias en este texto: %1</translation>
+    </message>
+    <message>
+        <source>Match %1 of %2</source>
+        <translation>Coincidencia %1 de %2</translation>
+    </message>
+    <message>
+        <source>Previous match</source>
+        <translation>Coincidencia anterior</translation>
+    </message>
+    <message>
+        <source>Next match</source>
+        <translation>Coincidencia siguiente</translation>
+    </message>
+    <message>
+        <source>Version %1, build %2</source>
+        <translation>Versión %1, compilación %2</translation>
+    </message>
+    <message>
+        <source>MIT License</source>
+        <translation>Licencia MIT</translation>
     </message>
 </context>
 </TS>

@@ -17,10 +17,6 @@
         <translation>Utiliser une autre adresse</translation>
     </message>
     <message>
-        <source>Sign in with Apple</source>
-        <translation>Se connecter avec Apple</translation>
-    </message>
-    <message>
         <source>Continue with Google</source>
         <translation>Continuer avec Google</translation>
     </message>
@@ -534,7 +530,7 @@
     </message>
     <message>
         <source>The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.</source>
-        <translation>Votre bureau n’affiche pas l’icône de Vesko. Faites-lui de la place dans le panneau, ou faites un clic droit sur le bouton flottant pour le même menu.</translation>
+        <translation>Ce bureau n’affiche pas d’icônes d’état. Faites un clic droit sur le bouton flottant pour le même menu.</translation>
     </message>
     <message>
         <source>Play sounds when recording starts and stops</source>
@@ -747,10 +743,6 @@
     <message>
         <source>This sign-in method is not available yet. Choose another one.</source>
         <translation>Ce mode de connexion n’est pas encore disponible. Choisissez-en un autre.</translation>
-    </message>
-    <message>
-        <source>Sign in with Apple is not available in this build. Use Google or email.</source>
-        <translation>La connexion avec Apple n’est pas disponible dans cette version. Utilisez Google ou l’e-mail.</translation>
     </message>
     <message>
         <source>Sign-in was cancelled.</source>
@@ -1422,10 +1414,6 @@
         <translation>Continuer</translation>
     </message>
     <message>
-        <source>Signed in with Apple</source>
-        <translation>Connecté avec Apple</translation>
-    </message>
-    <message>
         <source>Microphone</source>
         <translation>Micro</translation>
     </message>
@@ -1472,14 +1460,6 @@
     <message>
         <source>Allow</source>
         <translation>Autoriser</translation>
-    </message>
-    <message>
-        <source>A speech model for your language is installed.</source>
-        <translation>Un modèle vocal pour votre langue est installé.</translation>
-    </message>
-    <message>
-        <source>No speech model for your language is installed. Install one, such as the package pocketsphinx-en-us, or choose OpenRouter in Settings.</source>
-        <translation>Aucun modèle vocal pour votre langue n’est installé. Installez-en un, comme le paquet pocketsphinx-en-us, ou choisissez OpenRouter dans les réglages.</translation>
     </message>
     <message>
         <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
@@ -1564,10 +1544,6 @@
     <message>
         <source>Key saved in Keychain</source>
         <translation>Clé enregistrée dans votre trousseau</translation>
-    </message>
-    <message>
-        <source>The key could not be saved.</source>
-        <translation>La clé n’a pas pu être enregistrée.</translation>
     </message>
     <message>
         <source>Key removed</source>
@@ -1763,6 +1739,86 @@
             <numerusform>%1 langue</numerusform>
             <numerusform>%1 langues</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>No password store (keyring) runs here, so Vesko has no place for keys. Start one, such as GNOME Keyring, KWallet or KeePassXC, and try again.</source>
+        <translation>Aucun trousseau de mots de passe ne fonctionne ici : Vesko n’a pas de place pour les clés. Lancez-en un, comme GNOME Keyring, KWallet ou KeePassXC, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>Audio is sent to OpenRouter and its selected transcription provider. Provider retention policies apply. Your personal key's balance is used.</source>
+        <translation>L’audio est envoyé à OpenRouter et au service de transcription qu’il choisit. Les règles de conservation du service s’appliquent. C’est le solde de votre clé personnelle qui est utilisé.</translation>
+    </message>
+    <message>
+        <source>The library could not be opened</source>
+        <translation>La bibliothèque n’a pas pu être ouverte</translation>
+    </message>
+    <message>
+        <source>Vesko found no program for your desktop's settings. Please open them yourself.</source>
+        <translation>Vesko n’a trouvé aucun programme de réglages du bureau. Veuillez les ouvrir vous-même.</translation>
+    </message>
+    <message>
+        <source>A speech model for %1 is installed.</source>
+        <translation>Un modèle vocal pour %1 est installé.</translation>
+    </message>
+    <message>
+        <source>No speech model for %1 is installed. Install the package pocketsphinx-en-us, or choose another engine or OpenRouter in Settings.</source>
+        <translation>Aucun modèle vocal pour %1 n’est installé. Installez le paquet pocketsphinx-en-us, ou choisissez un autre moteur ou OpenRouter dans les réglages.</translation>
+    </message>
+    <message>
+        <source>No speech model for %1 is installed. Choose another engine or OpenRouter in Settings.</source>
+        <translation>Aucun modèle vocal pour %1 n’est installé. Choisissez un autre moteur ou OpenRouter dans les réglages.</translation>
+    </message>
+    <message>
+        <source>No speech model</source>
+        <translation>Aucun modèle vocal</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Détails</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Vesko can paste into the field you started in.</source>
+        <translation>L’accessibilité est activée. Vesko peut coller dans le champ où vous avez commencé.</translation>
+    </message>
+    <message>
+        <source>Vesko notices the dictation key.</source>
+        <translation>Vesko remarque la touche de dictée.</translation>
+    </message>
+    <message>
+        <source>Moved to Trash</source>
+        <translation>Placée dans la corbeille</translation>
+    </message>
+    <message>
+        <source>Removed “%1”</source>
+        <translation>« %1 » retiré</translation>
+    </message>
+    <message>
+        <source>Not in this text</source>
+        <translation>Absent de ce texte</translation>
+    </message>
+    <message>
+        <source>Matches in this text: %1</source>
+        <translation>Occurrences dans ce texte : %1</translation>
+    </message>
+    <message>
+        <source>Match %1 of %2</source>
+        <translation>Occurrence %1 sur %2</translation>
+    </message>
+    <message>
+        <source>Previous match</source>
+        <translation>Occurrence précédente</translation>
+    </message>
+    <message>
+        <source>Next match</source>
+        <translation>Occurrence suivante</translation>
+    </message>
+    <message>
+        <source>Version %1, build %2</source>
+        <translation>Version %1, build %2</translation>
+    </message>
+    <message>
+        <source>MIT License</source>
+        <translation>Licence MIT</translation>
     </message>
 </context>
 </TS>

@@ -137,7 +137,7 @@
     </message>
     <message>
         <source>The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.</source>
-        <translation>Your desktop does not show the Vesko icon. Make room for it in the panel, or right-click the floating button for the same menu.</translation>
+        <translation>This desktop shows no status icons. Right-click the floating button for the same menu.</translation>
     </message>
     <message>
         <source>Microphone is used only while Recording. Accessibility checks the paste destination and, when learning is enabled, its inserted fragment. Input Monitoring observes Fn and a Return send signal; keystrokes are not saved.</source>

@@ -16,10 +16,6 @@
         <translation>Указать другой адрес</translation>
     </message>
     <message>
-        <source>Sign in with Apple</source>
-        <translation>Войти через Apple</translation>
-    </message>
-    <message>
         <source>Continue with Google</source>
         <translation>Продолжить через Google</translation>
     </message>
@@ -533,7 +529,7 @@
     </message>
     <message>
         <source>The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.</source>
-        <translation>Рабочий стол не показывает значок Vesko. Освободите для него место на панели или щёлкните правой кнопкой по плавающей кнопке: откроется то же меню.</translation>
+        <translation>Этот рабочий стол не показывает значки состояния. Щёлкните правой кнопкой по плавающей кнопке: откроется то же меню.</translation>
     </message>
     <message>
         <source>Play sounds when recording starts and stops</source>
@@ -746,10 +742,6 @@
     <message>
         <source>This sign-in method is not available yet. Choose another one.</source>
         <translation>Этот способ входа пока недоступен. Выберите другой.</translation>
-    </message>
-    <message>
-        <source>Sign in with Apple is not available in this build. Use Google or email.</source>
-        <translation>В этой сборке вход через Apple недоступен. Войдите через Google или по электронной почте.</translation>
     </message>
     <message>
         <source>Sign-in was cancelled.</source>
@@ -1400,10 +1392,6 @@
         <translation>Продолжить</translation>
     </message>
     <message>
-        <source>Signed in with Apple</source>
-        <translation>Вход выполнен через Apple</translation>
-    </message>
-    <message>
         <source>Microphone</source>
         <translation>Микрофон</translation>
     </message>
@@ -1450,14 +1438,6 @@
     <message>
         <source>Allow</source>
         <translation>Разрешить</translation>
-    </message>
-    <message>
-        <source>A speech model for your language is installed.</source>
-        <translation>Модель распознавания для вашего языка установлена.</translation>
-    </message>
-    <message>
-        <source>No speech model for your language is installed. Install one, such as the package pocketsphinx-en-us, or choose OpenRouter in Settings.</source>
-        <translation>Модель распознавания для вашего языка не установлена. Установите её, например пакет pocketsphinx-en-us, или выберите OpenRouter в настройках.</translation>
     </message>
     <message>
         <source>Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications folder.</source>
@@ -1542,10 +1522,6 @@
     <message>
         <source>Key saved in Keychain</source>
         <translation>Ключ сохранён в связке ключей</translation>
-    </message>
-    <message>
-        <source>The key could not be saved.</source>
-        <translation>Не удалось сохранить ключ.</translation>
     </message>
     <message>
         <source>Key removed</source>
@@ -1766,6 +1742,86 @@
             <numerusform>%1 языка</numerusform>
             <numerusform>%1 языков</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>No password store (keyring) runs here, so Vesko has no place for keys. Start one, such as GNOME Keyring, KWallet or KeePassXC, and try again.</source>
+        <translation>Здесь не запущено хранилище паролей (связка ключей), и Vesko негде держать ключи. Запустите его, например GNOME Keyring, KWallet или KeePassXC, и попробуйте снова.</translation>
+    </message>
+    <message>
+        <source>Audio is sent to OpenRouter and its selected transcription provider. Provider retention policies apply. Your personal key's balance is used.</source>
+        <translation>Звук отправляется в OpenRouter и выбранному там сервису распознавания. Действуют правила хранения этого сервиса. Расходуется баланс вашего личного ключа.</translation>
+    </message>
+    <message>
+        <source>The library could not be opened</source>
+        <translation>Библиотеку не удалось открыть</translation>
+    </message>
+    <message>
+        <source>Vesko found no program for your desktop's settings. Please open them yourself.</source>
+        <translation>Vesko не нашёл программу настроек рабочего стола. Откройте их сами.</translation>
+    </message>
+    <message>
+        <source>A speech model for %1 is installed.</source>
+        <translation>Модель речи установлена. Язык: %1.</translation>
+    </message>
+    <message>
+        <source>No speech model for %1 is installed. Install the package pocketsphinx-en-us, or choose another engine or OpenRouter in Settings.</source>
+        <translation>Модель речи не установлена. Язык: %1. Установите пакет pocketsphinx-en-us или выберите в настройках другое распознавание или OpenRouter.</translation>
+    </message>
+    <message>
+        <source>No speech model for %1 is installed. Choose another engine or OpenRouter in Settings.</source>
+        <translation>Модель речи не установлена. Язык: %1. Выберите в настройках другое распознавание или OpenRouter.</translation>
+    </message>
+    <message>
+        <source>No speech model</source>
+        <translation>Нет модели речи</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Подробнее</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Vesko can paste into the field you started in.</source>
+        <translation>Специальные возможности включены. Vesko может вставлять текст в поле, с которого вы начали.</translation>
+    </message>
+    <message>
+        <source>Vesko notices the dictation key.</source>
+        <translation>Vesko замечает клавишу диктовки.</translation>
+    </message>
+    <message>
+        <source>Moved to Trash</source>
+        <translation>Перемещено в корзину</translation>
+    </message>
+    <message>
+        <source>Removed “%1”</source>
+        <translation>Удалено: «%1»</translation>
+    </message>
+    <message>
+        <source>Not in this text</source>
+        <translation>В этом тексте нет</translation>
+    </message>
+    <message>
+        <source>Matches in this text: %1</source>
+        <translation>Найдено в этом тексте: %1</translation>
+    </message>
+    <message>
+        <source>Match %1 of %2</source>
+        <translation>Совпадение %1 из %2</translation>
+    </message>
+    <message>
+        <source>Previous match</source>
+        <translation>Предыдущее совпадение</translation>
+    </message>
+    <message>
+        <source>Next match</source>
+        <translation>Следующее совпадение</translation>
+    </message>
+    <message>
+        <source>Version %1, build %2</source>
+        <translation>Версия %1, сборка %2</translation>
+    </message>
+    <message>
+        <source>MIT License</source>
+        <translation>Лицензия MIT</translation>
     </message>
 </context>
 </TS>

@@ -25,10 +25,6 @@ struct EmailVerification {
     std::string code;
     std::string email;
 };
-struct AppleIdentity {
-    std::string identityToken;
-    std::string nonce;
-};
 struct GoogleIdentity {
     std::string idToken;
     std::string nonce;
@@ -53,11 +49,6 @@ template <>
 inline constexpr std::tuple jsonFields<EmailVerification>{
     JsonField{ "code", &EmailVerification::code },
     JsonField{ "email", &EmailVerification::email },
-};
-template <>
-inline constexpr std::tuple jsonFields<AppleIdentity>{
-    JsonField{ "identityToken", &AppleIdentity::identityToken },
-    JsonField{ "nonce", &AppleIdentity::nonce },
 };
 template <>
 inline constexpr std::tuple jsonFields<GoogleIdentity>{
@@ -114,13 +105,6 @@ SignInReply AccountClient::verifyEmail(
 {
     return decoded<SignInReply>(post("v1/auth/email/verify",
         EmailVerification{ .code = code, .email = email }, std::move(stop)));
-}
-
-SignInReply AccountClient::signInWithApple(
-    const std::string& identityToken, const std::string& nonce, std::stop_token stop) const
-{
-    return decoded<SignInReply>(post("v1/auth/apple",
-        AppleIdentity{ .identityToken = identityToken, .nonce = nonce }, std::move(stop)));
 }
 
 SignInReply AccountClient::signInWithGoogle(

@@ -29,8 +29,6 @@ public:
     void startEmail(const std::string& email, std::stop_token stop) const;
     SignInReply verifyEmail(
         const std::string& email, const std::string& code, std::stop_token stop) const;
-    SignInReply signInWithApple(
-        const std::string& identityToken, const std::string& nonce, std::stop_token stop) const;
     SignInReply signInWithGoogle(
         const std::string& idToken, const std::string& nonce, std::stop_token stop) const;
 

@@ -25,9 +25,6 @@ constexpr std::array rows{
     Row{ "rateLimited", L10N_KEY("Vesko", "Too many requests. Wait a few minutes and try again.") },
     Row{ "providerUnconfigured",
         L10N_KEY("Vesko", "This sign-in method is not available yet. Choose another one.") },
-    Row{ "appleUnavailable",
-        L10N_KEY(
-            "Vesko", "Sign in with Apple is not available in this build. Use Google or email.") },
     Row{ "cancelled", L10N_KEY("Vesko", "Sign-in was cancelled.") },
     Row{ "unauthorized", L10N_KEY("Vesko", "Your session has ended. Sign in again.") },
     Row{ "offline",

@@ -16,7 +16,6 @@ public:
         tooManyAttempts,
         rateLimited,
         providerUnconfigured,
-        appleUnavailable,
         cancelled,
         unauthorized,
         offline,

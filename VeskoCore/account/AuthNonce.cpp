@@ -16,11 +16,6 @@ std::string AuthNonce::make()
     return base64URL(bytes);
 }
 
-std::string AuthNonce::sha256Hex(std::string_view text)
-{
-    return hexadecimal(sha256(text));
-}
-
 std::string AuthNonce::codeChallenge(std::string_view verifier)
 {
     return base64URL(sha256(verifier));

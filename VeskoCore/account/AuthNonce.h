@@ -11,8 +11,6 @@ struct AuthNonce {
     // 32 bytes from the system's secure generator as 43 characters of URL-safe base64. Serves as
     // nonce, as state and as PKCE verifier. Throws std::system_error if the system has none.
     static std::string make();
-    // 64 lower-case hexadecimal digits.
-    static std::string sha256Hex(std::string_view text);
     // The S256 code challenge of RFC 7636, section 4.2: 43 characters.
     static std::string codeChallenge(std::string_view verifier);
 };

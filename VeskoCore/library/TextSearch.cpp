@@ -151,22 +151,36 @@ std::string TextSearch::asciiForms(SearchLetter letter) const
     return forms;
 }
 
-bool TextSearch::foundIn(std::string_view text)
+std::optional<TextSearch::Place> TextSearch::find(std::string_view text, std::size_t from)
 {
     if (m_query.empty())
-        return true;
-    for (std::size_t at = 0; (at = nextCandidate(text, at)) < text.size();) {
+        return Place{ from, 0 };
+    for (auto at = from; (at = nextCandidate(text, at)) < text.size();) {
         m_letters.clear();
         // All that stands in the unit is tried at once, so none is looked at twice.
         const auto begin = beginOfUnit(text, at);
         at = appendUnit(text, begin);
-        if (beginsAmongLetters(text, at))
-            return true;
+        if (const auto skipped = beginsAmongLetters(text, at))
+            return Place{ begin, *skipped };
     }
-    return false;
+    return std::nullopt;
 }
 
-bool TextSearch::beginsAmongLetters(std::string_view text, std::size_t next)
+std::optional<TextSearch::Match> TextSearch::next(std::string_view text, std::size_t from)
+{
+    if (m_query.empty())
+        return std::nullopt;
+    const auto found = find(text, from);
+    if (!found)
+        return std::nullopt;
+    m_letters.clear();
+    auto end = found->begin;
+    while (m_letters.size() < found->skipped + m_query.size())
+        end = appendUnit(text, end);
+    return Match{ found->begin, end };
+}
+
+std::optional<std::size_t> TextSearch::beginsAmongLetters(std::string_view text, std::size_t next)
 {
     const auto starts = m_letters.size();
     for (std::size_t start = 0; start < starts; ++start) {
@@ -183,9 +197,9 @@ bool TextSearch::beginsAmongLetters(std::string_view text, std::size_t next)
             }
         }
         if (same == m_query.size())
-            return true;
+            return start;
     }
-    return false;
+    return std::nullopt;
 }
 
 std::size_t TextSearch::nextCandidate(std::string_view text, std::size_t from) const

@@ -3,6 +3,7 @@
 #include "VeskoCore/library/ByteFilter.h"
 #include "VeskoCore/library/SearchLetters.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,9 +21,25 @@ public:
     // The language as an ISO 639 code.
     TextSearch(std::string_view query, std::string_view language);
 
-    bool foundIn(std::string_view text);
+    bool foundIn(std::string_view text) { return find(text, 0).has_value(); }
+
+    // Bytes of a text, from the first to behind the last.
+    struct Match {
+        std::size_t begin;
+        std::size_t end;
+
+        bool operator==(const Match&) const = default;
+    };
+    // The first match that begins at this position or behind it. None for a query without letters.
+    std::optional<Match> next(std::string_view text, std::size_t from);
 
 private:
+    // Where a match stands: the characters from `begin` on, without the first `skipped` letters.
+    struct Place {
+        std::size_t begin;
+        std::size_t skipped;
+    };
+    std::optional<Place> find(std::string_view text, std::size_t from);
     // The characters below 0x80 that are this letter.
     std::string asciiForms(SearchLetter letter) const;
     // The first bytes of the characters beyond ASCII that the query may begin with.
@@ -35,8 +52,8 @@ private:
     bool mayBeginWith(char32_t codePoint) const;
     // Whether the text from here on is surely not the query, as far as can be told at a glance.
     bool isOther(std::string_view text, std::size_t at) const;
-    // Whether the query begins with one of m_letters, behind which the text goes on at `next`.
-    bool beginsAmongLetters(std::string_view text, std::size_t next);
+    // With which of m_letters, behind which the text goes on at `next`, the query begins.
+    std::optional<std::size_t> beginsAmongLetters(std::string_view text, std::size_t next);
 
     // Appends the letters of a code point, with whatever is to be composed with it, to m_letters.
     // The position behind it.

@@ -23,6 +23,8 @@ std::string_view text(OnboardingStep step)
 std::vector<OnboardingStep> OnboardingFlow::steps() const
 {
     using enum OnboardingStep;
+    if (!hasAccounts)
+        return { welcome, howTo, permissions };
     return { welcome, howTo, permissions, account };
 }
 

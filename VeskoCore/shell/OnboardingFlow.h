@@ -16,6 +16,7 @@ std::string_view text(OnboardingStep step);
 struct OnboardingFlow {
     bool accountRequired = false;
     bool signedIn = false;
+    bool hasAccounts = true; // the build has an account service
 
     std::vector<OnboardingStep> steps() const;
     bool canAdvance(OnboardingStep from) const;

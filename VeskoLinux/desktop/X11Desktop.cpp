@@ -85,13 +85,14 @@ void X11Desktop::openFolder(const std::filesystem::path& folder)
     QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(folder.string())));
 }
 
-void X11Desktop::openSettings(SettingsPanel panel)
+bool X11Desktop::openSettings(SettingsPanel panel)
 {
     for (auto command : settingsCommands(panel, qEnvironmentVariable("XDG_CURRENT_DESKTOP"))) {
         const QString program = command.takeFirst();
         if (QProcess::startDetached(program, command))
-            return;
+            return true;
     }
+    return false;
 }
 
 // Asked anew each time: another window manager may have come.

@@ -18,7 +18,7 @@ public:
     void bringHere(QWindow& window) override;
     void floatEverywhere(QWindow& window) override;
     void openFolder(const std::filesystem::path& folder) override;
-    void openSettings(SettingsPanel panel) override;
+    bool openSettings(SettingsPanel panel) override;
 
 private:
     bool managerKeepsAbove() const;

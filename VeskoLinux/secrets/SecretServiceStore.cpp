@@ -112,13 +112,15 @@ public:
         , m_bus(libsecret().busGetSync(G_BUS_TYPE_SESSION, m_deadline.cancellable(), nullptr))
     {
         if (!m_bus)
-            throw KeychainFailure();
+            throw KeychainFailure(KeychainFailure::absent);
         // GLib would end the whole program, a recording included, when the bus goes away.
         libsecret().setExitOnClose(m_bus.get(), FALSE);
         m_service.reset(libsecret().serviceOpen(libsecret().serviceType(), nullptr,
             SECRET_SERVICE_OPEN_SESSION, m_deadline.cancellable(), nullptr));
         if (!m_service)
-            throw KeychainFailure();
+            throw KeychainFailure(libsecret().isCancelled(m_deadline.cancellable())
+                    ? KeychainFailure::unusable
+                    : KeychainFailure::absent);
     }
 
     // Stores list the items of locked rings too, so no item means that there is none. An item

@@ -39,6 +39,17 @@ class BadInput(unittest.TestCase):
     def test_a_library_cut_off_in_the_middle(self):
         self.refuses(b'{\n  "notes" : [\n', UNREADABLE)
 
+    def test_the_window_says_so_and_opens_the_folder(self):
+        root = tempfile.mkdtemp()
+        with open(os.path.join(root, "library.json"), "wb") as file:
+            file.write(b"{")
+        with Vesko(root=root, arguments=()) as vesko:
+            vesko.wait_to_find("label", "The library could not be opened")
+            vesko.wait_to_find("label", UNREADABLE)
+            vesko.wait_to_find("status bar", "The library could not be opened")
+            vesko.wait_to_find("push button", "Open data folder")
+            self.assertIsNone(vesko.find("alert", UNREADABLE), "it stands once")
+
     def test_a_library_that_is_no_text(self):
         self.refuses(b'{"schemaVersion":1,"projects":[],"notes":[],"x":"\xff\xfe"}', UNREADABLE)
 

@@ -86,6 +86,10 @@ class DictionaryWindow(unittest.TestCase):
         self.vesko.press(BUTTON, "Remove one")
         until("it is gone", lambda: [one["original"] for one in self.terms()] == ["two"])
         until("its row is gone", lambda: not self.vesko.find(ROW, "one → 1"))
+        self.vesko.wait_to_find("status bar", "Removed “one”")
+        self.vesko.press(BUTTON, "Undo")
+        self.vesko.wait_to_find(ROW, "one → 1")
+        self.assertEqual(len(self.terms()), 2)
 
     def test_the_rows_by_keys_alone(self):
         self.open(term(1, "one", "1"), term(2, "two", "2"))

@@ -177,6 +177,51 @@ class LibraryWindow(unittest.TestCase):
         self.vesko.wait_to_find(ROW, "milk")
         self.assertEqual(search.text, "")
 
+    def test_what_is_found_in_a_text_is_gone_through(self):
+        self.new_note("a fern and a fern and moss")
+        self.saved("a fern and a fern and moss")
+        self.new_note("moss")
+        self.saved("moss")
+        search = self.vesko.wait_to_find(TEXT, "Search notes and transcripts")
+        hands.click(*search.centre)
+        until("the search has the keyboard", lambda: "focused" in search.states)
+        hands.type_letters("fern")
+        self.vesko.press(ROW, "a fern and a fern and moss")
+        self.vesko.wait_to_find("status bar", "Matches in this text: 2")
+        hands.tap("f3")
+        self.vesko.wait_to_find("status bar", "Match 1 of 2")
+        self.vesko.press(BUTTON, "Next match")
+        self.vesko.wait_to_find("status bar", "Match 2 of 2")
+        hands.tap("f3")
+        self.vesko.wait_to_find("status bar", "Match 1 of 2")
+        hands.tap("left shift", "f3")
+        self.vesko.wait_to_find("status bar", "Match 2 of 2")
+
+    def test_a_note_is_taken_back_from_the_trash(self):
+        self.new_note("waste")
+        self.saved("waste")
+        self.choose("Move to Trash…")
+        self.vesko.press(BUTTON, "Move to Trash")
+        self.vesko.wait_to_find("status bar", "Moved to Trash")
+        self.vesko.press(BUTTON, "Undo")
+        until("it is back", lambda: "deletedAt" not in self.only_note())
+        self.vesko.wait_to_find(ROW, "waste")
+        until("nothing is offered any more", lambda: not self.vesko.find(
+            "status bar", "Moved to Trash"))
+
+    def test_the_program_tells_what_it_is(self):
+        self.vesko.press("button menu" if self.vesko.find("button menu", "Menu") else BUTTON,
+                         "Menu")
+        self.vesko.press(ITEM, "About Vesko")
+        self.vesko.wait_to_find(None, "Version 0.1.0, build 1\nMIT License\n"
+                                      "© 2026 The Vesko developers")
+        self.vesko.press(BUTTON, "Copy")
+        until("it is on the clipboard", lambda: clipboard.read().startswith("Version 0.1.0"))
+        window = eyes.active_window()
+        self.assertEqual(eyes.window_property(window, "WM_CLASS"), '"vesko-app", "Vesko"')
+        until("the window has its icon", lambda: "Icon (" in eyes.window_property(
+            window, "_NET_WM_ICON"))
+
     def test_a_note_is_copied(self):
         self.new_note("copied at once")
         self.vesko.press(BUTTON, "Copy note")

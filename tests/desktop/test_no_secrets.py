@@ -15,8 +15,8 @@ from lib.waiting import human_pause  # noqa: E402
 KEY = "sk-or-a-key-that-must-stand-nowhere"
 # A language that no recogniser is installed for, so the first launch leaves OpenRouter chosen.
 ITALIAN = "it_IT.UTF-8"
-NO_KEYRING = ("Vesko could not access your key in your password store (keyring). Unlock it and try "
-              "again.")
+NO_KEYRING = ("No password store (keyring) runs here, so Vesko has no place for keys. Start one, such "
+              "as GNOME Keyring, KWallet or KeePassXC, and try again.")
 
 
 class NoSecrets(unittest.TestCase):
@@ -37,8 +37,7 @@ class NoSecrets(unittest.TestCase):
         with Vesko() as vesko:
             vesko.dictate(lambda: human_pause(0.5))
             vesko.wait_for_text("Audio saved. Transcription needs attention.")
-            vesko.wait_for_text("Vesko could not access your key in your password store (keyring). "
-                                "Unlock it and try again.")
+            vesko.wait_for_text(NO_KEYRING)
             recording = vesko.last_recording()
             self.assertEqual(recording["status"], "failed")
             self.assertGreater(media.decoded_seconds(recording["path"]), 0.4)

@@ -11,7 +11,7 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, eyes, hands, settings  # noqa: E402
 from lib.service import Analytics  # noqa: E402
-from lib.vesko import Vesko, deployed, forget_key  # noqa: E402
+from lib.vesko import Vesko, deployed, forget_key, install_key  # noqa: E402
 from lib.waiting import until  # noqa: E402
 
 BUTTON, TEXT, SWITCH, ROW, CHOICE = ("push button", "text", "check box", "list item", "combo box")
@@ -65,10 +65,27 @@ class SettingsWindow(unittest.TestCase):
         until("the model is not asked for", lambda: not self.vesko.find(TEXT, "Speech model ID"))
         self.choose("Translate dictation into", "French")
         self.becomes("translateTo", "fr-FR")
-        self.choose("Use", "Vesko access")
-        self.becomes("keySource", "vesko")
         self.choose("Dictation key", "Pause")
         self.becomes("gestureKey", "pause")
+
+    def test_what_this_build_cannot_do_is_not_offered(self):
+        self.find_anywhere(SWITCH, "Launch at login")
+        for role, name in (("heading", "Account"), (BUTTON, "Continue with Google"),
+                           (CHOICE, "Use")):
+            self.assertIsNone(self.vesko.find(role, name), name)
+        self.vesko.wait_to_find("label", "Key status")
+
+    def test_vesko_access_is_offered_where_it_was_installed(self):
+        self.addCleanup(forget_key)
+        self.vesko.kill()
+        install_key("sk-of-vesko")
+        settings.write(**{**settings.read(), "keySource": "personal"})
+        self.vesko = Vesko(VESKO_DEMO_SCENE="settings")
+        self.addCleanup(self.vesko.kill)
+        self.vesko.wait_to_find(CHOICE, "Use")
+        self.choose("Use", "Vesko access")
+        self.becomes("keySource", "vesko")
+        self.vesko.wait_to_find("label", "Vesko access is ready")
 
     def test_a_model_is_typed(self):
         field = self.vesko.tab_to(TEXT, "Speech model ID")

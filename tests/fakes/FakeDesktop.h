@@ -12,6 +12,7 @@ public:
     std::vector<const QWindow*> floating;
     std::vector<std::filesystem::path> openedFolders;
     std::vector<SettingsPanel> openedSettings;
+    bool hasSettings = true;
 
     void bringHere(QWindow& window) override { broughtHere.push_back(&window); }
     void floatEverywhere(QWindow& window) override { floating.push_back(&window); }
@@ -19,7 +20,11 @@ public:
     {
         openedFolders.push_back(folder);
     }
-    void openSettings(SettingsPanel panel) override { openedSettings.push_back(panel); }
+    bool openSettings(SettingsPanel panel) override
+    {
+        openedSettings.push_back(panel);
+        return hasSettings;
+    }
 };
 
 } // namespace vesko

@@ -68,10 +68,6 @@ Column {
             spacing: Theme.space
 
             PushButton {
-                text: qsTranslate("Vesko", "Sign in with Apple")
-                onClicked: form.signIn.signInWithApple()
-            }
-            PushButton {
                 text: qsTranslate("Vesko", "Continue with Google")
                 help: form.signIn.googleHelp
                 enabled: form.signIn.canUseGoogle

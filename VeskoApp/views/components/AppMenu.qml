@@ -88,8 +88,35 @@ Item {
         id: about
 
         title: "Vesko"
-        text: Qt.application.version
         agreeText: qsTranslate("Vesko", "OK")
         cancellable: false
+
+        TextEdit {
+            id: facts
+
+            width: about.availableWidth
+            text: root.delegate.about
+            textFormat: TextEdit.PlainText
+            readOnly: true
+            selectByMouse: true
+            wrapMode: TextEdit.Wrap
+            color: Theme.text
+            selectionColor: Theme.accent
+            selectedTextColor: Theme.accentInk
+            font.family: Theme.family
+            font.pixelSize: Theme.body
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+        PushButton {
+            y: facts.height + 8
+            text: qsTranslate("Vesko", "Copy")
+            iconName: "copy"
+            flat: true
+            onClicked: {
+                facts.selectAll();
+                facts.copy();
+            }
+        }
     }
 }

@@ -15,7 +15,7 @@ Rectangle {
     implicitHeight: row.implicitHeight + 2 * Theme.space
     radius: Theme.corner
     color: alarm ? Theme.alarmSurface : Theme.notice
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: alarm ? Accessible.AlertMessage : Accessible.StatusBar
     Accessible.name: text
 
     RowLayout {

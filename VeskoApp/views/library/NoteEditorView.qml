@@ -147,10 +147,21 @@ Item {
         }
     }
 
+    MatchBar {
+        id: matches
+
+        x: view.margin
+        width: view.column + 10
+        anchors.top: actions.bottom
+        text: body
+        page: page
+        query: view.library.query.trim()
+    }
+
     ScrollPage {
         id: page
 
-        anchors.top: actions.bottom
+        anchors.top: matches.bottom
         anchors.topMargin: 8
         anchors.bottom: parent.bottom
         anchors.left: parent.left
@@ -255,15 +266,23 @@ Item {
         title: qsTranslate("Vesko", "Note actions")
 
         MenuRow {
+            visible: !view.editor.trashed
+            height: visible ? implicitHeight : 0
             text: qsTranslate("Vesko", "Copy text")
             keys: "Ctrl+C"
             onTriggered: view.library.copyNote()
         }
         MenuRow {
+            visible: !view.editor.trashed
+            height: visible ? implicitHeight : 0
             text: qsTranslate("Vesko", "Export Markdown…")
             onTriggered: view.library.chooseExport(view.Window.window)
         }
-        MenuRow { parts: true }
+        MenuRow {
+            visible: !view.editor.trashed
+            height: visible ? implicitHeight : 0
+            parts: true
+        }
         MenuRow {
             text: view.editor.trashed ? qsTranslate("Vesko", "Restore note") : qsTranslate("Vesko", "Move to Trash…")
             keys: view.editor.trashed ? "" : "Del"
@@ -309,12 +328,22 @@ Item {
     Sheet {
         id: exporter
 
+        property bool replaces: false
+
+        // What is there may have changed since the last time, with the path the same.
+        function look() {
+            replaces = view.library.replacesFile(path.text);
+        }
+
         title: qsTranslate("Vesko", "Export Markdown…")
-        text: view.library.replacesFile(path.text) ? qsTranslate("Vesko", "The file that is there will be replaced.") : ""
+        text: replaces ? qsTranslate("Vesko", "The file that is there will be replaced.") : ""
         agreeText: qsTranslate("Vesko", "Save")
         canAgree: path.text.trim().length > 0
         onAccepted: view.library.exportNote(path.text)
-        onAboutToShow: path.text = view.library.exportPath()
+        onAboutToShow: {
+            path.text = view.library.exportPath();
+            look();
+        }
         onOpened: {
             path.forceActiveFocus();
             path.selectAll();
@@ -325,6 +354,7 @@ Item {
 
             width: exporter.availableWidth
             name: qsTranslate("Vesko", "File")
+            onTextChanged: exporter.look()
             onAccepted: if (exporter.canAgree) exporter.accept()
         }
     }

@@ -100,6 +100,8 @@ Item {
             }
             if (event.matches(StandardKey.Copy))
                 root.library.copyNote();
+            else if (event.matches(StandardKey.Undo) && root.library.undoText)
+                root.library.undo();
             else if (event.matches(StandardKey.Delete))
                 root.trashWanted();
             else if (event.key === Qt.Key_F2)
@@ -129,6 +131,11 @@ Item {
                 list.forceActiveFocus(Qt.MouseFocusReason);
             }
 
+            // What was searched for, in the look of what is found.
+            function asMarked(html) {
+                return html.replace(/<b>/g, "<b><font color=\"" + Theme.accentName + "\">").replace(/<\/b>/g, "</font></b>");
+            }
+
             contentItem: Item {
                 Icon {
                     x: 2
@@ -137,30 +144,29 @@ Item {
                     color: row.chosen ? Theme.accent : Theme.quiet
                     size: 16
                 }
-                Text {
+                RowText {
                     x: 29
                     y: 9
-                    width: parent.width - x
-                    text: row.title
-                    font.family: Theme.family
+                    width: project.x - x - (project.width > 0 ? 8 : 0)
+                    text: row.asMarked(row.model.markedTitle)
                     font.pixelSize: Theme.body
                     font.weight: Font.Medium
                     color: Theme.text
-                    elide: Text.ElideRight
-                    textFormat: Text.PlainText
-                    Accessible.ignored: true
                 }
-                Text {
+                RowText {
+                    id: project
+
+                    anchors.right: parent.right
+                    y: 11
+                    width: Math.min(implicitWidth, parent.width / 3)
+                    text: row.model.project
+                    textFormat: Text.PlainText
+                }
+                RowText {
                     x: 29
                     y: 30
                     width: parent.width - x
-                    text: row.model.detail
-                    font.family: Theme.family
-                    font.pixelSize: Theme.small
-                    color: Theme.quiet
-                    elide: Text.ElideRight
-                    textFormat: Text.PlainText
-                    Accessible.ignored: true
+                    text: [row.model.status, row.model.moment, row.asMarked(row.model.markedWords)].filter(part => part).join(" · ")
                 }
             }
         }
@@ -206,7 +212,19 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
             visible: text.length > 0
             text: empty.state?.button ?? ""
-            onClicked: if (root.library.query) root.library.query = ""; else root.noteWanted()
+            onClicked: if (empty.state.makesNote) root.noteWanted(); else root.library.fillEmptyState()
         }
+    }
+
+    // What is the user's own may be longer than a row.
+    component RowText: Text {
+        readonly property bool mayBeCut: true
+
+        font.family: Theme.family
+        font.pixelSize: Theme.small
+        color: Theme.quiet
+        elide: Text.ElideRight
+        textFormat: Text.StyledText
+        Accessible.ignored: true
     }
 }

@@ -7,6 +7,7 @@ Section {
     required property var account
     required property var signIn
 
+    visible: account.available
     title: qsTranslate("Vesko", "Account")
 
     SignInForm {

@@ -68,7 +68,7 @@ Section {
     }
     SettingNote {
         width: parent.width
-        visible: section.delegate.statusIconHidden
+        visible: section.delegate.statusIconHidden && section.preferences.showFloating
         text: qsTranslate("Vesko", "The Vesko icon is hidden behind the camera area of the menu bar. Hold Command and drag menu bar icons to make room, or right-click the floating button for the same menu.")
     }
     SettingSwitch {

@@ -11,13 +11,14 @@ Section {
 
     SettingPicker {
         width: parent.width
+        visible: choices.length > 1
         name: qsTranslate("Vesko", "Use")
         choices: section.preferences.keySources
         value: section.preferences.usesPersonalKey ? "personal" : "vesko"
         onChosen: tag => section.preferences.keySource = tag
     }
     Row {
-        visible: !section.preferences.usesPersonalKey && section.preferences.hasVeskoAccess
+        visible: !section.preferences.usesPersonalKey
         spacing: 8
 
         Icon {

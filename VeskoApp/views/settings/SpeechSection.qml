@@ -49,7 +49,9 @@ Section {
     SettingNote {
         width: parent.width
         visible: !section.preferences.onDevice
-        text: qsTranslate("Vesko", "Audio is sent to OpenRouter and its selected transcription provider. Provider retention policies apply. Vesko access or your personal key determines which balance is used.")
+        text: section.preferences.hasVeskoAccess
+              ? qsTranslate("Vesko", "Audio is sent to OpenRouter and its selected transcription provider. Provider retention policies apply. Vesko access or your personal key determines which balance is used.")
+              : qsTranslate("Vesko", "Audio is sent to OpenRouter and its selected transcription provider. Provider retention policies apply. Your personal key's balance is used.")
     }
     SettingNote {
         width: parent.width

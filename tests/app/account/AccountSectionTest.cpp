@@ -27,6 +27,13 @@ TEST_F(AccountSectionTest, SignedOutItHasNothingToSay)
     EXPECT_EQ(empty.method(), QString());
 }
 
+TEST_F(AccountSectionTest, ABuildWithoutAServiceHasNone)
+{
+    EXPECT_TRUE(AccountSection(open()).available());
+    deployment.baseURL.reset();
+    EXPECT_FALSE(AccountSection(open()).available());
+}
+
 TEST_F(AccountSectionTest, ItSaysWhoIsSignedInAndHow)
 {
     auto user = account();

@@ -198,7 +198,6 @@ TEST_F(AccountStoreEmailTest, OnlyOneSignInRunsAtATime)
     EXPECT_EQ(message(), "");
     awaited(store->startEmail("user@example.com"));
     awaited(store->verifyEmail("012345"));
-    awaited(store->signInWithApple());
     awaited(store->signInWithGoogle());
     EXPECT_EQ(store->busy(), AuthProvider::google);
     EXPECT_EQ(message(), "");

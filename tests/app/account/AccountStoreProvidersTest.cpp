@@ -1,6 +1,5 @@
-// Signing in with Google and with Apple, behind the interface to both.
+// Signing in with Google, behind the interface to its page.
 
-#include "VeskoCore/account/AuthNonce.h"
 #include "VeskoCore/account/QueryItems.h"
 #include "tests/app/account/AccountTest.h"
 
@@ -9,7 +8,6 @@ namespace vesko {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 using AccountStoreProvidersTest = AccountTest;
@@ -116,7 +114,6 @@ TEST_F(AccountStoreProvidersTest, WithoutAServiceThereIsNoGoogleEither)
     open();
     EXPECT_FALSE(store->googleAvailable());
     awaited(store->signInWithGoogle());
-    awaited(store->signInWithApple());
     EXPECT_EQ(message(), unconfigured);
     EXPECT_EQ(identities.asked, 0);
     EXPECT_THAT(events, IsEmpty());
@@ -132,31 +129,6 @@ TEST_F(AccountStoreProvidersTest, AnUnfinishedSignInCanBeCancelled)
     EXPECT_EQ(store->busy(), std::nullopt);
     EXPECT_EQ(message(), "Sign-in was cancelled.");
     EXPECT_THAT(events, ElementsAre(UsageEvent::signInStarted, UsageEvent::signInCancelled));
-}
-
-TEST_F(AccountStoreProvidersTest, AppleSeesTheHashAndTheServiceTheValue)
-{
-    open();
-    answer(200, signInBody());
-    awaited(store->signInWithApple());
-    ASSERT_TRUE(store->signedIn());
-    const auto body = server.onlyRequest().body;
-    EXPECT_EQ(server.onlyRequest().startLine, "POST /v1/auth/apple HTTP/1.1");
-    EXPECT_THAT(body, HasSubstr(R"("identityToken":"apple's token","nonce":")"));
-    const std::string nonce = body.substr(body.size() - 45, 43);
-    EXPECT_EQ(AuthNonce::sha256Hex(nonce), identities.nonceHash);
-    EXPECT_THAT(events, ElementsAre(UsageEvent::signInStarted, UsageEvent::signInSucceeded));
-}
-
-TEST_F(AccountStoreProvidersTest, AppleThatIsNotThereIsSaidSo)
-{
-    identities.refusal = AuthFailure::appleUnavailable;
-    open();
-    awaited(store->signInWithApple());
-    EXPECT_EQ(message(), "Sign in with Apple is not available in this build. Use Google or email.");
-    EXPECT_EQ(store->busy(), std::nullopt);
-    EXPECT_THAT(events, ElementsAre(UsageEvent::signInStarted, UsageEvent::signInFailed));
-    EXPECT_EQ(server.connections(), 0U);
 }
 
 } // namespace

@@ -16,20 +16,14 @@
 
 namespace vesko {
 
-// Answers for Apple and Google as a test has set it, when the test lets it.
+// Answers for Google as a test has set it, when the test lets it.
 class FakeIdentityProviders final : public IdentityProviders {
 public:
     std::optional<AuthFailure> refusal;
     bool waits = false; // until answer() or cancel()
-    std::string nonceHash, clientID, nonce, verifier; // as they were last given
+    std::string clientID, nonce, verifier; // as they were last given
     int asked = 0;
 
-    Task<std::string> appleIdentityToken(std::string hash) override
-    {
-        nonceHash = std::move(hash);
-        co_await passed();
-        co_return "apple's token";
-    }
     Task<GoogleCode> googleAuthorizationCode(
         std::string client, std::string once, std::string proof) override
     {

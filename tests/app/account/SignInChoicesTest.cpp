@@ -114,15 +114,6 @@ TEST_F(SignInChoicesTest, WhileTheUserIsAtGooglesPageTheFormWaitsAndCanGiveUp)
     EXPECT_EQ(plain(choices.message()), "Sign-in was cancelled.");
 }
 
-TEST_F(SignInChoicesTest, AppleSaysThatItIsNotThere)
-{
-    identities.refusal = AuthFailure::appleUnavailable;
-    auto& choices = show();
-    choices.signInWithApple();
-    EXPECT_EQ(plain(choices.message()),
-        "Sign in with Apple is not available in this build. Use Google or email.");
-}
-
 TEST_F(SignInChoicesTest, ASignInGoesOnWhenItsFormIsClosed)
 {
     show();

@@ -140,17 +140,6 @@ TEST_F(SystemIdentityProvidersTest, APageThatIsLeftAloneCountsAsCancelled)
     EXPECT_EQ(result, "cancelled");
 }
 
-TEST_F(SystemIdentityProvidersTest, ThereIsNoApple)
-{
-    try {
-        awaited(providers.appleIdentityToken("hash"));
-        ADD_FAILURE() << "it gave a token";
-    } catch (const AuthFailure& failure) {
-        EXPECT_EQ(failure.kind(), AuthFailure::appleUnavailable);
-    }
-    EXPECT_TRUE(browser.pages.empty());
-}
-
 } // namespace
 
 } // namespace vesko

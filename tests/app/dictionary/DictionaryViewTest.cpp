@@ -213,6 +213,39 @@ TEST_F(DictionaryViewTest, aTermIsRemovedWithoutAWord)
     EXPECT_FALSE(view->editing());
 }
 
+TEST_F(DictionaryViewTest, aRemovedTermCanBeTakenBackForAWhile)
+{
+    open();
+    add("tallki", "Vesko");
+    const auto term = terms()[0];
+    EXPECT_EQ(view->undoText(), QString());
+    view->remove(idOf(0));
+    ASSERT_TRUE(eventually([&] { return terms().empty(); }));
+    EXPECT_EQ(view->undoText(), QStringLiteral("Removed “tallki”"));
+    view->undo();
+    ASSERT_TRUE(eventually([&] { return terms().size() == 1; }));
+    EXPECT_EQ(terms()[0], term);
+    EXPECT_EQ(view->undoText(), QString());
+
+    view->remove(idOf(0));
+    ASSERT_TRUE(eventually([&] { return terms().empty(); }));
+    machine.clock.turn(10);
+    EXPECT_EQ(view->undoText(), QString());
+    view->undo();
+    drainEvents();
+    EXPECT_TRUE(terms().empty());
+}
+
+TEST_F(DictionaryViewTest, aTermThatCouldNotBeRemovedIsNotOfferedBack)
+{
+    open();
+    add("tallki", "Vesko");
+    breakStore();
+    view->remove(idOf(0));
+    ASSERT_TRUE(eventually([&] { return !model->status().errorMessage().empty(); }));
+    EXPECT_EQ(view->undoText(), QString());
+}
+
 TEST_F(DictionaryViewTest, theTermBeingEditedIsRemovedAndSavedAgain)
 {
     open();

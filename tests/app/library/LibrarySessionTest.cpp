@@ -70,6 +70,8 @@ TEST_F(LibrarySessionTest, IsOverWhenItFails)
     EXPECT_FALSE(model->library().opening());
     EXPECT_FALSE(model->library().ready());
     EXPECT_EQ(title(), "Ready");
+    EXPECT_EQ(
+        model->library().refusal(), VeskoError(VeskoError::corruptLibrary).errorDescription());
     machine.clock.turn(1);
     EXPECT_FALSE(model->library().opening());
 }
@@ -129,6 +131,19 @@ TEST_F(LibrarySessionTest, BeforeTheLibraryIsReadyNothingIsChanged)
     hurryDisk();
     ASSERT_TRUE(eventually([&] { return model->library().ready(); }));
     EXPECT_TRUE(model->library().contents().projects.empty());
+}
+
+TEST_F(LibrarySessionTest, AnErrorAboutTheDiskGoesWithTheNextSaveThatWorks)
+{
+    open();
+    breakStore();
+    model->library().apply([](LibraryStore& store) { store.createProject("Garden"); });
+    ASSERT_TRUE(eventually([&] { return model->status().errorMessage() == storageText; }));
+    repairStore();
+    ASSERT_TRUE(changed(model->library(), [](LibraryStore& store) {
+        store.createProject("Garden");
+    }).has_value());
+    EXPECT_EQ(model->status().errorMessage(), "");
 }
 
 } // namespace

@@ -22,6 +22,8 @@ protected:
     {
         window = std::make_unique<LibraryWindow>(LibraryWindow::Neighbours{ .clock = machine.clock,
             .fileChooser = machine.fileChooser,
+            .desktop = machine.desktop,
+            .dataFolder = root(),
             .library = model->library(),
             .selection = model->selection(),
             .edits = model->edits(),
@@ -44,6 +46,26 @@ protected:
 
     std::unique_ptr<LibraryWindow> window; // ends before the model
 };
+
+TEST_F(LibraryWindowTest, ALibraryThatCannotBeReadIsSaidToBeAndItsFolderIsOpened)
+{
+    std::filesystem::create_directories(root());
+    putBytes(root() / "library.json", "no library");
+    slowDisk();
+    start();
+    openWindow();
+    EXPECT_EQ(emptyTitle(), "");
+    hurryDisk();
+    ASSERT_TRUE(eventually([&] { return !window->refusal().isEmpty(); }));
+    EXPECT_EQ(emptyTitle(), "The library could not be opened");
+    EXPECT_EQ(window->emptyState().toMap()[QStringLiteral("text")].toString(), window->refusal());
+    EXPECT_EQ(emptyButton(), "Open data folder");
+    model->status().dismissError();
+    EXPECT_EQ(window->statusLine(), QStringLiteral("The library could not be opened"));
+    EXPECT_FALSE(window->canCreate());
+    window->fillEmptyState();
+    EXPECT_EQ(machine.desktop.openedFolders, std::vector<std::filesystem::path>{ root() });
+}
 
 TEST_F(LibraryWindowTest, AnEmptyListSaysWhatBelongsThere)
 {
@@ -257,6 +279,40 @@ TEST_F(LibraryWindowTest, TheActionsAreOnTheSelectedNote)
     EXPECT_EQ(window->exportPath(), QString());
     drainEvents();
     EXPECT_EQ(model->library().contents().notes.size(), 1U);
+}
+
+TEST_F(LibraryWindowTest, ANoteIsTakenBackFromTheTrashForAWhile)
+{
+    open();
+    const auto id = write("Balcony", "tomatoes");
+    write("other", "");
+    model->selection().setSelectedNoteID(id);
+    window->trashNote();
+    EXPECT_EQ(window->undoText(), QString()); // until it is there
+    ASSERT_TRUE(eventually([&] { return !window->undoText().isEmpty(); }));
+    EXPECT_EQ(window->undoText(), QStringLiteral("Moved to Trash"));
+    window->undo();
+    ASSERT_TRUE(eventually([&] { return !note(id).deletedAt; }));
+    EXPECT_EQ(model->selection().selectedNoteID(), id);
+    EXPECT_EQ(window->undoText(), QString());
+
+    window->trashNote();
+    ASSERT_TRUE(eventually([&] { return !window->undoText().isEmpty(); }));
+    machine.clock.turn(10);
+    EXPECT_EQ(window->undoText(), QString());
+    window->undo();
+    drainEvents();
+    EXPECT_TRUE(note(id).deletedAt.has_value());
+}
+
+TEST_F(LibraryWindowTest, WhatCouldNotBeMovedToTheTrashIsNotTakenBack)
+{
+    open();
+    write("Balcony", "tomatoes");
+    breakStore();
+    window->trashNote();
+    ASSERT_TRUE(eventually([&] { return !model->status().errorMessage().empty(); }));
+    EXPECT_EQ(window->undoText(), QString());
 }
 
 struct ExportTest : LibraryWindowTest {

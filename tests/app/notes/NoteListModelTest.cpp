@@ -115,12 +115,42 @@ TEST(NoteListModel, SaysOfARowWhatItIsAbout)
     EXPECT_EQ(said(NoteListModel::idRole), note.id.text());
     EXPECT_EQ(said(NoteListModel::titleRole), "Voice note");
     EXPECT_EQ(said(NoteListModel::iconRole), "waveform");
-    EXPECT_EQ(said(NoteListModel::detailRole), "3 Feb 2001 · Audio saved");
+    const auto moment = said(NoteListModel::momentRole);
+    EXPECT_EQ(said(NoteListModel::detailRole), "Audio saved · " + moment);
     note.kind = NoteKind::text;
     note.recordings.clear();
     model.setNotes({ note });
     EXPECT_EQ(said(NoteListModel::iconRole), "text");
-    EXPECT_EQ(said(NoteListModel::detailRole), "3 Feb 2001");
+    EXPECT_EQ(said(NoteListModel::detailRole), moment);
+    note.title = "Ferns";
+    note.body = "They like shade";
+    note.projectID = Uuid::random();
+    model.setNotes({ note });
+    EXPECT_EQ(said(NoteListModel::projectRole), "");
+    model.setProjects({ { *note.projectID, QStringLiteral("Garden") } });
+    EXPECT_EQ(said(NoteListModel::projectRole), "Garden");
+    EXPECT_EQ(said(NoteListModel::detailRole), moment + " · They like shade · Garden");
+}
+
+TEST(NoteListModel, MarksWhatIsSearchedForInEachRow)
+{
+    Note note;
+    note.title = "Ferns & co";
+    note.body = "Each fern likes shade";
+    NoteListModel model;
+    model.setNotes({ note });
+    const auto said
+        = [&](int role) { return model.data(model.index(0), role).toString().toStdString(); };
+    int told = 0;
+    QObject::connect(&model, &QAbstractItemModel::dataChanged, [&] { ++told; });
+    EXPECT_EQ(said(NoteListModel::markedTitleRole), "Ferns &amp; co");
+    model.setQuery("fern");
+    EXPECT_EQ(said(NoteListModel::markedTitleRole), "<b>Fern</b>s &amp; co");
+    EXPECT_EQ(said(NoteListModel::markedWordsRole), "Each <b>fern</b> likes shade");
+    model.setQuery("fern");
+    EXPECT_EQ(told, 1);
+    model.setQuery("");
+    EXPECT_EQ(said(NoteListModel::markedWordsRole), "Each fern likes shade");
 }
 
 } // namespace

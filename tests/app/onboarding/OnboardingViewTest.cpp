@@ -24,7 +24,7 @@ protected:
     }
 
     FakePlatform machine;
-    PermissionRows permissions{ machine.all, [] { } };
+    PermissionRows permissions{ machine.all, [] {}, [] { return std::string("auto"); } };
     OnboardingFlow flow;
     std::optional<std::string> email;
     std::vector<UsageEvent> told;
@@ -64,7 +64,7 @@ TEST_F(OnboardingViewTest, goesThroughItsStepsToTheEnd)
 
 TEST_F(OnboardingViewTest, namesTheAccount)
 {
-    EXPECT_EQ(view->accountName(), QStringLiteral("Signed in with Apple"));
+    EXPECT_EQ(view->accountName(), QStringLiteral("Apple ID with hidden email"));
     email = "me@example.org";
     EXPECT_EQ(view->accountName(), QStringLiteral("me@example.org"));
 }
@@ -139,6 +139,8 @@ TEST_F(OnboardingViewTest, showsWhatAPermissionSays)
     EXPECT_TRUE(
         eventually([&] { return view->notice() == QStringLiteral("Microphone access is ready"); }));
     EXPECT_EQ(view->gestureKey(), QStringLiteral("Right Ctrl"));
+    view->advance();
+    EXPECT_EQ(view->notice(), QString()); // of what is not seen any more
 }
 
 TEST_F(OnboardingViewTest, aViewThatIsGoneIsToldNothing)

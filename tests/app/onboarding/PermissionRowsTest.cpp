@@ -17,7 +17,8 @@ class PermissionRowsTest : public testing::Test {
 protected:
     void make()
     {
-        rows = std::make_unique<PermissionRows>(machine.all, [this] { ++restarts; });
+        rows = std::make_unique<PermissionRows>(
+            machine.all, [this] { ++restarts; }, [this] { return spoken; });
     }
     std::vector<std::string> column(const char* name) const
     {
@@ -35,6 +36,7 @@ protected:
 
     FakePlatform machine;
     int restarts = 0;
+    std::string spoken = "auto";
     std::string notice;
     std::unique_ptr<PermissionRows> rows;
 };
@@ -72,14 +74,18 @@ TEST_F(PermissionRowsTest, eachIsReadByItself)
         SCOPED_TRACE(what);
         FakePlatform other;
         take(other);
-        const PermissionRows some(other.all, [] { });
+        const PermissionRows some(other.all, [] {}, [] { return std::string("auto"); });
         for (std::size_t i = 0; i < 4; ++i) {
             const auto shown = some.rows()[static_cast<int>(i)].toMap();
             EXPECT_EQ(shown[QStringLiteral("allowed")].toBool(), i != row);
             EXPECT_EQ(shown[QStringLiteral("status")].toString().toStdString(),
-                i == row ? "Not allowed" : "Allowed");
+                i != row       ? "Allowed"
+                    : row == 1 ? "No speech model"
+                               : "Not allowed");
             EXPECT_EQ(shown[QStringLiteral("button")].toString().toStdString(),
-                i == row ? "Allow" : "Review");
+                i != row       ? "Review"
+                    : row == 1 ? "Details"
+                               : "Allow");
         }
     }
 }
@@ -135,18 +141,58 @@ TEST_F(PermissionRowsTest, aMicrophoneThatDoesNotOpenLeadsToTheSoundSettings)
     EXPECT_THAT(machine.desktop.openedSettings, ElementsAre(SettingsPanel::sound));
 }
 
-TEST_F(PermissionRowsTest, aMissingModelIsNamed)
+TEST_F(PermissionRowsTest, aMissingModelIsNamedWithWhatHelps)
 {
-    machine.recognizer.system = "sv-SE";
-    make();
+    const struct {
+        const char* spoken;
+        const char* system;
+        const char* said;
+    } cases[] = {
+        { "auto", "en-US", "A speech model for English is installed." },
+        { "auto", "sv-SE",
+            "No speech model for Swedish is installed. Choose another engine or OpenRouter in "
+            "Settings." },
+        { "sv-SE", "en-US",
+            "No speech model for Swedish is installed. Choose another engine or OpenRouter in "
+            "Settings." },
+    };
+    for (const auto& [language, system, said] : cases) {
+        SCOPED_TRACE(language);
+        spoken = language;
+        machine.recognizer.system = system;
+        make();
+        press(1);
+        EXPECT_EQ(notice, said);
+    }
+    machine.recognizer.isAuthorized = false;
+    spoken = "en-US";
     press(1);
     EXPECT_EQ(notice,
-        "No speech model for your language is installed. Install one, such as the package "
-        "pocketsphinx-en-us, or choose OpenRouter in Settings.");
-    machine.recognizer.system = "en-US";
-    press(1);
-    EXPECT_EQ(notice, "A speech model for your language is installed.");
-    EXPECT_EQ(column("status")[1], "Allowed");
+        "No speech model for English is installed. Install the package pocketsphinx-en-us, or "
+        "choose another engine or OpenRouter in Settings.");
+}
+
+TEST_F(PermissionRowsTest, aReviewSaysWhatIsSoAndOpensNothing)
+{
+    make();
+    press(2);
+    EXPECT_EQ(notice, "Accessibility is on. Vesko can paste into the field you started in.");
+    press(3);
+    EXPECT_EQ(notice, "Vesko notices the dictation key.");
+    EXPECT_THAT(machine.desktop.openedSettings, IsEmpty());
+    EXPECT_EQ(machine.permissions.requests, 0);
+    EXPECT_EQ(restarts, 0);
+}
+
+TEST_F(PermissionRowsTest, aButtonThatCouldOpenNothingSaysSo)
+{
+    machine.desktop.hasSettings = false;
+    machine.keys.isPermitted = false;
+    make();
+    press(3);
+    EXPECT_THAT(notice,
+        testing::EndsWith(
+            "Vesko found no program for your desktop's settings. Please open them yourself."));
 }
 
 TEST_F(PermissionRowsTest, accessibilityIsTurnedOnAndItsSettingsAreOpened)
@@ -165,6 +211,7 @@ TEST_F(PermissionRowsTest, accessibilityIsTurnedOnAndItsSettingsAreOpened)
 
 TEST_F(PermissionRowsTest, theKeysAreWatchedAnew)
 {
+    machine.keys.isPermitted = false;
     make();
     press(3);
     EXPECT_EQ(restarts, 1);

@@ -220,6 +220,38 @@ TEST_F(PreferencesTest, ARemovedKeyLeavesTheKeySourceAlone)
     EXPECT_FALSE(p.hasKey());
 }
 
+TEST_F(PreferencesTest, AChoiceWhoseKeyIsKnownToBeMissingGivesWayToTheOther)
+{
+    const struct {
+        const char* what;
+        const char* chosen;
+        bool personal;
+        bool access;
+        const char* inForce;
+    } rows[] = {
+        { "both keys", "vesko", true, true, "vesko" },
+        { "only the other", "vesko", true, false, "personal" },
+        { "no key at all", "vesko", false, false, "vesko" },
+        { "the chosen one", "personal", true, false, "personal" },
+        { "only what was not chosen", "personal", false, true, "personal" },
+    };
+    for (const auto& [what, chosen, personal, access, inForce] : rows) {
+        SCOPED_TRACE(what);
+        secrets.remove("personal");
+        secrets.remove("vesko-access");
+        if (personal)
+            secrets.put("personal", "sk-1");
+        if (access)
+            secrets.put("vesko-access", "sk-2");
+        store("keySource", std::string(chosen));
+        auto& p = make();
+        EXPECT_EQ(p.keySourceInForce(), chosen); // nobody has asked yet
+        awaited(p.refreshKeys());
+        EXPECT_EQ(p.keySourceInForce(), inForce);
+        EXPECT_EQ(p.keySource.get(), chosen);
+    }
+}
+
 TEST_F(PreferencesTest, TheKeySourceNamesTheAccount)
 {
     EXPECT_EQ(Preferences::keyAccount("vesko"), "vesko-access");

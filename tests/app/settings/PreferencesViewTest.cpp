@@ -13,7 +13,8 @@ protected:
     void open()
     {
         AppModelTest::open();
-        permissions = std::make_unique<PermissionRows>(machine.all, [this] { ++restarts; });
+        permissions = std::make_unique<PermissionRows>(
+            machine.all, [this] { ++restarts; }, [] { return std::string("auto"); });
         view = std::make_unique<PreferencesView>(
             PreferencesView::Neighbours{ .platform = machine.all,
                 .preferences = model->preferences(),
@@ -121,8 +122,21 @@ TEST_F(PreferencesViewTest, aStoredProviderThatNobodyKnowsIsOpenRouter)
     EXPECT_TRUE(view->usesPersonalKey());
     view->setProvider(QStringLiteral("apple"));
     EXPECT_TRUE(view->onDevice());
-    view->setKeySource(QStringLiteral("vesko"));
+}
+
+TEST_F(PreferencesViewTest, VeskoAccessIsOfferedWhereThereIsSome)
+{
+    choose("keySource", std::string("vesko"));
+    open();
+    EXPECT_TRUE(view->usesPersonalKey());
+    EXPECT_THAT(column(view->keySources(), "tag"), ElementsAre("personal"));
+    EXPECT_EQ(stored<std::string>("keySource"), "vesko");
+
+    machine.secrets.put("vesko-access", "sk-2");
+    view->opened();
+    ASSERT_TRUE(eventually([&] { return view->hasVeskoAccess(); }));
     EXPECT_FALSE(view->usesPersonalKey());
+    EXPECT_THAT(column(view->keySources(), "tag"), ElementsAre("vesko", "personal"));
 }
 
 TEST_F(PreferencesViewTest, theChoicesAreNamed)
@@ -130,7 +144,9 @@ TEST_F(PreferencesViewTest, theChoicesAreNamed)
     open();
     EXPECT_THAT(column(view->providers(), "tag"), ElementsAre("apple", "openrouter"));
     EXPECT_THAT(column(view->providers(), "name"), ElementsAre("Apple on-device", "OpenRouter"));
-    EXPECT_THAT(column(view->keySources(), "tag"), ElementsAre("vesko", "personal"));
+    machine.secrets.put("vesko-access", "sk-2");
+    view->opened();
+    ASSERT_TRUE(eventually([&] { return view->hasVeskoAccess(); }));
     EXPECT_THAT(column(view->keySources(), "name"), ElementsAre("Vesko access", "My personal key"));
     EXPECT_EQ(view->suggestedTextModels().size(), 5);
     EXPECT_EQ(view->suggestedTextModels()[0].toString().toStdString(),
@@ -193,9 +209,9 @@ TEST_F(PreferencesViewTest, startAtLoginSaysWhatTheDesktopSays)
     machine.loginItem.fails = true;
     view->setLaunchAtLogin(false);
     EXPECT_TRUE(view->launchesAtLogin());
-    EXPECT_EQ(view->notice(),
-        QStringLiteral(
-            "Launch at login could not be changed. Check Login Items in System Settings."));
+    EXPECT_EQ(view->notice(), QString());
+    EXPECT_EQ(model->status().errorMessage(),
+        "Launch at login could not be changed. Check Login Items in System Settings.");
     machine.loginItem.current = LoginStatus::requiresApproval;
     view->opened();
     EXPECT_FALSE(view->launchesAtLogin());
@@ -267,10 +283,52 @@ TEST_F(PreferencesViewTest, theDataFolderIsOpened)
 
 TEST_F(PreferencesViewTest, aPermissionsNoticeIsShown)
 {
+    machine.keys.isPermitted = false;
     open();
     view->pressPermission(3);
     EXPECT_TRUE(view->notice().contains(QStringLiteral("Input Monitoring")));
     EXPECT_EQ(restarts, 1);
+}
+
+TEST_F(PreferencesViewTest, aNoticeGoesWhenItIsReadOrAfterAWhile)
+{
+    open();
+    view->pressPermission(3);
+    ASSERT_NE(view->notice(), QString());
+    view->dismissNotice();
+    EXPECT_EQ(view->notice(), QString());
+    view->pressPermission(3);
+    machine.clock.turn(9);
+    EXPECT_NE(view->notice(), QString());
+    machine.clock.turn(1);
+    EXPECT_EQ(view->notice(), QString());
+}
+
+TEST_F(PreferencesViewTest, anErrorAboutTheKeyGoesWhenOneIsSaved)
+{
+    open();
+    for (const char* error : { KeychainFailure().errorDescription(),
+             VeskoError(VeskoError::missingKey).errorDescription() }) {
+        model->status().setErrorMessage(error);
+        view->setProperty("keyDraft", QStringLiteral("sk-1"));
+        view->saveKey();
+        EXPECT_TRUE(eventually([&] { return model->status().errorMessage().empty(); })) << error;
+    }
+    model->status().setErrorMessage("about something else");
+    view->setProperty("keyDraft", QStringLiteral("sk-2"));
+    view->saveKey();
+    ASSERT_TRUE(eventually([&] { return machine.secrets.items().at("personal") == "sk-2"; }));
+    waitForNotice();
+    EXPECT_EQ(model->status().errorMessage(), "about something else");
+}
+
+TEST_F(PreferencesViewTest, aDesktopWithoutSettingsIsSaidToHaveNone)
+{
+    machine.desktop.hasSettings = false;
+    open();
+    view->openPrivacySettings();
+    EXPECT_EQ(view->notice().toStdString(),
+        "Vesko found no program for your desktop's settings. Please open them yourself.");
 }
 
 } // namespace

@@ -30,6 +30,9 @@ TEST(SafeMessage, PutsEveryFailureIntoWordsOfOurOwn)
         { std::make_exception_ptr(CaptureFailure("said as it is")), "said as it is" },
         { std::make_exception_ptr(KeychainFailure()),
             "Vesko could not access your key in Keychain. Unlock your Mac and try again." },
+        { std::make_exception_ptr(KeychainFailure(KeychainFailure::absent)),
+            "No password store (keyring) runs here, so Vesko has no place for keys. Start one, "
+            "such as GNOME Keyring, KWallet or KeePassXC, and try again." },
         { std::make_exception_ptr(URLError(URLError::notConnectedToInternet)), offline },
         { std::make_exception_ptr(URLError(URLError::networkConnectionLost)), offline },
         { std::make_exception_ptr(URLError(URLError::cannotFindHost)), offline },

@@ -44,6 +44,16 @@ TEST(StatusLineTest, AFailureIsToldInTheUsersWordsUntilItIsDismissed)
     EXPECT_EQ(status.errorMessage(), "");
 }
 
+TEST(StatusLineTest, AnErrorThatIsNoneAnyMoreIsWithdrawnUnlessAnotherStands)
+{
+    StatusLine status;
+    status.setErrorMessage("No room");
+    status.withdraw("No key");
+    EXPECT_EQ(status.errorMessage(), "No room");
+    status.withdraw("No room");
+    EXPECT_EQ(status.errorMessage(), "");
+}
+
 } // namespace
 
 } // namespace vesko

@@ -79,7 +79,7 @@ private:
             return;
         const QSizeF content(
             item.property("contentWidth").toDouble(), item.property("contentHeight").toDouble());
-        if (item.property("truncated").toBool())
+        if (item.property("truncated").toBool() && !item.property("mayBeCut").toBool())
             add(text, QStringLiteral("is elided"));
         if (content.width() > item.width() + slack)
             add(text,

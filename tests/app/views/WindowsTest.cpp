@@ -58,6 +58,8 @@ protected:
         delegate->windows().make = [this](AppWindow kind) {
             auto window = makeWindow(engine, kind, machine.all, *model, *delegate);
             shown = qobject_cast<QQuickWindow*>(window.get());
+            designed = shown->size();
+            smallest = shown->minimumSize();
             return window;
         };
         delegate->launch(true);
@@ -112,6 +114,7 @@ protected:
 
     QQmlEngine engine;
     QQuickWindow* shown = nullptr; // the last one that was opened
+    QSize designed, smallest; // whatever the screen here has room for
     std::unique_ptr<AppDelegate> delegate; // ends before the model
 
 private:
@@ -165,6 +168,7 @@ TEST_P(WindowsTest, libraryHasRoom)
 {
     open();
     delegate->showLibrary();
+    shown->resize(designed);
     look("library-nothing-selected");
     for (std::size_t note = 0; note < model->selection().visibleNotes().size(); ++note) {
         model->selection().setSelectedNoteID(model->selection().visibleNotes()[note].id);
@@ -182,7 +186,7 @@ TEST_P(WindowsTest, libraryHasRoom)
     lookAtPopups("library-trash");
     model->status().report(std::make_exception_ptr(VeskoError(VeskoError::storage)));
     look("library-error");
-    shown->resize(shown->minimumSize());
+    shown->resize(smallest);
     look("library-small");
 }
 
@@ -190,8 +194,9 @@ TEST_P(WindowsTest, dictionaryHasRoom)
 {
     open();
     delegate->openDictionary();
+    shown->resize(designed);
     look("dictionary");
-    shown->resize(shown->minimumSize());
+    shown->resize(smallest);
     look("dictionary-small");
 }
 
@@ -203,7 +208,7 @@ TEST_P(WindowsTest, settingsHaveRoom)
     for (const auto* provider : { "apple", "openrouter" }) {
         model->preferences().provider.set(provider);
         for (const auto* size : { "", "-small" }) {
-            shown->resize(*size ? shown->minimumSize() : QSize(650, 720));
+            shown->resize(*size ? smallest : QSize(650, 720));
             // All of the form at once.
             shown->resize(shown->width(), 4200);
             look(std::string("settings-") + provider + size);

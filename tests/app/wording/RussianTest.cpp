@@ -107,8 +107,8 @@ TEST_F(Russian, writesDatesAndCostsAsIsUsualThere)
     const QDateTime noon(QDate(2026, 5, 9), QTime(12, 0)); // wherever this test runs
     const auto may = Date::parse(noon.toUTC().toString(Qt::ISODate).toStdString());
     ASSERT_TRUE(may);
-    EXPECT_EQ(shownMoment(*may, locale, QDate(2026, 11, 21)), QStringLiteral("9 мая"));
-    EXPECT_EQ(shownMoment(*may, locale, QDate(2026, 5, 10)), QStringLiteral("Вчера"));
+    EXPECT_EQ(shownMoment(*may, locale, QDate(2026, 11, 21)), QStringLiteral("09.05.2026 12:00"));
+    EXPECT_EQ(shownMoment(*may, locale, QDate(2026, 5, 10)), QStringLiteral("Вчера 12:00"));
     EXPECT_EQ(shownCost(0.000412, locale),
         QStringLiteral("Стоимость по данным сервиса: 0,000412\u00a0$"));
 }

@@ -98,6 +98,8 @@ const struct {
     { "VeskoLinux/speech/", ".*", "of an exception; a user reads what safeMessage says of it" },
     { "VeskoApp/shell/KeyInstaller.cpp", ".*", "said to a script, which knows the line" },
     { "VeskoApp/shell/MenuRows.cpp", "(File|Edit)", "which menu a row belongs to" },
+    { "VeskoApp/views/library/NoteList.qml", "<.*", "HTML around what is found" },
+    { "VeskoApp/views/library/MatchBar.qml", ".*F3\\)?", "a key" },
     { "VeskoLinux/command/", ".*", "said on a terminal" },
     { "VeskoLinux/doctor/", ".*", "said on a terminal, and pasted into reports" },
     { "VeskoLinux/main.cpp", "(Status icon|Data folder)", "said on a terminal" },

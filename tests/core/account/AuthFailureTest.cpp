@@ -24,8 +24,6 @@ TEST(AuthFailure, HasANameForTheLogAndASentenceForTheUser)
             "Too many requests. Wait a few minutes and try again." },
         { AuthFailure::providerUnconfigured, "providerUnconfigured",
             "This sign-in method is not available yet. Choose another one." },
-        { AuthFailure::appleUnavailable, "appleUnavailable",
-            "Sign in with Apple is not available in this build. Use Google or email." },
         { AuthFailure::cancelled, "cancelled", "Sign-in was cancelled." },
         { AuthFailure::unauthorized, "unauthorized", "Your session has ended. Sign in again." },
         { AuthFailure::offline, "offline",

@@ -95,6 +95,36 @@ TEST(TextSearch, TellsTheDotlessIInTheLanguagesThatDo)
     EXPECT_TRUE(isFound("malmo", "Malmö", "sv")) << "an accent counts in no language";
 }
 
+TEST(TextSearch, FindsEachMatchOfAText)
+{
+    const struct {
+        const char* what;
+        std::string_view query, text;
+        std::vector<std::string> found;
+    } cases[] = {
+        { "none", "fern", "a tree", {} },
+        { "several, one behind the other", "an", "Banana", { "an", "an" } },
+        { "none within another", "aa", "aaaaa", { "aa", "aa" } },
+        { "case and accents", "uber", "Über uber", { "Über", "uber" } },
+        { "an accent of its own", "cafe", "a cafe\u0301.", { "cafe\u0301" } },
+        { "whole characters", "se", "Straße", { "ße" } },
+        { "no query", "", "a tree", {} },
+    };
+    for (const auto& [what, query, text, found] : cases) {
+        SCOPED_TRACE(what);
+        TextSearch search(query, "en");
+        std::vector<std::string> got;
+        std::size_t behind = 0;
+        while (const auto match = search.next(text, behind)) {
+            ASSERT_GE(match->begin, behind);
+            ASSERT_GT(match->end, match->begin);
+            got.emplace_back(text.substr(match->begin, match->end - match->begin));
+            behind = match->end;
+        }
+        EXPECT_EQ(got, found);
+    }
+}
+
 TEST(TextSearch, StaysWithinTextsThatAreNotUtf8)
 {
     for (const auto* text :

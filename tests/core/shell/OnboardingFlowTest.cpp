@@ -18,6 +18,14 @@ TEST(OnboardingFlow, HasFourStepsInTheirOrder)
         EXPECT_EQ(text(expected[i]), names[i]);
 }
 
+TEST(OnboardingFlow, HasNoStepForAccountsInABuildWithoutThem)
+{
+    const OnboardingFlow flow{ .hasAccounts = false };
+    EXPECT_EQ(flow.steps(), (std::vector{ welcome, howTo, permissions }));
+    EXPECT_EQ(flow.next(permissions), std::nullopt);
+    EXPECT_TRUE(flow.canFinish(permissions));
+}
+
 TEST(OnboardingFlow, StopsNowhereButAtARequiredAccount)
 {
     for (const bool required : { false, true })

@@ -302,18 +302,24 @@ def go_to_workspace(number):
     until(f"workspace {number} is shown", lambda: workspace() == number)
 
 
+def _number(told, label):
+    return int(told.partition(label + ":")[2].split()[0])
+
+
+def inner_place(window):
+    """x, y, width and height of the window without its frame."""
+    told = subprocess.run(["xwininfo", "-id", window], stdout=subprocess.PIPE, text=True,
+                          check=True).stdout
+    return tuple(_number(told, label) for label in ("Absolute upper-left X",
+                                                    "Absolute upper-left Y", "Width", "Height"))
+
+
 def frame_place(window):
     """x and y of the window with its frame, width and height of what is inside."""
     told = subprocess.run(["xwininfo", "-id", window, "-frame"], stdout=subprocess.PIPE, text=True,
                           check=True).stdout
-    inside = subprocess.run(["xwininfo", "-id", window], stdout=subprocess.PIPE, text=True,
-                            check=True).stdout
-
-    def number(text, label):
-        return int(text.partition(label + ":")[2].split()[0])
-
-    return (number(told, "Absolute upper-left X"), number(told, "Absolute upper-left Y"),
-            number(inside, "Width"), number(inside, "Height"))
+    return (_number(told, "Absolute upper-left X"), _number(told, "Absolute upper-left Y"),
+            *inner_place(window)[2:])
 
 
 def place(window, x, y, width, height):

@@ -19,6 +19,10 @@ def _head(kind, size):
 def _encoded(value):
     if isinstance(value, bool):
         return b"\xf5" if value else b"\xf4"
+    if isinstance(value, float):
+        return b"\xfb" + struct.pack(">d", value)
+    if isinstance(value, list):
+        return _head(4, len(value)) + b"".join(map(_encoded, value))
     if isinstance(value, bytes):
         return _head(2, len(value)) + value
     text = value.encode()
@@ -26,7 +30,7 @@ def _encoded(value):
 
 
 def write(**values):
-    """Replaces all settings by these texts, bytes and booleans."""
+    """Replaces all settings by these texts, bytes, booleans, and lists of numbers."""
     os.makedirs(os.path.dirname(path()), mode=0o700, exist_ok=True)
     with open(path(), "wb") as file:
         file.write(_head(5, len(values)) + b"".join(

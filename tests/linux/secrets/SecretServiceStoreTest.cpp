@@ -167,11 +167,21 @@ TEST_F(WithKeyring, refusesAValueThatIsNoUtf8)
     EXPECT_EQ(store.load("vesko-access"), std::nullopt);
 }
 
+std::string said(SecretServiceStore& store)
+{
+    try {
+        store.load("personal");
+    } catch (const KeychainFailure& failure) {
+        return failure.errorDescription();
+    }
+    return {};
+}
+
 TEST_F(WithKeyring, tellsALockedRingFromAMissingItem)
 {
     store.save("one", "personal");
     keyring.lock();
-    EXPECT_THROW(store.load("personal"), KeychainFailure);
+    EXPECT_EQ(said(store), KeychainFailure().errorDescription());
     EXPECT_THROW(store.save("two", "personal"), KeychainFailure);
     EXPECT_THROW(store.save("two", "vesko-access"), KeychainFailure);
     EXPECT_THROW(store.remove("personal"), KeychainFailure);
@@ -216,6 +226,7 @@ TEST_F(WithKeyring, givesUpOnAStoreThatDoesNotAnswer)
 void expectFailureOfEverything()
 {
     SecretServiceStore store;
+    EXPECT_EQ(said(store), KeychainFailure(KeychainFailure::absent).errorDescription());
     EXPECT_THROW(store.load("personal"), KeychainFailure);
     EXPECT_THROW(store.save("one", "personal"), KeychainFailure);
     EXPECT_THROW(store.remove("personal"), KeychainFailure);

@@ -1,0 +1,62 @@
+#!/usr/bin/python3
+"""Windows on a screen of 800 by 600: each opens with all of its frame on it, also when it is drawn
+larger, and when it was left on a screen that is gone."""
+
+import os
+import sys
+import unittest
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+
+from lib import cases, eyes, settings  # noqa: E402
+from lib.vesko import Vesko  # noqa: E402
+from lib.waiting import until  # noqa: E402
+
+SCREEN = (800, 600)
+
+
+class SmallScreen(unittest.TestCase):
+    def start(self, scene, scale="1", **stored):
+        settings.write(provider="apple", firstLaunchDone=True,
+                       onboardingCompleted=scene is not None, **stored)
+        environment = {"VESKO_DEMO_SCENE": scene} if scene else {}
+        vesko = Vesko(QT_SCALE_FACTOR=scale, **environment)
+        self.addCleanup(vesko.kill)
+        until("the window has the keyboard", lambda: eyes.active_pid() == vesko.process.pid)
+        self.addCleanup(settings.remove)
+        return vesko
+
+    def is_whole(self, what):
+        x, y, width, height = self.frame()
+        self.assertGreaterEqual(x, 0, what)
+        self.assertGreaterEqual(y, 0, what)
+        self.assertLessEqual(x + width, SCREEN[0], what)
+        self.assertLessEqual(y + height, SCREEN[1], what)
+
+    def frame(self):
+        """The active window with what its manager put around it, once that is there."""
+        window = eyes.active_window()
+        extents = until("the window has its frame", lambda: eyes.window_property(
+            window, "_NET_FRAME_EXTENTS"))
+        left, right, top, bottom = (int(number) for number in extents.split(","))
+        self.assertGreater(top, 0)
+        x, y, width, height = eyes.inner_place(window)
+        return x - left, y - top, width + left + right, height + top + bottom
+
+    def test_each_window_opens_whole(self):
+        for scene in (None, "note=0", "settings", "dictionary"):
+            for scale in ("1", "1.5"):
+                vesko = self.start(scene, scale)
+                self.is_whole(f"{scene} at {scale}")
+                vesko.kill()
+
+    def test_a_window_that_was_left_elsewhere_comes_onto_the_screen(self):
+        vesko = self.start("dictionary", frameVeskoDictionary=[2100.0, 500.0, 620.0, 540.0])
+        self.is_whole("dictionary")
+        x, _, width, _ = self.frame()
+        self.assertGreater(x + width, SCREEN[0] - 40)  # as near as can be
+        vesko.kill()
+
+
+if __name__ == "__main__":
+    cases.main()
