@@ -3,7 +3,6 @@
 #include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
-#include "VeskoCore/library/VeskoError.h"
 
 #include <QPointer>
 
