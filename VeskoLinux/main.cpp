@@ -149,8 +149,12 @@ int runApplication(
     // Quiet windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(argc, argv);
-    if (!claimed.get_future().get())
+    if (!claimed.get_future().get()) {
+        if (const auto& display = runningInstance.elsewhere(); !display.empty())
+            std::cerr << "vesko: Vesko is running already, on the display " << display
+                      << ", and shows its window there.\n";
         return 0;
+    }
     QGuiApplication::setApplicationName(QStringLiteral("vesko"));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.vesko.Vesko"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
