@@ -37,8 +37,8 @@ std::string Hotkeys::installShortcut()
     if (m_shortcut.install(combination(), [this] { trigger(); }))
         return {};
     return L10N_KEY("Vesko",
-        "Command Shift Space is unavailable. Use the floating button or choose another system "
-        "shortcut.");
+        "%1 is unavailable: another program has it. Use the floating button, or choose another "
+        "shortcut in the settings.");
 }
 
 void Hotkeys::trigger()

@@ -39,6 +39,7 @@ private:
     enum Row { microphone, speechRecognition, accessibility, inputMonitoring };
     bool allowed(Row row) const;
     Task<> askForMicrophone(Notify notify);
+    Task<> turnAccessibilityOn(Notify notify);
 
     Platform& m_platform;
     std::function<void()> m_restartFn;

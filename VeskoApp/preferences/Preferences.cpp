@@ -41,8 +41,11 @@ Preferences::Preferences(SettingsStore& store, Keychain& keychain, LoginItem& lo
     , translateTo(*this, "translateTo", "off")
     , fnEnabled(*this, "fnEnabled", true)
     , pasteEnabled(*this, "pasteEnabled", true)
+    , returnClipboard(*this, "returnClipboard", false)
     , showFloating(*this, "showFloating", true)
     , gestureKeyName(*this, "gestureKey", "")
+    , shortcut(*this, "shortcut", "")
+    , shortcutKeyName(*this, "shortcutKeyName", "")
 {
 }
 

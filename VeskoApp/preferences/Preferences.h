@@ -79,8 +79,11 @@ public:
     Setting<std::string> translateTo; // a tag, or "off"
     Setting<bool> fnEnabled;
     Setting<bool> pasteEnabled;
+    Setting<bool> returnClipboard; // what it held before a paste
     Setting<bool> showFloating;
     Setting<std::string> gestureKeyName; // empty until the user picks one
+    Setting<std::string> shortcut; // as ShortcutChoice writes it; empty for the default
+    Setting<std::string> shortcutKeyName; // what stands on its key
 
     // The key of the gesture: the user's choice, else Fn where the keyboard reports it, else Right
     // Control.

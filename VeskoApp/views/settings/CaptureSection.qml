@@ -14,14 +14,13 @@ Section {
         width: parent.width
         name: qsTranslate("Vesko", "Global shortcut")
 
-        Words {
-            text: qsTranslate("Vesko", "Command Shift Space")
-            color: Theme.quiet
+        ShortcutField {
+            choice: section.delegate.shortcut
         }
     }
     SettingNote {
         width: parent.width
-        text: section.status.shortcutMessage
+        text: section.delegate.shortcut.refusal || section.status.shortcutMessage
         color: Theme.alarm
     }
     SettingSwitch {
@@ -83,6 +82,18 @@ Section {
         text: qsTranslate("Vesko", "Paste dictation into the original field")
         value: section.preferences.pasteEnabled
         onSwitched: on => section.preferences.pasteEnabled = on
+    }
+    SettingSwitch {
+        width: parent.width
+        visible: section.preferences.pasteEnabled
+        text: qsTranslate("Vesko", "Give the clipboard back after a paste")
+        value: section.preferences.returnClipboard
+        onSwitched: on => section.preferences.returnClipboard = on
+    }
+    SettingNote {
+        width: parent.width
+        visible: section.preferences.pasteEnabled
+        text: qsTranslate("Vesko", "What you had copied before, up to 16 MB, is there again once the field shows the dictated text. Where that can't be seen, the dictated text stays on the clipboard.")
     }
     SettingNote {
         width: parent.width

@@ -5,9 +5,20 @@ import subprocess
 
 def read():
     """The clipboard's text, or None without one."""
-    done = subprocess.run(["xclip", "-selection", "clipboard", "-out", "-target", "UTF8_STRING"],
+    content = read_bytes("UTF8_STRING")
+    return None if content is None else content.decode()
+
+
+def read_bytes(form):
+    """The clipboard's content in that form, or None without one."""
+    done = subprocess.run(["xclip", "-selection", "clipboard", "-out", "-target", form],
                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=10)
-    return done.stdout.decode() if done.returncode == 0 else None
+    return done.stdout if done.returncode == 0 else None
+
+
+def write_bytes(content, form):
+    subprocess.run(["xclip", "-selection", "clipboard", "-target", form], input=content, check=True,
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
 def write(text):
