@@ -145,8 +145,12 @@ int runApplication(
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     LinuxSession::chooseWindowSystem();
     QGuiApplication application(argc, argv);
-    if (!claimed.get_future().get())
+    if (!claimed.get_future().get()) {
+        if (const auto& display = runningInstance.elsewhere(); !display.empty())
+            std::cerr << "vesko: Vesko is running already, on the display " << display
+                      << ", and shows its window there.\n";
         return 0;
+    }
     QGuiApplication::setApplicationName(QStringLiteral("vesko"));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.vesko.Vesko"));
     QGuiApplication::setQuitOnLastWindowClosed(false);

@@ -306,10 +306,14 @@ Task<> Capture::keepWithoutTranscription(Uuid recordingID, double duration, std:
 // Once the file is whole, the library says so.
 Task<LibrarySession::Outcome<void>> Capture::save(Uuid recordingID, double duration)
 {
+    const auto saving = m_saving.emplace();
     co_await m_audio.finished();
-    co_return co_await m_to.library.change([recordingID, duration](LibraryStore& store) {
+    auto outcome = co_await m_to.library.change([recordingID, duration](LibraryStore& store) {
         store.finishRecording(recordingID, duration);
     });
+    m_saving.reset();
+    saving.set(outcome.has_value());
+    co_return outcome;
 }
 
 void Capture::failed(std::string message)
@@ -355,6 +359,8 @@ Task<bool> Capture::prepareToQuit()
 {
     if (m_phase == Phase::preparing && m_opened)
         co_await giveUpStart();
+    if (m_saving)
+        co_return co_await *m_saving;
     if (m_phase != Phase::recording || !m_active)
         co_return true;
     const Uuid recordingID = m_active->recording.id;

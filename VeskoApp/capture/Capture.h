@@ -151,6 +151,8 @@ private:
     bool m_opened = false; // the microphone, in this start: it leaves traces from then on
     double m_begunAt = 0; // uptime of the first sound
     std::optional<CapturedRecording> m_active; // present while recording
+    std::optional<Eventual<bool>> m_saving; // whether what was recorded last is kept, while it is
+                                            // being saved
     Timer m_meter;
     FnGesture m_fn;
     TaskScope m_tasks;

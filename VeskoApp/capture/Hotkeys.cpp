@@ -16,8 +16,8 @@ constexpr double repeatDelay = 1.2; // seconds
 constexpr double commandDelay = 0.15; // seconds
 
 constexpr const char* noShortcut = L10N_KEY("Vesko",
-    "Command Shift Space is unavailable. Use the floating button or choose another system "
-    "shortcut.");
+    "%1 is unavailable: another program has it. Use the floating button, or choose another "
+    "shortcut in the settings.");
 
 } // namespace
 

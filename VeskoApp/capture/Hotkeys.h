@@ -30,8 +30,8 @@ public:
     std::function<void(const std::string&)> onShortcutLost;
     std::function<void()> onSendIntent; // Return: the user sends what stands in the field
 
-    // Installs both. Gives a warning, a key for the catalogues, if the shortcut could not be had;
-    // the gesture works all the same. Empty: all is well.
+    // Installs both. Gives a warning, a key for the catalogues with a place for the shortcut's
+    // name, if that could not be had; the gesture works all the same. Empty: all is well.
     std::string start();
     // Takes the shortcut anew: its combination has changed. The same warning.
     std::string installShortcut();

@@ -134,22 +134,22 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
     co_return std::vector<std::string>{};
 }
 
-Task<bool> FocusDestination::seemsPasted(
+Task<PasteProof> FocusDestination::lookForPaste(
     FocusedField& fields, EventClock& clock, std::string text) const
 {
     const double end = clock.uptime() + proofTime;
     for (;;) {
         const FieldReading now = co_await fields.read(pid);
         if (!tells(now))
-            co_return true;
+            co_return PasteProof::unknown;
         const bool changed
             = now.value != beforePaste->value || now.selection != beforePaste->selection;
         // What stands in a terminal is cut and framed by what runs in it.
         if (changed && (element->isTerminal() || showsPasted(*now.value, text)))
-            co_return true;
+            co_return PasteProof::seen;
         if (clock.uptime() >= end) {
             qCInfo(insertionLog, "paste_not_seen role=%s", shown(now.role));
-            co_return false;
+            co_return PasteProof::notSeen;
         }
         co_await sleepFor(clock, proofInterval);
     }

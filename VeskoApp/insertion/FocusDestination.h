@@ -10,6 +10,9 @@
 
 namespace vesko {
 
+// What a field shows of a paste: the text, for half a second not, or nothing can be said.
+enum class PasteProof : std::uint8_t { seen, notSeen, unknown };
+
 // The field in which a dictation was started: the only one that its text may be pasted into, and
 // only for two minutes. Taken once and never refreshed.
 struct FocusDestination {
@@ -33,10 +36,9 @@ struct FocusDestination {
     Task<std::vector<std::string>> attemptPaste(
         FocusedField& fields, PasteKeystroke& keystroke, const Clock& clock);
 
-    // After the keystroke: false if for half a second the field, as far as it can be read, doesn't
-    // show the text. True as soon as it does, or as nothing can be said: the field lost the focus,
-    // hides its text, or holds more than can be read.
-    Task<bool> seemsPasted(FocusedField& fields, EventClock& clock, std::string text) const;
+    // After the keystroke: looks until the field shows the text, or nothing can be said because it
+    // lost the focus, hides its text, or holds more than can be read.
+    Task<PasteProof> lookForPaste(FocusedField& fields, EventClock& clock, std::string text) const;
 
     // The field's text, if the field has the focus in the active window and is one whose text may
     // be watched: no password, and of 32,768 UTF-16 units at most.

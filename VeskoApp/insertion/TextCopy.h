@@ -15,6 +15,12 @@ public:
 
     // False, with the reason in the error line, if that failed.
     bool copy(const std::string& text);
+    // What is there before a copy, and what brings it back after one: see Clipboard.
+    Task<ClipboardContent> content() { return m_clipboard.content(); }
+    bool giveBack(const ClipboardContent& content, const std::string& insteadOf)
+    {
+        return m_clipboard.giveBack(content, insteadOf);
+    }
 
 private:
     Clipboard& m_clipboard;

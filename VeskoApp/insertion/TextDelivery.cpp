@@ -13,6 +13,9 @@ TextDelivery::TextDelivery(const Neighbours& neighbours)
 
 Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destination> destination)
 {
+    ClipboardContent before;
+    if (paste && destination && m_to.preferences.returnClipboard.get())
+        before = co_await m_to.clipboard.content();
     if (!m_to.clipboard.copy(text))
         co_return;
     std::vector<std::string> reasons;
@@ -36,18 +39,25 @@ Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destina
     if (m_to.preferences.learnCorrections.get())
         m_to.review.start(*field, text, onCorrections);
     m_proof.emplace();
-    m_proof->spawn(prove(std::move(*field), std::move(text)));
+    m_proof->spawn(prove(std::move(*field), std::move(text), std::move(before)));
 }
 
 // The dictation is over by then. Whatever has been said meanwhile stands.
-Task<> TextDelivery::prove(FocusDestination field, std::string text)
+Task<> TextDelivery::prove(FocusDestination field, std::string text, ClipboardContent before)
 {
     const std::string said = m_to.status.message();
-    const bool arrived = co_await field.seemsPasted(m_to.focusedField, m_to.clock, std::move(text));
-    if (m_to.status.message() == said)
-        m_to.status.setMessage(arrived
-                ? L10N_KEY("Vesko", "Copied. Paste sent to the original field.")
-                : pasteMessage({ "not_seen" }));
+    const auto proof = co_await field.lookForPaste(m_to.focusedField, m_to.clock, text);
+    // A program that shows the text has read the clipboard.
+    const bool gaveBack = proof == PasteProof::seen && m_to.clipboard.giveBack(before, text);
+    if (m_to.status.message() != said)
+        co_return;
+    if (gaveBack)
+        m_to.status.setMessage(L10N_KEY(
+            "Vesko", "Pasted into the original field. The clipboard holds what it held before."));
+    else if (proof == PasteProof::notSeen)
+        m_to.status.setMessage(pasteMessage({ "not_seen" }));
+    else
+        m_to.status.setMessage(L10N_KEY("Vesko", "Copied. Paste sent to the original field."));
 }
 
 } // namespace vesko

@@ -40,7 +40,7 @@ public:
     Task<> deliver(std::string text, bool paste, std::optional<Destination> destination);
 
 private:
-    Task<> prove(FocusDestination field, std::string text);
+    Task<> prove(FocusDestination field, std::string text, ClipboardContent before);
 
     Neighbours m_to;
     std::optional<TaskScope> m_proof; // of the last paste

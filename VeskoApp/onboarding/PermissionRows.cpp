@@ -25,7 +25,8 @@ constexpr std::array rowWords{
     RowWords{ L10N_KEY("Vesko", "Speech Recognition"),
         L10N_KEY("Vesko", "Apple on-device transcription.") },
     RowWords{ L10N_KEY("Vesko", "Accessibility"),
-        L10N_KEY("Vesko", "Pastes into the field you started in.") },
+        L10N_KEY("Vesko",
+            "Pastes into the field you started in. Vesko switches it on, and it stays on.") },
     RowWords{ L10N_KEY("Vesko", "Input Monitoring"),
         L10N_KEY("Vesko", "Notices the Fn key. Keystrokes are not saved.") },
 };
@@ -145,12 +146,9 @@ void PermissionRows::press(int row, const Notify& notify)
                 "Vesko", "Accessibility is on. Vesko can paste into the field you started in.")));
             break;
         }
-        m_platform.permissions.requestAccessibility();
-        notify(openSettings(SettingsPanel::accessibility,
-            translated(L10N_KEY("Vesko",
-                "Enable Vesko in Accessibility. If it is missing, add Vesko.app from your "
-                "Applications folder."))));
-        break;
+        m_platform.desktop.openSettings(SettingsPanel::accessibility);
+        m_tasks.spawn(turnAccessibilityOn(notify));
+        return;
     case inputMonitoring:
         if (!m_platform.offer.allKeys) {
             notify(shortcutAdvice(m_platform.offer));
@@ -170,6 +168,18 @@ void PermissionRows::press(int row, const Notify& notify)
     default:
         return;
     }
+    revise();
+}
+
+Task<> PermissionRows::turnAccessibilityOn(Notify notify)
+{
+    const bool done = co_await m_platform.permissions.requestAccessibility();
+    notify(done ? translated(L10N_KEY("Vesko",
+                      "Enable Vesko in Accessibility. If it is missing, add Vesko.app from your "
+                      "Applications folder."))
+                : translated(L10N_KEY("Vesko",
+                      "This desktop has no accessibility bus, so nothing was turned on. Install "
+                      "the package at-spi2-core, and start the session anew.")));
     revise();
 }
 

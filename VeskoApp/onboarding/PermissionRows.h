@@ -46,6 +46,7 @@ private:
     // there.
     QString openSettings(SettingsPanel panel, const QString& advice);
     Task<> askForMicrophone(Notify notify);
+    Task<> turnAccessibilityOn(Notify notify);
 
     Platform& m_platform;
     std::function<void()> m_restartFn;

@@ -57,6 +57,12 @@ public:
     virtual void stop() = 0;
 };
 
+// A key that can be part of a shortcut.
+struct NamedKey {
+    std::string place; // as in KeyCombination
+    std::string name; // what it types without modifiers, as a capital letter; empty if nothing
+};
+
 // The global shortcut. Main thread only.
 class GlobalShortcut {
 public:
@@ -67,6 +73,9 @@ public:
     // no other program can take.
     virtual bool install(const KeyCombination& combination, std::function<void()> onPressed) = 0;
     virtual void remove() = 0;
+    // The key with that number of the keyboard's, while no shortcut is installed. Nothing where
+    // this desktop makes no shortcut with it.
+    virtual std::optional<NamedKey> keyAt(std::uint32_t /*scanCode*/) const { return std::nullopt; }
 
     // The desktop took its time to say no: it is not to be had, although install() was true.
     std::function<void()> onRefused;

@@ -20,8 +20,9 @@ public:
     virtual void look() = 0;
     // Whether a microphone could really be opened, which is tried for a moment.
     virtual Task<bool> requestMicrophone() = 0;
-    // Turns accessibility on for the programs of this session.
-    virtual void requestAccessibility() = 0;
+    // Turns accessibility on for the programs of this desktop, which leaves it on. False if there
+    // is no accessibility bus to turn on.
+    virtual Task<bool> requestAccessibility() = 0;
 
     // What is seen may have changed.
     std::function<void()> onChanged;

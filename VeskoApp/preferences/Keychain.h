@@ -6,7 +6,6 @@
 #include "VeskoApp/platform/SecretStore.h"
 
 #include <expected>
-#include <functional>
 #include <map>
 #include <memory>
 #include <vector>

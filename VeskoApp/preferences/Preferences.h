@@ -79,8 +79,11 @@ public:
     Setting<std::string> translateTo; // a tag, or "off"
     Setting<bool> fnEnabled;
     Setting<bool> pasteEnabled;
+    Setting<bool> returnClipboard; // what it held before a paste
     Setting<bool> showFloating;
     Setting<std::string> gestureKeyName; // empty until the user picks one
+    Setting<std::string> shortcut; // as ShortcutChoice writes it; empty for the default
+    Setting<std::string> shortcutKeyName; // what stands on its key
     // What recognises speech on this machine: an engine's id, "command" or "server".
     Setting<std::string> engine;
     Setting<std::string> engineCommand; // a line of words, as in a shell

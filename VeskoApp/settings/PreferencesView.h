@@ -32,6 +32,7 @@ class PreferencesView : public QObject {
     Q_PROPERTY(bool showFloating READ showFloating WRITE setShowFloating NOTIFY changed)
     Q_PROPERTY(bool soundsEnabled READ soundsEnabled WRITE setSoundsEnabled NOTIFY changed)
     Q_PROPERTY(bool pasteEnabled READ pasteEnabled WRITE setPasteEnabled NOTIFY changed)
+    Q_PROPERTY(bool returnClipboard READ returnClipboard WRITE setReturnClipboard NOTIFY changed)
     Q_PROPERTY(
         bool dictionaryEnabled READ dictionaryEnabled WRITE setDictionaryEnabled NOTIFY changed)
     Q_PROPERTY(bool learnCorrections READ learnCorrections WRITE setLearnCorrections NOTIFY changed)
@@ -105,6 +106,8 @@ public:
     void setSoundsEnabled(bool on) { m_to.preferences.soundsEnabled.set(on); }
     bool pasteEnabled() const { return m_to.preferences.pasteEnabled.get(); }
     void setPasteEnabled(bool on) { m_to.preferences.pasteEnabled.set(on); }
+    bool returnClipboard() const { return m_to.preferences.returnClipboard.get(); }
+    void setReturnClipboard(bool on) { m_to.preferences.returnClipboard.set(on); }
     bool dictionaryEnabled() const { return m_to.preferences.dictionaryEnabled.get(); }
     void setDictionaryEnabled(bool on) { m_to.preferences.dictionaryEnabled.set(on); }
     bool learnCorrections() const { return m_to.preferences.learnCorrections.get(); }

@@ -29,6 +29,7 @@ AppDelegate::AppDelegate(Platform& platform, AppModel& model)
     : m_platform(platform)
     , m_model(model)
     , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
+    , m_shortcut({ platform.shortcut, m_hotkeys, model.preferences(), model.status() })
     , m_windows(platform)
     , m_captureControl(platform, model.capture(), model.library(), model.status())
     , m_remote(platform.remoteControl, platform.clock, remoteProgram())
@@ -50,17 +51,22 @@ void AppDelegate::launch(bool background, const Demo& demo)
     setupStatusItem();
     observeStatusIcon();
     wireHotkeys();
+    m_captureControl.shortcutWords = [this] { return m_shortcut.words(); };
+    connect(
+        &m_shortcut, &ShortcutChoice::changed, &m_captureControl, &CaptureControl::stateChanged);
     m_platform.runningInstance.onActivate = [this] { applicationShouldHandleReopen(); };
     m_platform.runningInstance.onOpen
         = [this](const auto& addresses) { m_model.openAddresses(addresses); };
     m_platform.session.onSleep = m_platform.session.onEnd
         = [this](SessionState::Done done) { whenSafe([done](bool) { done(); }); };
-    m_hotkeys.onShortcutLost
-        = [this](const std::string& warning) { m_model.status().setShortcutMessage(warning); };
+    m_hotkeys.onShortcutLost = [this](const std::string& warning) { m_shortcut.tell(warning); };
     const auto warning = m_hotkeys.start();
     const auto advice = shortcutAdvice(m_platform.offer).toStdString();
     const bool commanded = m_platform.settings.get<bool>(commandedKey).value_or(false);
-    m_model.status().setShortcutMessage(advice.empty() ? warning : commanded ? "" : advice);
+    if (advice.empty())
+        m_shortcut.tell(warning);
+    else
+        m_model.status().setShortcutMessage(commanded ? "" : advice);
     for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
         connect(&m_model.library(), changed, this, &AppDelegate::showCaptureControl,
             Qt::QueuedConnection);
@@ -124,8 +130,11 @@ void AppDelegate::observeActivation()
 {
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
         [this](Qt::ApplicationState state) {
-            if (state == Qt::ApplicationActive)
-                m_model.preferences().refresh();
+            if (state != Qt::ApplicationActive)
+                return;
+            m_model.preferences().refresh();
+            if (m_platform.offer.shortcut == SessionOffer::Shortcut::own)
+                m_shortcut.retry();
         });
 }
 
@@ -238,11 +247,12 @@ void AppDelegate::checkStatusIcon()
 void AppDelegate::wireHotkeys()
 {
     m_hotkeys.onTrigger = [this] { m_model.capture().toggleDictation(); };
-    m_hotkeys.fnEnabled = [this] { return m_model.preferences().fnEnabled.get(); };
+    m_hotkeys.fnEnabled
+        = [this] { return m_model.preferences().fnEnabled.get() && !m_shortcut.listening(); };
     m_hotkeys.isRecording = [this] { return m_model.capture().isRecording(); };
     m_hotkeys.canStart = [this] { return canStart(); };
     m_hotkeys.gestureKey = [this] { return m_gestureKey; };
-    m_hotkeys.combination = [] { return KeyCombination{}; };
+    m_hotkeys.combination = [this] { return m_shortcut.combination(); };
     m_hotkeys.isLocked = [this] { return m_platform.session.locked(); };
     m_hotkeys.onFnAction = [this](FnShortcutAction action) { m_model.capture().handleFn(action); };
     m_hotkeys.onFnTap = [this] { m_model.capture().fnTapped(); };

@@ -2,6 +2,7 @@
 
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/capture/Hotkeys.h"
+#include "VeskoApp/capture/ShortcutChoice.h"
 #include "VeskoApp/onboarding/PermissionRows.h"
 #include "VeskoApp/shell/AppModel.h"
 #include "VeskoApp/shell/AppWindows.h"
@@ -28,6 +29,7 @@ class AppDelegate : public QObject {
     Q_PROPERTY(QVariantList menu READ menu CONSTANT)
     // Version, build and licence, line by line.
     Q_PROPERTY(QString about READ about CONSTANT)
+    Q_PROPERTY(QObject* shortcut READ shortcut CONSTANT)
     // The desktop has no place for the status icon, or none that can be seen.
     Q_PROPERTY(bool statusIconHidden READ statusIconHidden NOTIFY statusIconHiddenChanged)
 
@@ -74,6 +76,7 @@ public:
     bool reduceMotion() const { return m_platform.appearance.reduceMotion(); }
     bool statusIconHidden() const { return m_statusIconHidden; }
     bool highContrast() const { return m_platform.appearance.highContrast(); }
+    ShortcutChoice* shortcut() { return &m_shortcut; }
     AppWindows& windows() { return m_windows; }
     CaptureControl& captureControl() { return m_captureControl; }
     // Nothing is read of the permissions before somebody wants to know.
@@ -122,6 +125,7 @@ private:
     Platform& m_platform;
     AppModel& m_model;
     Hotkeys m_hotkeys;
+    ShortcutChoice m_shortcut;
     std::optional<PermissionRows> m_permissions;
     AppWindows m_windows; // goes before what its windows show
     CaptureControl m_captureControl;

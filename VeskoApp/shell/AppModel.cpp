@@ -103,7 +103,7 @@ Task<> AppModel::start(LibrarySession::Opening open)
 {
     m_library.expect();
     if (m_platform.settings.empty()
-        || m_platform.settings.get<bool>(firstLaunchDone).value_or(true) == false)
+        || !m_platform.settings.get<bool>(firstLaunchDone).value_or(true))
         m_tasks.spawn(chooseFirstProvider());
     if (!co_await m_library.open(std::move(open)))
         co_return;

@@ -161,9 +161,10 @@ QString CaptureControl::help() const
         return translated(
             L10N_KEY("Vesko", "Click once to stop. Drag to move. Right-click for the menu."));
     if (m_capture.phase() == Phase::idle)
-        return translated(L10N_KEY("Vesko",
-            "Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift "
-            "Space"));
+        return translated(
+            L10N_KEY("Vesko",
+                "Click once to record. Drag to move. Right-click for the menu. Shortcut: %1"))
+            .arg(shortcutWords());
     return {};
 }
 

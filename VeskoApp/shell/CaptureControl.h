@@ -59,6 +59,8 @@ public:
     Q_INVOKABLE void dismissNews() { tell({}); }
     // Where the pointer is now.
     std::function<QPointF()> pointer;
+    // What the shortcut is called.
+    std::function<QString()> shortcutWords = [] { return QString(); };
     // Cuts the window to what can be seen of it, in rectangles with "x", "y", "width", "height" and
     // "radius": clicks beside these go to what lies below.
     Q_INVOKABLE void cut(const QVariantList& shapes);

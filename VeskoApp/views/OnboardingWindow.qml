@@ -9,6 +9,7 @@ VeskoWindow {
 
     required property var onboarding
     required property var signIn
+    required property var status
 
     title: qsTranslate("Vesko", "Welcome to Vesko")
     width: 640
@@ -66,6 +67,8 @@ VeskoWindow {
                 width: parent.width
                 visible: steps.shown === "howTo"
                 gestureKey: window.onboarding.gestureKey
+                shortcut: window.delegate.shortcut
+                status: window.status
             }
             Column {
                 width: parent.width

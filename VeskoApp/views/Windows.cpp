@@ -148,6 +148,7 @@ std::unique_ptr<QWindow> makeOnboarding(QQmlEngine& engine, QVariantMap properti
     QObject::connect(
         &accounts, &AccountStore::stateChanged, view.get(), &OnboardingView::accountChanged);
     properties.insert(QStringLiteral("signIn"), handed(*new SignInChoices(accounts, view.get())));
+    properties.insert(QStringLiteral("status"), handed(model.status()));
     return make(engine, QStringLiteral("OnboardingWindow"), properties,
         QStringLiteral("onboarding"), std::move(view));
 }

@@ -149,10 +149,6 @@
         <translation>Ihre Stimme, ganz bei Ihnen</translation>
     </message>
     <message>
-        <source>Fn or ⌘ ⇧ Space to dictate</source>
-        <translation>Super+Umschalt+Leertaste zum Diktieren</translation>
-    </message>
-    <message>
         <source>Library</source>
         <translation>Bibliothek</translation>
     </message>
@@ -359,14 +355,6 @@
     <message>
         <source>Recording keeps going hands-free. Tap Fn again to finish.</source>
         <translation>Die Aufnahme läuft freihändig weiter. Tippen Sie die Taste zum Beenden noch einmal an.</translation>
-    </message>
-    <message>
-        <source>Command Shift Space</source>
-        <translation>Super+Umschalt+Leertaste</translation>
-    </message>
-    <message>
-        <source>Or press Command Shift Space</source>
-        <translation>Oder Super+Umschalt+Leertaste drücken</translation>
     </message>
     <message>
         <source>Works the same way when Fn is busy.</source>
@@ -1136,10 +1124,6 @@
         <translation>Das Mikrofon ließ sich nicht starten. Prüfen Sie den Toneingang und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
-        <source>Command Shift Space is unavailable. Use the floating button or choose another system shortcut.</source>
-        <translation>Super+Umschalt+Leertaste ist nicht verfügbar. Verwenden Sie den schwebenden Knopf oder wählen Sie ein anderes Tastenkürzel des Systems.</translation>
-    </message>
-    <message>
         <source>The network is unavailable. Your recording is saved. Reconnect and retry.</source>
         <translation>Das Netz ist nicht verfügbar. Ihre Aufnahme ist gesichert. Stellen Sie die Verbindung wieder her und versuchen Sie es noch einmal.</translation>
     </message>
@@ -1434,10 +1418,6 @@
         <translation>Barrierefreiheit</translation>
     </message>
     <message>
-        <source>Pastes into the field you started in.</source>
-        <translation>Fügt in das Feld ein, in dem Sie begonnen haben.</translation>
-    </message>
-    <message>
         <source>Input Monitoring</source>
         <translation>Tastatur</translation>
     </message>
@@ -1467,7 +1447,7 @@
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>
-        <translation>Vesko achtet auf die Tastatur, wo der Desktop das Programmen erlaubt. Wählen Sie eine andere Diktiertaste, wenn Ihr Desktop diese verwendet. Super+Umschalt+Leertaste geht weiterhin.</translation>
+        <translation>Vesko achtet auf die Tastatur, wo der Desktop das Programmen erlaubt. Wählen Sie eine andere Diktiertaste, wenn Ihr Desktop diese verwendet. Das Tastenkürzel geht weiterhin.</translation>
     </message>
     <message>
         <source>Microphone access is ready</source>
@@ -1580,10 +1560,6 @@
     <message>
         <source>Click once to stop. Drag to move. Right-click for the menu.</source>
         <translation>Einmal klicken beendet. Ziehen verschiebt. Rechtsklick für das Menü.</translation>
-    </message>
-    <message>
-        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift Space</source>
-        <translation>Einmal klicken nimmt auf. Ziehen verschiebt. Rechtsklick für das Menü. Tastenkürzel: Super+Umschalt+Leertaste</translation>
     </message>
     <message>
         <source>Dictionary…</source>
@@ -1819,6 +1795,86 @@
     <message>
         <source>MIT License</source>
         <translation>MIT-Lizenz</translation>
+    </message>
+    <message>
+        <source>%1 to dictate</source>
+        <translation>%1 zum Diktieren</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Or press %1</source>
+        <translation>Oder %1 drücken</translation>
+    </message>
+    <message>
+        <source>Give the clipboard back after a paste</source>
+        <translation>Zwischenablage nach dem Einfügen zurückgeben</translation>
+    </message>
+    <message>
+        <source>What you had copied before, up to 16 MB, is there again once the field shows the dictated text. Where that can&apos;t be seen, the dictated text stays on the clipboard.</source>
+        <translation>Was Sie vorher kopiert hatten, bis 16 MB, ist wieder da, sobald das Feld den diktierten Text zeigt. Wo das nicht zu sehen ist, bleibt der diktierte Text in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>Pasted into the original field. The clipboard holds what it held before.</source>
+        <translation>In das ursprüngliche Feld eingefügt. Die Zwischenablage enthält wieder, was vorher darin war.</translation>
+    </message>
+    <message>
+        <source>%1 is unavailable: another program has it. Use the floating button, or choose another shortcut in the settings.</source>
+        <translation>%1 ist nicht verfügbar: Ein anderes Programm hat es belegt. Verwenden Sie den schwebenden Knopf oder wählen Sie in den Einstellungen ein anderes Tastenkürzel.</translation>
+    </message>
+    <message>
+        <source>Global shortcut: %1</source>
+        <translation>Globales Tastenkürzel: %1</translation>
+    </message>
+    <message>
+        <source>Press the new shortcut…</source>
+        <translation>Neues Tastenkürzel drücken…</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be had: another program has it. Choose another shortcut.</source>
+        <translation>%1 ist nicht zu haben: Ein anderes Programm hat es belegt. Wählen Sie ein anderes Tastenkürzel.</translation>
+    </message>
+    <message>
+        <source>%1 is what text is pasted with, by Vesko too. Choose another shortcut.</source>
+        <translation>Mit %1 wird Text eingefügt, auch von Vesko. Wählen Sie ein anderes Tastenkürzel.</translation>
+    </message>
+    <message>
+        <source>%1 is typed with. A shortcut needs Ctrl, Alt or Super.</source>
+        <translation>%1 wird zum Schreiben gebraucht. Ein Tastenkürzel braucht Strg, Alt oder Super.</translation>
+    </message>
+    <message>
+        <source>No shortcut can be made with this key.</source>
+        <translation>Mit dieser Taste lässt sich kein Tastenkürzel bilden.</translation>
+    </message>
+    <message>
+        <source>Pastes into the field you started in. Vesko switches it on, and it stays on.</source>
+        <translation>Fügt in das Feld ein, in dem Sie begonnen haben. Vesko schaltet sie ein, und sie bleibt eingeschaltet.</translation>
+    </message>
+    <message>
+        <source>This desktop has no accessibility bus, so nothing was turned on. Install the package at-spi2-core, and start the session anew.</source>
+        <translation>Dieser Desktop hat keinen Barrierefreiheits-Bus, daher wurde nichts eingeschaltet. Installieren Sie das Paket at-spi2-core und beginnen Sie die Sitzung neu.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>
+        <translation>Einmal klicken nimmt auf. Ziehen verschiebt. Rechtsklick für das Menü. Tastenkürzel: %1</translation>
     </message>
 </context>
 </TS>

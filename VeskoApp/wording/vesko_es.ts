@@ -149,10 +149,6 @@
         <translation>Su voz, siempre cerca</translation>
     </message>
     <message>
-        <source>Fn or ⌘ ⇧ Space to dictate</source>
-        <translation>Super+Mayús+Espacio para dictar</translation>
-    </message>
-    <message>
         <source>Library</source>
         <translation>Biblioteca</translation>
     </message>
@@ -359,14 +355,6 @@
     <message>
         <source>Recording keeps going hands-free. Tap Fn again to finish.</source>
         <translation>La grabación sigue sin manos. Toque la tecla otra vez para terminar.</translation>
-    </message>
-    <message>
-        <source>Command Shift Space</source>
-        <translation>Super+Mayús+Espacio</translation>
-    </message>
-    <message>
-        <source>Or press Command Shift Space</source>
-        <translation>O pulse Super+Mayús+Espacio</translation>
     </message>
     <message>
         <source>Works the same way when Fn is busy.</source>
@@ -1136,10 +1124,6 @@
         <translation>No se pudo iniciar el micrófono. Compruebe la entrada de audio e inténtelo de nuevo.</translation>
     </message>
     <message>
-        <source>Command Shift Space is unavailable. Use the floating button or choose another system shortcut.</source>
-        <translation>Super+Mayús+Espacio no está disponible. Use el botón flotante o elija otro atajo del sistema.</translation>
-    </message>
-    <message>
         <source>The network is unavailable. Your recording is saved. Reconnect and retry.</source>
         <translation>La red no está disponible. Su grabación está guardada. Vuelva a conectarse e inténtelo de nuevo.</translation>
     </message>
@@ -1434,10 +1418,6 @@
         <translation>Accesibilidad</translation>
     </message>
     <message>
-        <source>Pastes into the field you started in.</source>
-        <translation>Pega en el campo en el que empezó.</translation>
-    </message>
-    <message>
         <source>Input Monitoring</source>
         <translation>Teclado</translation>
     </message>
@@ -1467,7 +1447,7 @@
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>
-        <translation>Vesko vigila el teclado donde el escritorio lo permite a los programas. Elija otra tecla de dictado si su escritorio usa esta. Super+Mayús+Espacio sigue disponible.</translation>
+        <translation>Vesko vigila el teclado donde el escritorio lo permite a los programas. Elija otra tecla de dictado si su escritorio usa esta. El atajo sigue disponible.</translation>
     </message>
     <message>
         <source>Microphone access is ready</source>
@@ -1580,10 +1560,6 @@
     <message>
         <source>Click once to stop. Drag to move. Right-click for the menu.</source>
         <translation>Un clic para terminar. Arrastre para mover. Clic derecho para el menú.</translation>
-    </message>
-    <message>
-        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift Space</source>
-        <translation>Un clic para grabar. Arrastre para mover. Clic derecho para el menú. Atajo: Super+Mayús+Espacio</translation>
     </message>
     <message>
         <source>Dictionary…</source>
@@ -1819,6 +1795,86 @@
     <message>
         <source>MIT License</source>
         <translation>Licencia MIT</translation>
+    </message>
+    <message>
+        <source>%1 to dictate</source>
+        <translation>%1 para dictar</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espacio</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Mayús</translation>
+    </message>
+    <message>
+        <source>Or press %1</source>
+        <translation>O pulse %1</translation>
+    </message>
+    <message>
+        <source>Give the clipboard back after a paste</source>
+        <translation>Devolver el portapapeles tras pegar</translation>
+    </message>
+    <message>
+        <source>What you had copied before, up to 16 MB, is there again once the field shows the dictated text. Where that can&apos;t be seen, the dictated text stays on the clipboard.</source>
+        <translation>Lo que había copiado antes, hasta 16 MB, vuelve en cuanto el campo muestra el texto dictado. Donde no se puede ver, el texto dictado queda en el portapapeles.</translation>
+    </message>
+    <message>
+        <source>Pasted into the original field. The clipboard holds what it held before.</source>
+        <translation>Pegado en el campo original. El portapapeles contiene lo que contenía antes.</translation>
+    </message>
+    <message>
+        <source>%1 is unavailable: another program has it. Use the floating button, or choose another shortcut in the settings.</source>
+        <translation>%1 no está disponible: lo tiene otro programa. Use el botón flotante o elija otro atajo en los ajustes.</translation>
+    </message>
+    <message>
+        <source>Global shortcut: %1</source>
+        <translation>Atajo global: %1</translation>
+    </message>
+    <message>
+        <source>Press the new shortcut…</source>
+        <translation>Pulse el nuevo atajo…</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be had: another program has it. Choose another shortcut.</source>
+        <translation>%1 no está libre: lo tiene otro programa. Elija otro atajo.</translation>
+    </message>
+    <message>
+        <source>%1 is what text is pasted with, by Vesko too. Choose another shortcut.</source>
+        <translation>Con %1 se pega texto, también Vesko. Elija otro atajo.</translation>
+    </message>
+    <message>
+        <source>%1 is typed with. A shortcut needs Ctrl, Alt or Super.</source>
+        <translation>%1 se usa para escribir. Un atajo necesita Ctrl, Alt o Super.</translation>
+    </message>
+    <message>
+        <source>No shortcut can be made with this key.</source>
+        <translation>Con esta tecla no se puede formar un atajo.</translation>
+    </message>
+    <message>
+        <source>Pastes into the field you started in. Vesko switches it on, and it stays on.</source>
+        <translation>Pega en el campo en el que empezó. Vesko la activa y queda activada.</translation>
+    </message>
+    <message>
+        <source>This desktop has no accessibility bus, so nothing was turned on. Install the package at-spi2-core, and start the session anew.</source>
+        <translation>Este escritorio no tiene bus de accesibilidad, así que no se ha activado nada. Instale el paquete at-spi2-core y vuelva a iniciar la sesión.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>
+        <translation>Un clic para grabar. Arrastre para mover. Clic derecho para el menú. Atajo: %1</translation>
     </message>
 </context>
 </TS>

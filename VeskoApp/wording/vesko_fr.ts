@@ -149,10 +149,6 @@
         <translation>Votre voix, tout près de vous</translation>
     </message>
     <message>
-        <source>Fn or ⌘ ⇧ Space to dictate</source>
-        <translation>Super+Maj+Espace pour dicter</translation>
-    </message>
-    <message>
         <source>Library</source>
         <translation>Bibliothèque</translation>
     </message>
@@ -359,14 +355,6 @@
     <message>
         <source>Recording keeps going hands-free. Tap Fn again to finish.</source>
         <translation>L’enregistrement continue mains libres. Appuyez de nouveau brièvement pour terminer.</translation>
-    </message>
-    <message>
-        <source>Command Shift Space</source>
-        <translation>Super+Maj+Espace</translation>
-    </message>
-    <message>
-        <source>Or press Command Shift Space</source>
-        <translation>Ou appuyez sur Super+Maj+Espace</translation>
     </message>
     <message>
         <source>Works the same way when Fn is busy.</source>
@@ -1136,10 +1124,6 @@
         <translation>Le micro n’a pas pu démarrer. Vérifiez l’entrée audio et réessayez.</translation>
     </message>
     <message>
-        <source>Command Shift Space is unavailable. Use the floating button or choose another system shortcut.</source>
-        <translation>Super+Maj+Espace n’est pas disponible. Utilisez le bouton flottant ou choisissez un autre raccourci du système.</translation>
-    </message>
-    <message>
         <source>The network is unavailable. Your recording is saved. Reconnect and retry.</source>
         <translation>Le réseau n’est pas disponible. Votre enregistrement est conservé. Rétablissez la connexion et réessayez.</translation>
     </message>
@@ -1434,10 +1418,6 @@
         <translation>Accessibilité</translation>
     </message>
     <message>
-        <source>Pastes into the field you started in.</source>
-        <translation>Colle dans le champ où vous avez commencé.</translation>
-    </message>
-    <message>
         <source>Input Monitoring</source>
         <translation>Clavier</translation>
     </message>
@@ -1467,7 +1447,7 @@
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>
-        <translation>Vesko surveille le clavier là où le bureau le permet aux programmes. Choisissez une autre touche de dictée si votre bureau utilise celle-ci. Super+Maj+Espace reste disponible.</translation>
+        <translation>Vesko surveille le clavier là où le bureau le permet aux programmes. Choisissez une autre touche de dictée si votre bureau utilise celle-ci. Le raccourci reste disponible.</translation>
     </message>
     <message>
         <source>Microphone access is ready</source>
@@ -1580,10 +1560,6 @@
     <message>
         <source>Click once to stop. Drag to move. Right-click for the menu.</source>
         <translation>Un clic pour terminer. Glissez pour déplacer. Clic droit pour le menu.</translation>
-    </message>
-    <message>
-        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift Space</source>
-        <translation>Un clic pour enregistrer. Glissez pour déplacer. Clic droit pour le menu. Raccourci : Super+Maj+Espace</translation>
     </message>
     <message>
         <source>Dictionary…</source>
@@ -1819,6 +1795,86 @@
     <message>
         <source>MIT License</source>
         <translation>Licence MIT</translation>
+    </message>
+    <message>
+        <source>%1 to dictate</source>
+        <translation>%1 pour dicter</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espace</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Maj</translation>
+    </message>
+    <message>
+        <source>Or press %1</source>
+        <translation>Ou appuyez sur %1</translation>
+    </message>
+    <message>
+        <source>Give the clipboard back after a paste</source>
+        <translation>Rendre le presse-papiers après le collage</translation>
+    </message>
+    <message>
+        <source>What you had copied before, up to 16 MB, is there again once the field shows the dictated text. Where that can&apos;t be seen, the dictated text stays on the clipboard.</source>
+        <translation>Ce que vous aviez copié, jusqu’à 16 Mo, revient dès que le champ affiche le texte dicté. Là où cela ne se voit pas, le texte dicté reste dans le presse-papiers.</translation>
+    </message>
+    <message>
+        <source>Pasted into the original field. The clipboard holds what it held before.</source>
+        <translation>Collé dans le champ d’origine. Le presse-papiers contient de nouveau ce qu’il contenait.</translation>
+    </message>
+    <message>
+        <source>%1 is unavailable: another program has it. Use the floating button, or choose another shortcut in the settings.</source>
+        <translation>%1 n’est pas disponible : un autre programme l’utilise. Utilisez le bouton flottant ou choisissez un autre raccourci dans les réglages.</translation>
+    </message>
+    <message>
+        <source>Global shortcut: %1</source>
+        <translation>Raccourci global : %1</translation>
+    </message>
+    <message>
+        <source>Press the new shortcut…</source>
+        <translation>Appuyez sur le nouveau raccourci…</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be had: another program has it. Choose another shortcut.</source>
+        <translation>%1 n’est pas libre : un autre programme l’utilise. Choisissez un autre raccourci.</translation>
+    </message>
+    <message>
+        <source>%1 is what text is pasted with, by Vesko too. Choose another shortcut.</source>
+        <translation>%1 sert à coller du texte, à Vesko aussi. Choisissez un autre raccourci.</translation>
+    </message>
+    <message>
+        <source>%1 is typed with. A shortcut needs Ctrl, Alt or Super.</source>
+        <translation>%1 sert à écrire. Un raccourci demande Ctrl, Alt ou Super.</translation>
+    </message>
+    <message>
+        <source>No shortcut can be made with this key.</source>
+        <translation>Cette touche ne peut pas servir de raccourci.</translation>
+    </message>
+    <message>
+        <source>Pastes into the field you started in. Vesko switches it on, and it stays on.</source>
+        <translation>Colle dans le champ où vous avez commencé. Vesko l’active, et elle le reste.</translation>
+    </message>
+    <message>
+        <source>This desktop has no accessibility bus, so nothing was turned on. Install the package at-spi2-core, and start the session anew.</source>
+        <translation>Ce bureau n’a pas de bus d’accessibilité, rien n’a donc été activé. Installez le paquet at-spi2-core et relancez la session.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>
+        <translation>Un clic pour enregistrer. Glissez pour déplacer. Clic droit pour le menu. Raccourci : %1</translation>
     </message>
 </context>
 </TS>

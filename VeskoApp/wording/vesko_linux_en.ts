@@ -16,10 +16,6 @@
         <translation>Allow the microphone for Vesko in your desktop's settings, then try again.</translation>
     </message>
     <message>
-        <source>Command Shift Space is unavailable. Use the floating button or choose another system shortcut.</source>
-        <translation>Super+Shift+Space is unavailable. Use the floating button or choose another system shortcut.</translation>
-    </message>
-    <message>
         <source>Allow Speech Recognition for Vesko in System Settings, or choose OpenRouter.</source>
         <translation>Allow speech recognition for Vesko in your desktop's settings, or choose OpenRouter.</translation>
     </message>
@@ -94,14 +90,6 @@
     <message>
         <source>Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. Paste it with Command V.</source>
         <translation>Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. Paste it with Ctrl+V.</translation>
-    </message>
-    <message>
-        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift Space</source>
-        <translation>Click once to record. Drag to move. Right-click for the menu. Shortcut: Super+Shift+Space</translation>
-    </message>
-    <message>
-        <source>Command Shift Space</source>
-        <translation>Super+Shift+Space</translation>
     </message>
     <message>
         <source>Uses on-device speech only when this language is supported. Automatic uses your Mac's language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.</source>
@@ -180,10 +168,6 @@
         <translation>Opens Google in your browser</translation>
     </message>
     <message>
-        <source>Fn or ⌘ ⇧ Space to dictate</source>
-        <translation>Super+Shift+Space to dictate</translation>
-    </message>
-    <message>
         <source>Record your voice or start a text note. Your originals stay on this Mac.</source>
         <translation>Record your voice or start a text note. Your originals stay on this computer.</translation>
     </message>
@@ -233,7 +217,7 @@
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>
-        <translation>Vesko watches the keyboard where the desktop lets programs do so. Choose another dictation key if your desktop uses this one. Super+Shift+Space remains available.</translation>
+        <translation>Vesko watches the keyboard where the desktop lets programs do so. Choose another dictation key if your desktop uses this one. The shortcut remains available.</translation>
     </message>
     <message>
         <source>Every original recording stays on this Mac. Retry any transcription.</source>
@@ -250,10 +234,6 @@
     <message>
         <source>Recording keeps going hands-free. Tap Fn again to finish.</source>
         <translation>Recording keeps going hands-free. Tap the key again to finish.</translation>
-    </message>
-    <message>
-        <source>Or press Command Shift Space</source>
-        <translation>Or press Super+Shift+Space</translation>
     </message>
     <message>
         <source>Works the same way when Fn is busy.</source>

@@ -148,10 +148,6 @@
         <translation>Ваш голос всегда рядом</translation>
     </message>
     <message>
-        <source>Fn or ⌘ ⇧ Space to dictate</source>
-        <translation>Super+Shift+Пробел — диктовка</translation>
-    </message>
-    <message>
         <source>Library</source>
         <translation>Библиотека</translation>
     </message>
@@ -358,14 +354,6 @@
     <message>
         <source>Recording keeps going hands-free. Tap Fn again to finish.</source>
         <translation>Запись идёт, а руки свободны. Нажмите клавишу ещё раз, чтобы закончить.</translation>
-    </message>
-    <message>
-        <source>Command Shift Space</source>
-        <translation>Super+Shift+Пробел</translation>
-    </message>
-    <message>
-        <source>Or press Command Shift Space</source>
-        <translation>Или нажмите Super+Shift+Пробел</translation>
     </message>
     <message>
         <source>Works the same way when Fn is busy.</source>
@@ -1140,10 +1128,6 @@
         <translation>Не удалось включить микрофон. Проверьте источник звука и попробуйте ещё раз.</translation>
     </message>
     <message>
-        <source>Command Shift Space is unavailable. Use the floating button or choose another system shortcut.</source>
-        <translation>Сочетание Super+Shift+Пробел недоступно. Используйте плавающую кнопку или выберите другое сочетание клавиш.</translation>
-    </message>
-    <message>
         <source>The network is unavailable. Your recording is saved. Reconnect and retry.</source>
         <translation>Сеть недоступна. Ваша запись сохранена. Подключитесь и повторите попытку.</translation>
     </message>
@@ -1412,10 +1396,6 @@
         <translation>Специальные возможности</translation>
     </message>
     <message>
-        <source>Pastes into the field you started in.</source>
-        <translation>Вставка в поле, с которого вы начали.</translation>
-    </message>
-    <message>
         <source>Input Monitoring</source>
         <translation>Клавиатура</translation>
     </message>
@@ -1445,7 +1425,7 @@
     </message>
     <message>
         <source>Enable Vesko in Input Monitoring. If it is missing, use the + button and select Vesko.app. If macOS asks, choose Quit &amp; Reopen. Command Shift Space remains available.</source>
-        <translation>Vesko следит за клавиатурой, если рабочий стол это позволяет. Если рабочий стол сам использует эту клавишу, выберите другую клавишу диктовки. Сочетание Super+Shift+Пробел остаётся доступным.</translation>
+        <translation>Vesko следит за клавиатурой, если рабочий стол это позволяет. Если рабочий стол сам использует эту клавишу, выберите другую клавишу диктовки. Сочетание клавиш остаётся доступным.</translation>
     </message>
     <message>
         <source>Microphone access is ready</source>
@@ -1558,10 +1538,6 @@
     <message>
         <source>Click once to stop. Drag to move. Right-click for the menu.</source>
         <translation>Нажмите один раз, чтобы остановить запись. Перетащите, чтобы переместить. Меню — по щелчку правой кнопкой.</translation>
-    </message>
-    <message>
-        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift Space</source>
-        <translation>Нажмите один раз, чтобы начать запись. Перетащите, чтобы переместить. Меню — по щелчку правой кнопкой. Сочетание клавиш: Super+Shift+Пробел</translation>
     </message>
     <message>
         <source>Dictionary…</source>
@@ -1822,6 +1798,86 @@
     <message>
         <source>MIT License</source>
         <translation>Лицензия MIT</translation>
+    </message>
+    <message>
+        <source>%1 to dictate</source>
+        <translation>%1 — диктовка</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Пробел</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Shift</translation>
+    </message>
+    <message>
+        <source>Or press %1</source>
+        <translation>Или нажмите %1</translation>
+    </message>
+    <message>
+        <source>Give the clipboard back after a paste</source>
+        <translation>Возвращать буфер обмена после вставки</translation>
+    </message>
+    <message>
+        <source>What you had copied before, up to 16 MB, is there again once the field shows the dictated text. Where that can&apos;t be seen, the dictated text stays on the clipboard.</source>
+        <translation>Скопированное ранее (до 16 МБ) возвращается, как только поле покажет продиктованный текст. Если этого не видно, в буфере обмена остаётся продиктованный текст.</translation>
+    </message>
+    <message>
+        <source>Pasted into the original field. The clipboard holds what it held before.</source>
+        <translation>Вставлено в исходное поле. В буфере обмена снова то, что было раньше.</translation>
+    </message>
+    <message>
+        <source>%1 is unavailable: another program has it. Use the floating button, or choose another shortcut in the settings.</source>
+        <translation>Сочетание %1 недоступно: его занимает другая программа. Используйте плавающую кнопку или выберите другое сочетание в настройках.</translation>
+    </message>
+    <message>
+        <source>Global shortcut: %1</source>
+        <translation>Глобальное сочетание: %1</translation>
+    </message>
+    <message>
+        <source>Press the new shortcut…</source>
+        <translation>Нажмите новое сочетание…</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be had: another program has it. Choose another shortcut.</source>
+        <translation>Сочетание %1 занято другой программой. Выберите другое.</translation>
+    </message>
+    <message>
+        <source>%1 is what text is pasted with, by Vesko too. Choose another shortcut.</source>
+        <translation>С помощью %1 вставляют текст, в том числе Vesko. Выберите другое сочетание.</translation>
+    </message>
+    <message>
+        <source>%1 is typed with. A shortcut needs Ctrl, Alt or Super.</source>
+        <translation>%1 нужно для ввода текста. В сочетании должна быть клавиша Ctrl, Alt или Super.</translation>
+    </message>
+    <message>
+        <source>No shortcut can be made with this key.</source>
+        <translation>С этой клавишей сочетание не получится.</translation>
+    </message>
+    <message>
+        <source>Pastes into the field you started in. Vesko switches it on, and it stays on.</source>
+        <translation>Вставка в поле, с которого вы начали. Vesko включает их, и они остаются включёнными.</translation>
+    </message>
+    <message>
+        <source>This desktop has no accessibility bus, so nothing was turned on. Install the package at-spi2-core, and start the session anew.</source>
+        <translation>На этом рабочем столе нет шины специальных возможностей, поэтому ничего не включено. Установите пакет at-spi2-core и начните сеанс заново.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>
+        <translation>Нажмите один раз, чтобы начать запись. Перетащите, чтобы переместить. Меню — по щелчку правой кнопкой. Сочетание клавиш: %1</translation>
     </message>
 </context>
 </TS>

@@ -10,6 +10,8 @@
 namespace vesko {
 namespace {
 
+constexpr int deepest = 32; // levels of windows inside each other
+
 template <class Reply>
 std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
 {
@@ -56,7 +58,37 @@ ActiveWindow::~ActiveWindow()
 
 std::optional<std::uint32_t> ActiveWindow::active() const
 {
-    return property(m_root, m_activeWindow, XCB_ATOM_WINDOW);
+    if (has(m_root, m_activeWindow))
+        return property(m_root, m_activeWindow, XCB_ATOM_WINDOW);
+    return focused();
+}
+
+// The program's own window around the one with the focus.
+std::optional<std::uint32_t> ActiveWindow::focused() const
+{
+    const auto focus = owned(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    std::uint32_t window = focus ? focus->focus : XCB_NONE;
+    if (window == XCB_INPUT_FOCUS_POINTER_ROOT)
+        return std::nullopt;
+    for (int level = 0; level < deepest && window != XCB_NONE && window != m_root; ++level) {
+        if (has(window, XCB_ATOM_WM_CLASS))
+            return window;
+        const auto tree = owned(
+            xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr));
+        window = tree ? tree->parent : XCB_NONE;
+    }
+    return std::nullopt;
+}
+
+bool ActiveWindow::has(std::uint32_t window, std::uint32_t name) const
+{
+    const auto cookie
+        = xcb_get_property(m_connection, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, 0);
+    xcb_generic_error_t* error = nullptr; // the window may be gone
+    const auto reply = owned(xcb_get_property_reply(m_connection, cookie, &error));
+    const auto failure = owned(error);
+    return reply && reply->type != XCB_ATOM_NONE;
 }
 
 std::optional<std::int32_t> ActiveWindow::process() const

@@ -8,8 +8,9 @@ struct xcb_connection_t;
 
 namespace vesko {
 
-// Asks the X server which window is active. Each question is two or three round trips to the
-// server, some tens of microseconds. One thread.
+// Asks the X server which window is active: by the window manager's account, and where there is
+// none, or one that doesn't tell, the one with the input focus. Each question is two or three round
+// trips to the server, some tens of microseconds. One thread.
 class ActiveWindow {
 public:
     ActiveWindow();
@@ -19,13 +20,15 @@ public:
 
     // The process that owns the active window, as the X server sees it, whatever numbers count
     // where the process lives; by the window's own account only where the server doesn't know.
-    // Absent without an X server, a window manager or an active window.
+    // Absent without an X server or an active window.
     std::optional<std::int32_t> process() const;
     // What stands in the active window's frame; empty where nothing does.
     std::string title() const;
 
 private:
     std::optional<std::uint32_t> active() const;
+    std::optional<std::uint32_t> focused() const;
+    bool has(std::uint32_t window, std::uint32_t name) const;
     std::optional<std::int32_t> ownerOf(std::uint32_t window) const;
     std::optional<std::uint32_t> property(
         std::uint32_t window, std::uint32_t name, std::uint32_t type) const;

@@ -44,6 +44,12 @@ void DBusControl::run(RemoteCommand command, const QDBusMessage& call)
         answer(RemoteAnswer::notNow);
 }
 
+QString DBusControl::display()
+{
+    const auto x11 = qEnvironmentVariable("DISPLAY");
+    return x11.isEmpty() ? qEnvironmentVariable("WAYLAND_DISPLAY") : x11;
+}
+
 QString DBusControl::Status(QString& title, double& elapsed) const
 {
     const RemoteStatus now = status ? status() : RemoteStatus{ QStringLiteral("unavailable"), {} };

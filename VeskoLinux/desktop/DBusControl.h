@@ -13,12 +13,16 @@ namespace vesko {
 class DBusControl final : public QDBusAbstractAdaptor, public RemoteControl {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "app.vesko.Vesko")
+    Q_PROPERTY(QString Display READ display CONSTANT)
 
 public:
     // Of this object, which is registered with this connection of Qt's.
     DBusControl(QObject& object, QString connection);
 
     void changed(const RemoteStatus& status) override;
+
+    // The display that this process's windows are on.
+    static QString display();
 
 public Q_SLOTS:
     // NOLINTBEGIN(readability-identifier-naming): the names on the bus

@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusVariant>
 #include <QUuid>
 
 #include <stdexcept>
@@ -33,6 +34,18 @@ bool tell(const QDBusConnection& bus, const std::vector<std::string>& addresses)
     return bus.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
 }
 
+// Where the one that runs is, if that isn't here.
+QString otherDisplay(const QDBusConnection& bus)
+{
+    auto call = QDBusMessage::createMethodCall(
+        name, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    call.setAutoStartService(false);
+    call << name << QStringLiteral("Display");
+    const auto answer = bus.call(call, QDBus::Block, patience).arguments();
+    const auto display = answer.value(0).value<QDBusVariant>().variant().toString();
+    return display == DBusControl::display() ? QString() : display;
+}
+
 } // namespace
 
 DBusRunningInstance::DBusRunningInstance()
@@ -58,8 +71,12 @@ bool DBusRunningInstance::claim(const std::vector<std::string>& addresses, bool 
     for (int attempt = 0; attempt < attempts; ++attempt) {
         if (bus.registerService(name))
             return true;
-        if ((quiet && addresses.empty()) || tell(bus, addresses))
+        if (quiet && addresses.empty())
             return false;
+        if (tell(bus, addresses)) {
+            m_elsewhere = otherDisplay(bus).toStdString();
+            return false;
+        }
         // It may have ended just now, and then the name is free.
     }
     throw std::runtime_error("Vesko is running already, but does not answer");

@@ -29,6 +29,9 @@ public:
     // answer. Blocks; any thread, once.
     bool claim(const std::vector<std::string>& addresses, bool quiet = false);
 
+    // After a claim in vain: the display on which the one is, if that isn't ours; else empty.
+    const std::string& elsewhere() const { return m_elsewhere; }
+
     // What else can be asked of the one.
     RemoteControl& control() { return m_control; }
 
@@ -41,6 +44,7 @@ public:
 
 private:
     QString m_connection;
+    std::string m_elsewhere;
     DBusControl& m_control; // a child, as adaptors are
 };
 

@@ -1,9 +1,12 @@
 #include "VeskoLinux/desktop/QtClipboardKeeper.h"
 
 #include <QClipboard>
+#include <QDataStream>
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QGuiApplication>
+#include <QMap>
+#include <QMimeData>
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -55,8 +58,31 @@ bool isOurs(xcb_connection_t* connection, xcb_window_t window)
     return window != XCB_NONE && (window & ~setup->resource_id_mask) == setup->resource_id_base;
 }
 
+// The content in all its forms.
+QByteArray formsOf(const QMimeData& content)
+{
+    QMap<QString, QByteArray> forms;
+    for (const auto& form : content.formats())
+        forms.insert(form, content.data(form));
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << forms;
+    return bytes;
+}
+
+std::unique_ptr<QMimeData> contentFrom(const QByteArray& bytes)
+{
+    QMap<QString, QByteArray> forms;
+    QDataStream stream(bytes);
+    stream >> forms;
+    auto content = std::make_unique<QMimeData>();
+    for (const auto& [form, value] : forms.asKeyValueRange())
+        content->setData(form, value);
+    return content;
+}
+
 // A file without a name, to be read from its beginning; -1 if there is none.
-int fileWithText(const std::string& text)
+int fileWith(const std::string& text)
 {
     const int file = memfd_create("clipboard", MFD_CLOEXEC);
     for (std::size_t written = 0; file >= 0 && written < text.size();) {
@@ -105,8 +131,10 @@ void leaveClipboardBehind()
     // Qt itself gives its content to a manager.
     if (!isOurs(connection, owner) || ownerOf(connection, "CLIPBOARD_MANAGER") != XCB_NONE)
         return;
-    const QClipboard* const clipboard = QGuiApplication::clipboard();
-    const int text = fileWithText(std::to_string(owner) + "\n" + clipboard->text().toStdString());
+    const QMimeData* const content = QGuiApplication::clipboard()->mimeData();
+    if (!content)
+        return;
+    const int text = fileWith(std::to_string(owner) + "\n" + formsOf(*content).toStdString());
     if (text < 0)
         return;
     if (startKeeper(text)) {
@@ -129,7 +157,7 @@ int keepClipboard(int argc, char** argv)
     if (!x11() || ownerOf(x11(), "CLIPBOARD") != owner)
         return 0;
     QClipboard* const clipboard = QGuiApplication::clipboard();
-    clipboard->setText(QString::fromUtf8(input.readAll()));
+    clipboard->setMimeData(contentFrom(input.readAll()).release());
     QObject::connect(clipboard, &QClipboard::dataChanged, clipboard, [clipboard] {
         if (!clipboard->ownsClipboard())
             QGuiApplication::exit();

@@ -6,6 +6,7 @@
 #include <xkbcommon/xkbcommon.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 namespace vesko {
@@ -69,6 +70,26 @@ KeyCode KeyMap::named(std::string_view name) const
         return 0;
     const auto key = xkb_keymap_key_by_name(m_map.get(), std::string(name).c_str());
     return key < keyCount ? static_cast<KeyCode>(key) : KeyCode{ 0 };
+}
+
+std::string KeyMap::place(KeyCode key) const
+{
+    const char* const place = m_map ? xkb_keymap_key_get_name(m_map.get(), key) : nullptr;
+    return place ? place : "";
+}
+
+std::string KeyMap::name(KeyCode key) const
+{
+    const xkb_keysym_t* symbols = nullptr;
+    if (!m_map || xkb_keymap_key_get_syms_by_level(m_map.get(), key, 0, 0, &symbols) != 1)
+        return {};
+    const auto letter = xkb_keysym_to_utf32(xkb_keysym_to_upper(*symbols));
+    constexpr std::uint32_t lastBlank = 0x20, deleted = 0x7F;
+    if (letter <= lastBlank || letter == deleted)
+        return {};
+    std::array<char, 8> text{};
+    xkb_keysym_to_utf8(xkb_keysym_to_upper(*symbols), text.data(), text.size());
+    return text.data();
 }
 
 KeyCode KeyMap::giving(std::uint32_t symbol, std::uint32_t layout) const

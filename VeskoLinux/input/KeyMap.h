@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -23,6 +24,10 @@ public:
 
     // The key at a place of the keyboard by its XKB name, such as "RCTL"; 0 if there is none.
     KeyCode named(std::string_view name) const;
+    // What the key at this number is called by its place; empty if there is none.
+    std::string place(KeyCode key) const;
+    // What it types by itself in the first layout, as a capital letter; empty if nothing.
+    std::string name(KeyCode key) const;
     // The first key that gives this symbol unshifted in the layout with this index.
     KeyCode giving(std::uint32_t symbol, std::uint32_t layout) const;
     // The same in any layout.

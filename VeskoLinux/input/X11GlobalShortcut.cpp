@@ -112,6 +112,16 @@ std::optional<TakenKey> X11GlobalShortcut::held() const
     return m_held ? std::optional(m_taken) : std::nullopt;
 }
 
+std::optional<NamedKey> X11GlobalShortcut::keyAt(std::uint32_t scanCode) const
+{
+    const KeyMap map(m_connection);
+    const auto key = static_cast<KeyCode>(scanCode);
+    const auto place = map.place(key);
+    if (scanCode != key || place.empty() || map.isModifier(key))
+        return std::nullopt;
+    return NamedKey{ place, map.name(key) };
+}
+
 void X11GlobalShortcut::remove()
 {
     m_connection.stopListening();

@@ -25,6 +25,7 @@ public:
 
     bool install(const KeyCombination& combination, std::function<void()> onPressed) override;
     void remove() override;
+    std::optional<NamedKey> keyAt(std::uint32_t scanCode) const override;
 
     // The shortcut, while the user has not let go of its key since it was pressed.
     std::optional<TakenKey> held() const;

@@ -88,14 +88,21 @@ void LinuxPermissions::lookForAccessibility()
     });
 }
 
-void LinuxPermissions::requestAccessibility()
+Task<bool> LinuxPermissions::requestAccessibility()
 {
     auto request
         = QDBusMessage::createMethodCall(a11yService, a11yPath, properties, QStringLiteral("Set"));
     request << a11yStatus << QStringLiteral("IsEnabled") << QVariant::fromValue(QDBusVariant(true));
+    const Eventual<bool> done;
+    auto* const answer
+        = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(request), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [answer, done] {
+        done.set(!answer->isError());
+        answer->deleteLater();
+    });
     // In the order in which they are sent, so the look sees what this has done.
-    QDBusConnection::sessionBus().asyncCall(request);
     lookForAccessibility();
+    co_return co_await done;
 }
 
 } // namespace vesko

@@ -25,7 +25,7 @@ public:
     bool accessibility() const override { return m_accessibility; }
     void look() override;
     Task<bool> requestMicrophone() override;
-    void requestAccessibility() override;
+    Task<bool> requestAccessibility() override;
 
 private:
     // What a thread that is done finds of us.

@@ -7,17 +7,20 @@ import signal
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, settings, voice  # noqa: E402
+from lib import cases, eyes, library, settings, voice  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import BINARY, Vesko, deployed, forget_key, install_key  # noqa: E402
-from lib.waiting import human_pause  # noqa: E402
+from lib.waiting import human_pause, until  # noqa: E402
 
 WELCOME = "Ready to capture. Speech is recognized on this computer, without a key."
 READY = "Ready to capture"
+WAITING = ("Ready to capture. Speech is recognized on this computer until your password store "
+           "(keyring) says whether it holds a key.")
 OPENING = "Opening library…"
 # What can only be said of a library that is open.
 ALREADY = (("label", "A place for your next thought"), ("label", "Your thoughts, ready to use"),
@@ -77,6 +80,41 @@ class FirstLaunch(unittest.TestCase):
                 vesko.wait_to_find(role, name)
             self.assertIsNone(vesko.find("label", OPENING))
             vesko.wait_for("ready")
+
+    def hang_the_keyring(self):
+        pid = eyes.owner_pid("org.freedesktop.secrets")
+        os.kill(pid, signal.SIGSTOP)
+        self.addCleanup(os.kill, pid, signal.SIGCONT)
+
+    def quits_soon(self, vesko):
+        start = time.monotonic()
+        vesko.quit()
+        self.assertEqual(vesko.process.returncode, 0)
+        print(f"       the end took {time.monotonic() - start:.2f} s", flush=True)
+
+    def test_a_keyring_that_hangs_holds_nothing_up(self):
+        self.hang_the_keyring()
+        with Vesko() as vesko:
+            vesko.wait_for_text(WAITING)
+            self.assert_on_device(vesko)
+            start = time.monotonic()
+            subprocess.run([BINARY], check=True, timeout=20)
+            print(f"       the second start took {time.monotonic() - start:.2f} s", flush=True)
+            vesko.wait_to_find("push button", "New note")
+            self.quits_soon(vesko)
+        self.assertNotIn("provider", settings.read(), "the keyring has not answered")
+
+    def test_a_key_that_is_waited_for_does_not_hold_up_the_end(self):
+        settings.write(firstLaunchDone=True, provider="openrouter", onboardingCompleted=True)
+        self.hang_the_keyring()
+        with Vesko() as vesko:
+            vesko.begin()
+            human_pause(0.5)
+            vesko.end()
+            until("the recording is being transcribed",
+                  lambda: "Transcribing" in vesko.button.description)
+            self.quits_soon(vesko)
+        self.assertIn(library.recordings(vesko.root)[-1]["status"], ("recorded", "processing"))
 
     def test_what_the_user_chooses_later_stays(self):
         with Vesko() as vesko:

@@ -36,6 +36,22 @@ class SecondStart(unittest.TestCase):
         self.vesko.wait_to_find(*NEW_NOTE)
         until("it is in front", lambda: eyes.active_pid() == self.vesko.process.pid)
 
+    def test_one_on_another_display_says_where_the_first_is(self):
+        reader, writer = os.pipe()
+        other = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp"],
+                                 pass_fds=[writer], stderr=subprocess.DEVNULL)
+        self.addCleanup(other.wait)
+        self.addCleanup(other.kill)
+        os.close(writer)
+        with os.fdopen(reader) as told:
+            display = ":" + told.readline().strip()
+        done = subprocess.run([BINARY], stderr=subprocess.PIPE, text=True, timeout=20,
+                              env={**os.environ, "DISPLAY": display})
+        self.assertEqual((done.returncode, done.stderr),
+                         (0, "vesko: Vesko is running already, on the display "
+                          f"{os.environ['DISPLAY']}, and shows its window there.\n"))
+        self.vesko.wait_to_find(*NEW_NOTE)
+
     def test_the_one_at_login_shows_nothing(self):
         self.start("--background")
         human_pause(0.5)

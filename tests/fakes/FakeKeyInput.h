@@ -2,6 +2,7 @@
 
 #include "VeskoApp/platform/KeyInput.h"
 
+#include <map>
 #include <optional>
 
 namespace vesko {
@@ -9,6 +10,8 @@ namespace vesko {
 class FakeGlobalShortcut final : public GlobalShortcut {
 public:
     bool taken = false; // by another program
+    std::string takenKey; // what another program has all combinations of
+    std::map<std::uint32_t, NamedKey> keys; // by their number
     KeyCombination combination; // that was asked for last
 
     bool installed() const { return m_onPressed != nullptr; }
@@ -17,10 +20,16 @@ public:
     bool install(const KeyCombination& wanted, std::function<void()> onPressed) override
     {
         combination = wanted;
-        m_onPressed = taken ? nullptr : std::move(onPressed);
-        return !taken;
+        const bool refused = taken || wanted.key == takenKey;
+        m_onPressed = refused ? nullptr : std::move(onPressed);
+        return !refused;
     }
     void remove() override { m_onPressed = nullptr; }
+    std::optional<NamedKey> keyAt(std::uint32_t scanCode) const override
+    {
+        const auto key = keys.find(scanCode);
+        return key == keys.end() ? std::nullopt : std::optional(key->second);
+    }
 
 private:
     std::function<void()> m_onPressed;

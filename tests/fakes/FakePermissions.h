@@ -10,6 +10,7 @@ class FakePermissions final : public Permissions {
 public:
     bool hasMicrophone = true;
     bool hasAccessibility = true;
+    bool hasBus = true; // that accessibility needs
     bool microphoneOpens = true;
     Gate opening; // of the microphone
     int looks = 0;
@@ -31,10 +32,11 @@ public:
         co_await opening.pass();
         co_return microphoneOpens;
     }
-    void requestAccessibility() override
+    Task<bool> requestAccessibility() override
     {
         ++requests;
-        hasAccessibility = true;
+        hasAccessibility = hasBus;
+        co_return hasBus;
     }
 
 private:

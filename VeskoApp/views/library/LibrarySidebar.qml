@@ -69,7 +69,7 @@ Rectangle {
             }
             Words {
                 width: parent.width
-                text: qsTranslate("Vesko", "Fn or ⌘ ⇧ Space to dictate")
+                text: qsTranslate("Vesko", "%1 to dictate").arg(sidebar.delegate.shortcut.words)
                 font.pixelSize: Theme.small
                 color: Theme.quiet
                 wrapMode: Text.Wrap

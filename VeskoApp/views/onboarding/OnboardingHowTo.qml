@@ -5,6 +5,8 @@ Column {
     id: steps
 
     required property string gestureKey
+    required property var shortcut
+    required property var status
 
     spacing: 22
 
@@ -37,9 +39,20 @@ Column {
         OnboardingCard {
             width: parent.width
             lead: 128
-            keys: qsTranslate("Vesko", "Command Shift Space")
-            title: qsTranslate("Vesko", "Or press Command Shift Space")
+            keys: steps.shortcut.words
+            title: qsTranslate("Vesko", "Or press %1").arg(steps.shortcut.words)
             text: qsTranslate("Vesko", "Works the same way when Fn is busy.")
+        }
+        Words {
+            width: parent.width
+            visible: text.length > 0
+            text: steps.shortcut.refusal || steps.status.shortcutMessage
+            color: Theme.alarm
+            wrapMode: Text.Wrap
+        }
+        ShortcutField {
+            visible: steps.status.shortcutMessage.length > 0 || steps.shortcut.listening
+            choice: steps.shortcut
         }
         OnboardingCard {
             width: parent.width

@@ -14,15 +14,14 @@ Section {
         width: parent.width
         name: qsTranslate("Vesko", "Global shortcut")
 
-        Words {
+        ShortcutField {
             visible: !section.preferences.shortcutAdvice
-            text: qsTranslate("Vesko", "Command Shift Space")
-            color: Theme.quiet
+            choice: section.delegate.shortcut
         }
     }
     SettingNote {
         width: parent.width
-        text: section.preferences.shortcutAdvice || section.status.shortcutMessage
+        text: section.preferences.shortcutAdvice || section.delegate.shortcut.refusal || section.status.shortcutMessage
         color: section.preferences.shortcutAdvice ? Theme.quiet : Theme.alarm
     }
     // To be copied, so it is no note.
@@ -97,6 +96,18 @@ Section {
         text: qsTranslate("Vesko", "Paste dictation into the original field")
         value: section.preferences.pasteEnabled
         onSwitched: on => section.preferences.pasteEnabled = on
+    }
+    SettingSwitch {
+        width: parent.width
+        visible: section.preferences.pasteEnabled
+        text: qsTranslate("Vesko", "Give the clipboard back after a paste")
+        value: section.preferences.returnClipboard
+        onSwitched: on => section.preferences.returnClipboard = on
+    }
+    SettingNote {
+        width: parent.width
+        visible: section.preferences.pasteEnabled
+        text: qsTranslate("Vesko", "What you had copied before, up to 16 MB, is there again once the field shows the dictated text. Where that can't be seen, the dictated text stays on the clipboard.")
     }
     SettingNote {
         width: parent.width

@@ -95,8 +95,8 @@ TEST_F(HotkeysTest, AShortcutThatAnotherProgramHasIsReportedAndTheGestureWorks)
 {
     shortcut.taken = true;
     EXPECT_EQ(hotkeys.start(),
-        "Command Shift Space is unavailable. Use the floating button or choose another system "
-        "shortcut.");
+        "%1 is unavailable: another program has it. Use the floating button, or choose another "
+        "shortcut in the settings.");
     keys.pressGestureKey();
     EXPECT_THAT(actions, ElementsAre(FnShortcutAction::begin));
 }

@@ -112,6 +112,31 @@ TEST_F(QuitTest, ItWaitsUntilTheFileIsWhole)
     EXPECT_EQ(answer, true);
 }
 
+TEST_F(QuitTest, ItWaitsForARecordingThatHasJustBeenStopped)
+{
+    open();
+    for (const bool works : { true, false }) {
+        SCOPED_TRACE(works);
+        dictate();
+        machine.recorder.finishing.close();
+        model->capture().toggleDictation();
+        ASSERT_EQ(model->capture().phase(), Phase::processing);
+        std::optional<bool> answer;
+        TaskScope scope;
+        scope.spawn([](AppModel& of, std::optional<bool>& into) -> Task<> {
+            into = co_await of.prepareToQuit();
+        }(*model, answer));
+        drainEvents();
+        EXPECT_EQ(answer, std::nullopt);
+        if (!works)
+            breakStore();
+        machine.recorder.finishing.open();
+        ASSERT_TRUE(eventually([&] { return answer.has_value(); }));
+        EXPECT_EQ(answer, works);
+        ASSERT_TRUE(reach(Phase::idle));
+    }
+}
+
 TEST_F(QuitTest, ATriggerMeanwhileStartsNothing)
 {
     open();

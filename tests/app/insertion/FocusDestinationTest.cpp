@@ -274,9 +274,9 @@ protected:
         };
         std::optional<bool> answer;
         TaskScope tasks;
-        tasks.spawn([](Task<bool> proof, std::optional<bool>& into) -> Task<> {
-            into = co_await std::move(proof);
-        }(field.seemsPasted(fields, clock, "how are you?"), answer));
+        tasks.spawn([](Task<PasteProof> proof, std::optional<bool>& into) -> Task<> {
+            into = co_await std::move(proof) != PasteProof::notSeen;
+        }(field.lookForPaste(fields, clock, "how are you?"), answer));
         for (int step = 0; step < 100 && !answer; ++step)
             clock.turn(0.02);
         EXPECT_TRUE(answer);

@@ -39,6 +39,65 @@ TEST_F(TextDeliveryTest, ADictationIsCopiedAndPastedIntoItsField)
         testing::ElementsAre(std::nullopt, FakeFocusedField::editor, FakeFocusedField::editor));
 }
 
+const ClipboardContent picture{ { "image/png", "\x89PNG" }, { "text/html", "<img>" } };
+
+TEST_F(TextDeliveryTest, WhatWasCopiedBeforeComesBackIfThatIsWanted)
+{
+    constexpr const char* gaveBack
+        = "Pasted into the original field. The clipboard holds what it held before.";
+    using Change = void (*)(FakePlatform&);
+    const struct {
+        const char* name;
+        bool wanted;
+        Change change;
+        const char* message;
+        ClipboardContent given;
+    } cases[] = {
+        { "the field shows the text", true, [](FakePlatform&) {}, gaveBack, picture },
+        { "it isn't wanted", false, [](FakePlatform&) {}, pasted, {} },
+        { "there was nothing, or too much", true, [](auto& m) { m.clipboard.before.clear(); },
+            pasted, {} },
+        { "somebody else has copied something", true,
+            [](auto& m) { m.clipboard.takenByOther = true; }, pasted, {} },
+        { "the user has copied a note", true,
+            [](auto& m) {
+                m.pasteKeystroke.onSent = [&m] {
+                    m.focusedField.paste(*m.clipboard.text);
+                    m.clipboard.setText("hello world of a note");
+                };
+            },
+            pasted, {} },
+        { "the field can't be read after the paste", true,
+            [](auto& m) {
+                m.pasteKeystroke.onSent = [&m] { m.focusedField.reading.value.reset(); };
+            },
+            pasted, {} },
+        { "the field doesn't show the text", true,
+            [](auto& m) { m.pasteKeystroke.onSent = [] { }; },
+            "Copied. Paste was sent, but the field does not show the text. If it is missing, paste "
+            "it with Command V.",
+            {} },
+    };
+    open();
+    const auto lands = machine.pasteKeystroke.onSent;
+    const auto field = machine.focusedField.reading;
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.name);
+        machine.focusedField.reading = field;
+        machine.pasteKeystroke.onSent = lands;
+        machine.clipboard = {};
+        machine.clipboard.before = picture;
+        model->preferences().returnClipboard.set(one.wanted);
+        one.change(machine);
+        dictate();
+        finish();
+        machine.clock.turn(1);
+        drainEvents();
+        EXPECT_EQ(model->status().message(), one.message);
+        EXPECT_EQ(machine.clipboard.given, one.given);
+    }
+}
+
 TEST_F(TextDeliveryTest, WhatForbidsThePasteIsSaid)
 {
     using Change = void (*)(FakePlatform&);

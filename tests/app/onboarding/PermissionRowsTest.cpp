@@ -48,7 +48,7 @@ TEST_F(PermissionRowsTest, sayWhatEachIsFor)
         ElementsAre("Microphone", "Speech Recognition", "Accessibility", "Input Monitoring"));
     EXPECT_THAT(column("line"),
         ElementsAre("Records only while you dictate.", "Apple on-device transcription.",
-            "Pastes into the field you started in.",
+            "Pastes into the field you started in. Vesko switches it on, and it stays on.",
             "Notices the Fn key. Keystrokes are not saved."));
     EXPECT_THAT(column("status"), ElementsAre("Allowed", "Allowed", "Allowed", "Allowed"));
     EXPECT_THAT(column("button"), ElementsAre("Review", "Review", "Review", "Review"));
@@ -207,6 +207,18 @@ TEST_F(PermissionRowsTest, accessibilityIsTurnedOnAndItsSettingsAreOpened)
     EXPECT_EQ(notice,
         "Enable Vesko in Accessibility. If it is missing, add Vesko.app from your Applications "
         "folder.");
+}
+
+TEST_F(PermissionRowsTest, withoutABusNothingIsSaidToBeTurnedOn)
+{
+    machine.permissions.hasAccessibility = false;
+    machine.permissions.hasBus = false;
+    make();
+    press(2);
+    EXPECT_EQ(column("status")[2], "Not allowed");
+    EXPECT_EQ(notice,
+        "This desktop has no accessibility bus, so nothing was turned on. Install the package "
+        "at-spi2-core, and start the session anew.");
 }
 
 TEST_F(PermissionRowsTest, theKeysAreWatchedAnew)

@@ -53,6 +53,8 @@ TEST_F(PreferencesTest, WithNothingStoredTheyAreTheDefaultsAndNothingIsWritten)
     EXPECT_EQ(p.translateTo.get(), "off");
     EXPECT_TRUE(p.fnEnabled.get());
     EXPECT_TRUE(p.pasteEnabled.get());
+    EXPECT_FALSE(p.returnClipboard.get());
+    EXPECT_EQ(p.shortcut.get(), "");
     EXPECT_TRUE(p.showFloating.get());
     EXPECT_FALSE(p.allowCloudProcessing.get());
     EXPECT_FALSE(p.hasKey());
@@ -122,10 +124,12 @@ TEST_F(PreferencesTest, EverySettingHasAKeyOfItsOwn)
     p.cleanupModel.set("4");
     p.language.set("5");
     p.translateTo.set("6");
+    p.shortcut.set("7");
+    p.shortcutKeyName.set("8");
     for (auto* flag : { &p.soundsEnabled, &p.learnCorrections, &p.dictionaryEnabled, &p.fnEnabled,
              &p.pasteEnabled, &p.showFloating })
         flag->set(false);
-    for (auto* flag : { &p.cleanupEnabled, &p.languageAnswered })
+    for (auto* flag : { &p.cleanupEnabled, &p.languageAnswered, &p.returnClipboard })
         flag->set(true);
     const std::map<std::string, SettingValue> expected{
         { "provider", std::string("1") },
@@ -134,6 +138,8 @@ TEST_F(PreferencesTest, EverySettingHasAKeyOfItsOwn)
         { "cleanupModel", std::string("4") },
         { "language", std::string("5") },
         { "translateTo", std::string("6") },
+        { "shortcut", std::string("7") },
+        { "shortcutKeyName", std::string("8") },
         { "soundsEnabled", false },
         { "learnCorrections", false },
         { "dictionaryEnabled", false },
@@ -142,8 +148,24 @@ TEST_F(PreferencesTest, EverySettingHasAKeyOfItsOwn)
         { "showFloating", false },
         { "cleanupEnabled", true },
         { "languageAnswered", true },
+        { "returnClipboard", true },
     };
     EXPECT_EQ(settings.values, expected);
+}
+
+TEST_F(PreferencesTest, WhatIsAssumedIsInForceAndNotWrittenUntilSomethingIsSet)
+{
+    auto& p = make();
+    p.provider.assume("apple");
+    EXPECT_EQ(p.provider.get(), "apple");
+    p.refresh();
+    EXPECT_EQ(settings.get<std::string>("provider"), std::nullopt);
+    p.provider.assume(std::nullopt);
+    EXPECT_EQ(p.provider.get(), "openrouter");
+    p.provider.assume("apple");
+    p.provider.set("apple");
+    EXPECT_FALSE(p.provider.assumed());
+    EXPECT_EQ(settings.get<std::string>("provider"), "apple");
 }
 
 TEST_F(PreferencesTest, TheGestureKeyIsTheUsersElseFnElseRightControl)

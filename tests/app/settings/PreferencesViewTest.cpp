@@ -100,6 +100,8 @@ TEST_F(PreferencesViewTest, eachSwitchIsWrittenThroughAtOnce)
         { "soundsEnabled", &PreferencesView::setSoundsEnabled, &PreferencesView::soundsEnabled,
             true },
         { "pasteEnabled", &PreferencesView::setPasteEnabled, &PreferencesView::pasteEnabled, true },
+        { "returnClipboard", &PreferencesView::setReturnClipboard,
+            &PreferencesView::returnClipboard, false },
         { "dictionaryEnabled", &PreferencesView::setDictionaryEnabled,
             &PreferencesView::dictionaryEnabled, true },
         { "learnCorrections", &PreferencesView::setLearnCorrections,

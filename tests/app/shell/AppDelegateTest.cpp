@@ -162,8 +162,8 @@ TEST_F(AppDelegateTest, AShortcutThatIsTakenIsReported)
     machine.shortcut.taken = true;
     open();
     EXPECT_EQ(model->status().shortcutMessage(),
-        "Command Shift Space is unavailable. Use the floating button or choose another system "
-        "shortcut.");
+        "Super+Shift+Space is unavailable: another program has it. Use the floating button, or "
+        "choose another shortcut in the settings.");
 }
 
 TEST_F(AppDelegateTest, TheFloatingControlIsShownAsTheSettingsSay)

@@ -219,9 +219,9 @@ TEST_F(CaptureControlTest, ItSaysWhatAClickDoes)
 {
     open();
     EXPECT_EQ(control->name(), QStringLiteral("Start dictation"));
+    control->shortcutWords = [] { return QStringLiteral("Ctrl+Alt+D"); };
     EXPECT_EQ(control->help().toStdString(),
-        "Click once to record. Drag to move. Right-click for the menu. Shortcut: Command Shift "
-        "Space");
+        "Click once to record. Drag to move. Right-click for the menu. Shortcut: Ctrl+Alt+D");
     EXPECT_EQ(control->elapsed(), QString());
     dictate();
     machine.clock.turn(3.05);

@@ -175,6 +175,17 @@ class Gtk4Window(Program):
         return field
 
 
+class SwingWindow(Program):
+    """Java's: a line, a line whose letters are hidden, an area; Tab leads from each to the next."""
+
+    def __init__(self):
+        super().__init__(
+            ["java", "-cp", "/usr/share/java/java-atk-wrapper.jar",
+             "-Djavax.accessibility.assistive_technologies=org.GNOME.Accessibility.AtkWrapper",
+             os.path.join(SERVICES, "SwingWindow.java")])
+        self.focus("text", "line")
+
+
 class Qt5Window(Program):
     """A line, and below it a box that can be written in."""
 

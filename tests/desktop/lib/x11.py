@@ -22,6 +22,8 @@ _x11.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
 _x11.XDefaultRootWindow.restype = ctypes.c_ulong
 _x11.XGrabKeyboard.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_int,
                                ctypes.c_int, ctypes.c_ulong]
+_x11.XGrabKey.argtypes = [ctypes.c_void_p, ctypes.c_int, ctypes.c_uint, ctypes.c_ulong,
+                          ctypes.c_int, ctypes.c_int, ctypes.c_int]
 _x11.XPending.argtypes = _x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
 _x11.XNextEvent.argtypes = [ctypes.c_void_p, ctypes.c_void_p]
 _xtest.XTestFakeKeyEvent.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_int, ctypes.c_ulong]
@@ -85,6 +87,23 @@ class Devices:
         state = _XkbState()
         _x11.XkbGetState(self._display, CORE_KEYBOARD, ctypes.byref(state))
         return state.latched_mods, state.locked_mods
+
+
+class ShortcutGrab:
+    """Another program that has a shortcut."""
+
+    def __init__(self, code, modifiers):
+        self._grabbed = code, modifiers
+
+    def __enter__(self):
+        self._display = _x11.XOpenDisplay(None)
+        root = _x11.XDefaultRootWindow(self._display)
+        _x11.XGrabKey(self._display, *self._grabbed, root, 0, 1, 1)
+        _x11.XSync(self._display, 0)
+        return self
+
+    def __exit__(self, *_):
+        _x11.XCloseDisplay(self._display)
 
 
 class KeyboardGrab:

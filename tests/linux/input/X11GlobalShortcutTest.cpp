@@ -42,6 +42,34 @@ protected:
     X11GlobalShortcut m_shortcut;
 };
 
+TEST_F(X11GlobalShortcutTest, knowsKeysByTheirPlaceAndByWhatIsOnThem)
+{
+    const struct {
+        const char* symbol;
+        const char* place;
+        const char* name;
+    } cases[] = {
+        { "d", "AC03", "D" },
+        { "1", "AE01", "1" },
+        { "comma", "AB08", "," },
+        { "space", "SPCE", "" },
+        { "F6", "FK06", "" },
+        { "Home", "HOME", "" },
+    };
+    for (const int layout : { 0, 1 }) {
+        m_hands.layout(layout);
+        for (const auto& one : cases) {
+            SCOPED_TRACE(one.symbol);
+            const auto key = m_shortcut.keyAt(m_hands.key(one.symbol));
+            ASSERT_TRUE(key);
+            EXPECT_EQ(key->place, one.place);
+            EXPECT_EQ(key->name, one.name);
+        }
+    }
+    EXPECT_FALSE(m_shortcut.keyAt(m_shift)) << "it makes combinations of others";
+    EXPECT_FALSE(m_shortcut.keyAt(5000));
+}
+
 TEST_F(X11GlobalShortcutTest, isPressedInEveryLayoutAndWithEveryLock)
 {
     ASSERT_TRUE(install());

@@ -2,6 +2,7 @@
 
 #include "VeskoLinux/permissions/LinuxPermissions.h"
 
+#include "tests/fakes/EventLoop.h"
 #include "tests/linux/Desktop.h"
 
 #include <QDBusConnection>
@@ -33,7 +34,7 @@ protected:
     LinuxPermissionsTest()
     {
         m_permissions.onChanged = [this] { ++m_changes; };
-        m_permissions.requestAccessibility();
+        EXPECT_TRUE(awaited(m_permissions.requestAccessibility()));
         EXPECT_TRUE(until([this] { return m_permissions.accessibility(); }));
         m_changes = 0;
     }
@@ -57,7 +58,7 @@ TEST_F(LinuxPermissionsTest, hearsThatTheBusHasGoneAndComesBack)
     const auto process = QDBusConnection::sessionBus().interface()->servicePid(bus).value();
     ASSERT_EQ(kill(pid_t(process), SIGKILL), 0);
     EXPECT_TRUE(until([this] { return !m_permissions.accessibility(); }));
-    m_permissions.requestAccessibility();
+    EXPECT_TRUE(awaited(m_permissions.requestAccessibility()));
     EXPECT_TRUE(until([this] { return m_permissions.accessibility(); }));
 }
 
