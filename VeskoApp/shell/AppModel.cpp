@@ -8,7 +8,7 @@
 namespace vesko {
 
 AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenRouterClient& client,
-    AnalyticsBundle analytics, const AccountDeployment& accounts)
+    AnalyticsBundle analytics, const AccountDeployment& accounts, ModelSource models)
     : m_platform(platform)
     , m_keychain(platform.secrets)
     , m_keys(m_keychain)
@@ -64,6 +64,7 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
                 .status = m_status },
           client)
     , m_catalog(client)
+    , m_downloads(std::move(models))
 {
     m_accounts.onUsage = [this](UsageEvent event) { m_analytics.track(event); };
     QObject::connect(&m_capture, &Capture::starting, &m_capture, [this] { m_review.stop(); });

@@ -1682,12 +1682,12 @@
         <translation>Spracherkennungen werden gesucht…</translation>
     </message>
     <message>
-        <source>Command line</source>
-        <translation>Befehlszeile</translation>
+        <source>Program and arguments</source>
+        <translation>Programm und Argumente</translation>
     </message>
     <message>
-        <source>Model of the command</source>
-        <translation>Modell des Befehls</translation>
+        <source>Model of the program</source>
+        <translation>Modell des Programms</translation>
     </message>
     <message>
         <source>Server address</source>

@@ -1682,12 +1682,12 @@
         <translation>Buscando motores…</translation>
     </message>
     <message>
-        <source>Command line</source>
-        <translation>Línea de órdenes</translation>
+        <source>Program and arguments</source>
+        <translation>Programa y argumentos</translation>
     </message>
     <message>
-        <source>Model of the command</source>
-        <translation>Modelo de la orden</translation>
+        <source>Model of the program</source>
+        <translation>Modelo del programa</translation>
     </message>
     <message>
         <source>Server address</source>

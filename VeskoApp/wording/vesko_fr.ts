@@ -1682,12 +1682,12 @@
         <translation>Recherche de moteurs…</translation>
     </message>
     <message>
-        <source>Command line</source>
-        <translation>Ligne de commande</translation>
+        <source>Program and arguments</source>
+        <translation>Programme et arguments</translation>
     </message>
     <message>
-        <source>Model of the command</source>
-        <translation>Modèle de la commande</translation>
+        <source>Model of the program</source>
+        <translation>Modèle du programme</translation>
     </message>
     <message>
         <source>Server address</source>

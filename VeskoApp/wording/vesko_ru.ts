@@ -1684,12 +1684,12 @@
         <translation>Поиск распознавателей…</translation>
     </message>
     <message>
-        <source>Command line</source>
-        <translation>Командная строка</translation>
+        <source>Program and arguments</source>
+        <translation>Программа и аргументы</translation>
     </message>
     <message>
-        <source>Model of the command</source>
-        <translation>Модель для команды</translation>
+        <source>Model of the program</source>
+        <translation>Модель для программы</translation>
     </message>
     <message>
         <source>Server address</source>
