@@ -5,6 +5,7 @@
 #include "VeskoApp/shell/AppModel.h"
 #include "VeskoApp/shell/Deployment.h"
 #include "VeskoApp/shell/KeyInstaller.h"
+#include "VeskoApp/shell/ModelInstaller.h"
 #include "VeskoApp/views/Windows.h"
 #include "VeskoApp/wording/InterfaceLanguage.h"
 #include "VeskoLinux/audio/GstCueEngine.h"
@@ -43,8 +44,10 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <fstream>
 #include <future>
 #include <iostream>
+#include <iterator>
 #include <malloc.h>
 #include <span>
 #include <string>
@@ -64,6 +67,25 @@ int installKeyFromEnvironment()
     SecretServiceStore secrets;
     CborSettings settings(configFolder());
     return installKey(key, secrets, settings, std::cout, std::cerr);
+}
+
+ModelSource modelSource(const Deployment& deployment)
+{
+    std::filesystem::path list;
+    for (const auto& folder : deploymentFolders())
+        if (list.empty() && std::filesystem::exists(folder / "SpeechModels.json"))
+            list = folder / "SpeechModels.json";
+    return { list, deployment.speechModelsURL, dataFolder() / "vesko/models" };
+}
+
+int installModelNamed(const std::string& name)
+{
+    const auto source = modelSource(Deployment::read(deploymentFolders()));
+    if (source.address.empty())
+        throw std::runtime_error("this build names no place to load models from");
+    std::ifstream file(source.list);
+    const std::string list{ std::istreambuf_iterator<char>(file), {} };
+    return installModel(name, list, source.address, source.folder, std::cout, std::cerr);
 }
 
 // Whether nothing is wanting. Nothing of Vesko's is opened for it, so it can be asked beside one
@@ -193,7 +215,8 @@ int runApplication(
 
     AppModel model(
         platform, [&library] { return library.get(); },
-        OpenRouterClient(deployment.openRouterBaseURL), deployment.analytics, deployment.account);
+        OpenRouterClient(deployment.openRouterBaseURL), deployment.analytics, deployment.account,
+        modelSource(deployment));
     AppDelegate delegate(platform, model);
     delegate.windows().make
         = [&](AppWindow kind) { return makeWindow(engine, kind, platform, model, delegate); };
@@ -224,6 +247,8 @@ int main(int argc, char** argv)
         const auto read = Arguments::read({ argv + 1, static_cast<std::size_t>(argc - 1) });
         if (read.purpose == Purpose::keyInstaller)
             return installKeyFromEnvironment();
+        if (read.purpose == Purpose::modelInstaller)
+            return installModelNamed(read.model);
         if (read.purpose == Purpose::clipboardKeeper)
             return keepClipboard(argc, argv);
         if (read.purpose == Purpose::doctor)

@@ -17,7 +17,7 @@ import time
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "../tests/desktop"))
 
-from lib import clipboard, hands, library, settings  # noqa: E402
+from lib import clipboard, hands, library, settings, voice  # noqa: E402
 from lib.programs import Chromium, Mousepad  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import BINARY, Vesko, deployed, install_key  # noqa: E402
@@ -70,6 +70,64 @@ def stop_to_text():
                     continue
     report("stop to text in the editor, vs a script of xclip and xdotool",
            statistics.median(ours), statistics.median(script), 1, "ms")
+
+
+def put_engine():
+    """One of the contract in docs/engines.md that answers at once."""
+    path = os.path.join(os.environ["XDG_DATA_HOME"], "vesko/engines/at-once")
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    with open(path, "w") as file:
+        file.write(f"""#!/usr/bin/python3
+import sys
+print("vesko-engine 1", "name at-once", "languages en", "ready", sep="\\n", flush=True)
+for line in sys.stdin.buffer:
+    if line.startswith(b"piece "):
+        sys.stdin.buffer.read(int(line.split()[1]))
+        print("text {WORDS}", flush=True)
+""")
+    os.chmod(path, 0o700)
+
+
+def engine_stop_to_text():
+    """Both hear the same: while the service is there, something is said all the time."""
+    put_engine()
+    with OpenRouter() as service:
+        service.answer(WORDS)
+        binary = deployed(service.url)
+        install_key("test-key", binary)
+        common = {"firstLaunchDone": True, "onboardingCompleted": True, "languageAnswered": True}
+        taken = {}
+        for provider in ("apple", "openrouter"):
+            settings.write(provider=provider, engine="engine/at-once", keySource="vesko", **common)
+            with Vesko(binary) as vesko, Mousepad() as editor:
+                taken[provider] = []
+                for round in range(ROUNDS + 1):
+                    vesko.begin()
+                    human_pause(1.0)
+                    took = landing(editor, vesko.end)
+                    if round:  # the first one warms up
+                        taken[provider].append(took)
+                    vesko.wait_for("ready")
+    report("stop to text by an engine that answers at once, vs a service that does",
+           statistics.median(taken["apple"]), statistics.median(taken["openrouter"]), 1.1, "ms")
+
+
+def memory_while_recognising():
+    settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True,
+                   languageAnswered=True)
+    with Vesko() as vesko:
+        vesko.dictate(lambda: voice.say(voice.BROTHER))  # what a first dictation loads stays
+        human_pause(1.0)
+        idle = memory(vesko.process.pid)
+        vesko.begin()
+        for _ in range(5):
+            voice.say(voice.COFFEE)
+        vesko.end()
+        most = 0
+        while vesko.phase != "ready":
+            most = max(most, memory(vesko.process.pid))
+    report("memory while an engine recognises, vs when idle after a dictation", most, idle, 1.1,
+           "MB")
 
 
 def field_capture():
@@ -149,5 +207,6 @@ def idle():
 if __name__ == "__main__":
     # Only the very first start asks for keys, and shows who it is.
     settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True)
-    for measure in (idle, start_to_ready, field_capture, stop_to_text):
+    for measure in (idle, start_to_ready, field_capture, stop_to_text,
+                    engine_stop_to_text, memory_while_recognising):
         measure()

@@ -18,7 +18,7 @@ constexpr const char* waitsForKeys = L10N_KEY("Vesko",
 } // namespace
 
 AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenRouterClient& client,
-    AnalyticsBundle analytics, const AccountDeployment& accounts)
+    AnalyticsBundle analytics, const AccountDeployment& accounts, ModelSource models)
     : m_platform(platform)
     , m_keychain(platform.secrets)
     , m_keys(m_keychain)
@@ -72,6 +72,7 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
                 .status = m_status },
           client)
     , m_catalog(client)
+    , m_downloads(std::move(models))
 {
     m_accounts.onUsage = [this](UsageEvent event) { m_analytics.track(event); };
     QObject::connect(&m_capture, &Capture::starting, &m_capture, [this] { m_review.stop(); });

@@ -7,6 +7,7 @@
 #include "VeskoApp/notes/Playback.h"
 #include "VeskoApp/platform/Platform.h"
 #include "VeskoApp/transcription/ModelCatalog.h"
+#include "VeskoApp/transcription/ModelDownloads.h"
 #include "VeskoApp/transcription/TranscriptionRun.h"
 
 #include <filesystem>
@@ -22,7 +23,8 @@ class AppModel {
 public:
     // Opens the library by `open`, off the main thread; captures are dropped until it is ready.
     AppModel(Platform& platform, LibrarySession::Opening open, const OpenRouterClient& client,
-        AnalyticsBundle analytics = {}, const AccountDeployment& accounts = {});
+        AnalyticsBundle analytics = {}, const AccountDeployment& accounts = {},
+        ModelSource models = {});
     AppModel(const AppModel&) = delete;
     AppModel& operator=(const AppModel&) = delete;
     ~AppModel();
@@ -55,6 +57,7 @@ public:
     LanguageInquiry& language() { return m_language; }
     TranscriptionRun& run() { return m_run; }
     ModelCatalog& catalog() { return m_catalog; }
+    ModelDownloads& downloads() { return m_downloads; }
     Keychain& keychain() { return m_keychain; }
     EngineSelection& engines() { return m_engines; }
     OnDeviceTranscriber& onDevice() { return m_onDevice; }
@@ -94,6 +97,7 @@ private:
     LanguageInquiry m_language;
     TranscriptionRun m_run;
     ModelCatalog m_catalog;
+    ModelDownloads m_downloads;
 
     TaskScope m_tasks; // last, so that tasks end before what they use
 };

@@ -104,6 +104,7 @@ Deployment Deployment::read(const std::vector<std::filesystem::path>& folders)
             .openRouterBaseURL = speechService(values),
             .analytics = usage,
             .account = accountOf(values),
+            .speechModelsURL = addressIfThere(values, "VeskoSpeechModelsURL").value_or(""),
         };
     }
     throw std::runtime_error("Info.json is missing");

@@ -22,6 +22,10 @@ struct Deployment {
     // tests need one.
     AccountDeployment account;
 
+    // VeskoSpeechModelsURL: the folder that the files of SpeechModels.json stand in, with "/" at
+    // its end; empty if it is missing, or no address.
+    std::string speechModelsURL;
+
     // Reads Info.json from the first of the folders that has one. Throws std::runtime_error with
     // words for a developer when none has, or it is damaged or incomplete: the program was
     // installed wrongly.

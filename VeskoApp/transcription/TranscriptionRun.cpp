@@ -44,9 +44,11 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
     }
     const Recording& recording = captured.recording;
     const CaptureSettings& settings = captured.settings;
-    const auto key = settings.onDevice()
-        ? std::nullopt
-        : std::optional(m_to.keys.fetch(settings.keySource, captured.key));
+    std::optional<Service> service;
+    if (!settings.onDevice()) {
+        service.emplace(m_to.keys.fetch(settings.keySource, captured.key), Eventual<bool>());
+        m_tasks.spawn(lookForSpeech(recording, service->spoken));
+    }
     std::optional<Uuid> attemptID;
     TranscriptResult result;
     std::exception_ptr failure;
@@ -64,7 +66,8 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
         if (!begun)
             std::rethrow_exception(begun.error());
         attemptID = begun->id;
-        result = co_await attempt(recording, begun->id, settings, key, std::move(captured.heard));
+        result = co_await attempt(
+            recording, begun->id, settings, std::move(service), std::move(captured.heard));
     } catch (...) {
         failure = std::current_exception();
     }
@@ -84,13 +87,24 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
     m_to.capture.endProcessing();
 }
 
+Task<> TranscriptionRun::lookForSpeech(Recording recording, Eventual<bool> spoken)
+{
+    bool may = true;
+    try {
+        may = co_await m_to.gate.mayHoldSpeech(co_await m_to.library.audioFile(recording));
+    } catch (const std::exception&) {
+        // Whoever needs the file will say what is wrong with it.
+    }
+    spoken.set(may);
+}
+
 // From speech to the final text; once completeAttempt has succeeded the transcript is safe.
 Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attemptID,
-    CaptureSettings settings, std::optional<ServiceKey> key, Hearing heard)
+    CaptureSettings settings, std::optional<Service> service, Hearing heard)
 {
     auto audio = co_await m_to.library.audioFile(recording);
     TranscriptResult result
-        = co_await recognize(std::move(audio), settings, std::move(key), std::move(heard));
+        = co_await recognize(std::move(audio), settings, std::move(service), std::move(heard));
     result.text = PersonalDictionary::apply(settings.dictionary, result.text);
     const auto stored
         = co_await m_to.library.change([id = recording.id, attemptID, result](LibraryStore& store) {
@@ -107,9 +121,9 @@ Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attem
 
 // With a service's key by OpenRouter, else on this machine.
 Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
-    CaptureSettings settings, std::optional<ServiceKey> key, Hearing heard)
+    CaptureSettings settings, std::optional<Service> service, Hearing heard)
 {
-    if (!key) {
+    if (!service) {
         if (!co_await m_to.engines.isThere())
             throw CaptureFailure(L10N_KEY("Vesko",
                 "The speech engine that you chose isn't there. Choose one in Settings. Your audio "
@@ -117,9 +131,9 @@ Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
         co_return co_await m_to.onDevice.transcribe(
             std::move(audio), std::move(settings), std::move(heard));
     }
-    if (!co_await m_to.gate.mayHoldSpeech(audio))
+    if (!co_await service->spoken)
         throw VeskoError(VeskoError::noSpeech);
-    const KeyOutcome loaded = co_await *key;
+    const KeyOutcome loaded = co_await service->key;
     if (loaded.failure)
         std::rethrow_exception(loaded.failure);
     if (!loaded.key || loaded.key->empty())

@@ -41,10 +41,16 @@ public:
 private:
     Task<> transcribe(CapturedRecording captured, bool copyWhenDone);
     using Hearing = std::unique_ptr<OnDeviceRecognizer::Hearing>;
+    // What a service is asked with, and whether it is asked at all: looked for at the same time.
+    struct Service {
+        ServiceKey key;
+        Eventual<bool> spoken;
+    };
+    Task<> lookForSpeech(Recording recording, Eventual<bool> spoken);
     Task<TranscriptResult> attempt(Recording recording, Uuid attemptID, CaptureSettings settings,
-        std::optional<ServiceKey> key, Hearing heard);
+        std::optional<Service> service, Hearing heard);
     Task<TranscriptResult> recognize(std::filesystem::path audio, CaptureSettings settings,
-        std::optional<ServiceKey> key, Hearing heard);
+        std::optional<Service> service, Hearing heard);
     Task<> failed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
 
     Neighbours m_to;

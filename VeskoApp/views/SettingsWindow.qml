@@ -7,6 +7,8 @@ VeskoWindow {
     id: window
 
     required property var preferences
+    required property var engines
+    required property var downloads
     required property var catalog
     required property var status
 
@@ -16,7 +18,12 @@ VeskoWindow {
     minimumWidth: 580
     minimumHeight: 600
 
-    onVisibleChanged: if (visible) preferences.opened()
+    onVisibleChanged: {
+        if (visible) {
+            preferences.opened();
+            engines.look();
+        }
+    }
 
     ScrollPage {
         id: view
@@ -46,6 +53,13 @@ VeskoWindow {
             SpeechSection {
                 width: parent.width
                 preferences: window.preferences
+                engines: window.engines
+            }
+            EngineSection {
+                width: parent.width
+                visible: window.preferences.onDevice
+                engines: window.engines
+                downloads: window.downloads
             }
             OpenRouterSection {
                 width: parent.width

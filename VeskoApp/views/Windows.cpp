@@ -3,6 +3,7 @@
 #include "VeskoApp/dictionary/DictionaryView.h"
 #include "VeskoApp/notes/LibraryWindow.h"
 #include "VeskoApp/onboarding/OnboardingView.h"
+#include "VeskoApp/settings/EngineSettings.h"
 #include "VeskoApp/settings/GestureKeyNames.h"
 #include "VeskoApp/settings/PreferencesView.h"
 #include "VeskoApp/views/IconProvider.h"
@@ -113,15 +114,35 @@ std::unique_ptr<QWindow> makeSettings(QQmlEngine& engine, QVariantMap properties
 {
     properties.insert(QStringLiteral("catalog"), handed(model.catalog()));
     properties.insert(QStringLiteral("status"), handed(model.status()));
-    return make(engine, QStringLiteral("SettingsWindow"), properties, QStringLiteral("preferences"),
-        std::make_unique<PreferencesView>(PreferencesView::Neighbours{ .platform = platform,
+    properties.insert(QStringLiteral("downloads"), handed(model.downloads()));
+    auto engines
+        = std::make_unique<EngineSettings>(EngineSettings::Neighbours{ .platform = platform,
             .preferences = model.preferences(),
-            .permissions = permissions,
-            .accounts = model.accounts(),
-            .analytics = model.analytics(),
-            .catalog = model.catalog(),
-            .cues = model.cues(),
-            .status = model.status() }));
+            .keychain = model.keychain(),
+            .engines = model.engines(),
+            .downloads = model.downloads(),
+            .status = model.status(),
+            .trial = { .clock = platform.clock,
+                .recorder = platform.recorder,
+                .preferences = model.preferences(),
+                .library = model.library(),
+                .capture = model.capture(),
+                .engines = model.engines(),
+                .onDevice = model.onDevice(),
+                .folder = platform.dataFolder } });
+    properties.insert(QStringLiteral("engines"), handed(*engines));
+    auto window
+        = make(engine, QStringLiteral("SettingsWindow"), properties, QStringLiteral("preferences"),
+            std::make_unique<PreferencesView>(PreferencesView::Neighbours{ .platform = platform,
+                .preferences = model.preferences(),
+                .permissions = permissions,
+                .accounts = model.accounts(),
+                .analytics = model.analytics(),
+                .catalog = model.catalog(),
+                .cues = model.cues(),
+                .status = model.status() }));
+    engines.release()->setParent(window.get());
+    return window;
 }
 
 std::unique_ptr<QWindow> makeOnboarding(QQmlEngine& engine, QVariantMap properties,

@@ -1670,14 +1670,6 @@
         <translation>Spracherkennungen werden gesucht…</translation>
     </message>
     <message>
-        <source>Command line</source>
-        <translation>Befehlszeile</translation>
-    </message>
-    <message>
-        <source>Model of the command</source>
-        <translation>Modell des Befehls</translation>
-    </message>
-    <message>
         <source>Server address</source>
         <translation>Serveradresse</translation>
     </message>
@@ -1875,6 +1867,14 @@
     <message>
         <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>
         <translation>Einmal klicken nimmt auf. Ziehen verschiebt. Rechtsklick für das Menü. Tastenkürzel: %1</translation>
+    </message>
+    <message>
+        <source>Program and arguments</source>
+        <translation>Programm und Argumente</translation>
+    </message>
+    <message>
+        <source>Model of the program</source>
+        <translation>Modell des Programms</translation>
     </message>
 </context>
 </TS>

@@ -1670,14 +1670,6 @@
         <translation>Buscando motores…</translation>
     </message>
     <message>
-        <source>Command line</source>
-        <translation>Línea de órdenes</translation>
-    </message>
-    <message>
-        <source>Model of the command</source>
-        <translation>Modelo de la orden</translation>
-    </message>
-    <message>
         <source>Server address</source>
         <translation>Dirección del servidor</translation>
     </message>
@@ -1875,6 +1867,14 @@
     <message>
         <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>
         <translation>Un clic para grabar. Arrastre para mover. Clic derecho para el menú. Atajo: %1</translation>
+    </message>
+    <message>
+        <source>Program and arguments</source>
+        <translation>Programa y argumentos</translation>
+    </message>
+    <message>
+        <source>Model of the program</source>
+        <translation>Modelo del programa</translation>
     </message>
 </context>
 </TS>

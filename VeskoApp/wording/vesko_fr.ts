@@ -1670,14 +1670,6 @@
         <translation>Recherche de moteurs…</translation>
     </message>
     <message>
-        <source>Command line</source>
-        <translation>Ligne de commande</translation>
-    </message>
-    <message>
-        <source>Model of the command</source>
-        <translation>Modèle de la commande</translation>
-    </message>
-    <message>
         <source>Server address</source>
         <translation>Adresse du serveur</translation>
     </message>
@@ -1875,6 +1867,14 @@
     <message>
         <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>
         <translation>Un clic pour enregistrer. Glissez pour déplacer. Clic droit pour le menu. Raccourci : %1</translation>
+    </message>
+    <message>
+        <source>Program and arguments</source>
+        <translation>Programme et arguments</translation>
+    </message>
+    <message>
+        <source>Model of the program</source>
+        <translation>Modèle du programme</translation>
     </message>
 </context>
 </TS>

@@ -1672,14 +1672,6 @@
         <translation>Поиск распознавателей…</translation>
     </message>
     <message>
-        <source>Command line</source>
-        <translation>Командная строка</translation>
-    </message>
-    <message>
-        <source>Model of the command</source>
-        <translation>Модель для команды</translation>
-    </message>
-    <message>
         <source>Server address</source>
         <translation>Адрес сервера</translation>
     </message>
@@ -1878,6 +1870,14 @@
     <message>
         <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>
         <translation>Нажмите один раз, чтобы начать запись. Перетащите, чтобы переместить. Меню — по щелчку правой кнопкой. Сочетание клавиш: %1</translation>
+    </message>
+    <message>
+        <source>Program and arguments</source>
+        <translation>Программа и аргументы</translation>
+    </message>
+    <message>
+        <source>Model of the program</source>
+        <translation>Модель для программы</translation>
     </message>
 </context>
 </TS>

@@ -9,10 +9,11 @@ namespace vesko {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Purpose>, 18> options{ {
+constexpr std::array<std::pair<std::string_view, Purpose>, 19> options{ {
     { "--background", Purpose::background },
     { "--install-openrouter-key", Purpose::keyInstaller },
     { "--keep-clipboard", Purpose::clipboardKeeper }, // said by the program itself
+    { "--get-model", Purpose::modelInstaller },
     { "--doctor", Purpose::doctor },
     { "--toggle", Purpose::toggle },
     { "--start", Purpose::start },
@@ -78,6 +79,8 @@ const std::string_view usage
       "  --json         with these two: as JSON, for bars and scripts\n"
       "\n"
       "  --doctor       says what works on this computer, what doesn't, and what helps\n"
+      "  --get-model NAME\n"
+      "                 loads a model for whisper.cpp, such as base; an unknown NAME lists all\n"
       "  --install-openrouter-key\n"
       "                 stores the key that OPENROUTER_API_KEY holds, and chooses OpenRouter\n"
       "  --help, --version\n"
@@ -96,6 +99,8 @@ Arguments Arguments::read(std::span<const char* const> arguments)
             if (purpose && *purpose != option->second)
                 return refusal("one thing at a time, please");
             purpose = option->second;
+        } else if (purpose == Purpose::modelInstaller && read.model.empty()) {
+            read.model = argument;
         } else if (argument == "--json") {
             read.json = true;
         } else if (isAddress(argument)) {
@@ -105,6 +110,8 @@ Arguments Arguments::read(std::span<const char* const> arguments)
         }
     }
     read.purpose = purpose.value_or(Purpose::application);
+    if (read.purpose == Purpose::modelInstaller && read.model.empty())
+        return refusal("--get-model takes the name of a model");
     if (read.json && read.purpose != Purpose::status && read.purpose != Purpose::follow)
         return refusal("--json goes with --status and --follow");
     if (!read.addresses.empty() && read.purpose != Purpose::application

@@ -13,6 +13,7 @@ enum class Purpose {
     background, // to be the program, without a window
     keyInstaller,
     clipboardKeeper, // to serve what the program left on the clipboard when it ended
+    modelInstaller, // to load a model for speech
     doctor, // to say what works on this machine
     // Said to the Vesko that runs.
     toggle,
@@ -35,6 +36,7 @@ enum class Purpose {
 struct Arguments {
     Purpose purpose = Purpose::application;
     bool json = false; // with status and follow
+    std::string model = {}; // that is to be loaded
     std::vector<std::string> addresses; // that were opened with the program
     std::string problem; // one line for a terminal; only if refused
 

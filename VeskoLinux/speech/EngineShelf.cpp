@@ -7,7 +7,9 @@
 #include "VeskoLinux/speech/engines/WhisperEngine.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
+#include <sstream>
 
 namespace vesko {
 
@@ -113,14 +115,29 @@ std::vector<Shelved> shelf(const EngineShelf::Places& places, const std::stop_to
     return all;
 }
 
+// As a shell finds it.
+std::string programOf(const std::string& word)
+{
+    const char* path = std::getenv("PATH");
+    std::istringstream folders(word.find('/') == std::string::npos && path ? path : "");
+    for (std::string folder; std::getline(folders, folder, ':');)
+        if (folder.starts_with('/') && isTrusted(fs::path(folder) / word))
+            return fs::path(folder) / word;
+    return word;
+}
+
 std::shared_ptr<const SpeechEngine> chosen(
     const EngineShelf::Places& places, const EngineChoice& choice, const std::stop_token& stop)
 {
-    if (choice.id == "command" && !choice.command.empty()) {
+    const bool takesSound = std::ranges::any_of(
+        choice.command, [](const auto& word) { return word.find("{wav}") != std::string::npos; });
+    if (choice.id == "command" && takesSound) {
+        auto words = choice.command;
+        words.front() = programOf(words.front());
         const auto& named
             = choice.commandModel.empty() ? choice.command.front() : choice.commandModel;
         return std::make_shared<CommandEngine>(CommandEngine::Command{ .name = "command",
-            .words = choice.command,
+            .words = std::move(words),
             .model = choice.commandModel,
             .modelName = fs::path(named).filename() });
     }
@@ -144,7 +161,8 @@ std::shared_ptr<const SpeechEngine> chosen(
 EngineShelf::Places EngineShelf::usualPlaces(const fs::path& programs, const fs::path& data)
 {
     return { .pocketSphinx = programs / "vesko-pocketsphinx",
-        .contractEngines = { data / "vesko/engines", programs.parent_path() / "lib/vesko/engines" },
+        .contractEngines
+        = { data / "vesko/engines", programs.parent_path().parent_path() / "lib/vesko/engines" },
         .whisperPrograms = WhisperEngine::usualPrograms(),
         .whisperModels = WhisperEngine::usualModelFolders() };
 }

@@ -2,6 +2,7 @@
 
 #include "VeskoLinux/media/GstPlugins.h"
 #include "VeskoLinux/speech/SpeechSamples.h"
+#include "VeskoLinux/speech/StartTone.h"
 
 #include <gst/app/gstappsrc.h>
 #include <gst/gst.h>
@@ -123,8 +124,9 @@ bool holdsVoice(std::span<const std::int16_t> samples)
 
 } // namespace
 
-bool mayHoldSpeech(std::span<const std::int16_t> samples)
+bool mayHoldSpeech(std::span<const std::int16_t> heard)
 {
+    const auto samples = withoutStartTone(heard);
     return standsOut(samples) || (std::ranges::any_of(samples, [](auto sample) {
         return sample != 0;
     }) && holdsVoice(samples));

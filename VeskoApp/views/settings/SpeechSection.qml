@@ -5,6 +5,7 @@ Section {
     id: section
 
     required property var preferences
+    required property var engines
 
     title: qsTranslate("Vesko", "Speech recognition")
 
@@ -18,7 +19,7 @@ Section {
     SettingPicker {
         width: parent.width
         name: qsTranslate("Vesko", "Spoken language")
-        choices: section.preferences.languages
+        choices: section.preferences.onDevice ? section.engines.languages : section.preferences.languages
         value: section.preferences.language
         onChosen: tag => section.preferences.language = tag
     }

@@ -39,6 +39,17 @@ TEST_F(DeploymentTest, IsReadFromTheFirstFolderThatHasOne)
     EXPECT_EQ(deployment.openRouterBaseURL, "https://openrouter.example/api/v1/");
 }
 
+TEST_F(DeploymentTest, SaysWhereModelsAreHadFrom)
+{
+    write(whole);
+    EXPECT_EQ(Deployment::read({ folder.path() }).speechModelsURL, "");
+    write(R"({
+        "VeskoOpenRouterBaseURL": "https://openrouter.example/api/v1/",
+        "VeskoSpeechModelsURL": "https://models.example/main/"
+    })");
+    EXPECT_EQ(Deployment::read({ folder.path() }).speechModelsURL, "https://models.example/main/");
+}
+
 TEST_F(DeploymentTest, SaysWhereUsageEventsGo)
 {
     write(R"({

@@ -202,6 +202,13 @@ TEST_P(WindowsTest, dictionaryHasRoom)
 
 TEST_P(WindowsTest, settingsHaveRoom)
 {
+    machine.speechEngines.found.insert(machine.speechEngines.found.begin(),
+        { .id = "whisper.cpp/base",
+            .name = "whisper.cpp",
+            .model = "base",
+            .licence = "MIT",
+            .languages = { "en", "de", "fr", "es", "ru", "uk" },
+            .detectsLanguage = true });
     open();
     delegate->showSettings();
     model->preferences().keySource.set("personal");
@@ -213,6 +220,11 @@ TEST_P(WindowsTest, settingsHaveRoom)
             shown->resize(shown->width(), 4200);
             look(std::string("settings-") + provider + size);
         }
+    }
+    model->preferences().provider.set("apple");
+    for (const auto* engine : { "command", "server", "whisper.cpp/gone" }) {
+        model->preferences().engine.set(engine);
+        look(std::string("settings-") + (*engine == 'w' ? "without-engine" : engine));
     }
     shown->resize(650, 720);
     lookAtPopups("settings");

@@ -29,6 +29,7 @@ TEST(Arguments, sayWhatAStartIsFor)
         { { "--background", redirect }, Purpose::background },
         { { "--install-openrouter-key" }, Purpose::keyInstaller },
         { { "--doctor" }, Purpose::doctor },
+        { { "--get-model", "base" }, Purpose::modelInstaller },
         { { "--toggle" }, Purpose::toggle },
         { { "--start" }, Purpose::start },
         { { "--stop" }, Purpose::stop },
@@ -45,6 +46,11 @@ TEST(Arguments, sayWhatAStartIsFor)
     for (const auto& row : rows)
         EXPECT_EQ(read(row.arguments).purpose, row.purpose)
             << (row.arguments.empty() ? "nothing" : row.arguments.front());
+}
+
+TEST(Arguments, nameTheModel)
+{
+    EXPECT_EQ(read({ "--get-model", "large-v3-turbo-q5_0" }).model, "large-v3-turbo-q5_0");
 }
 
 TEST(Arguments, keepTheAddresses)

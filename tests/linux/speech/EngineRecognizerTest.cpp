@@ -143,13 +143,22 @@ TEST_F(WithRecognizer, takesTheStartToneForNoWord)
     for (const char* level : { "-6dB", "-20dB", "-32dB" }) {
         voice::convert(
             { "-i", VESKO_RESOURCES "/CaptureStart.wav", "-i", brother(), "-filter_complex",
-                std::string("[0]volume=") + level
+                std::string("[0]asetrate=44100*1.05946,volume=") + level
                     + ",aresample=44100,apad=pad_dur=0.2[t];[1]aresample=44100[s];"
                       "[t][s]concat=v=0:a=1",
                 "-c:a", "aac" },
             in("toned.m4a"));
         EXPECT_THAT(heard(in("toned.m4a")), ElementsAre(voice::brother)) << level;
     }
+}
+
+TEST_F(WithRecognizer, hearsNothingInTheStartTone)
+{
+    voice::convert(
+        { "-i", VESKO_RESOURCES "/CaptureStart.wav", "-af",
+            "asetrate=44100*1.05946,aresample=44100,volume=-20dB,apad=pad_dur=1", "-c:a", "aac" },
+        in("tone.m4a"));
+    EXPECT_THAT(heard(in("tone.m4a")), ElementsAre(""));
 }
 
 TEST_F(WithRecognizer, understandsAQuietMicrophone)

@@ -110,6 +110,7 @@ TEST_F(Shelf, givesWhatIsChosenIfItIsThere)
     EXPECT_FALSE(use({ .id = "whisper.cpp/huge" }));
     EXPECT_FALSE(use({ .id = "" }));
     EXPECT_FALSE(use({ .id = "command" }));
+    EXPECT_FALSE(use({ .id = "command", .command = { "/usr/bin/tool" } }));
     EXPECT_FALSE(use({ .id = "server", .serverAddress = "http://example.com" }));
     EXPECT_THAT(used, testing::SizeIs(5));
 }

@@ -67,6 +67,37 @@ TEST_F(Sounds, ofTheShortestWordsAreNeverTakenForSilence)
                 << text << " at " << decibels << " dB";
 }
 
+// As a microphone hears it from the loudspeakers of its own machine, with another sound.
+std::string toned(int decibels, const std::string& other)
+{
+    return "[0]asetrate=44100*1.05946,aresample=16000,adelay=0.12s:all=1,volume="
+        + std::to_string(decibels) + "dB[tone];[1]" + other
+        + "[other];[tone][other]amix=duration=longest:normalize=0";
+}
+
+TEST_F(Sounds, ofTheStartToneAloneHoldNoSpeech)
+{
+    for (const int decibels : { -3, -12, -20, -32, -40 })
+        for (const char* noise : { "anullsrc=r=16000", "anoisesrc=c=pink:r=16000:a=0.001:s=2" })
+            EXPECT_FALSE(mayHoldSpeech(sound({ "-i", VESKO_RESOURCES "/CaptureStart.wav", "-f",
+                "lavfi", "-t", "3", "-i", noise, "-filter_complex", toned(decibels, "anull") })))
+                << decibels << " dB, " << noise;
+}
+
+TEST_F(Sounds, ofAWordBesideTheStartToneAreHeard)
+{
+    for (const auto& [voice, text] :
+        { std::pair{ "en-us+f2", "no" }, { "ru", "да" }, { "de", "ja" } }) {
+        Child::run({ "espeak-ng", "-v", voice, "-w", in("word.wav"), text });
+        for (const char* begin : { "0s", "0.1s", "0.4s" })
+            EXPECT_TRUE(mayHoldSpeech(sound({ "-i", VESKO_RESOURCES "/CaptureStart.wav", "-i",
+                in("word.wav"), "-filter_complex",
+                toned(-12,
+                    std::string("aresample=16000,adelay=") + begin + ":all=1,apad=pad_dur=1") })))
+                << text << " at " << begin;
+    }
+}
+
 TEST_F(Sounds, ofAWordAtTheVeryEndOrInALongSilenceAreHeard)
 {
     EXPECT_TRUE(mayHoldSpeech(word("en-us+f2", "yes", -10, 10, 0)));
