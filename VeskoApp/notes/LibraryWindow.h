@@ -95,6 +95,8 @@ public:
     Q_INVOKABLE void showTrash();
     Q_INVOKABLE void showProject(const QString& id);
     Q_INVOKABLE void selectRow(int row);
+    // What the button of the empty state does, unless it makes a note.
+    Q_INVOKABLE void fillEmptyState();
     // Renames the project, or makes a new one if there is no id.
     Q_INVOKABLE void saveProject(const QString& renameID, const QString& name);
 

@@ -1,6 +1,6 @@
 #include "VeskoApp/transcription/EngineTrial.h"
 
-#include "VeskoApp/capture/CaptureFailure.h"
+#include "VeskoApp/status/CaptureFailure.h"
 #include "VeskoApp/status/SafeMessage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"

@@ -2,6 +2,7 @@
 
 #include "VeskoApp/capture/Capture.h"
 #include "VeskoApp/transcription/EngineSelection.h"
+#include "VeskoApp/transcription/OnDeviceTranscriber.h"
 
 #include <QObject>
 
