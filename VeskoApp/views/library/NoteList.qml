@@ -187,16 +187,17 @@ Item {
 
         required property var model
         required property bool chosen
+        readonly property var shown: model ?? ({}) // nothing is left of a row that goes
 
         // What was searched for, in the look of what is found.
         function asMarked(html) {
-            return html.replace(/<b>/g, "<b><font color=\"" + Theme.accentName + "\">").replace(/<\/b>/g, "</font></b>");
+            return (html ?? "").replace(/<b>/g, "<b><font color=\"" + Theme.accentName + "\">").replace(/<\/b>/g, "</font></b>");
         }
 
         Icon {
             x: 2
             y: 11
-            name: content.model.iconName
+            name: content.shown.iconName ?? ""
             color: content.chosen ? Theme.accent : Theme.quiet
             size: 16
         }
@@ -204,7 +205,7 @@ Item {
             x: 29
             y: 9
             width: project.x - x - (project.width > 0 ? 8 : 0)
-            text: content.asMarked(content.model.markedTitle)
+            text: content.asMarked(content.shown.markedTitle)
             font.pixelSize: Theme.body
             font.weight: Font.Medium
             color: Theme.text
@@ -215,14 +216,14 @@ Item {
             anchors.right: parent.right
             y: 11
             width: Math.min(implicitWidth, parent.width / 3)
-            text: content.model.project
+            text: content.shown.project ?? ""
             textFormat: Text.PlainText
         }
         RowText {
             x: 29
             y: 30
             width: parent.width - x
-            text: [content.model.status, content.model.moment, content.asMarked(content.model.markedWords)].filter(part => part).join(" · ")
+            text: [content.shown.status, content.shown.moment, content.asMarked(content.shown.markedWords)].filter(part => part).join(" · ")
         }
     }
     // What is the user's own may be longer than a row.
