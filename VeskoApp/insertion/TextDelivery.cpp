@@ -11,10 +11,11 @@ TextDelivery::TextDelivery(const Neighbours& neighbours)
 {
 }
 
-Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destination> destination)
+Task<bool> TextDelivery::deliver(
+    std::string text, bool paste, std::optional<Destination> destination)
 {
     if (!m_to.clipboard.copy(text))
-        co_return;
+        co_return false;
     std::vector<std::string> reasons;
     std::optional<FocusDestination> field;
     if (!paste) {
@@ -31,7 +32,7 @@ Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destina
     }
     if (!reasons.empty()) {
         m_to.status.setMessage(pasteMessage(reasons));
-        co_return;
+        co_return !paste;
     }
     if (m_to.preferences.learnCorrections.get())
         m_to.review.start(*field, text,
@@ -40,6 +41,7 @@ Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destina
             });
     m_proof.emplace();
     m_proof->spawn(prove(std::move(*field), std::move(text)));
+    co_return true;
 }
 
 // The dictation is over by then. Whatever has been said meanwhile stands.
