@@ -5,6 +5,7 @@
 #include "VeskoApp/status/SafeMessage.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/base/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,6 +16,19 @@ namespace {
 
 constexpr double meterInterval = 0.1; // seconds
 constexpr double longestRecording = 300; // seconds
+constexpr std::size_t longestName = 32; // characters
+
+// As a sentence about the program with that field, whose name is its own.
+QString into(const FieldReading& reading)
+{
+    auto name = QString::fromStdString(
+        std::string(firstCharacters(reading.program.value_or(""), longestName)))
+                    .simplified();
+    if (name.isEmpty())
+        return translated(L10N_KEY("Vesko", "Into the field where you began"));
+    name[0] = name[0].toUpper();
+    return translated(L10N_KEY("Vesko", "Into %1")).arg(name);
+}
 
 constexpr const char* noSound = L10N_KEY("Vesko",
     "No sound comes from the microphone. What was said before is kept; the recording goes on when "
@@ -46,13 +60,35 @@ QString Capture::phaseTitle() const
     case Phase::recording:
         return translated(L10N_KEY("Vesko", "Recording"));
     case Phase::processing:
+        break;
+    }
+    switch (m_processing) {
+    case Processing::transcribing:
         return translated(L10N_KEY("Vesko", "Transcribing"));
+    case Processing::cleaningUp:
+        return translated(L10N_KEY("Vesko", "Cleaning up"));
+    case Processing::translating:
+        return translated(L10N_KEY("Vesko", "Translating"));
     }
     return {};
 }
 
+void Capture::setProcessing(Processing step)
+{
+    assign(*this, m_processing, step, &Capture::phaseTitleChanged);
+}
+
+void Capture::setTarget(const QString& target)
+{
+    assign(*this, m_target, target, &Capture::targetChanged);
+}
+
 void Capture::setPhase(Phase phase)
 {
+    if (phase == Phase::idle)
+        setTarget({});
+    if (phase != Phase::processing)
+        m_processing = Processing::transcribing;
     assign(*this, m_phase, phase, &Capture::phaseChanged);
 }
 
@@ -89,6 +125,7 @@ void Capture::recordNote(bool append)
 Destination Capture::captureField()
 {
     const Destination destination;
+    setTarget({}); // that of a press which came to nothing
     m_tasks.spawn(readField(destination));
     return destination;
 }
@@ -97,7 +134,11 @@ Task<> Capture::readField(Destination destination)
 {
     const Date at = m_to.clock.now();
     const FieldReading reading = co_await m_to.focusedField.read(std::nullopt);
-    if (auto field = FocusDestination::from(reading, at))
+    auto field = FocusDestination::from(reading, at);
+    setTarget(field && m_to.preferences.pasteEnabled.get()
+            ? into(reading)
+            : translated(L10N_KEY("Vesko", "To the clipboard")));
+    if (field)
         destination.set(std::move(*field));
     else
         destination.set(std::unexpected(FocusDestination::reasonAgainst(reading)));

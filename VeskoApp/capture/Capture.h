@@ -41,6 +41,9 @@ class Capture : public QObject {
     Q_PROPERTY(QString phaseTitle READ phaseTitle NOTIFY phaseTitleChanged)
     Q_PROPERTY(bool recording READ isRecording NOTIFY phaseChanged)
     Q_PROPERTY(bool busy READ isBusy NOTIFY phaseChanged)
+    // Where the words of the running dictation will go, as the user reads it; empty until that is
+    // known.
+    Q_PROPERTY(QString target READ target NOTIFY targetChanged)
     Q_PROPERTY(double elapsed READ elapsed NOTIFY elapsedChanged)
     Q_PROPERTY(double level READ level NOTIFY levelChanged)
 
@@ -77,6 +80,9 @@ public:
     // A stored recording is about to be transcribed again: nothing else is captured until that has
     // ended. False if something is under way.
     bool beginProcessing();
+    // What is being done to the recording, from transcribing it on.
+    enum class Processing { transcribing, cleaningUp, translating };
+    void setProcessing(Processing step);
     // What followed the recording has ended.
     void endProcessing() { setPhase(Phase::idle); }
 
@@ -87,6 +93,7 @@ public:
     QString phaseTitle() const;
     bool isRecording() const { return m_phase == Phase::recording; }
     bool isBusy() const { return m_phase == Phase::preparing || m_phase == Phase::processing; }
+    const QString& target() const { return m_target; }
     double elapsed() const { return m_elapsed; } // seconds
     double level() const { return m_level; } // 0 to 1, smoothed
     bool pushToTalk() const { return m_pushToTalk; }
@@ -102,6 +109,7 @@ Q_SIGNALS:
     void starting(); // the microphone is about to open
     void phaseChanged();
     void phaseTitleChanged();
+    void targetChanged();
     void elapsedChanged();
     void levelChanged();
     void pushToTalkChanged();
@@ -117,6 +125,7 @@ private:
     };
 
     void setPhase(Phase phase);
+    void setTarget(const QString& target);
     Destination captureField();
     Task<> readField(Destination destination);
     Task<> start(std::optional<Uuid> noteID, bool dictation, std::optional<Destination> destination,
@@ -145,6 +154,8 @@ private:
     Neighbours m_to;
     AudioCapture m_audio;
     Phase m_phase = Phase::idle;
+    Processing m_processing = Processing::transcribing;
+    QString m_target;
     double m_elapsed = 0;
     double m_level = 0;
     bool m_pushToTalk = false;

@@ -11,13 +11,14 @@ TextDelivery::TextDelivery(const Neighbours& neighbours)
 {
 }
 
-Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destination> destination)
+Task<bool> TextDelivery::deliver(
+    std::string text, bool paste, std::optional<Destination> destination)
 {
     ClipboardContent before;
     if (paste && destination && m_to.preferences.returnClipboard.get())
         before = co_await m_to.clipboard.content();
     if (!m_to.clipboard.copy(text))
-        co_return;
+        co_return false;
     std::vector<std::string> reasons;
     std::optional<FocusDestination> field;
     if (!paste) {
@@ -34,12 +35,13 @@ Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destina
     }
     if (!reasons.empty()) {
         m_to.status.setMessage(pasteMessage(reasons));
-        co_return;
+        co_return !paste;
     }
     if (m_to.preferences.learnCorrections.get())
         m_to.review.start(*field, text, onCorrections);
     m_proof.emplace();
     m_proof->spawn(prove(std::move(*field), std::move(text), std::move(before)));
+    co_return true;
 }
 
 // The dictation is over by then. Whatever has been said meanwhile stands.

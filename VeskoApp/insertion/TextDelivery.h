@@ -36,8 +36,9 @@ public:
     // Takes what the user then corrects in a pasted text, while corrections are to be learned.
     InsertionReview::OnCorrections onCorrections;
 
-    // Without `paste`, or without a destination, it ends on the clipboard.
-    Task<> deliver(std::string text, bool paste, std::optional<Destination> destination);
+    // Without `paste`, or without a destination, it ends on the clipboard. False if it was to be
+    // pasted and could not be.
+    Task<bool> deliver(std::string text, bool paste, std::optional<Destination> destination);
 
 private:
     Task<> prove(FocusDestination field, std::string text, ClipboardContent before);

@@ -40,6 +40,7 @@ struct FieldReading {
     // The whole text; of a text longer than 32,768 UTF-16 units the first 32,769, which is enough
     // to see that it is too long to watch.
     std::optional<std::string> value;
+    std::optional<std::string> program = {}; // its name, as it tells it: "mousepad"
 };
 
 // Reads the focused field of other programs. Main thread only; nothing here waits, and the

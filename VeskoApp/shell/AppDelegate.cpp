@@ -74,6 +74,11 @@ void AppDelegate::launch(bool background, const Demo& demo)
         &AppDelegate::showCaptureControl, Qt::QueuedConnection);
     showCaptureControl();
     m_model.capture().onAccountNeeded = [this] { showOnboarding(); };
+    m_model.run().onNotPasted = [this](const Uuid& id) { m_captureControl.offerNote(id); };
+    m_captureControl.onOpenNote = [this](const Uuid& id) {
+        m_model.selection().reveal(id);
+        showLibrary();
+    };
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::observeAccess);
     observeAccess();
     openFirstWindow(background);

@@ -7,8 +7,10 @@
 #include "VeskoCore/base/Localized.h"
 
 #include <QCursor>
+#include <QGuiApplication>
 #include <QPainterPath>
 #include <QRegion>
+#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -18,6 +20,7 @@ namespace vesko {
 namespace {
 
 const std::string originKey = "capturePanelOrigin";
+const std::string sidesKey = "capturePanelSides"; // left and top, each 1 or 0
 constexpr double margin = 24; // points to the edges of the screen
 constexpr double fnHintTime = 2.4; // seconds
 constexpr double frameTime = 0.05; // seconds; smooth enough for so small a thing
@@ -85,8 +88,43 @@ void CaptureControl::position()
     const auto& main = areas.front();
     const ScreenPoint corner{ main.origin.x + main.size.width - size.width - margin,
         main.origin.y + main.size.height - size.height - margin };
-    const auto origin = PanelPlacement::restore(saved, size, areas).value_or(corner);
+    const auto restored = PanelPlacement::restore(saved, size, areas);
+    const auto sides = m_platform.settings.get<std::vector<double>>(sidesKey);
+    const bool known = restored && sides && sides->size() == 2;
+    setSides(known && sides->at(0) != 0, known && sides->at(1) != 0);
+    const auto origin = restored.value_or(corner);
     m_window->setPosition(QPointF(origin.x, origin.y).toPoint());
+}
+
+QPoint CaptureControl::buttonPlace() const
+{
+    return { m_atLeft ? 0 : m_window->width() - buttonSize(),
+        m_atTop ? 0 : m_window->height() - buttonSize() };
+}
+
+void CaptureControl::setSides(bool atLeft, bool atTop)
+{
+    if (m_atLeft == atLeft && m_atTop == atTop)
+        return;
+    m_atLeft = atLeft;
+    m_atTop = atTop;
+    Q_EMIT sidesChanged();
+}
+
+// The button stays where it was let go, or comes whole onto that screen; what it says stands on the
+// side where there is room.
+void CaptureControl::settle()
+{
+    const QRect button(m_window->position() + buttonPlace(), QSize(buttonSize(), buttonSize()));
+    const auto* const at = QGuiApplication::screenAt(button.center());
+    const QRect screen = (at ? at : m_window->screen())->availableGeometry();
+    setSides(button.center().x() < screen.center().x(), button.center().y() < screen.center().y());
+    const QPoint origin = button.topLeft() - buttonPlace();
+    const auto inside = [](int wanted, int from, int room, int size) {
+        return std::clamp(wanted, from, from + std::max(0, room - size));
+    };
+    m_window->setPosition(inside(origin.x(), screen.x(), screen.width(), m_window->width()),
+        inside(origin.y(), screen.y(), screen.height(), m_window->height()));
 }
 
 void CaptureControl::press(const QPointF& at)
@@ -113,9 +151,12 @@ void CaptureControl::release(const QPointF& at, bool onButton)
     if (!gesture)
         return;
     if (gesture->isDrag) {
+        settle();
         const QPointF origin = m_window->position();
         m_platform.settings.set(
             originKey, SettingValue{ std::vector<double>{ origin.x(), origin.y() } });
+        m_platform.settings.set(sidesKey,
+            SettingValue{ std::vector<double>{ m_atLeft ? 1.0 : 0.0, m_atTop ? 1.0 : 0.0 } });
     } else if (onButton && orbEnabled()) {
         m_capture.toggleDictation();
     }
@@ -219,9 +260,26 @@ QVariantList CaptureControl::dots() const
     return opacities;
 }
 
+void CaptureControl::offerNote(const Uuid& id)
+{
+    if (m_news.isEmpty())
+        return;
+    m_offered = id;
+    Q_EMIT newsChanged();
+}
+
+void CaptureControl::openNote()
+{
+    const auto note = m_offered;
+    dismissNews();
+    if (note && onOpenNote)
+        onOpenNote(*note);
+}
+
 void CaptureControl::tell(const QString& news)
 {
-    if (std::exchange(m_news, news) != news)
+    const bool offered = std::exchange(m_offered, std::nullopt).has_value();
+    if (std::exchange(m_news, news) != news || offered)
         Q_EMIT newsChanged();
     m_newsEnd.cancel();
     if (!news.isEmpty())

@@ -30,6 +30,12 @@ class CaptureControl : public QObject {
     Q_PROPERTY(QVariantList dots READ dots NOTIFY glyphChanged)
     // What has just happened, for a while; then nothing.
     Q_PROPERTY(QString news READ news NOTIFY newsChanged)
+    // At which sides of the window the button is, whose rest is towards the middle of the screen.
+    Q_PROPERTY(int buttonSize READ buttonSize CONSTANT) // points
+    Q_PROPERTY(bool atLeft READ atLeft NOTIFY sidesChanged)
+    Q_PROPERTY(bool atTop READ atTop NOTIFY sidesChanged)
+    // The news is about a note that can be opened.
+    Q_PROPERTY(bool offersNote READ offersNote NOTIFY newsChanged)
 
 public:
     CaptureControl(Platform& platform, Capture& capture, const LibrarySession& library,
@@ -57,6 +63,10 @@ public:
     Q_INVOKABLE void dropGesture() { m_gesture.reset(); }
     // The user has seen the news.
     Q_INVOKABLE void dismissNews() { tell({}); }
+    // What has just been said is about this note.
+    void offerNote(const Uuid& id);
+    Q_INVOKABLE void openNote();
+    std::function<void(const Uuid& id)> onOpenNote;
     // Where the pointer is now.
     std::function<QPointF()> pointer;
     // What the shortcut is called.
@@ -75,6 +85,10 @@ public:
     QVariantList bars() const;
     QVariantList dots() const;
     QString news() const { return m_news; }
+    static int buttonSize() { return 56; }
+    bool atLeft() const { return m_atLeft; }
+    bool atTop() const { return m_atTop; }
+    bool offersNote() const { return m_offered.has_value(); }
 
 Q_SIGNALS:
     void stateChanged();
@@ -82,8 +96,12 @@ Q_SIGNALS:
     void fnHintVisibleChanged();
     void glyphChanged();
     void newsChanged();
+    void sidesChanged();
 
 private:
+    QPoint buttonPlace() const; // in the window
+    void setSides(bool atLeft, bool atTop);
+    void settle();
     void showFnHint();
     void setFnHintVisible(bool visible);
     void tell(const QString& news);
@@ -94,9 +112,12 @@ private:
     std::unique_ptr<QWindow> m_window;
     std::optional<PointerGesture> m_gesture;
     QPoint m_startOrigin; // of the window at the press
+    bool m_atLeft = false;
+    bool m_atTop = false;
     bool m_holdingFn = false;
     bool m_fnHintVisible = false;
     QString m_news;
+    std::optional<Uuid> m_offered;
     Timer m_fnHint;
     Timer m_frame;
     Timer m_newsEnd;

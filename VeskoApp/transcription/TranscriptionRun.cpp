@@ -7,6 +7,7 @@
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/insertion/PersonalDictionary.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vesko {
@@ -76,8 +77,9 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
         co_return;
     }
 
+    bool pasted = true;
     if (copyWhenDone)
-        co_await m_to.delivery.deliver(result.text, settings.paste, captured.destination);
+        pasted = co_await m_to.delivery.deliver(result.text, settings.paste, captured.destination);
     else
         m_to.status.setMessage(L10N_KEY("Vesko", "Saved to your note"));
     if (result.warning)
@@ -85,6 +87,13 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
     qCInfo(captureLog, "transcription_saved");
     m_to.analytics.track(UsageEvent::transcriptionSucceeded);
     m_to.capture.endProcessing();
+    const auto& notes = m_to.library.contents().notes;
+    const auto note = std::ranges::find_if(notes, [&](const Note& candidate) {
+        return std::ranges::find(candidate.recordings, recording.id, &Recording::id)
+            != candidate.recordings.end();
+    });
+    if (!pasted && note != notes.end() && onNotPasted)
+        onNotPasted(note->id);
 }
 
 Task<> TranscriptionRun::lookForSpeech(Recording recording, Eventual<bool> spoken)
@@ -114,8 +123,11 @@ Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attem
         std::rethrow_exception(stored.error());
     if (settings.language == "auto")
         m_to.language.consider(result.rawText, recording);
-    if (settings.cleanup || settings.translateTo)
+    if (settings.cleanup || settings.translateTo) {
+        m_to.capture.setProcessing(settings.translateTo ? Capture::Processing::translating
+                                                        : Capture::Processing::cleaningUp);
         result = co_await m_to.transform.apply(recording.id, attemptID, result, settings);
+    }
     co_return result;
 }
 

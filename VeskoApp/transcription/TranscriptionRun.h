@@ -38,6 +38,9 @@ public:
     // Transcribes a stored recording again, with today's settings. False if something is under way.
     bool retry(const Recording& recording, bool copyWhenDone);
 
+    // The text was to be pasted and could not be: it stands on the clipboard and in this note.
+    std::function<void(const Uuid& noteID)> onNotPasted;
+
 private:
     Task<> transcribe(CapturedRecording captured, bool copyWhenDone);
     using Hearing = std::unique_ptr<OnDeviceRecognizer::Hearing>;

@@ -28,6 +28,14 @@ Window {
             ? { x: part.x, y: part.y, width: part.width, height: part.height, radius: radius } : {};
     }
 
+    // Where something of that height stands above the button, or below it.
+    function besideButton(height) {
+        return control.atTop ? orb.height + 8 : panel.height - orb.height - height - 8;
+    }
+    function withTarget(text) {
+        return text && capture.recording && capture.target ? text + "\n" + capture.target : text;
+    }
+
     title: "Vesko"
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.WindowDoesNotAcceptFocus
     color: "transparent"
@@ -52,16 +60,16 @@ Window {
     Face {
         id: orb
 
-        x: parent.width - width
-        y: parent.height - height
-        width: 56
-        height: 56
-        radius: 28
+        x: panel.control.atLeft ? 0 : parent.width - width
+        y: panel.control.atTop ? 0 : parent.height - height
+        width: panel.control.buttonSize
+        height: width
+        radius: width / 2
         border.color: panel.capture.recording || pointer.containsMouse ? Theme.accent : Theme.outline
         border.width: panel.capture.recording ? 2 : 1
         Accessible.role: Accessible.Button
         Accessible.name: panel.control.name
-        Accessible.description: [panel.capture.phaseTitle, panel.session.opening ? "" : panel.status.message, panel.status.errorMessage,
+        Accessible.description: [panel.capture.phaseTitle, panel.capture.recording ? panel.capture.target : "", panel.session.opening ? "" : panel.status.message, panel.status.errorMessage,
                                  panel.status.shortcutMessage].filter(text => text).join("\n")
         Accessible.focusable: panel.control.orbEnabled
         Accessible.onPressAction: if (panel.control.orbEnabled) panel.capture.toggleDictation()
@@ -142,7 +150,7 @@ Window {
     Face {
         id: beside
 
-        x: orb.x - width - 6
+        x: panel.control.atLeft ? orb.width + 6 : orb.x - width - 6
         y: orb.y + (orb.height - height) / 2
         width: phaseWords.implicitWidth + (elapsedWords.visible ? elapsedWords.implicitWidth + 8 : 0) + 24
         height: 30
@@ -203,14 +211,14 @@ Window {
         id: above
 
         readonly property string text: panel.control.fnHintVisible ? qsTranslate("Vesko", "Release Fn to finish")
-            : panel.status.errorMessage || panel.control.news || (rests.elapsed ? panel.control.help : "")
+            : panel.status.errorMessage || panel.withTarget(panel.control.news || (rests.elapsed ? panel.control.help : ""))
         property string shownText
 
         onTextChanged: if (text) shownText = text
-        x: parent.width - width
-        y: orb.y - height - 8
+        x: panel.control.atLeft ? 0 : parent.width - width
+        y: panel.besideButton(height)
         width: Math.min(parent.width, said.implicitWidth + 28)
-        height: said.height + 20
+        height: said.height + 20 + (open.visible ? open.height + 2 : 0)
         radius: Theme.radius
         visible: opacity > 0 && !menu.visible && !question.visible
         opacity: text ? 1 : 0
@@ -243,6 +251,17 @@ Window {
                 panel.control.dismissNews();
             }
         }
+        PanelRow {
+            id: open
+
+            x: 6
+            y: said.y + said.height + 4
+            width: parent.width - 12
+            visible: panel.control.offersNote && above.text === panel.control.news
+            text: qsTranslate("Vesko", "Open note")
+            Accessible.role: Accessible.Button
+            onChosen: panel.control.openNote()
+        }
     }
     Timer {
         id: rests
@@ -259,18 +278,18 @@ Window {
     Loader {
         id: question
 
-        y: orb.y - height - 8
+        y: panel.besideButton(height)
         width: parent.width
         // In a language with long words it is drawn smaller rather than cut off.
-        scale: Math.min(1, (orb.y - 8) / height)
-        transformOrigin: Item.Bottom
+        scale: Math.min(1, (panel.height - orb.height - 8) / height)
+        transformOrigin: panel.control.atTop ? Item.Top : Item.Bottom
         visible: panel.asks
     }
     Loader {
         id: menu
 
-        x: parent.width - width
-        y: orb.y - height - 8
+        x: panel.control.atLeft ? 0 : parent.width - width
+        y: panel.besideButton(height)
         visible: panel.menuOpen
     }
 

@@ -48,7 +48,8 @@ void FoundText::setQuery(const QString& query)
     m_query = query;
     m_search.reset();
     if (!query.isEmpty())
-        m_search.emplace(query.toStdString(), QLocale().name().section(u'_', 0, 0).toStdString());
+        m_search = std::make_unique<TextSearch>(
+            query.toStdString(), QLocale().name().section(u'_', 0, 0).toStdString());
     mark();
     Q_EMIT queryChanged();
 }

@@ -8,7 +8,7 @@
 #include <QSyntaxHighlighter>
 #include <QtQml/qqmlregistration.h>
 
-#include <optional>
+#include <memory>
 #include <vector>
 
 namespace vesko {
@@ -55,7 +55,9 @@ private:
     QQuickTextDocument* m_document = nullptr;
     QString m_query;
     QColor m_colour;
-    std::optional<TextSearch> m_search; // none without a query
+    // None without a query. Apart from the object, which QML puts anywhere in memory, while a
+    // search is made of what has to be aligned.
+    std::unique_ptr<TextSearch> m_search;
     QPointer<QSyntaxHighlighter> m_marks; // of the document, made with the first query
 };
 

@@ -22,6 +22,7 @@ Rectangle {
         id: hover
     }
     TapHandler {
+        gesturePolicy: TapHandler.WithinBounds // what lies below hears nothing of it
         onTapped: row.chosen()
     }
     Text {

@@ -9,6 +9,8 @@
 #include "VeskoApp/views/IconProvider.h"
 
 #include <QElapsedTimer>
+#include <QFont>
+#include <QFontDatabase>
 #include <QIcon>
 #include <QImageReader>
 #include <QLoggingCategory>
@@ -178,6 +180,11 @@ std::unique_ptr<QWindow> makeOnboarding(QQmlEngine& engine, QVariantMap properti
 
 void prepareViews(QQmlEngine& engine)
 {
+    // Several fonts have a grey drawing of some of the signs that people expect in colour. Without
+    // the windows' own font the next one would draw all letters.
+    const auto family = QStringLiteral("Inter");
+    if (QFontDatabase::hasFamily(family))
+        QFont::insertSubstitution(family, QStringLiteral("Noto Color Emoji"));
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
     // Whoever makes the control soon finds it loaded, or waits for the rest only.

@@ -1876,5 +1876,29 @@
         <source>Model of the program</source>
         <translation>Modell des Programms</translation>
     </message>
+    <message>
+        <source>Cleaning up</source>
+        <translation>Wird überarbeitet</translation>
+    </message>
+    <message>
+        <source>Translating</source>
+        <translation>Wird übersetzt</translation>
+    </message>
+    <message>
+        <source>Open note</source>
+        <translation>Notiz öffnen</translation>
+    </message>
+    <message>
+        <source>To the clipboard</source>
+        <translation>In die Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Into %1</source>
+        <translation>In %1</translation>
+    </message>
+    <message>
+        <source>Into the field where you began</source>
+        <translation>In das Feld, in dem Sie begonnen haben</translation>
+    </message>
 </context>
 </TS>

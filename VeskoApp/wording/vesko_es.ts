@@ -1876,5 +1876,29 @@
         <source>Model of the program</source>
         <translation>Modelo del programa</translation>
     </message>
+    <message>
+        <source>Cleaning up</source>
+        <translation>Corrigiendo</translation>
+    </message>
+    <message>
+        <source>Translating</source>
+        <translation>Traduciendo</translation>
+    </message>
+    <message>
+        <source>Open note</source>
+        <translation>Abrir nota</translation>
+    </message>
+    <message>
+        <source>To the clipboard</source>
+        <translation>Al portapapeles</translation>
+    </message>
+    <message>
+        <source>Into %1</source>
+        <translation>En %1</translation>
+    </message>
+    <message>
+        <source>Into the field where you began</source>
+        <translation>En el campo en el que empezó</translation>
+    </message>
 </context>
 </TS>

@@ -1876,5 +1876,29 @@
         <source>Model of the program</source>
         <translation>Modèle du programme</translation>
     </message>
+    <message>
+        <source>Cleaning up</source>
+        <translation>Mise au propre</translation>
+    </message>
+    <message>
+        <source>Translating</source>
+        <translation>Traduction en cours</translation>
+    </message>
+    <message>
+        <source>Open note</source>
+        <translation>Ouvrir la note</translation>
+    </message>
+    <message>
+        <source>To the clipboard</source>
+        <translation>Dans le presse-papiers</translation>
+    </message>
+    <message>
+        <source>Into %1</source>
+        <translation>Dans %1</translation>
+    </message>
+    <message>
+        <source>Into the field where you began</source>
+        <translation>Dans le champ où vous avez commencé</translation>
+    </message>
 </context>
 </TS>

@@ -1879,5 +1879,29 @@
         <source>Model of the program</source>
         <translation>Модель для программы</translation>
     </message>
+    <message>
+        <source>Cleaning up</source>
+        <translation>Правится текст</translation>
+    </message>
+    <message>
+        <source>Translating</source>
+        <translation>Переводится</translation>
+    </message>
+    <message>
+        <source>Open note</source>
+        <translation>Открыть заметку</translation>
+    </message>
+    <message>
+        <source>To the clipboard</source>
+        <translation>В буфер обмена</translation>
+    </message>
+    <message>
+        <source>Into %1</source>
+        <translation>В программу %1</translation>
+    </message>
+    <message>
+        <source>Into the field where you began</source>
+        <translation>В поле, с которого вы начали</translation>
+    </message>
 </context>
 </TS>

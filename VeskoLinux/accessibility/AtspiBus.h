@@ -27,6 +27,7 @@ namespace atspi {
 
 inline constexpr const char* accessible = "org.a11y.atspi.Accessible";
 inline constexpr const char* text = "org.a11y.atspi.Text";
+inline const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
 
 // From the answers to GetState and GetRole.
 AtspiKind kind(const QVariantList& states, const QVariantList& role);

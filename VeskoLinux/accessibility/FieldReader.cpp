@@ -62,6 +62,8 @@ Task<std::optional<FieldProbe>> FieldReader::probe(AtspiAddress element, QDeadli
 Task<> FieldReader::describe(FieldReading& reading, AtspiAddress element, FieldProbe probe,
     std::int32_t process, QDeadlineTimer deadline)
 {
+    auto program
+        = m_bus.property({ element.service, atspi::rootPath }, atspi::accessible, "Name", deadline);
     reading.element = std::make_shared<AtspiElement>(
         element, co_await documentOf(element, probe.kind, deadline), probe.kind.terminal());
     reading.focused = probe.focused();
@@ -110,6 +112,9 @@ Task<> FieldReader::describe(FieldReading& reading, AtspiAddress element, FieldP
     // the keyboard. What is written in it goes on at the end.
     else if (probe.kind.focusedField() && probe.kind.is(ATSPI_STATE_EDITABLE) && value)
         reading.selection = TextRange{ std::int64_t(value->size()), 0 };
+    if (const auto name = co_await program)
+        reading.program
+            = qvariant_cast<QDBusVariant>(name->first()).variant().toString().toStdString();
 }
 
 // Whether what is typed there can't be seen by the user either.

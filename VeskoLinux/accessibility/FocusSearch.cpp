@@ -14,8 +14,6 @@ constexpr std::size_t childLimit = 256; // of one element
 constexpr std::size_t levelLimit = 1024; // elements at one depth
 constexpr int depthLimit = 64;
 
-const QString rootPath = QStringLiteral("/org/a11y/atspi/accessible/root");
-
 void append(std::vector<AtspiAddress>& addresses, const QVariantList& reply)
 {
     const auto list = reply.first().value<QDBusArgument>();
@@ -78,7 +76,7 @@ Task<std::optional<AtspiAddress>> FocusSearch::fieldIn(
 
 Task<bool> FocusSearch::hasActiveWindow(QString service, QDeadlineTimer deadline)
 {
-    const auto windows = co_await childrenOf({ { service, rootPath } }, deadline);
+    const auto windows = co_await childrenOf({ { service, atspi::rootPath } }, deadline);
     co_return std::ranges::any_of(windows, active, &Node::kind);
 }
 
@@ -120,8 +118,9 @@ Task<FocusSearch::Found> FocusSearch::findBelow(Level level, QDeadlineTimer dead
 
 Task<std::vector<AtspiAddress>> FocusSearch::allPrograms(QDeadlineTimer deadline)
 {
-    const auto reply = co_await m_bus.call({ QStringLiteral("org.a11y.atspi.Registry"), rootPath },
-        atspi::accessible, "GetChildren", "a(so)", deadline);
+    const auto reply
+        = co_await m_bus.call({ QStringLiteral("org.a11y.atspi.Registry"), atspi::rootPath },
+            atspi::accessible, "GetChildren", "a(so)", deadline);
     std::vector<AtspiAddress> programs;
     if (reply)
         append(programs, *reply);

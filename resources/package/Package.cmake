@@ -51,7 +51,8 @@ foreach(library IN ITEMS libcld2.so.0 libcrypto.so.3 libcurl.so.4 libsecret-1.so
   list(APPEND needed ${package})
 endforeach()
 list(JOIN needed ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
-# A speech model, the font of the windows, a keyring, a sound server, and what opens pages and files.
+# A speech model, the fonts of the windows and of what people write, a keyring, a sound server, and what opens pages and files.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pocketsphinx-en-us, fonts-inter, \
+fonts-noto-color-emoji, fonts-noto-cjk | fonts-droid-fallback, \
 gnome-keyring | kwalletmanager, pipewire-pulse | pulseaudio, \
 xdg-desktop-portal-gtk | xdg-desktop-portal-backend, xdg-utils")

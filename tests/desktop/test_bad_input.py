@@ -40,6 +40,7 @@ class BadInput(unittest.TestCase):
         self.refuses(b'{\n  "notes" : [\n', UNREADABLE)
 
     def test_the_window_says_so_and_opens_the_folder(self):
+        settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True)
         root = tempfile.mkdtemp()
         with open(os.path.join(root, "library.json"), "wb") as file:
             file.write(b"{")

@@ -108,6 +108,40 @@ class FloatingControl(BesideAnEditor):
         until("it is where it was", lambda: abs(again.button.centre[0] - (x - 300)) < 3
               and abs(again.button.centre[1] - (y - 200)) < 3)
 
+    def test_in_the_upper_left_corner_all_that_it_shows_is_on_the_screen(self):
+        hands.drag(self.vesko.button.centre, (20, 15))
+        until("it is in the corner", lambda: self.vesko.button.centre == (28, 28))
+        self.open_menu()
+        self.is_whole("menu item", "Quit Vesko")
+        self.click(button=3)
+        until("the menu is closed", lambda: "Quit Vesko" not in self.vesko.shown())
+        self.click()
+        self.vesko.wait_for("recording")
+        self.is_whole("label", "Recording")
+        self.click()
+        self.vesko.wait_for("ready")
+        self.vesko.quit()
+        again = Vesko(self.binary, root=self.vesko.root)
+        self.addCleanup(again.kill)
+        until("it is there again", lambda: again.button.centre == (28, 28))
+
+    def is_whole(self, role, name):
+        node = until(f"a {role} called {name!r}", lambda: self.vesko.panel.find(role, name))
+        x, y, width, height = node.bounds
+        self.assertTrue(x >= 0 and y >= 0 and width > 0 and height > 0, node.bounds)
+
+    def test_the_note_of_a_text_that_could_not_be_pasted_is_opened(self):
+        self.click()
+        self.vesko.wait_for("recording")
+        self.vesko.wait_for_text("Into Mousepad")
+        self.editor.kill()
+        until("the editor is gone", lambda: eyes.active_pid() != self.editor.process.pid)
+        self.click()
+        self.vesko.wait_for("ready")
+        self.click_on("push button", "Open note")
+        self.vesko.wait_to_find("text", "Note text")
+        self.assertEqual(self.vesko.find("text", "Note text").text, "spoken")
+
     def test_a_drag_out_and_back_is_no_click(self):
         place = self.vesko.button.centre
         hands.drag(place, (place[0] - 40, place[1] - 40), place)

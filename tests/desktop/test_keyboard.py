@@ -128,6 +128,8 @@ class Keyboard(unittest.TestCase):
     def test_return_deletes_nothing_for_good(self):
         self.start()
         hands.click(*self.notes_listed()[0].centre)
+        until("the first note has the keyboard", lambda: self.selected() == 0
+              and "focused" in self.notes_listed()[0].states)
         hands.tap("delete")
         self.vesko.wait_to_find("label", "Move this note to Trash?")
         self.comes_to(BUTTON, "Move to Trash")

@@ -218,7 +218,7 @@ class LibraryWindow(unittest.TestCase):
         self.vesko.press(BUTTON, "Copy")
         until("it is on the clipboard", lambda: clipboard.read().startswith("Version 0.1.0"))
         window = eyes.active_window()
-        self.assertEqual(eyes.window_property(window, "WM_CLASS"), '"vesko-app", "Vesko"')
+        self.assertEqual(eyes.window_property(window, "WM_CLASS"), '"vesko", "vesko"')
         until("the window has its icon", lambda: "Icon (" in eyes.window_property(
             window, "_NET_WM_ICON"))
 

@@ -43,6 +43,12 @@ class Targets(Dictations):
     def test_into_a_gtk_editor(self):
         self.into(Mousepad())
 
+    def test_it_is_told_where_the_words_will_go(self):
+        with Mousepad():
+            self.begin()
+            self.vesko.wait_for_text("Into Mousepad")
+            self.end()
+
     def test_into_a_qt_editor(self):
         self.into(FeatherPad())
 

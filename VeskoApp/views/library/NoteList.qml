@@ -131,43 +131,9 @@ Item {
                 list.forceActiveFocus(Qt.MouseFocusReason);
             }
 
-            // What was searched for, in the look of what is found.
-            function asMarked(html) {
-                return html.replace(/<b>/g, "<b><font color=\"" + Theme.accentName + "\">").replace(/<\/b>/g, "</font></b>");
-            }
-
-            contentItem: Item {
-                Icon {
-                    x: 2
-                    y: 11
-                    name: row.model.iconName
-                    color: row.chosen ? Theme.accent : Theme.quiet
-                    size: 16
-                }
-                RowText {
-                    x: 29
-                    y: 9
-                    width: project.x - x - (project.width > 0 ? 8 : 0)
-                    text: row.asMarked(row.model.markedTitle)
-                    font.pixelSize: Theme.body
-                    font.weight: Font.Medium
-                    color: Theme.text
-                }
-                RowText {
-                    id: project
-
-                    anchors.right: parent.right
-                    y: 11
-                    width: Math.min(implicitWidth, parent.width / 3)
-                    text: row.model.project
-                    textFormat: Text.PlainText
-                }
-                RowText {
-                    x: 29
-                    y: 30
-                    width: parent.width - x
-                    text: [row.model.status, row.model.moment, row.asMarked(row.model.markedWords)].filter(part => part).join(" · ")
-                }
+            contentItem: RowContent {
+                model: row.model
+                chosen: row.chosen
             }
         }
     }
@@ -216,6 +182,50 @@ Item {
         }
     }
 
+    component RowContent: Item {
+        id: content
+
+        required property var model
+        required property bool chosen
+        readonly property var shown: model ?? ({}) // nothing is left of a row that goes
+
+        // What was searched for, in the look of what is found.
+        function asMarked(html) {
+            return (html ?? "").replace(/<b>/g, "<b><font color=\"" + Theme.accentName + "\">").replace(/<\/b>/g, "</font></b>");
+        }
+
+        Icon {
+            x: 2
+            y: 11
+            name: content.shown.iconName ?? ""
+            color: content.chosen ? Theme.accent : Theme.quiet
+            size: 16
+        }
+        RowText {
+            x: 29
+            y: 9
+            width: project.x - x - (project.width > 0 ? 8 : 0)
+            text: content.asMarked(content.shown.markedTitle)
+            font.pixelSize: Theme.body
+            font.weight: Font.Medium
+            color: Theme.text
+        }
+        RowText {
+            id: project
+
+            anchors.right: parent.right
+            y: 11
+            width: Math.min(implicitWidth, parent.width / 3)
+            text: content.shown.project ?? ""
+            textFormat: Text.PlainText
+        }
+        RowText {
+            x: 29
+            y: 30
+            width: parent.width - x
+            text: [content.shown.status, content.shown.moment, content.asMarked(content.shown.markedWords)].filter(part => part).join(" · ")
+        }
+    }
     // What is the user's own may be longer than a row.
     component RowText: Text {
         readonly property bool mayBeCut: true

@@ -305,6 +305,37 @@ TEST_F(TriggerTest, ANewCaptureClearsTheErrorOfAnEarlierOne)
     ASSERT_TRUE(reach(Phase::recording));
 }
 
+TEST_F(TriggerTest, WhereTheWordsWillGoIsSaidWhileTheyAreSpoken)
+{
+    const struct {
+        const char* what;
+        std::optional<std::string> program;
+        bool hasField;
+        bool paste;
+        const char* said;
+    } cases[] = {
+        { "a field of a program", "mousepad", true, true, "Into Mousepad" },
+        { "a program without a name", std::nullopt, true, true, "Into the field where you began" },
+        { "a program with a name of many lines", " two\nlines ", true, true, "Into Two lines" },
+        { "no field", "mousepad", false, true, "To the clipboard" },
+        { "no paste", "mousepad", true, false, "To the clipboard" },
+    };
+    open();
+    const auto field = machine.focusedField.reading;
+    for (const auto& [what, program, hasField, paste, said] : cases) {
+        SCOPED_TRACE(what);
+        machine.focusedField.reading = field;
+        machine.focusedField.reading.program = program;
+        if (!hasField)
+            machine.focusedField.reading.element = nullptr;
+        model->preferences().pasteEnabled.set(paste);
+        dictate();
+        EXPECT_EQ(model->capture().target().toStdString(), said);
+        finish();
+        EXPECT_EQ(model->capture().target(), QString());
+    }
+}
+
 } // namespace
 
 } // namespace vesko

@@ -98,6 +98,36 @@ TEST_F(TextDeliveryTest, WhatWasCopiedBeforeComesBackIfThatIsWanted)
     }
 }
 
+TEST_F(TextDeliveryTest, TheNoteOfATextThatCouldNotBePastedIsNamed)
+{
+    const struct {
+        const char* what;
+        bool paste;
+        bool hasField;
+        bool named;
+    } cases[] = {
+        { "pasted", true, true, false },
+        { "no field to paste into", true, false, true },
+        { "the user wants no paste", false, false, false },
+    };
+    open();
+    std::vector<Uuid> named;
+    model->run().onNotPasted = [&](const Uuid& id) { named.push_back(id); };
+    const auto field = machine.focusedField.reading;
+    for (const auto& [what, paste, hasField, isNamed] : cases) {
+        SCOPED_TRACE(what);
+        named.clear();
+        model->preferences().pasteEnabled.set(paste);
+        machine.focusedField.reading = field;
+        if (!hasField)
+            machine.focusedField.reading.element = nullptr;
+        dictate();
+        finish();
+        const auto& last = model->library().contents().notes.back();
+        EXPECT_EQ(named, isNamed ? std::vector{ last.id } : std::vector<Uuid>{});
+    }
+}
+
 TEST_F(TextDeliveryTest, WhatForbidsThePasteIsSaid)
 {
     using Change = void (*)(FakePlatform&);

@@ -22,6 +22,7 @@ protected:
         control = std::make_unique<CaptureControl>(
             machine.all, model->capture(), model->library(), model->status());
         auto made = std::make_unique<QWindow>();
+        made->setFlags(Qt::FramelessWindowHint);
         made->resize(240, 236);
         window = made.get();
         control->setWindow(std::move(made));
@@ -80,6 +81,42 @@ TEST_F(CaptureControlTest, ADragMovesTheWindowAndStartsNothing)
     EXPECT_TRUE(machine.focusedField.reads.empty());
     makeControl();
     EXPECT_EQ(window->position(), corner() - QPoint(40, 20));
+}
+
+TEST_F(CaptureControlTest, InEachCornerItTurnsTowardsTheMiddleAndComesBackThere)
+{
+    const auto screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const auto size = CaptureControl::buttonSize();
+    const struct {
+        const char* what;
+        QPoint dropped; // the middle of the button
+        bool atLeft, atTop;
+        QPoint origin;
+    } cases[] = {
+        { "top left", { 100, 90 }, true, true, QPoint(100, 90) - QPoint(size, size) / 2 },
+        { "beyond the edge", { 3, 2 }, true, true, { 0, 0 } },
+        { "bottom left", { 100, screen.height() - 90 }, true, false,
+            { 100 - size / 2, screen.height() - 90 + size / 2 - 236 } },
+        { "top right", { screen.width() - 100, 90 }, false, true,
+            { screen.width() - 100 + size / 2 - 240, 90 - size / 2 } },
+    };
+    AppModelTest::open();
+    for (const auto& [what, dropped, atLeft, atTop, origin] : cases) {
+        SCOPED_TRACE(what);
+        machine.settings.values.erase("capturePanelOrigin");
+        makeControl();
+        const auto button = corner() + QPoint(240 - size / 2, 236 - size / 2);
+        press(button.x(), button.y());
+        drag(dropped.x(), dropped.y());
+        release();
+        EXPECT_EQ(control->atLeft(), atLeft);
+        EXPECT_EQ(control->atTop(), atTop);
+        EXPECT_EQ(window->position(), origin);
+        makeControl();
+        EXPECT_EQ(control->atLeft(), atLeft);
+        EXPECT_EQ(control->atTop(), atTop);
+        EXPECT_EQ(window->position(), origin);
+    }
 }
 
 TEST_F(CaptureControlTest, AnEventThatComesLateMakesNoDragOfAClick)
@@ -341,6 +378,30 @@ TEST_F(CaptureControlTest, TheWindowIsCutToWhatIsSeen)
     EXPECT_TRUE(window->mask().contains(QPoint(212, 208)));
     EXPECT_FALSE(window->mask().contains(QPoint(185, 181)));
     EXPECT_FALSE(window->mask().contains(QPoint(20, 20)));
+}
+
+TEST_F(CaptureControlTest, TheNoteThatTheNewsIsAboutCanBeOpenedAsLongAsItIsNews)
+{
+    open();
+    std::vector<Uuid> opened;
+    control->onOpenNote = [&](const Uuid& id) { opened.push_back(id); };
+    const auto note = Uuid::random();
+    control->offerNote(note);
+    EXPECT_FALSE(control->offersNote()); // nothing was said
+    model->status().setMessage("Copied to clipboard");
+    control->offerNote(note);
+    EXPECT_TRUE(control->offersNote());
+    control->openNote();
+    EXPECT_EQ(opened, std::vector{ note });
+    EXPECT_FALSE(control->offersNote());
+    EXPECT_EQ(control->news(), QString());
+
+    model->status().setMessage("Copied again");
+    control->offerNote(note);
+    model->status().setMessage("Something else");
+    EXPECT_FALSE(control->offersNote());
+    control->openNote();
+    EXPECT_EQ(opened.size(), 1U);
 }
 
 } // namespace

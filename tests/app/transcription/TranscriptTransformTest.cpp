@@ -62,6 +62,23 @@ protected:
     LoopbackServer server;
 };
 
+TEST_F(TranscriptTransformTest, WhatIsBeingDoneIsSaid)
+{
+    open();
+    std::vector<std::string> said;
+    QObject::connect(&model->capture(), &Capture::phaseTitleChanged,
+        [&] { said.push_back(model->capture().phaseTitle().toStdString()); });
+    for (const bool translates : { false, true }) {
+        said.clear();
+        model->preferences().translateTo.set(translates ? "de-CH" : "off");
+        server.reply(answer("Hello, world."));
+        run();
+        EXPECT_THAT(said,
+            testing::ElementsAre("Starting microphone", "Recording", "Transcribing",
+                translates ? "Translating" : "Cleaning up", "Ready"));
+    }
+}
+
 TEST_F(TranscriptTransformTest, TheCleanedTextIsDeliveredAndTheTranscriptStays)
 {
     open();

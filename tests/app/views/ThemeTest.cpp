@@ -3,6 +3,8 @@
 #include "VeskoApp/views/Windows.h"
 
 #include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
 #include <QPalette>
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -116,6 +118,25 @@ TEST_P(ThemeTest, whoAskedForItGetsMoreContrast)
     EXPECT_GE(between("text", "window"), 20);
     EXPECT_GE(between("quiet", "window"), 7);
     EXPECT_GE(between("edge", "window"), 7);
+}
+
+TEST(Theme, SignsOfFeelingHaveTheirColours)
+{
+    QQmlEngine engine;
+    prepareViews(engine);
+    QImage picture(40, 40, QImage::Format_ARGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    QFont font(QStringLiteral("Inter"));
+    font.setPixelSize(30);
+    painter.setFont(font);
+    painter.drawText(picture.rect(), Qt::AlignCenter, QStringLiteral("😀"));
+    painter.end();
+    int coloured = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            coloured += picture.pixelColor(x, y).hsvSaturation() > 100;
+    EXPECT_GT(coloured, 100);
 }
 
 } // namespace

@@ -86,6 +86,7 @@ const struct {
 } exceptions[] = {
     { "", "Vesko(: )?", "the name of the program, in every language" },
     { "VeskoApp/views/Theme.qml", "Inter", "the name of a font" },
+    { "VeskoApp/views/Windows.cpp", "(Inter|Noto Color Emoji)", "the name of a font" },
     { "VeskoApp/notes/LibraryWindow.cpp", "Markdown", "the name of a format" },
     { "VeskoApp/views/library/NoteList.qml", "f", "how a number is written out" },
     { "VeskoApp/views/", "(Ctrl\\+Shift\\+Z|Del)", "keys, as the other menus name them" },
