@@ -43,6 +43,7 @@ ActiveWindow::ActiveWindow()
         return;
     m_root = rootOf(m_connection, screen);
     m_activeWindow = atom(m_connection, "_NET_ACTIVE_WINDOW");
+    m_manager = atom(m_connection, "_NET_SUPPORTING_WM_CHECK");
     m_processId = atom(m_connection, "_NET_WM_PID");
     m_name = atom(m_connection, "_NET_WM_NAME");
     m_utf8 = atom(m_connection, "UTF8_STRING");
@@ -58,7 +59,8 @@ ActiveWindow::~ActiveWindow()
 
 std::optional<std::uint32_t> ActiveWindow::active() const
 {
-    if (has(m_root, m_activeWindow))
+    // A window manager has none to tell of before the first window.
+    if (has(m_root, m_activeWindow) || has(m_root, m_manager))
         return property(m_root, m_activeWindow, XCB_ATOM_WINDOW);
     return focused();
 }

@@ -9,8 +9,8 @@ struct xcb_connection_t;
 namespace vesko {
 
 // Asks the X server which window is active: by the window manager's account, and where there is
-// none, or one that doesn't tell, the one with the input focus. Each question is two or three round
-// trips to the server, some tens of microseconds. One thread.
+// none, or one older than such accounts, the one with the input focus. Each question is two or
+// three round trips to the server, some tens of microseconds. One thread.
 class ActiveWindow {
 public:
     ActiveWindow();
@@ -37,6 +37,7 @@ private:
     bool m_knowsClients = false; // the server can tell the process behind a window
     std::uint32_t m_root = 0;
     std::uint32_t m_activeWindow = 0;
+    std::uint32_t m_manager = 0; // a window manager says so that it follows the desktops' rules
     std::uint32_t m_processId = 0;
     std::uint32_t m_name = 0;
     std::uint32_t m_utf8 = 0;

@@ -114,7 +114,7 @@ class FirstLaunch(unittest.TestCase):
             until("the recording is being transcribed",
                   lambda: "Transcribing" in vesko.button.description)
             self.quits_soon(vesko)
-        self.assertIn(library.recordings(vesko.root)[-1]["status"], ("recorded", "processing"))
+        self.assertIn(library.recordings(vesko.root)[-1]["status"], ("recorded", "transcribing"))
 
     def test_what_the_user_chooses_later_stays(self):
         with Vesko() as vesko:

@@ -70,7 +70,7 @@ class Shortcut(unittest.TestCase):
 
         self.start()  # again
         self.records_with("left control", "left alt", "d")
-        self.vesko.press(BUTTON, "Use Super+Shift+Space")
+        self.vesko.app.find(BUTTON, "Use Super+Shift+Space").activate()
         self.field("Super+Shift+Space")
         human_pause(hands.APART)
         self.records_with(*hands.SHORTCUT)
