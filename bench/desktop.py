@@ -79,7 +79,7 @@ def put_engine():
     with open(path, "w") as file:
         file.write(f"""#!/usr/bin/python3
 import sys
-print("vesko-engine 1", "name at-once", "languages en", "ready", sep="\\n", flush=True)
+print("vesko-engine 1", "name at-once", "version 1", "licence MIT", "languages en", "ready", sep="\\n", flush=True)
 for line in sys.stdin.buffer:
     if line.startswith(b"piece "):
         sys.stdin.buffer.read(int(line.split()[1]))

@@ -131,7 +131,7 @@ class Engines(unittest.TestCase):
         vesko = self.start()
         program = home(".local/bin/whisper-cli")
         for what, script, message in (
-                ("dies", "kill -9 $$", FAILED),
+                ("dies", "echo half; exit 9", FAILED),
                 ("prints what is no text", "printf '\\377\\376'", FAILED),
                 ("prints a gigabyte", "exec head -c 1000000000 /dev/zero", FAILED),
                 ("prints nothing", "exit 0", SILENCE)):
@@ -161,8 +161,8 @@ class Engines(unittest.TestCase):
 
     def test_a_cancel_ends_the_engine(self):
         engine = os.path.join(os.environ["XDG_DATA_HOME"], "vesko/engines/slow")
-        put_program(engine, "echo vesko-engine 1\necho name slow\necho languages en auto\n"
-                            "echo ready\nwhile read line; do sleep 1000; done\n")
+        put_program(engine, "echo vesko-engine 1\necho name slow\necho version 1\necho licence MIT\n"
+                            "echo languages en auto\necho ready\nwhile read line; do sleep 1000; done\n")
         settings.write(provider="apple", engine="engine/slow", languageAnswered=True,
                        firstLaunchDone=True, onboardingCompleted=True)
         vesko = self.start()

@@ -1,5 +1,6 @@
 """The services on loopback, started and told what to answer."""
 
+import contextlib
 import json
 import os
 import subprocess
@@ -68,6 +69,15 @@ class OpenRouter(Service):
     def answer(self, text):
         """From now on this is what was said."""
         self.control(text=text, hold=False)
+
+    @contextlib.contextmanager
+    def quiet(self):
+        """Nobody says anything meanwhile."""
+        self._murmur.stop()
+        try:
+            yield
+        finally:
+            self._murmur = voice.Murmur()
 
     def stop(self):
         self._murmur.stop()
