@@ -13,6 +13,7 @@
 #include "VeskoLinux/audio/GstRecorder.h"
 #include "VeskoLinux/command/Arguments.h"
 #include "VeskoLinux/desktop/CborSettings.h"
+#include "VeskoLinux/desktop/DBusNotifications.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 #include "VeskoLinux/desktop/DesktopBrowser.h"
 #include "VeskoLinux/desktop/DesktopSession.h"
@@ -185,6 +186,7 @@ int runApplication(
     CborSettings settings(configFolder());
     XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
+    DBusNotifications notifications;
     DesktopBrowser browser;
     X11Desktop desktop;
     PortalFileChooser fileChooser(clock);
@@ -192,8 +194,8 @@ int runApplication(
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, speechEngines, speechGate,
         textLanguage, focusedField, pasteKeystroke, clipboard, shortcut, keys, secrets, settings,
-        loginItem, statusItem, browser, runningInstance, runningInstance.control(), desktop,
-        fileChooser, appearance, permissions, session, languages, root };
+        loginItem, statusItem, notifications, browser, runningInstance, runningInstance.control(),
+        desktop, fileChooser, appearance, permissions, session, languages, root };
 
     AppModel model(
         platform, [&library] { return library.get(); },

@@ -30,7 +30,7 @@ Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destina
         }
     }
     if (!reasons.empty()) {
-        m_to.status.setMessage(pasteMessage(reasons));
+        tellNotPasted(text, reasons);
         co_return;
     }
     if (m_to.preferences.learnCorrections.get())
@@ -46,11 +46,21 @@ Task<> TextDelivery::deliver(std::string text, bool paste, std::optional<Destina
 Task<> TextDelivery::prove(FocusDestination field, std::string text)
 {
     const std::string said = m_to.status.message();
-    const bool arrived = co_await field.seemsPasted(m_to.focusedField, m_to.clock, std::move(text));
-    if (m_to.status.message() == said)
-        m_to.status.setMessage(arrived
-                ? L10N_KEY("Vesko", "Copied. Paste sent to the original field.")
-                : pasteMessage({ "not_seen" }));
+    const bool arrived = co_await field.seemsPasted(m_to.focusedField, m_to.clock, text);
+    if (m_to.status.message() != said)
+        co_return;
+    if (arrived)
+        m_to.status.setMessage(L10N_KEY("Vesko", "Copied. Paste sent to the original field."));
+    else
+        tellNotPasted(text, { "not_seen" });
+}
+
+void TextDelivery::tellNotPasted(const std::string& text, const std::vector<std::string>& reasons)
+{
+    const auto message = pasteMessage(reasons);
+    m_to.status.setMessage(message);
+    if (onNotPasted)
+        onNotPasted(text, message);
 }
 
 } // namespace vesko

@@ -43,6 +43,9 @@ Preferences::Preferences(SettingsStore& store, Keychain& keychain, LoginItem& lo
     , pasteEnabled(*this, "pasteEnabled", true)
     , showFloating(*this, "showFloating", true)
     , gestureKeyName(*this, "gestureKey", "")
+    , removeRecordingsAfter(*this, "removeRecordingsAfter", "never")
+    , emptyTrashAfter(*this, "emptyTrashAfter", "never")
+    , notificationsShowText(*this, "notificationsShowText", false)
 {
 }
 

@@ -71,6 +71,9 @@ public:
     Setting<bool> pasteEnabled;
     Setting<bool> showFloating;
     Setting<std::string> gestureKeyName; // empty until the user picks one
+    Setting<std::string> removeRecordingsAfter; // days, or "never"
+    Setting<std::string> emptyTrashAfter; // days, or "never"
+    Setting<bool> notificationsShowText;
 
     // The key of the gesture: the user's choice, else Fn where the keyboard reports it, else Right
     // Control.

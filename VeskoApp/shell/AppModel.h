@@ -2,9 +2,12 @@
 
 #include "VeskoApp/account/KeychainSessionVault.h"
 #include "VeskoApp/account/SystemIdentityProviders.h"
+#include "VeskoApp/exchange/LibraryExchange.h"
 #include "VeskoApp/library/NoteActions.h"
 #include "VeskoApp/library/Playback.h"
+#include "VeskoApp/notifications/Notifier.h"
 #include "VeskoApp/platform/Platform.h"
+#include "VeskoApp/storage/Storage.h"
 #include "VeskoApp/transcription/ModelCatalog.h"
 #include "VeskoApp/transcription/TranscriptionRun.h"
 
@@ -45,6 +48,8 @@ public:
     NoteSelection& selection() { return m_selection; }
     NoteEdits& edits() { return m_edits; }
     NoteActions& notes() { return m_notes; }
+    LibraryExchange& exchange() { return m_exchange; }
+    Storage& storage() { return m_storage; }
     DictionaryTerms& terms() { return m_terms; }
     InsertionReview& review() { return m_review; }
     TextCopy& clipboard() { return m_clipboard; }
@@ -54,6 +59,7 @@ public:
     LanguageInquiry& language() { return m_language; }
     TranscriptionRun& run() { return m_run; }
     ModelCatalog& catalog() { return m_catalog; }
+    Notifier& notifier() { return m_notifier; }
 
 private:
     Task<> start(LibrarySession::Opening open);
@@ -75,6 +81,8 @@ private:
     NoteEdits m_edits;
     TextCopy m_clipboard;
     NoteActions m_notes;
+    LibraryExchange m_exchange;
+    Storage m_storage;
 
     InsertionReview m_review;
     DictionaryTerms m_terms;
@@ -89,6 +97,7 @@ private:
     LanguageInquiry m_language;
     TranscriptionRun m_run;
     ModelCatalog m_catalog;
+    Notifier m_notifier;
 
     TaskScope m_tasks; // last, so that tasks end before what they use
 };

@@ -34,6 +34,10 @@ public:
     // Transcribes a stored recording again, with today's settings. False if something is under way.
     bool retry(const Recording& recording, bool copyWhenDone);
 
+    // A run begins; it has failed, and why.
+    std::function<void(const Recording&)> onStarted;
+    std::function<void(const std::string& message)> onFailed;
+
 private:
     Task<> transcribe(CapturedRecording captured, bool copyWhenDone);
     Task<TranscriptResult> attempt(Recording recording, Uuid attemptID, CaptureSettings settings,

@@ -9,6 +9,8 @@ VeskoWindow {
     required property var preferences
     required property var catalog
     required property var status
+    required property var storage
+    required property var notifier
 
     title: qsTranslate("Vesko", "Vesko Settings")
     width: 650
@@ -16,7 +18,12 @@ VeskoWindow {
     minimumWidth: 580
     minimumHeight: 600
 
-    onVisibleChanged: if (visible) preferences.opened()
+    onVisibleChanged: {
+        if (!visible)
+            return;
+        preferences.opened();
+        storage.measure();
+    }
 
     Banner {
         id: banner
@@ -127,12 +134,19 @@ VeskoWindow {
             }
             StorageSection {
                 width: parent.width
+                storage: window.storage
                 preferences: window.preferences
             }
             Section {
                 width: parent.width
                 title: qsTranslate("Vesko", "Privacy")
 
+                SettingSwitch {
+                    width: parent.width
+                    text: qsTranslate("Vesko", "Show the text in notifications")
+                    value: window.notifier.showsText
+                    onSwitched: on => window.notifier.showsText = on
+                }
                 SettingSwitch {
                     width: parent.width
                     visible: window.preferences.analyticsConfigured
