@@ -12,6 +12,8 @@
 #include "VeskoLinux/audio/GstPlayer.h"
 #include "VeskoLinux/audio/GstRecorder.h"
 #include "VeskoLinux/command/Arguments.h"
+#include "VeskoLinux/console/ExportCommand.h"
+#include "VeskoLinux/console/TranscribeCommand.h"
 #include "VeskoLinux/desktop/CborSettings.h"
 #include "VeskoLinux/desktop/DBusNotifications.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
@@ -74,35 +76,58 @@ int installKeyFromEnvironment()
 
 // Whether nothing is wanting. Nothing of Vesko's is opened for it, so it can be asked beside one
 // that runs.
-bool sayWhatWorks(int argc, char** argv)
+bool sayWhatWorks(int argc, char** argv, bool network)
 {
     startGStreamer();
     const QCoreApplication application(argc, argv); // for the bus
     EngineRecognizer recognizer(
         std::make_shared<PocketSphinxEngine>(programFolder() / "vesko-pocketsphinx"));
-    const auto version = Deployment::read(deploymentFolders()).version;
+    const auto deployment = Deployment::read(deploymentFolders());
+    const OpenRouterClient client(deployment.openRouterBaseURL);
     const auto data = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder());
     bool works = true;
-    diagnose(
-        {
-            { "Versions", [&] { return lookAtVersions(version); } },
-            { "Session", lookAtSession },
-            { "Program", lookAtProgram },
-            { "Shortcut", lookAtShortcut },
-            { "Accessibility", lookAtAccessibility },
-            { "Status icon", lookAtTray },
-            { "Notifications", lookAtNotifications },
-            { "Microphone", lookAtMicrophone },
-            { "Recordings", lookAtEncoder },
-            { "Recogniser", [&] { return lookAtRecognizer(recognizer); } },
-            { "Keyring", lookAtKeyring },
-            { "Data folder", [&] { return lookAtData(data); } },
-        },
-        [&](const Finding& finding) {
-            works = works && finding.state != Finding::State::wanting;
-            std::cout << described(finding) << std::flush;
-        });
+    std::vector<Check> checks{
+        { "Versions", [&] { return lookAtVersions(deployment.version); } },
+        { "Session", lookAtSession },
+        { "Program", lookAtProgram },
+        { "Shortcut", lookAtShortcut },
+        { "Accessibility", lookAtAccessibility },
+        { "Status icon", lookAtTray },
+        { "Notifications", lookAtNotifications },
+        { "Microphone", lookAtMicrophone },
+        { "Recordings", lookAtEncoder },
+        { "Recogniser", [&] { return lookAtRecognizer(recognizer); } },
+        { "Keyring", lookAtKeyring },
+        { "Data folder", [&] { return lookAtData(data); } },
+    };
+    if (network)
+        checks.push_back({ "Network", [&] { return lookAtService(client); } });
+    diagnose(checks, [&](const Finding& finding) {
+        works = works && finding.state != Finding::State::wanting;
+        std::cout << described(finding) << std::flush;
+    });
     return works;
+}
+
+int transcribe(int argc, char** argv, const Arguments& read)
+{
+    startGStreamer();
+    const QCoreApplication application(argc, argv);
+    const auto programs = programFolder();
+    EngineRecognizer recognizer(
+        std::make_shared<PocketSphinxEngine>(programs / "vesko-pocketsphinx"));
+    const OpenRouterClient client(Deployment::read(deploymentFolders()).openRouterBaseURL);
+    const CborSettings settings(configFolder());
+    SecretServiceStore secrets;
+    const SystemClock clock;
+    return TranscribeCommand(
+        { .recognizer = recognizer,
+            .client = client,
+            .settings = settings,
+            .secrets = secrets,
+            .clock = clock,
+            .root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder()) })
+        .run({ .file = read.file, .language = read.language, .keep = read.keep });
 }
 
 // What it says, or throws, also goes to whom it is promised.
@@ -232,8 +257,13 @@ int main(int argc, char** argv)
             return installKeyFromEnvironment();
         if (read.purpose == Purpose::clipboardKeeper)
             return keepClipboard(argc, argv);
+        if (read.purpose == Purpose::transcribe)
+            return transcribe(argc, argv, read);
+        if (read.purpose == Purpose::exportLibrary)
+            return exportToFolder(AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder()),
+                read.file, SystemClock());
         if (read.purpose == Purpose::doctor)
-            return sayWhatWorks(argc, argv) ? 0 : 1;
+            return sayWhatWorks(argc, argv, read.network) ? 0 : 1;
         return runApplication(argc, argv, read.purpose == Purpose::background, read.addresses);
     } catch (const std::exception& error) {
         // Nothing of the user's is in these words: only a broken installation comes here.

@@ -9,10 +9,12 @@ namespace vesko {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Purpose>, 16> options{ {
+constexpr std::array<std::pair<std::string_view, Purpose>, 18> options{ {
     { "--background", Purpose::background },
     { "--install-openrouter-key", Purpose::keyInstaller },
     { "--keep-clipboard", Purpose::clipboardKeeper }, // said by the program itself
+    { "--transcribe", Purpose::transcribe },
+    { "--export", Purpose::exportLibrary },
     { "--doctor", Purpose::doctor },
     { "--toggle", Purpose::toggle },
     { "--start", Purpose::start },
@@ -31,6 +33,11 @@ constexpr std::array<std::pair<std::string_view, Purpose>, 16> options{ {
 bool isLetter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool takesFile(Purpose purpose)
+{
+    return purpose == Purpose::transcribe || purpose == Purpose::exportLibrary;
 }
 
 // Whether it begins with a scheme, as an address does that was opened with this program.
@@ -73,7 +80,13 @@ const std::string_view usage
       "  --follow       the same, and a line more at each change\n"
       "  --json         with these two: as JSON, for bars and scripts\n"
       "\n"
-      "  --doctor       says what works on this computer, what doesn't, and what helps\n"
+      "  --transcribe FILE [--language LANGUAGE] [--keep]\n"
+      "                 prints the text of an audio file; --keep puts it into the library, too\n"
+      "  --export FOLDER\n"
+      "                 writes the whole library into a zip file in that folder\n"
+      "  --doctor [--network]\n"
+      "                 says what works on this computer, what doesn't, and what helps; with\n"
+      "                 --network it asks the speech service for its models, too\n"
       "  --install-openrouter-key\n"
       "                 stores the key that OPENROUTER_API_KEY holds, and chooses OpenRouter\n"
       "  --help, --version\n"
@@ -85,15 +98,28 @@ Arguments Arguments::read(std::span<const char* const> arguments)
 {
     std::optional<Purpose> purpose;
     Arguments read;
+    std::string* value = nullptr; // what the next argument is
     for (const std::string_view argument : arguments) {
+        if (value) {
+            *std::exchange(value, nullptr) = argument;
+            continue;
+        }
         const auto* const option
             = std::ranges::find(options, argument, &decltype(options)::value_type::first);
         if (option != options.end()) {
             if (purpose && *purpose != option->second)
                 return refusal("one thing at a time, please");
             purpose = option->second;
+            if (takesFile(*purpose))
+                value = &read.file;
         } else if (argument == "--json") {
             read.json = true;
+        } else if (argument == "--keep") {
+            read.keep = true;
+        } else if (argument == "--network") {
+            read.network = true;
+        } else if (argument == "--language") {
+            value = &read.language;
         } else if (isAddress(argument)) {
             read.addresses.emplace_back(argument);
         } else {
@@ -101,6 +127,12 @@ Arguments Arguments::read(std::span<const char* const> arguments)
         }
     }
     read.purpose = purpose.value_or(Purpose::application);
+    if (takesFile(read.purpose) && read.file.empty())
+        return refusal("--transcribe takes a file, --export a folder");
+    if (read.network && read.purpose != Purpose::doctor)
+        return refusal("--network goes with --doctor");
+    if (value || ((read.keep || !read.language.empty()) && read.purpose != Purpose::transcribe))
+        return refusal("--language LANGUAGE and --keep go with --transcribe");
     if (read.json && read.purpose != Purpose::status && read.purpose != Purpose::follow)
         return refusal("--json goes with --status and --follow");
     if (!read.addresses.empty() && read.purpose != Purpose::application

@@ -13,6 +13,8 @@ enum class Purpose {
     background, // to be the program, without a window
     keyInstaller,
     clipboardKeeper, // to serve what the program left on the clipboard when it ended
+    transcribe, // to print the text of an audio file
+    exportLibrary, // to write all of the library into a file
     doctor, // to say what works on this machine
     // Said to the Vesko that runs.
     toggle,
@@ -33,6 +35,10 @@ enum class Purpose {
 struct Arguments {
     Purpose purpose = Purpose::application;
     bool json = false; // with status and follow
+    std::string file; // with transcribe; with exportLibrary the folder
+    std::string language; // with transcribe; empty for that of the settings
+    bool keep = false; // with transcribe
+    bool network = false; // with doctor
     std::vector<std::string> addresses; // that were opened with the program
     std::string problem; // one line for a terminal; only if refused
 

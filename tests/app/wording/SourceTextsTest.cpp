@@ -99,6 +99,7 @@ const struct {
     { "VeskoApp/shell/KeyInstaller.cpp", ".*", "said to a script, which knows the line" },
     { "VeskoApp/shell/MenuRows.cpp", "(File|Edit)", "which menu a row belongs to" },
     { "VeskoLinux/command/", ".*", "said on a terminal" },
+    { "VeskoLinux/console/", ".*", "said on a terminal" },
     { "VeskoLinux/doctor/", ".*", "said on a terminal, and pasted into reports" },
     { "VeskoLinux/main.cpp", "(Status icon|Data folder)", "said on a terminal" },
     { "VeskoLinux/desktop/XdgFolders.cpp", ".*", "said on a terminal" },
