@@ -63,7 +63,7 @@ class Storage(unittest.TestCase):
         vesko.press(ROW, "Dictation")
         until("it says that the audio was removed", lambda: any(
             node.name.startswith("Audio removed to save room: ") for node in vesko.app.walk()))
-        self.assertIsNone(vesko.app.find(BUTTON, "Play or stop original recording"))
+        self.assertIsNone(vesko.find(BUTTON, "Play or stop original recording"))
 
     def test_the_trash_is_emptied_by_hand_once_the_user_agrees(self):
         note = {"id": "6C1F1A52-3C0B-4C55-9B7E-0B8E3C7D9A10", "kind": "text", "title": "Balcony",
