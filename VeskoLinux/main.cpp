@@ -12,7 +12,10 @@
 #include "VeskoLinux/audio/GstPlayer.h"
 #include "VeskoLinux/audio/GstRecorder.h"
 #include "VeskoLinux/command/Arguments.h"
+#include "VeskoLinux/console/ExportCommand.h"
+#include "VeskoLinux/console/TranscribeCommand.h"
 #include "VeskoLinux/desktop/CborSettings.h"
+#include "VeskoLinux/desktop/DBusNotifications.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 #include "VeskoLinux/desktop/DesktopBrowser.h"
 #include "VeskoLinux/desktop/DesktopSession.h"
@@ -90,35 +93,58 @@ int installModelNamed(const std::string& name)
 
 // Whether nothing is wanting. Nothing of Vesko's is opened for it, so it can be asked beside one
 // that runs.
-bool sayWhatWorks(int argc, char** argv)
+bool sayWhatWorks(int argc, char** argv, bool network)
 {
     startGStreamer();
     const QCoreApplication application(argc, argv); // for the bus
     EngineRecognizer recognizer(
         std::make_shared<PocketSphinxEngine>(programFolder() / "vesko-pocketsphinx"));
-    const auto version = Deployment::read(deploymentFolders()).version;
+    const auto deployment = Deployment::read(deploymentFolders());
+    const OpenRouterClient client(deployment.openRouterBaseURL);
     const auto data = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder());
     bool works = true;
-    diagnose(
-        {
-            { "Versions", [&] { return lookAtVersions(version); } },
-            { "Session", lookAtSession },
-            { "Program", lookAtProgram },
-            { "Shortcut", lookAtShortcut },
-            { "Accessibility", lookAtAccessibility },
-            { "Status icon", lookAtTray },
-            { "Notifications", lookAtNotifications },
-            { "Microphone", lookAtMicrophone },
-            { "Recordings", lookAtEncoder },
-            { "Recogniser", [&] { return lookAtRecognizer(recognizer); } },
-            { "Keyring", lookAtKeyring },
-            { "Data folder", [&] { return lookAtData(data); } },
-        },
-        [&](const Finding& finding) {
-            works = works && finding.state != Finding::State::wanting;
-            std::cout << described(finding) << std::flush;
-        });
+    std::vector<Check> checks{
+        { "Versions", [&] { return lookAtVersions(deployment.version); } },
+        { "Session", lookAtSession },
+        { "Program", lookAtProgram },
+        { "Shortcut", lookAtShortcut },
+        { "Accessibility", lookAtAccessibility },
+        { "Status icon", lookAtTray },
+        { "Notifications", lookAtNotifications },
+        { "Microphone", lookAtMicrophone },
+        { "Recordings", lookAtEncoder },
+        { "Recogniser", [&] { return lookAtRecognizer(recognizer); } },
+        { "Keyring", lookAtKeyring },
+        { "Data folder", [&] { return lookAtData(data); } },
+    };
+    if (network)
+        checks.push_back({ "Network", [&] { return lookAtService(client); } });
+    diagnose(checks, [&](const Finding& finding) {
+        works = works && finding.state != Finding::State::wanting;
+        std::cout << described(finding) << std::flush;
+    });
     return works;
+}
+
+int transcribe(int argc, char** argv, const Arguments& read)
+{
+    startGStreamer();
+    const QCoreApplication application(argc, argv);
+    const auto programs = programFolder();
+    EngineRecognizer recognizer(
+        std::make_shared<PocketSphinxEngine>(programs / "vesko-pocketsphinx"));
+    const OpenRouterClient client(Deployment::read(deploymentFolders()).openRouterBaseURL);
+    const CborSettings settings(configFolder());
+    SecretServiceStore secrets;
+    const SystemClock clock;
+    return TranscribeCommand(
+        { .recognizer = recognizer,
+            .client = client,
+            .settings = settings,
+            .secrets = secrets,
+            .clock = clock,
+            .root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder()) })
+        .run({ .file = read.file, .language = read.language, .keep = read.keep });
 }
 
 // What it says, or throws, also goes to whom it is promised.
@@ -202,6 +228,7 @@ int runApplication(
     LinuxSession session(clock, settings, sessionState);
     XdgLoginItem loginItem(configFolder(), programPath());
     TrayStatusItem statusItem;
+    DBusNotifications notifications;
     DesktopBrowser browser;
     X11Desktop desktop;
     PortalFileChooser fileChooser(clock);
@@ -209,9 +236,9 @@ int runApplication(
     LinuxPermissions permissions;
     Platform platform{ clock, recorder, player, cues, recognizer, speechEngines, speechGate,
         textLanguage, session.focusedField(), session.pasteKeystroke(), session.clipboard(),
-        session.shortcut(), session.keys(), secrets, settings, loginItem, statusItem, browser,
-        runningInstance, runningInstance.control(), desktop, fileChooser, appearance, permissions,
-        sessionState, languages, root, session.offer() };
+        session.shortcut(), session.keys(), secrets, settings, loginItem, statusItem, notifications,
+        browser, runningInstance, runningInstance.control(), desktop, fileChooser, appearance,
+        permissions, sessionState, languages, root, session.offer() };
 
     AppModel model(
         platform, [&library] { return library.get(); },
@@ -251,8 +278,13 @@ int main(int argc, char** argv)
             return installModelNamed(read.model);
         if (read.purpose == Purpose::clipboardKeeper)
             return keepClipboard(argc, argv);
+        if (read.purpose == Purpose::transcribe)
+            return transcribe(argc, argv, read);
+        if (read.purpose == Purpose::exportLibrary)
+            return exportToFolder(AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder()),
+                read.file, SystemClock());
         if (read.purpose == Purpose::doctor)
-            return sayWhatWorks(argc, argv) ? 0 : 1;
+            return sayWhatWorks(argc, argv, read.network) ? 0 : 1;
         return runApplication(argc, argv, read.purpose == Purpose::background, read.addresses);
     } catch (const std::exception& error) {
         // Nothing of the user's is in these words: only a broken installation comes here.

@@ -38,6 +38,7 @@ public:
 
     // The dictionary's line, as the user reads it.
     const QString& message() const { return m_message; }
+    void say(const QString& message);
 
 Q_SIGNALS:
     void messageChanged();
@@ -47,7 +48,6 @@ private:
     Task<> store(DictionaryEntry entry, std::function<void()> onSaved);
     Task<> learn(std::vector<DictionarySuggestion> corrections);
     void setPending(std::vector<DictionarySuggestion> corrections);
-    void say(const QString& message);
 
     LibrarySession& m_library;
     const Preferences& m_preferences;

@@ -34,7 +34,7 @@ Task<bool> TextDelivery::deliver(
         }
     }
     if (!reasons.empty()) {
-        m_to.status.setMessage(pasteMessage(reasons));
+        tellNotPasted(text, reasons);
         co_return !paste;
     }
     if (m_to.preferences.learnCorrections.get())
@@ -57,9 +57,17 @@ Task<> TextDelivery::prove(FocusDestination field, std::string text, ClipboardCo
         m_to.status.setMessage(L10N_KEY(
             "Vesko", "Pasted into the original field. The clipboard holds what it held before."));
     else if (proof == PasteProof::notSeen)
-        m_to.status.setMessage(pasteMessage({ "not_seen" }));
+        tellNotPasted(text, { "not_seen" });
     else
         m_to.status.setMessage(L10N_KEY("Vesko", "Copied. Paste sent to the original field."));
+}
+
+void TextDelivery::tellNotPasted(const std::string& text, const std::vector<std::string>& reasons)
+{
+    const auto message = pasteMessage(reasons);
+    m_to.status.setMessage(message);
+    if (onNotPasted)
+        onNotPasted(text, message);
 }
 
 } // namespace vesko

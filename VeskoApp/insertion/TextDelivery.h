@@ -40,7 +40,11 @@ public:
     // pasted and could not be.
     Task<bool> deliver(std::string text, bool paste, std::optional<Destination> destination);
 
+    // The text is on the clipboard only, and what the user is told of that.
+    std::function<void(const std::string& text, const std::string& message)> onNotPasted;
+
 private:
+    void tellNotPasted(const std::string& text, const std::vector<std::string>& reasons);
     Task<> prove(FocusDestination field, std::string text, ClipboardContent before);
 
     Neighbours m_to;

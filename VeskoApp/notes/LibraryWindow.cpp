@@ -1,12 +1,11 @@
 #include "VeskoApp/notes/LibraryWindow.h"
 
+#include "VeskoApp/exchange/UserPaths.h"
 #include "VeskoApp/notes/NoteWords.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 
-#include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
@@ -36,21 +35,10 @@ QVariantMap words(const char* title, const char* text, const char* button)
         { QStringLiteral("button"), translated(button) }, { QStringLiteral("makesNote"), false } };
 }
 
-// A path as the user writes it: below the home folder unless it says otherwise.
-QString absolute(const QString& path)
-{
-    const auto written = path.trimmed();
-    return QDir::home().absoluteFilePath(
-        written.startsWith(QStringLiteral("~/")) ? written.mid(2) : written);
-}
-
 // Where a note is exported to if the user has no better idea.
 QString exportFile(const Note& note)
 {
-    auto folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (!QFileInfo(folder).isDir())
-        folder = QDir::homePath();
-    return folder + u'/' + QString::fromStdString(NoteActions::exportName(note));
+    return offeredFile(QString::fromStdString(NoteActions::exportName(note)));
 }
 
 } // namespace
@@ -298,21 +286,18 @@ QString LibraryWindow::exportPath() const
     const Note* const note = m_to.selection.selectedNote();
     if (!note)
         return {};
-    auto path = exportFile(*note);
-    if (path.startsWith(QDir::homePath() + u'/'))
-        path.replace(0, QDir::homePath().size(), QStringLiteral("~"));
-    return path;
+    return writtenPath(exportFile(*note));
 }
 
 bool LibraryWindow::replacesFile(const QString& path)
 {
-    return QFileInfo::exists(absolute(path));
+    return QFileInfo::exists(wholePath(path));
 }
 
 void LibraryWindow::exportNote(const QString& path)
 {
     if (m_editor)
-        m_to.notes.exportTo(m_editor->id(), absolute(path).toStdString());
+        m_to.notes.exportTo(m_editor->id(), wholePath(path).toStdString());
 }
 
 void LibraryWindow::assign(const QString& projectID)

@@ -95,6 +95,11 @@ QVariant RecordingListModel::data(const QModelIndex& index, int role) const
     case retryRole:
         return recording.attempts.empty() ? translated(L10N_KEY("Vesko", "Transcribe"))
                                           : translated(L10N_KEY("Vesko", "Retry…"));
+    case removedRole:
+        return recording.audioRemovedAt
+            ? translated(L10N_KEY("Vesko", "Audio removed to save room: %1"))
+                  .arg(shownMoment(*recording.audioRemovedAt, QLocale(), QDate::currentDate()))
+            : QString();
     case attemptsRole: {
         QVariantList rows;
         for (const auto& attempt : recording.attempts)
@@ -110,7 +115,7 @@ QHash<int, QByteArray> RecordingListModel::roleNames() const
 {
     return { { idRole, "recordingID" }, { momentRole, "moment" }, { durationRole, "duration" },
         { statusRole, "status" }, { errorRole, "error" }, { retryRole, "retryText" },
-        { attemptsRole, "attempts" } };
+        { removedRole, "removed" }, { attemptsRole, "attempts" } };
 }
 
 } // namespace vesko

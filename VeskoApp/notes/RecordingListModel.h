@@ -21,6 +21,7 @@ public:
         statusRole,
         errorRole,
         retryRole, // the words of the retry button
+        removedRole, // what is said of audio that was removed; empty where it is there
         attemptsRole, // rows with what is said of each
     };
 

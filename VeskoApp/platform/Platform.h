@@ -12,6 +12,7 @@
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoApp/platform/KeyInput.h"
 #include "VeskoApp/platform/LoginItem.h"
+#include "VeskoApp/platform/Notifications.h"
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
 #include "VeskoApp/platform/Permissions.h"
@@ -52,6 +53,7 @@ struct Platform {
     SettingsStore& settings;
     LoginItem& loginItem;
     StatusItem& statusItem;
+    Notifications& notifications;
     Browser& browser;
     RunningInstance& runningInstance;
     RemoteControl& remoteControl;

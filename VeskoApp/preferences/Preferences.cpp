@@ -52,6 +52,9 @@ Preferences::Preferences(SettingsStore& store, Keychain& keychain, LoginItem& lo
     , engineServer(*this, "engineServer", "")
     , engineServerModel(*this, "engineServerModel", "")
     , expectTerms(*this, "expectTerms", true)
+    , removeRecordingsAfter(*this, "removeRecordingsAfter", "never")
+    , emptyTrashAfter(*this, "emptyTrashAfter", "never")
+    , notificationsShowText(*this, "notificationsShowText", false)
 {
 }
 

@@ -91,6 +91,9 @@ public:
     Setting<std::string> engineServer; // its address
     Setting<std::string> engineServerModel;
     Setting<bool> expectTerms; // the dictionary's terms are told to an engine beforehand
+    Setting<std::string> removeRecordingsAfter; // days, or "never"
+    Setting<std::string> emptyTrashAfter; // days, or "never"
+    Setting<bool> notificationsShowText;
 
     // The key of the gesture: the user's choice, else Fn where the keyboard reports it, else Right
     // Control.

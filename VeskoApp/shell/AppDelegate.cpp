@@ -90,6 +90,11 @@ void AppDelegate::launch(bool background, const Demo& demo)
     });
     observeScreens();
     observeActivation();
+    m_model.notifier().openNote = [this](const Uuid& note) {
+        m_model.selection().setSelectedProjectID(std::nullopt);
+        m_model.selection().reveal(note);
+        showLibrary();
+    };
     const auto tellRemote = [this] { m_remote.changed(); };
     connect(&m_model.capture(), &Capture::phaseChanged, this, tellRemote);
     connect(&m_model.library(), &LibrarySession::readyChanged, this, tellRemote);
@@ -176,6 +181,18 @@ void AppDelegate::newNote()
     showLibrary();
     Q_EMIT newNoteBegun();
     m_model.notes().newNote();
+}
+
+void AppDelegate::exportLibrary()
+{
+    showLibrary();
+    Q_EMIT exportWanted();
+}
+
+void AppDelegate::importLibrary()
+{
+    showLibrary();
+    Q_EMIT importWanted();
 }
 
 void AppDelegate::openDictionary()

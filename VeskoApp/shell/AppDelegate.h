@@ -55,6 +55,8 @@ public:
     Q_INVOKABLE void newNote();
     Q_INVOKABLE void openLibrary() { showLibrary(); }
     Q_INVOKABLE void openDictionary();
+    Q_INVOKABLE void exportLibrary();
+    Q_INVOKABLE void importLibrary();
     Q_INVOKABLE void openSettings() { showSettings(); }
     Q_INVOKABLE void openTour() { showOnboarding(); }
     // Ends the program as soon as a running capture and what was typed are safe; a second request
@@ -91,6 +93,9 @@ Q_SIGNALS:
     void appearanceChanged();
     // The user wants a new note, to type into it.
     void newNoteBegun();
+    // The user wants the library out into a file, or one in.
+    void exportWanted();
+    void importWanted();
     void statusIconHiddenChanged();
 
 protected:

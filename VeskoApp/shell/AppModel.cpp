@@ -32,6 +32,8 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
     , m_edits(m_library, m_status)
     , m_clipboard(platform.clipboard, m_analytics, m_status)
     , m_notes(platform.clock, m_library, m_selection, m_edits, m_clipboard, m_analytics, m_status)
+    , m_exchange(platform.clock, platform.fileChooser, m_library, m_status)
+    , m_storage(platform.clock, m_library, m_edits, m_preferences, m_status)
     , m_review(platform.focusedField, platform.clock)
     , m_terms(m_library, m_preferences, m_review, m_status)
     , m_delivery({ .clock = platform.clock,
@@ -73,6 +75,13 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
           client)
     , m_catalog(client)
     , m_downloads(std::move(models))
+    , m_notifier({ .notifications = platform.notifications,
+          .statusItem = platform.statusItem,
+          .capture = m_capture,
+          .run = m_run,
+          .delivery = m_delivery,
+          .clipboard = m_clipboard,
+          .preferences = m_preferences })
 {
     m_accounts.onUsage = [this](UsageEvent event) { m_analytics.track(event); };
     QObject::connect(&m_capture, &Capture::starting, &m_capture, [this] { m_review.stop(); });

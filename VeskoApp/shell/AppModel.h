@@ -3,9 +3,12 @@
 #include "VeskoApp/account/KeychainSessionVault.h"
 #include "VeskoApp/account/SystemIdentityProviders.h"
 #include "VeskoApp/dictionary/DictionaryTerms.h"
+#include "VeskoApp/exchange/LibraryExchange.h"
 #include "VeskoApp/library/NoteActions.h"
 #include "VeskoApp/notes/Playback.h"
+#include "VeskoApp/notifications/Notifier.h"
 #include "VeskoApp/platform/Platform.h"
+#include "VeskoApp/storage/Storage.h"
 #include "VeskoApp/transcription/ModelCatalog.h"
 #include "VeskoApp/transcription/ModelDownloads.h"
 #include "VeskoApp/transcription/TranscriptionRun.h"
@@ -48,6 +51,8 @@ public:
     NoteSelection& selection() { return m_selection; }
     NoteEdits& edits() { return m_edits; }
     NoteActions& notes() { return m_notes; }
+    LibraryExchange& exchange() { return m_exchange; }
+    Storage& storage() { return m_storage; }
     DictionaryTerms& terms() { return m_terms; }
     InsertionReview& review() { return m_review; }
     TextCopy& clipboard() { return m_clipboard; }
@@ -61,6 +66,7 @@ public:
     Keychain& keychain() { return m_keychain; }
     EngineSelection& engines() { return m_engines; }
     OnDeviceTranscriber& onDevice() { return m_onDevice; }
+    Notifier& notifier() { return m_notifier; }
 
 private:
     Task<> start(LibrarySession::Opening open);
@@ -82,6 +88,8 @@ private:
     NoteEdits m_edits;
     TextCopy m_clipboard;
     NoteActions m_notes;
+    LibraryExchange m_exchange;
+    Storage m_storage;
 
     InsertionReview m_review;
     DictionaryTerms m_terms;
@@ -98,6 +106,7 @@ private:
     TranscriptionRun m_run;
     ModelCatalog m_catalog;
     ModelDownloads m_downloads;
+    Notifier m_notifier;
 
     TaskScope m_tasks; // last, so that tasks end before what they use
 };

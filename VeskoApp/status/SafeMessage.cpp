@@ -3,6 +3,7 @@
 #include "VeskoApp/platform/SecretStore.h"
 #include "VeskoApp/status/CaptureFailure.h"
 #include "VeskoCore/base/Localized.h"
+#include "VeskoCore/exchange/Exchange.h"
 #include "VeskoCore/library/VeskoError.h"
 #include "VeskoCore/speech/HttpTransport.h"
 
@@ -31,6 +32,24 @@ const char* message(const URLError& error)
         "The network request could not finish. Your recording is saved. Retry when ready.");
 }
 
+const char* message(const ExchangeFailure& failure)
+{
+    switch (failure.kind) {
+    case ExchangeFailure::cancelled:
+        return L10N_KEY("Vesko", "Cancelled. Nothing was changed.");
+    case ExchangeFailure::laterVersion:
+        return L10N_KEY(
+            "Vesko", "This archive was made by a newer Vesko. Update the app before importing it.");
+    case ExchangeFailure::tooLarge:
+        return L10N_KEY(
+            "Vesko", "This archive unpacks to more than Vesko takes in. Nothing was changed.");
+    case ExchangeFailure::notALibrary:
+        break;
+    }
+    return L10N_KEY("Vesko",
+        "This file is no library that Vesko has exported, or it is damaged. Nothing was changed.");
+}
+
 } // namespace
 
 std::string safeMessage(const std::exception_ptr& failure)
@@ -45,6 +64,8 @@ std::string safeMessage(const std::exception_ptr& failure)
         return error.errorDescription();
     } catch (const URLError& error) {
         return message(error);
+    } catch (const ExchangeFailure& failure) {
+        return message(failure);
     } catch (...) {
         return L10N_KEY("Vesko",
             "Vesko could not complete this operation. Your saved files were preserved. Check the "

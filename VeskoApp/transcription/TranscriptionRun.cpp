@@ -44,6 +44,8 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
         co_return;
     }
     const Recording& recording = captured.recording;
+    if (onStarted)
+        onStarted(recording);
     const CaptureSettings& settings = captured.settings;
     std::optional<Service> service;
     if (!settings.onDevice()) {
@@ -169,6 +171,8 @@ Task<> TranscriptionRun::failed(
     m_to.status.setErrorMessage(message);
     m_to.status.setMessage(L10N_KEY("Vesko", "Audio saved. Transcription needs attention."));
     qCCritical(captureLog, "transcription_failed");
+    if (onFailed)
+        onFailed(message);
     m_to.capture.endProcessing();
 }
 

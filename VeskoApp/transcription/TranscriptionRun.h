@@ -40,6 +40,9 @@ public:
 
     // The text was to be pasted and could not be: it stands on the clipboard and in this note.
     std::function<void(const Uuid& noteID)> onNotPasted;
+    // A run begins; it has failed, and why.
+    std::function<void(const Recording&)> onStarted;
+    std::function<void(const std::string& message)> onFailed;
 
 private:
     Task<> transcribe(CapturedRecording captured, bool copyWhenDone);

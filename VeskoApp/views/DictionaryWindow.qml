@@ -9,6 +9,7 @@ VeskoWindow {
 
     required property var dictionary
     required property var terms
+    required property var exchange
 
     title: qsTranslate("Vesko", "Vesko Dictionary")
     width: 680
@@ -115,6 +116,10 @@ VeskoWindow {
                 text: window.dictionary.countText
                 color: Theme.quiet
                 horizontalAlignment: Text.AlignRight
+            }
+            DictionaryExchangeView {
+                exchange: window.exchange
+                ready: window.session.ready
             }
         }
 

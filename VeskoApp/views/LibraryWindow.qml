@@ -8,6 +8,8 @@ VeskoWindow {
 
     required property var library
     required property var capture
+    required property var exchange
+    required property var storage
     required property var status
     property bool noteIsComing: false // a new one, which is to be typed into
 
@@ -49,6 +51,7 @@ VeskoWindow {
         onNoteWanted: window.delegate.newNote()
         onRenameWanted: editors.itemAt(0)?.rename()
         onTrashWanted: editors.itemAt(0)?.askToTrash()
+        storage: window.storage
     }
 
     Rectangle {
@@ -150,6 +153,15 @@ VeskoWindow {
                 capture: window.capture
                 library: window.library
             }
+        }
+
+        LibraryExchangeView {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            anchors.margins: 20
+            exchange: window.exchange
+            delegate: window.delegate
         }
 
         Column {

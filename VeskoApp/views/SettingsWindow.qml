@@ -11,6 +11,8 @@ VeskoWindow {
     required property var downloads
     required property var catalog
     required property var status
+    required property var storage
+    required property var notifier
 
     title: qsTranslate("Vesko", "Vesko Settings")
     width: 650
@@ -22,6 +24,7 @@ VeskoWindow {
         if (visible) {
             preferences.opened();
             engines.look();
+            storage.measure();
         }
     }
 
@@ -126,12 +129,19 @@ VeskoWindow {
             }
             StorageSection {
                 width: parent.width
+                storage: window.storage
                 preferences: window.preferences
             }
             Section {
                 width: parent.width
                 title: qsTranslate("Vesko", "Privacy")
 
+                SettingSwitch {
+                    width: parent.width
+                    text: qsTranslate("Vesko", "Show the text in notifications")
+                    value: window.notifier.showsText
+                    onSwitched: on => window.notifier.showsText = on
+                }
                 SettingSwitch {
                     width: parent.width
                     visible: window.preferences.analyticsConfigured

@@ -1,6 +1,7 @@
 #include "VeskoApp/views/Windows.h"
 
 #include "VeskoApp/dictionary/DictionaryView.h"
+#include "VeskoApp/exchange/DictionaryExchange.h"
 #include "VeskoApp/notes/LibraryWindow.h"
 #include "VeskoApp/onboarding/OnboardingView.h"
 #include "VeskoApp/settings/EngineSettings.h"
@@ -94,6 +95,8 @@ std::unique_ptr<QWindow> makeLibrary(
     QQmlEngine& engine, QVariantMap properties, Platform& platform, AppModel& model)
 {
     properties.insert(QStringLiteral("capture"), handed(model.capture()));
+    properties.insert(QStringLiteral("exchange"), handed(model.exchange()));
+    properties.insert(QStringLiteral("storage"), handed(model.storage()));
     properties.insert(QStringLiteral("status"), handed(model.status()));
     return make(engine, QStringLiteral("LibraryWindow"), properties, QStringLiteral("library"),
         std::make_unique<LibraryWindow>(LibraryWindow::Neighbours{ .clock = platform.clock,
@@ -111,10 +114,25 @@ std::unique_ptr<QWindow> makeLibrary(
             .status = model.status() }));
 }
 
+std::unique_ptr<QWindow> makeDictionary(
+    QQmlEngine& engine, QVariantMap properties, Platform& platform, AppModel& model)
+{
+    auto view = std::make_unique<DictionaryView>(
+        model.terms(), model.library(), model.capture(), platform.clock);
+    properties.insert(QStringLiteral("terms"), handed(model.terms()));
+    properties.insert(QStringLiteral("exchange"),
+        handed(*new DictionaryExchange(
+            platform.clock, platform.fileChooser, model.library(), model.terms(), view.get())));
+    return make(engine, QStringLiteral("DictionaryWindow"), properties,
+        QStringLiteral("dictionary"), std::move(view));
+}
+
 std::unique_ptr<QWindow> makeSettings(QQmlEngine& engine, QVariantMap properties,
     Platform& platform, AppModel& model, PermissionRows& permissions)
 {
     properties.insert(QStringLiteral("catalog"), handed(model.catalog()));
+    properties.insert(QStringLiteral("notifier"), handed(model.notifier()));
+    properties.insert(QStringLiteral("storage"), handed(model.storage()));
     properties.insert(QStringLiteral("status"), handed(model.status()));
     properties.insert(QStringLiteral("downloads"), handed(model.downloads()));
     auto engines
@@ -215,11 +233,7 @@ std::unique_ptr<QWindow> makeWindow(
         case AppWindow::library:
             return makeLibrary(engine, properties, platform, model);
         case AppWindow::dictionary:
-            properties.insert(QStringLiteral("terms"), handed(model.terms()));
-            return make(engine, QStringLiteral("DictionaryWindow"), properties,
-                QStringLiteral("dictionary"),
-                std::make_unique<DictionaryView>(
-                    model.terms(), model.library(), model.capture(), platform.clock));
+            return makeDictionary(engine, properties, platform, model);
         case AppWindow::settings:
             return makeSettings(engine, properties, platform, model, delegate.permissions());
         case AppWindow::onboarding:

@@ -1900,5 +1900,169 @@
         <source>Into the field where you began</source>
         <translation>In das Feld, in dem Sie begonnen haben</translation>
     </message>
+    <message>
+        <source>Export library…</source>
+        <translation>Bibliothek exportieren…</translation>
+    </message>
+    <message>
+        <source>Import library…</source>
+        <translation>Bibliothek importieren…</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Exporting the library…</source>
+        <translation>Bibliothek wird exportiert…</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Import läuft…</translation>
+    </message>
+    <message>
+        <source>Library exported</source>
+        <translation>Bibliothek exportiert</translation>
+    </message>
+    <message>
+        <source>All notes of this archive are here already.</source>
+        <translation>Alle Notizen dieses Archivs sind schon hier.</translation>
+    </message>
+    <message>
+        <source>Export dictionary…</source>
+        <translation>Wörterbuch exportieren…</translation>
+    </message>
+    <message>
+        <source>Import dictionary…</source>
+        <translation>Wörterbuch importieren…</translation>
+    </message>
+    <message>
+        <source>Dictionary exported</source>
+        <translation>Wörterbuch exportiert</translation>
+    </message>
+    <message>
+        <source>This file is no table of terms.</source>
+        <translation>Diese Datei ist keine Tabelle mit Begriffen.</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>After 30 days</source>
+        <translation>Nach 30 Tagen</translation>
+    </message>
+    <message>
+        <source>After 90 days</source>
+        <translation>Nach 90 Tagen</translation>
+    </message>
+    <message>
+        <source>After a year</source>
+        <translation>Nach einem Jahr</translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was changed.</source>
+        <translation>Abgebrochen. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>This archive was made by a newer Vesko. Update the app before importing it.</source>
+        <translation>Dieses Archiv stammt von einem neueren Vesko. Aktualisieren Sie die App, bevor Sie es importieren.</translation>
+    </message>
+    <message>
+        <source>This archive unpacks to more than Vesko takes in. Nothing was changed.</source>
+        <translation>Dieses Archiv enthält entpackt mehr, als Vesko aufnimmt. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>This file is no library that Vesko has exported, or it is damaged. Nothing was changed.</source>
+        <translation>Diese Datei ist keine von Vesko exportierte Bibliothek, oder sie ist beschädigt. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>There is not enough room on the disk. Your saved files were preserved.</source>
+        <translation>Auf dem Datenträger ist nicht genug Platz. Ihre gespeicherten Dateien wurden bewahrt.</translation>
+    </message>
+    <message>
+        <source>Audio removed to save room: %1</source>
+        <translation>Ton entfernt, um Platz zu sparen: %1</translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation>Importieren…</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Exportieren…</translation>
+    </message>
+    <message>
+        <source>Empty Trash…</source>
+        <translation>Papierkorb leeren…</translation>
+    </message>
+    <message>
+        <source>Delete all notes in the Trash permanently?</source>
+        <translation>Alle Notizen im Papierkorb endgültig löschen?</translation>
+    </message>
+    <message>
+        <source>Their recordings go with them. This cannot be undone.</source>
+        <translation>Ihre Aufnahmen werden mitgelöscht. Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Empty Trash</source>
+        <translation>Papierkorb leeren</translation>
+    </message>
+    <message>
+        <source>Your recordings take %1.</source>
+        <translation>Ihre Aufnahmen belegen %1.</translation>
+    </message>
+    <message>
+        <source>Remove recordings</source>
+        <translation>Aufnahmen entfernen</translation>
+    </message>
+    <message>
+        <source>Only the audio goes: texts and their history stay, and so does each recording without a text.</source>
+        <translation>Nur der Ton wird entfernt: Texte und ihr Verlauf bleiben, ebenso jede Aufnahme ohne Text.</translation>
+    </message>
+    <message>
+        <source>Remove the audio of old recordings?</source>
+        <translation>Ton alter Aufnahmen entfernen?</translation>
+    </message>
+    <message>
+        <source>What is older goes now, and the rest as it grows old. This cannot be undone.</source>
+        <translation>Was älter ist, wird jetzt entfernt, und der Rest, sobald er alt genug ist. Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Delete old notes in the Trash?</source>
+        <translation>Alte Notizen im Papierkorb löschen?</translation>
+    </message>
+    <message>
+        <source>Notes imported: %1</source>
+        <translation>Importierte Notizen: %1</translation>
+    </message>
+    <message>
+        <source>Terms imported: %1</source>
+        <translation>Importierte Begriffe: %1</translation>
+    </message>
+    <message>
+        <source>Not pasted</source>
+        <translation>Nicht eingefügt</translation>
+    </message>
+    <message>
+        <source>Not transcribed</source>
+        <translation>Nicht transkribiert</translation>
+    </message>
+    <message>
+        <source>Copy again</source>
+        <translation>Noch einmal kopieren</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Show the text in notifications</source>
+        <translation>Den Text in Benachrichtigungen zeigen</translation>
+    </message>
 </context>
 </TS>

@@ -1900,5 +1900,169 @@
         <source>Into the field where you began</source>
         <translation>En el campo en el que empezó</translation>
     </message>
+    <message>
+        <source>Export library…</source>
+        <translation>Exportar la biblioteca…</translation>
+    </message>
+    <message>
+        <source>Import library…</source>
+        <translation>Importar una biblioteca…</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importar</translation>
+    </message>
+    <message>
+        <source>Exporting the library…</source>
+        <translation>Exportando la biblioteca…</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Importando…</translation>
+    </message>
+    <message>
+        <source>Library exported</source>
+        <translation>Biblioteca exportada</translation>
+    </message>
+    <message>
+        <source>All notes of this archive are here already.</source>
+        <translation>Todas las notas de este archivo ya están aquí.</translation>
+    </message>
+    <message>
+        <source>Export dictionary…</source>
+        <translation>Exportar el diccionario…</translation>
+    </message>
+    <message>
+        <source>Import dictionary…</source>
+        <translation>Importar un diccionario…</translation>
+    </message>
+    <message>
+        <source>Dictionary exported</source>
+        <translation>Diccionario exportado</translation>
+    </message>
+    <message>
+        <source>This file is no table of terms.</source>
+        <translation>Este archivo no es una tabla de términos.</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nunca</translation>
+    </message>
+    <message>
+        <source>After 30 days</source>
+        <translation>A los 30 días</translation>
+    </message>
+    <message>
+        <source>After 90 days</source>
+        <translation>A los 90 días</translation>
+    </message>
+    <message>
+        <source>After a year</source>
+        <translation>Al cabo de un año</translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was changed.</source>
+        <translation>Cancelado. No se ha cambiado nada.</translation>
+    </message>
+    <message>
+        <source>This archive was made by a newer Vesko. Update the app before importing it.</source>
+        <translation>Este archivo es de una versión más reciente de Vesko. Actualice la aplicación antes de importarlo.</translation>
+    </message>
+    <message>
+        <source>This archive unpacks to more than Vesko takes in. Nothing was changed.</source>
+        <translation>Este archivo descomprimido es mayor de lo que Vesko admite. No se ha cambiado nada.</translation>
+    </message>
+    <message>
+        <source>This file is no library that Vesko has exported, or it is damaged. Nothing was changed.</source>
+        <translation>Este archivo no es una biblioteca exportada por Vesko, o está dañado. No se ha cambiado nada.</translation>
+    </message>
+    <message>
+        <source>There is not enough room on the disk. Your saved files were preserved.</source>
+        <translation>No hay espacio suficiente en el disco. Sus archivos guardados se han conservado.</translation>
+    </message>
+    <message>
+        <source>Audio removed to save room: %1</source>
+        <translation>Audio eliminado para ahorrar espacio: %1</translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation>Importar…</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Exportar…</translation>
+    </message>
+    <message>
+        <source>Empty Trash…</source>
+        <translation>Vaciar la papelera…</translation>
+    </message>
+    <message>
+        <source>Delete all notes in the Trash permanently?</source>
+        <translation>¿Eliminar definitivamente todas las notas de la papelera?</translation>
+    </message>
+    <message>
+        <source>Their recordings go with them. This cannot be undone.</source>
+        <translation>Sus grabaciones también se eliminan. Esto no se puede deshacer.</translation>
+    </message>
+    <message>
+        <source>Empty Trash</source>
+        <translation>Vaciar la papelera</translation>
+    </message>
+    <message>
+        <source>Your recordings take %1.</source>
+        <translation>Sus grabaciones ocupan %1.</translation>
+    </message>
+    <message>
+        <source>Remove recordings</source>
+        <translation>Eliminar grabaciones</translation>
+    </message>
+    <message>
+        <source>Only the audio goes: texts and their history stay, and so does each recording without a text.</source>
+        <translation>Solo se elimina el audio: los textos y su historial se conservan, igual que toda grabación sin texto.</translation>
+    </message>
+    <message>
+        <source>Remove the audio of old recordings?</source>
+        <translation>¿Eliminar el audio de las grabaciones antiguas?</translation>
+    </message>
+    <message>
+        <source>What is older goes now, and the rest as it grows old. This cannot be undone.</source>
+        <translation>Lo más antiguo se elimina ahora, y el resto cuando alcance esa edad. Esto no se puede deshacer.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Eliminar</translation>
+    </message>
+    <message>
+        <source>Delete old notes in the Trash?</source>
+        <translation>¿Eliminar las notas antiguas de la papelera?</translation>
+    </message>
+    <message>
+        <source>Notes imported: %1</source>
+        <translation>Notas importadas: %1</translation>
+    </message>
+    <message>
+        <source>Terms imported: %1</source>
+        <translation>Términos importados: %1</translation>
+    </message>
+    <message>
+        <source>Not pasted</source>
+        <translation>No se ha pegado</translation>
+    </message>
+    <message>
+        <source>Not transcribed</source>
+        <translation>No se ha transcrito</translation>
+    </message>
+    <message>
+        <source>Copy again</source>
+        <translation>Copiar de nuevo</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Show the text in notifications</source>
+        <translation>Mostrar el texto en las notificaciones</translation>
+    </message>
 </context>
 </TS>

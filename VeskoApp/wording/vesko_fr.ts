@@ -1900,5 +1900,169 @@
         <source>Into the field where you began</source>
         <translation>Dans le champ où vous avez commencé</translation>
     </message>
+    <message>
+        <source>Export library…</source>
+        <translation>Exporter la bibliothèque…</translation>
+    </message>
+    <message>
+        <source>Import library…</source>
+        <translation>Importer une bibliothèque…</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importer</translation>
+    </message>
+    <message>
+        <source>Exporting the library…</source>
+        <translation>Export de la bibliothèque…</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Import en cours…</translation>
+    </message>
+    <message>
+        <source>Library exported</source>
+        <translation>Bibliothèque exportée</translation>
+    </message>
+    <message>
+        <source>All notes of this archive are here already.</source>
+        <translation>Toutes les notes de cette archive sont déjà ici.</translation>
+    </message>
+    <message>
+        <source>Export dictionary…</source>
+        <translation>Exporter le dictionnaire…</translation>
+    </message>
+    <message>
+        <source>Import dictionary…</source>
+        <translation>Importer un dictionnaire…</translation>
+    </message>
+    <message>
+        <source>Dictionary exported</source>
+        <translation>Dictionnaire exporté</translation>
+    </message>
+    <message>
+        <source>This file is no table of terms.</source>
+        <translation>Ce fichier n’est pas une table de termes.</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Jamais</translation>
+    </message>
+    <message>
+        <source>After 30 days</source>
+        <translation>Après 30 jours</translation>
+    </message>
+    <message>
+        <source>After 90 days</source>
+        <translation>Après 90 jours</translation>
+    </message>
+    <message>
+        <source>After a year</source>
+        <translation>Après un an</translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was changed.</source>
+        <translation>Annulé. Rien n’a été modifié.</translation>
+    </message>
+    <message>
+        <source>This archive was made by a newer Vesko. Update the app before importing it.</source>
+        <translation>Cette archive vient d’une version plus récente de Vesko. Mettez l’application à jour avant de l’importer.</translation>
+    </message>
+    <message>
+        <source>This archive unpacks to more than Vesko takes in. Nothing was changed.</source>
+        <translation>Une fois décompressée, cette archive dépasse ce que Vesko accepte. Rien n’a été modifié.</translation>
+    </message>
+    <message>
+        <source>This file is no library that Vesko has exported, or it is damaged. Nothing was changed.</source>
+        <translation>Ce fichier n’est pas une bibliothèque exportée par Vesko, ou il est endommagé. Rien n’a été modifié.</translation>
+    </message>
+    <message>
+        <source>There is not enough room on the disk. Your saved files were preserved.</source>
+        <translation>L’espace disque est insuffisant. Vos fichiers enregistrés ont été préservés.</translation>
+    </message>
+    <message>
+        <source>Audio removed to save room: %1</source>
+        <translation>Son supprimé pour gagner de la place : %1</translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation>Importer…</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Exporter…</translation>
+    </message>
+    <message>
+        <source>Empty Trash…</source>
+        <translation>Vider la corbeille…</translation>
+    </message>
+    <message>
+        <source>Delete all notes in the Trash permanently?</source>
+        <translation>Supprimer définitivement toutes les notes de la corbeille ?</translation>
+    </message>
+    <message>
+        <source>Their recordings go with them. This cannot be undone.</source>
+        <translation>Leurs enregistrements sont supprimés aussi. Cette action est irréversible.</translation>
+    </message>
+    <message>
+        <source>Empty Trash</source>
+        <translation>Vider la corbeille</translation>
+    </message>
+    <message>
+        <source>Your recordings take %1.</source>
+        <translation>Vos enregistrements occupent %1.</translation>
+    </message>
+    <message>
+        <source>Remove recordings</source>
+        <translation>Supprimer les enregistrements</translation>
+    </message>
+    <message>
+        <source>Only the audio goes: texts and their history stay, and so does each recording without a text.</source>
+        <translation>Seul le son est supprimé : les textes et leur historique restent, ainsi que tout enregistrement sans texte.</translation>
+    </message>
+    <message>
+        <source>Remove the audio of old recordings?</source>
+        <translation>Supprimer le son des anciens enregistrements ?</translation>
+    </message>
+    <message>
+        <source>What is older goes now, and the rest as it grows old. This cannot be undone.</source>
+        <translation>Ce qui est plus ancien disparaît maintenant, et le reste à mesure qu’il vieillit. Cette action est irréversible.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Delete old notes in the Trash?</source>
+        <translation>Supprimer les anciennes notes de la corbeille ?</translation>
+    </message>
+    <message>
+        <source>Notes imported: %1</source>
+        <translation>Notes importées : %1</translation>
+    </message>
+    <message>
+        <source>Terms imported: %1</source>
+        <translation>Termes importés : %1</translation>
+    </message>
+    <message>
+        <source>Not pasted</source>
+        <translation>Non collé</translation>
+    </message>
+    <message>
+        <source>Not transcribed</source>
+        <translation>Non transcrit</translation>
+    </message>
+    <message>
+        <source>Copy again</source>
+        <translation>Copier à nouveau</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Show the text in notifications</source>
+        <translation>Afficher le texte dans les notifications</translation>
+    </message>
 </context>
 </TS>

@@ -1903,5 +1903,169 @@
         <source>Into the field where you began</source>
         <translation>В поле, с которого вы начали</translation>
     </message>
+    <message>
+        <source>Export library…</source>
+        <translation>Экспортировать библиотеку…</translation>
+    </message>
+    <message>
+        <source>Import library…</source>
+        <translation>Импортировать библиотеку…</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Импортировать</translation>
+    </message>
+    <message>
+        <source>Exporting the library…</source>
+        <translation>Экспорт библиотеки…</translation>
+    </message>
+    <message>
+        <source>Importing…</source>
+        <translation>Импорт…</translation>
+    </message>
+    <message>
+        <source>Library exported</source>
+        <translation>Библиотека экспортирована</translation>
+    </message>
+    <message>
+        <source>All notes of this archive are here already.</source>
+        <translation>Все заметки этого архива уже здесь.</translation>
+    </message>
+    <message>
+        <source>Export dictionary…</source>
+        <translation>Экспортировать словарь…</translation>
+    </message>
+    <message>
+        <source>Import dictionary…</source>
+        <translation>Импортировать словарь…</translation>
+    </message>
+    <message>
+        <source>Dictionary exported</source>
+        <translation>Словарь экспортирован</translation>
+    </message>
+    <message>
+        <source>This file is no table of terms.</source>
+        <translation>Этот файл не является таблицей терминов.</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Никогда</translation>
+    </message>
+    <message>
+        <source>After 30 days</source>
+        <translation>Через 30 дней</translation>
+    </message>
+    <message>
+        <source>After 90 days</source>
+        <translation>Через 90 дней</translation>
+    </message>
+    <message>
+        <source>After a year</source>
+        <translation>Через год</translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was changed.</source>
+        <translation>Отменено. Ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>This archive was made by a newer Vesko. Update the app before importing it.</source>
+        <translation>Этот архив создан более новой версией Vesko. Обновите приложение перед импортом.</translation>
+    </message>
+    <message>
+        <source>This archive unpacks to more than Vesko takes in. Nothing was changed.</source>
+        <translation>В распакованном виде этот архив больше, чем принимает Vesko. Ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>This file is no library that Vesko has exported, or it is damaged. Nothing was changed.</source>
+        <translation>Этот файл не является библиотекой, экспортированной из Vesko, или повреждён. Ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>There is not enough room on the disk. Your saved files were preserved.</source>
+        <translation>На диске недостаточно места. Сохранённые файлы не пострадали.</translation>
+    </message>
+    <message>
+        <source>Audio removed to save room: %1</source>
+        <translation>Аудио удалено ради экономии места: %1</translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation>Импорт…</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Экспорт…</translation>
+    </message>
+    <message>
+        <source>Empty Trash…</source>
+        <translation>Очистить корзину…</translation>
+    </message>
+    <message>
+        <source>Delete all notes in the Trash permanently?</source>
+        <translation>Удалить все заметки из корзины навсегда?</translation>
+    </message>
+    <message>
+        <source>Their recordings go with them. This cannot be undone.</source>
+        <translation>Их записи тоже будут удалены. Это действие нельзя отменить.</translation>
+    </message>
+    <message>
+        <source>Empty Trash</source>
+        <translation>Очистить корзину</translation>
+    </message>
+    <message>
+        <source>Your recordings take %1.</source>
+        <translation>Ваши записи занимают %1.</translation>
+    </message>
+    <message>
+        <source>Remove recordings</source>
+        <translation>Удалять записи</translation>
+    </message>
+    <message>
+        <source>Only the audio goes: texts and their history stay, and so does each recording without a text.</source>
+        <translation>Удаляется только аудио: тексты и их история остаются, как и каждая запись без текста.</translation>
+    </message>
+    <message>
+        <source>Remove the audio of old recordings?</source>
+        <translation>Удалять аудио старых записей?</translation>
+    </message>
+    <message>
+        <source>What is older goes now, and the rest as it grows old. This cannot be undone.</source>
+        <translation>Всё более старое удаляется сейчас, остальное — по мере устаревания. Это действие нельзя отменить.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Удалить</translation>
+    </message>
+    <message>
+        <source>Delete old notes in the Trash?</source>
+        <translation>Удалять старые заметки из корзины?</translation>
+    </message>
+    <message>
+        <source>Notes imported: %1</source>
+        <translation>Импортировано заметок: %1</translation>
+    </message>
+    <message>
+        <source>Terms imported: %1</source>
+        <translation>Импортировано терминов: %1</translation>
+    </message>
+    <message>
+        <source>Not pasted</source>
+        <translation>Не вставлено</translation>
+    </message>
+    <message>
+        <source>Not transcribed</source>
+        <translation>Не расшифровано</translation>
+    </message>
+    <message>
+        <source>Copy again</source>
+        <translation>Скопировать ещё раз</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>Повторить</translation>
+    </message>
+    <message>
+        <source>Show the text in notifications</source>
+        <translation>Показывать текст в уведомлениях</translation>
+    </message>
 </context>
 </TS>

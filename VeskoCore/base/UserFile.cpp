@@ -37,7 +37,8 @@ std::filesystem::path fileBehindLinks(FileSystem& files, std::filesystem::path p
     throw std::system_error(std::make_error_code(std::errc::too_many_symbolic_link_levels));
 }
 
-void writeUserFile(FileSystem& files, const std::filesystem::path& path, std::string_view bytes)
+void replaceUserFile(FileSystem& files, const std::filesystem::path& path,
+    const std::function<void(const std::filesystem::path&)>& fill)
 {
     const auto target = fileBehindLinks(files, path);
     const auto present = files.status(target);
@@ -46,14 +47,15 @@ void writeUserFile(FileSystem& files, const std::filesystem::path& path, std::st
 
     // Short, whatever the length of the file's own name.
     const auto fresh = target.parent_path() / (".vesko-" + Uuid::random().text());
-    OpenFile file(files, fresh, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW,
+    OpenFile created(files, fresh, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW,
         present ? ownerOnly : asTheUserLikes);
     try {
-        writeAll(files, file, bytes);
+        created.close();
+        fill(fresh);
+        const OpenFile file(files, fresh, O_RDONLY | O_NOFOLLOW);
         if (present)
             makeAlike(files, file, *present);
         files.sync(file);
-        file.close();
         files.rename(fresh, target);
     } catch (...) {
         try {
@@ -64,6 +66,15 @@ void writeUserFile(FileSystem& files, const std::filesystem::path& path, std::st
         throw;
     }
     syncFolder(files, target.parent_path());
+}
+
+void writeUserFile(FileSystem& files, const std::filesystem::path& path, std::string_view bytes)
+{
+    replaceUserFile(files, path, [&](const std::filesystem::path& fresh) {
+        OpenFile file(files, fresh, O_WRONLY | O_NOFOLLOW);
+        writeAll(files, file, bytes);
+        file.close();
+    });
 }
 
 } // namespace vesko

@@ -2,6 +2,8 @@
 
 #include "VeskoCore/base/FileSystem.h"
 
+#include <functional>
+
 namespace vesko {
 
 // Replaces a file that the user named, anywhere, by new content. Whoever looks finds the old
@@ -14,6 +16,11 @@ namespace vesko {
 // content stands, or again no file, unless only the folder could not be brought to the disk. A
 // process that dies within may leave a hidden file with ".vesko-" and an identifier for its name.
 void writeUserFile(FileSystem& files, const std::filesystem::path& path, std::string_view bytes);
+
+// The same for content that `fill` writes into the file whose path it is given, or puts in its
+// place under the same permissions. What `fill` throws ends it as a failure does.
+void replaceUserFile(FileSystem& files, const std::filesystem::path& path,
+    const std::function<void(const std::filesystem::path&)>& fill);
 
 // Where the symbolic links of a path's last part lead; what is there need not exist. Throws
 // std::system_error where they go in a circle.

@@ -3,9 +3,8 @@
 #include "VeskoCore/base/FileSystem.h"
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/base/Text.h"
+#include "VeskoCore/base/UserFile.h"
 #include "VeskoCore/exchange/Zip.h"
-
-#include <fcntl.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -130,6 +129,8 @@ void fill(Export& archive, const Library& library, const std::filesystem::path& 
                 archive.unusedName(folder + safeName(note.displayTitle()), ".md", note.id),
                 note.markdown(name));
         for (const auto& recording : note.recordings) {
+            if (recording.audioRemovedAt || recording.status == RecordingStatus::recording)
+                continue; // it is about to go, or still grows
             const auto file = Recording::fileNameFor(recording.id);
             const auto status = files.status(recordings / file);
             if (status && status->kind == FileStatus::regular)
@@ -143,22 +144,11 @@ void fill(Export& archive, const Library& library, const std::filesystem::path& 
 void exportLibrary(const Library& library, const std::filesystem::path& recordings,
     const std::filesystem::path& file, const ExchangeWatch& watch)
 {
-    auto& files = FileSystem::posix();
-    const auto partial = file.string() + ".partial";
-    // libzip keeps the permissions of what it replaces.
-    OpenFile(files, partial, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, 0600).close();
-    try {
-        Export archive(partial);
+    replaceUserFile(FileSystem::posix(), file, [&](const std::filesystem::path& fresh) {
+        Export archive(fresh);
         fill(archive, library, recordings);
         archive.write(watch);
-        const OpenFile written(files, partial, O_RDONLY);
-        files.sync(written);
-        files.rename(partial, file);
-    } catch (...) {
-        std::error_code ignored; // the first failure tells more
-        std::filesystem::remove(partial, ignored);
-        throw;
-    }
+    });
 }
 
 } // namespace vesko

@@ -8,38 +8,31 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <set>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace vesko {
 
 namespace {
 
-// Files that go again unless they are to stay.
-class NewFiles {
-public:
-    NewFiles() = default;
-    NewFiles(const NewFiles&) = delete;
-    NewFiles& operator=(const NewFiles&) = delete;
-    ~NewFiles()
-    {
-        std::error_code ignored;
-        for (const auto& file : m_files)
-            std::filesystem::remove(file, ignored);
-    }
-    void add(const std::filesystem::path& file) { m_files.push_back(file); }
-    void keep() { m_files.clear(); }
-
-private:
-    std::vector<std::filesystem::path> m_files;
-};
+constexpr const char* remainsFolder = ".import";
+constexpr std::uint64_t smallArchive = 1 << 20; // bytes; of which any multiple is harmless
 
 class Archive {
 public:
-    Archive(const std::filesystem::path& file, const ExchangeWatch& watch)
+    Archive(const std::filesystem::path& file, const ExchangeWatch& watch, std::uint64_t growth)
         : m_watch(watch)
     {
+        // Also a folder could be opened, and a pipe would never answer.
+        const auto kind = std::filesystem::status(file).type();
+        if (kind == std::filesystem::file_type::not_found)
+            throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory));
+        if (kind != std::filesystem::file_type::regular)
+            throw ExchangeFailure(ExchangeFailure::notALibrary);
+        m_room = std::max<std::uint64_t>(std::filesystem::file_size(file), smallArchive) * growth;
         int code = 0;
         m_archive.reset(m_zip.open(file.c_str(), ZIP_RDONLY, &code));
         if (m_archive)
@@ -51,8 +44,7 @@ public:
 
     // False if there is none of the name. Whatever size it claims to have, no more than the limit
     // comes out of it.
-    bool extract(const std::string& name, const std::filesystem::path& to, std::uint64_t limit,
-        NewFiles& made) const
+    bool extract(const std::string& name, const std::filesystem::path& to, std::uint64_t limit)
     {
         const auto index = m_zip.locate(m_archive.get(), name.c_str(), 0);
         if (index < 0)
@@ -63,7 +55,6 @@ public:
             throw ExchangeFailure(ExchangeFailure::notALibrary);
         auto& files = FileSystem::posix();
         OpenFile file(files, to, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
-        made.add(to);
         std::vector<char> piece(1 << 16);
         for (std::uint64_t size = 0;;) {
             if (m_watch.isCancelled())
@@ -73,12 +64,12 @@ public:
                 throw ExchangeFailure(ExchangeFailure::notALibrary);
             if (count == 0)
                 break;
-            size += static_cast<std::uint64_t>(count);
-            if (size > limit)
+            const auto came = static_cast<std::uint64_t>(count);
+            size += came;
+            if (size > limit || came > m_room)
                 throw ExchangeFailure(ExchangeFailure::tooLarge);
-            std::string_view rest(piece.data(), static_cast<std::size_t>(count));
-            while (!rest.empty())
-                rest.remove_prefix(files.write(file, rest));
+            m_room -= came;
+            writeAll(files, file, { piece.data(), came });
         }
         files.sync(file);
         file.close();
@@ -88,19 +79,16 @@ public:
 private:
     const LibZip& m_zip = LibZip::get();
     const ExchangeWatch& m_watch;
+    std::uint64_t m_room = 0; // bytes that may still come out of it
     ZipArchive m_archive;
 };
 
-Library readDocument(
-    const Archive& archive, const std::filesystem::path& place, const ImportLimits& limits)
+Library readDocument(Archive& archive, const std::filesystem::path& place, std::uint64_t limit)
 {
-    NewFiles made;
-    std::error_code ignored; // of an import that was killed
-    std::filesystem::remove(place, ignored);
-    if (!archive.extract("library.json", place, limits.document, made))
+    if (!archive.extract("library.json", place, limit))
         throw ExchangeFailure(ExchangeFailure::notALibrary);
     try {
-        return readLibrary(*InputFile::open(FileSystem::posix(), place, limits.document));
+        return readLibrary(*InputFile::open(FileSystem::posix(), place, limit));
     } catch (const JsonError&) {
         throw ExchangeFailure(ExchangeFailure::notALibrary);
     } catch (const VeskoError&) {
@@ -128,30 +116,74 @@ std::vector<Recording> newRecordings(const Library& here, const Library& other)
 
 } // namespace
 
-std::size_t importLibrary(LibraryStore& store, const std::filesystem::path& archive,
+LibraryImport::LibraryImport(const Library& here, std::filesystem::path recordings,
+    const std::filesystem::path& archive, const ExchangeWatch& watch, const ImportLimits& limits)
+    : m_recordings(std::move(recordings))
+    , m_folder(m_recordings / remainsFolder)
+{
+    try {
+        unpack(here, archive, watch, limits);
+    } catch (...) {
+        clearRemains(m_recordings);
+        throw;
+    }
+}
+
+LibraryImport::~LibraryImport()
+{
+    clearRemains(m_recordings);
+}
+
+void LibraryImport::clearRemains(const std::filesystem::path& recordings)
+{
+    std::error_code ignored; // whoever needs the place will see
+    std::filesystem::remove_all(recordings / remainsFolder, ignored);
+}
+
+void LibraryImport::unpack(const Library& here, const std::filesystem::path& archive,
     const ExchangeWatch& watch, const ImportLimits& limits)
 {
-    const Archive from(archive, watch);
-    // Beside the recordings, which are on the disk of the library.
-    const auto place = store.audioURL(Recording::make({}, {}, {})).parent_path() / ".import.json";
-    const auto other = readDocument(from, place, limits);
-    const auto recordings = newRecordings(store.snapshot(), other);
-    NewFiles made;
+    Archive from(archive, watch, limits.growth);
+    clearRemains(m_recordings);
+    FileSystem::posix().makeFolder(m_folder, 0700);
+    m_other = readDocument(from, m_folder / "library.json", limits.document);
+    const auto recordings = newRecordings(here, m_other);
     for (std::size_t done = 0; done < recordings.size(); ++done) {
         watch.progress(static_cast<double>(done) / static_cast<double>(recordings.size()));
         const auto& recording = recordings[done];
         if (recording.fileName != Recording::fileNameFor(recording.id))
             throw ExchangeFailure(ExchangeFailure::notALibrary);
-        const auto to = store.audioURL(recording);
-        if (!std::filesystem::exists(to))
-            from.extract("recordings/" + recording.fileName, to, limits.recording, made);
+        if (!recording.audioRemovedAt
+            && from.extract("recordings/" + recording.fileName, m_folder / recording.fileName,
+                limits.recording))
+            m_unpacked.push_back(recording);
     }
     if (watch.isCancelled())
         throw ExchangeFailure(ExchangeFailure::cancelled);
-    const auto before = store.snapshot().notes.size();
-    store.merge(other);
-    made.keep();
     watch.progress(1);
+}
+
+std::size_t LibraryImport::joinTo(LibraryStore& store)
+{
+    auto& files = FileSystem::posix();
+    const auto before = store.snapshot().notes.size();
+    std::vector<std::filesystem::path> moved;
+    try {
+        for (const auto& recording : m_unpacked) {
+            const auto to = store.audioURL(recording);
+            if (files.status(to))
+                continue; // of an import that was killed just here
+            files.rename(m_folder / recording.fileName, to);
+            moved.push_back(to);
+        }
+        syncFolder(files, m_recordings);
+        store.merge(m_other);
+    } catch (...) {
+        std::error_code ignored; // the first failure tells more
+        for (const auto& file : moved)
+            std::filesystem::remove(file, ignored);
+        throw;
+    }
     return store.snapshot().notes.size() - before;
 }
 

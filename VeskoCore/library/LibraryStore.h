@@ -49,6 +49,19 @@ public:
     // the next change.
     void deletePermanently(const Uuid& id);
 
+    // Removes for good what was moved to the Trash before that moment, as deletePermanently does,
+    // in one save. A note whose audio can't be removed stays, and the first such failure is thrown
+    // behind the rest. The notes that are gone.
+    std::vector<Uuid> emptyTrash(Date before);
+
+    // Marks each recording of before that moment as one without audio, if its text is there. How
+    // many. The audio itself goes with clearRemovedAudio, which may be called at any time after:
+    // so no record promises audio that is gone, and none that was to go is forgotten.
+    std::size_t giveUpAudio(Date before);
+    // Removes the audio of the recordings that have none by their mark. Throws the first failure of
+    // the system behind the rest.
+    void clearRemovedAudio();
+
     // Names are trimmed and have 1 to 80 characters, else invalidProject. duplicateProject when
     // another project has the name, ignoring case.
     Project createProject(const std::string& name);
@@ -73,7 +86,8 @@ public:
     void finishRecording(const Uuid& id, double duration);
     void failRecording(const Uuid& id, const std::string& message);
 
-    // A new running attempt. libraryBusy when the note is in the Trash or an attempt is running.
+    // A new running attempt. libraryBusy when the note is in the Trash or an attempt is running,
+    // notFound when the audio was removed.
     TranscriptionAttempt beginAttempt(const Uuid& recordingID, const std::string& provider,
         const std::string& model, const std::optional<std::string>& cleanupModel);
     // Stores the transcript and, for the recording's first one, appends it to the note.

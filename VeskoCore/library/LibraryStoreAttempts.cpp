@@ -38,6 +38,8 @@ TranscriptionAttempt LibraryStore::beginAttempt(const Uuid& recordingID,
     if (current.deletedAt
         || current.recordings[at.recording].status == RecordingStatus::transcribing)
         throw VeskoError(VeskoError::libraryBusy);
+    if (current.recordings[at.recording].audioRemovedAt)
+        throw VeskoError(VeskoError::notFound);
     TranscriptionAttempt attempt;
     attempt.id = Uuid::random();
     attempt.provider = provider;

@@ -25,6 +25,7 @@ struct Recording {
     // are equal, nothing else has changed the note since.
     std::optional<Date> appliedBodyRevision;
     std::optional<std::string> errorMessage; // of the last failure or interruption
+    std::optional<Date> audioRemovedAt; // to save room; only the text is left since
 
     // A recording that is about to begin.
     static Recording make(Uuid id, Uuid noteID, Date now);
@@ -51,6 +52,7 @@ inline constexpr std::tuple jsonFields<Recording>{
     JsonField{ "appendedToNote", &Recording::appendedToNote },
     JsonField{ "appliedBodyRevision", &Recording::appliedBodyRevision },
     JsonField{ "attempts", &Recording::attempts },
+    JsonField{ "audioRemovedAt", &Recording::audioRemovedAt },
     JsonField{ "createdAt", &Recording::createdAt },
     JsonField{ "duration", &Recording::duration },
     JsonField{ "errorMessage", &Recording::errorMessage },

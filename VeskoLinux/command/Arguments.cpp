@@ -9,11 +9,13 @@ namespace vesko {
 
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Purpose>, 19> options{ {
+constexpr std::array<std::pair<std::string_view, Purpose>, 21> options{ {
     { "--background", Purpose::background },
     { "--install-openrouter-key", Purpose::keyInstaller },
     { "--keep-clipboard", Purpose::clipboardKeeper }, // said by the program itself
+    { "--transcribe", Purpose::transcribe },
     { "--get-model", Purpose::modelInstaller },
+    { "--export", Purpose::exportLibrary },
     { "--doctor", Purpose::doctor },
     { "--toggle", Purpose::toggle },
     { "--start", Purpose::start },
@@ -34,6 +36,11 @@ constexpr std::array<std::pair<std::string_view, Purpose>, 19> options{ {
 bool isLetter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool takesFile(Purpose purpose)
+{
+    return purpose == Purpose::transcribe || purpose == Purpose::exportLibrary;
 }
 
 // Whether it begins with a scheme, as an address does that was opened with this program.
@@ -78,9 +85,15 @@ const std::string_view usage
       "  --follow       the same, and a line more at each change\n"
       "  --json         with these two: as JSON, for bars and scripts\n"
       "\n"
-      "  --doctor       says what works on this computer, what doesn't, and what helps\n"
+      "  --transcribe FILE [--language LANGUAGE] [--keep]\n"
+      "                 prints the text of an audio file; --keep puts it into the library, too\n"
+      "  --export FOLDER\n"
+      "                 writes the whole library into a zip file in that folder\n"
       "  --get-model NAME\n"
       "                 loads a model for whisper.cpp, such as base; an unknown NAME lists all\n"
+      "  --doctor [--network]\n"
+      "                 says what works on this computer, what doesn't, and what helps; with\n"
+      "                 --network it asks the speech service for its models, too\n"
       "  --install-openrouter-key\n"
       "                 stores the key that OPENROUTER_API_KEY holds, and chooses OpenRouter\n"
       "  --help, --version\n"
@@ -92,17 +105,30 @@ Arguments Arguments::read(std::span<const char* const> arguments)
 {
     std::optional<Purpose> purpose;
     Arguments read;
+    std::string* value = nullptr; // what the next argument is
     for (const std::string_view argument : arguments) {
+        if (value) {
+            *std::exchange(value, nullptr) = argument;
+            continue;
+        }
         const auto* const option
             = std::ranges::find(options, argument, &decltype(options)::value_type::first);
         if (option != options.end()) {
             if (purpose && *purpose != option->second)
                 return refusal("one thing at a time, please");
             purpose = option->second;
-        } else if (purpose == Purpose::modelInstaller && read.model.empty()) {
-            read.model = argument;
+            if (takesFile(*purpose))
+                value = &read.file;
+            else if (*purpose == Purpose::modelInstaller)
+                value = &read.model;
         } else if (argument == "--json") {
             read.json = true;
+        } else if (argument == "--keep") {
+            read.keep = true;
+        } else if (argument == "--network") {
+            read.network = true;
+        } else if (argument == "--language") {
+            value = &read.language;
         } else if (isAddress(argument)) {
             read.addresses.emplace_back(argument);
         } else {
@@ -112,6 +138,12 @@ Arguments Arguments::read(std::span<const char* const> arguments)
     read.purpose = purpose.value_or(Purpose::application);
     if (read.purpose == Purpose::modelInstaller && read.model.empty())
         return refusal("--get-model takes the name of a model");
+    if (takesFile(read.purpose) && read.file.empty())
+        return refusal("--transcribe takes a file, --export a folder");
+    if (read.network && read.purpose != Purpose::doctor)
+        return refusal("--network goes with --doctor");
+    if (value || ((read.keep || !read.language.empty()) && read.purpose != Purpose::transcribe))
+        return refusal("--language LANGUAGE and --keep go with --transcribe");
     if (read.json && read.purpose != Purpose::status && read.purpose != Purpose::follow)
         return refusal("--json goes with --status and --follow");
     if (!read.addresses.empty() && read.purpose != Purpose::application

@@ -14,6 +14,8 @@ enum class Purpose {
     keyInstaller,
     clipboardKeeper, // to serve what the program left on the clipboard when it ended
     modelInstaller, // to load a model for speech
+    transcribe, // to print the text of an audio file
+    exportLibrary, // to write all of the library into a file
     doctor, // to say what works on this machine
     // Said to the Vesko that runs.
     toggle,
@@ -37,6 +39,10 @@ struct Arguments {
     Purpose purpose = Purpose::application;
     bool json = false; // with status and follow
     std::string model = {}; // that is to be loaded
+    std::string file; // with transcribe; with exportLibrary the folder
+    std::string language; // with transcribe; empty for that of the settings
+    bool keep = false; // with transcribe
+    bool network = false; // with doctor
     std::vector<std::string> addresses; // that were opened with the program
     std::string problem; // one line for a terminal; only if refused
 

@@ -122,7 +122,21 @@ PortalFileChooser::PortalFileChooser(EventClock& clock)
     });
 }
 
-Eventual<FileChooser::Answer> PortalFileChooser::save(const Saving& what, QWindow& above)
+Eventual<FileChooser::Answer> PortalFileChooser::save(const Question& what, QWindow& above)
+{
+    return ask("SaveFile", what,
+        { { QStringLiteral("current_name"),
+            QString::fromStdString(what.file.filename().string()) } },
+        above);
+}
+
+Eventual<FileChooser::Answer> PortalFileChooser::open(const Question& what, QWindow& above)
+{
+    return ask("OpenFile", what, {}, above);
+}
+
+Eventual<FileChooser::Answer> PortalFileChooser::ask(
+    const char* method, const Question& what, QVariantMap options, QWindow& above)
 {
     cancel();
     auto bus = QDBusConnection::sessionBus();
@@ -136,21 +150,19 @@ Eventual<FileChooser::Answer> PortalFileChooser::save(const Saving& what, QWindo
     bus.connect(portal, m_request, request, QStringLiteral("Response"), this,
         SLOT(response(uint, QVariantMap, QDBusMessage)));
     auto call = QDBusMessage::createMethodCall(
-        portal, portalPath, fileChooser, QStringLiteral("SaveFile"));
+        portal, portalPath, fileChooser, QString::fromLatin1(method));
     const FileFilter filter{ QString::fromStdString(what.kind),
         { { 0, QString::fromStdString(what.pattern) } } };
     const auto folder = what.file.parent_path().string();
-    call << handle(above) << QString::fromStdString(what.title)
-         << QVariantMap{
-                { QStringLiteral("handle_token"), token },
-                { QStringLiteral("accept_label"), QString::fromStdString(what.agree) },
-                { QStringLiteral("current_name"),
-                    QString::fromStdString(what.file.filename().string()) },
-                // With its end, as the portal wants it.
-                { QStringLiteral("current_folder"),
-                    QByteArray(folder.c_str(), static_cast<qsizetype>(folder.size()) + 1) },
-                { QStringLiteral("filters"), QVariant::fromValue(QList<FileFilter>{ filter }) },
-            };
+    options.insert(QVariantMap{
+        { QStringLiteral("handle_token"), token },
+        { QStringLiteral("accept_label"), QString::fromStdString(what.agree) },
+        // With its end, as the portal wants it.
+        { QStringLiteral("current_folder"),
+            QByteArray(folder.c_str(), static_cast<qsizetype>(folder.size()) + 1) },
+        { QStringLiteral("filters"), QVariant::fromValue(QList<FileFilter>{ filter }) },
+    });
+    call << handle(above) << QString::fromStdString(what.title) << options;
     auto* heard
         = new QDBusPendingCallWatcher(bus.asyncCall(call, std::numeric_limits<int>::max()), this);
     connect(heard, &QDBusPendingCallWatcher::finished, this, [this, heard, asked = m_request] {

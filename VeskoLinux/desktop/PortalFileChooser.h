@@ -7,6 +7,7 @@
 
 #include <QDBusServiceWatcher>
 #include <QObject>
+#include <QVariant>
 
 #include <optional>
 
@@ -23,12 +24,15 @@ class PortalFileChooser final : public QObject, public FileChooser {
 public:
     explicit PortalFileChooser(EventClock& clock);
 
-    Eventual<Answer> save(const Saving& what, QWindow& above) override;
+    Eventual<Answer> save(const Question& what, QWindow& above) override;
+    Eventual<Answer> open(const Question& what, QWindow& above) override;
 
 private Q_SLOTS:
     void response(uint code, const QVariantMap& results, const QDBusMessage& message);
 
 private:
+    Eventual<Answer> ask(
+        const char* method, const Question& what, QVariantMap options, QWindow& above);
     void cancel();
     void end(Answer answer);
 

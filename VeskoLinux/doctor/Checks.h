@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
+#include "VeskoCore/speech/OpenRouterClient.h"
 #include "VeskoLinux/doctor/Diagnosis.h"
 
 #include <filesystem>
@@ -9,8 +10,8 @@
 namespace vesko {
 
 // What Vesko needs of this machine, one capability a check. The services are asked over the session
-// bus; nothing is started, changed or sent anywhere. The microphone is listened to for a second,
-// and what it hears is kept nowhere but for its loudness.
+// bus; nothing is started, changed or sent anywhere but where a check says so. The microphone is
+// listened to for a second, and what it hears is kept nowhere but for its loudness.
 
 Finding lookAtVersions(const std::string& version);
 Finding lookAtSession();
@@ -23,6 +24,8 @@ Finding lookAtMicrophone();
 Finding lookAtEncoder();
 Finding lookAtRecognizer(const OnDeviceRecognizer& recognizer);
 Finding lookAtKeyring();
+// The one check that leaves this machine, for who asks for it: without a key.
+Finding lookAtService(const OpenRouterClient& client);
 Finding lookAtData(const std::filesystem::path& dataFolder);
 
 } // namespace vesko

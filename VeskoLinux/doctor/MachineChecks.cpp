@@ -1,5 +1,6 @@
 // What the machine itself has: its sound, its models, its room.
 
+#include "VeskoCore/library/VeskoError.h"
 #include "VeskoLinux/audio/Microphone.h"
 #include "VeskoLinux/doctor/Checks.h"
 #include "VeskoLinux/media/GstPlugins.h"
@@ -121,6 +122,25 @@ Finding lookAtRecognizer(const OnDeviceRecognizer& recognizer)
         return Finding::wanting("there is no model for the desktop's language (" + language + ")",
             "Install one, choose another language in the settings, or use OpenRouter.");
     return Finding::fine("there is a model for the desktop's language (" + language + ")");
+}
+
+Finding lookAtService(const OpenRouterClient& client)
+{
+    try {
+        const auto models = client.models(true, {});
+        return Finding::fine(
+            "the speech service answers, with " + std::to_string(models.size()) + " models");
+    } catch (const VeskoError& error) {
+        return error.status() != 0
+            ? Finding::wanting(
+                  "the speech service answers with status " + std::to_string(error.status()),
+                  "Try again later; a proxy or a sign-in page of the network may answer instead.")
+            : Finding::wanting("what answers is not the speech service",
+                  "A proxy or a sign-in page of the network may answer in its place.");
+    } catch (const URLError&) {
+        return Finding::wanting("the speech service can't be reached",
+            "Look at the network and at its proxy settings.");
+    }
 }
 
 Finding lookAtData(const std::filesystem::path& dataFolder)

@@ -24,8 +24,8 @@ from lib.waiting import until  # noqa: E402
 SECONDS = float(os.environ.get("LONG_USE", "25"))
 READER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "services/reader.py")
 BUTTON, ITEM, ROW, TEXT, CHOICE = "push button", "menu item", "list item", "text", "combo box"
-MENU = ["Open Vesko", "New note", "Dictionary…", "Undo", "Redo", "Cut", "Copy", "Paste",
-        "Select All", "Welcome Tour…", "Settings…", "About Vesko", "Quit Vesko"]
+MENU = ["Open Vesko", "New note", "Dictionary…", "Export library…", "Import library…", "Undo",
+        "Redo", "Cut", "Copy", "Paste", "Select All", "Welcome Tour…", "Settings…", "About Vesko", "Quit Vesko"]
 # Each window: the item of the menu that opens it, and what is in no other.
 WINDOWS = (("Dictionary…", TEXT, "Recognized term"), ("Settings…", CHOICE, "Transcribe with"),
            ("Welcome Tour…", BUTTON, "Get started"))

@@ -12,6 +12,7 @@
 #include "tests/fakes/FakeFocusedField.h"
 #include "tests/fakes/FakeKeyInput.h"
 #include "tests/fakes/FakeLoginItem.h"
+#include "tests/fakes/FakeNotifications.h"
 #include "tests/fakes/FakeOnDeviceRecognizer.h"
 #include "tests/fakes/FakePasteKeystroke.h"
 #include "tests/fakes/FakePermissions.h"
@@ -53,6 +54,7 @@ struct FakePlatform {
     FakeSettingsStore settings;
     FakeLoginItem loginItem;
     FakeStatusItem statusItem;
+    FakeNotifications notifications;
     FakeBrowser browser;
     FakeRunningInstance runningInstance;
     FakeRemoteControl remoteControl;
@@ -80,6 +82,7 @@ struct FakePlatform {
         .settings = settings,
         .loginItem = loginItem,
         .statusItem = statusItem,
+        .notifications = notifications,
         .browser = browser,
         .runningInstance = runningInstance,
         .remoteControl = remoteControl,

@@ -25,7 +25,7 @@ Item {
     }
     // Whether that can be done, by the text that had the focus if it is of texts.
     function canRun(row) {
-        if (row.action === "newNote")
+        if (["newNote", "exportLibrary", "importLibrary"].includes(row.action))
             return window.session.ready;
         if (!row.ofText)
             return row.title.length > 0;

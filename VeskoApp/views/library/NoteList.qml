@@ -8,6 +8,7 @@ Item {
     id: root
 
     required property var library
+    required property var storage
     readonly property alias rows: list
 
     signal noteWanted
@@ -75,7 +76,7 @@ Item {
 
         anchors.top: search.bottom
         anchors.topMargin: 10
-        anchors.bottom: parent.bottom
+        anchors.bottom: emptyTrash.top
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.leftMargin: 10
@@ -136,6 +137,17 @@ Item {
                 chosen: row.chosen
             }
         }
+    }
+
+    EmptyTrash {
+        id: emptyTrash
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: visible ? 12 : 0
+        height: visible ? implicitHeight : 0
+        visible: root.library.showingTrash && root.library.noteCount > 0
+        storage: root.storage
     }
 
     Working {

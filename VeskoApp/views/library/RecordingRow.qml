@@ -22,6 +22,7 @@ Column {
         spacing: 10
 
         IconButton {
+            visible: row.model.removed.length === 0
             name: qsTranslate("Vesko", "Play or stop original recording")
             iconName: row.playing ? "stop" : "play"
             ink: Theme.accent
@@ -42,12 +43,20 @@ Column {
             elide: Text.ElideRight
         }
         PushButton {
-            visible: !row.trashed
+            visible: !row.trashed && row.model.removed.length === 0
             text: row.model.retryText
             flat: true
             enabled: row.idle
             onClicked: confirmRetry.open()
         }
+    }
+    Words {
+        visible: text.length > 0
+        width: row.width
+        text: row.model.removed
+        font.pixelSize: Theme.small
+        color: Theme.quiet
+        wrapMode: Text.Wrap
     }
     Words {
         visible: text.length > 0 && row.model.attempts.length === 0

@@ -5,6 +5,7 @@ Section {
     id: section
 
     required property var preferences
+    required property var storage
 
     title: qsTranslate("Vesko", "Availability and storage")
 
@@ -28,6 +29,10 @@ Section {
         text: qsTranslate("Vesko", "Open data folder")
         iconName: "folder"
         onClicked: section.preferences.openDataFolder()
+    }
+    AgeSettings {
+        width: parent.width
+        storage: section.storage
     }
     SettingNote {
         width: parent.width

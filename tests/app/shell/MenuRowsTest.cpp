@@ -24,6 +24,8 @@ TEST(MenuRows, HoldEveryItemWithItsKeys)
         { "Open Vesko", "Ctrl+1", "openLibrary" },
         { "New note", "Ctrl+N", "newNote" },
         { "Dictionary…", "", "openDictionary" },
+        { "Export library…", "", "exportLibrary" },
+        { "Import library…", "", "importLibrary" },
         { "Undo", "Ctrl+Z", "undo" },
         { "Redo", "Ctrl+Shift+Z", "redo" },
         { "Cut", "Ctrl+X", "cut" },

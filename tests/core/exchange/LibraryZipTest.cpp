@@ -3,6 +3,7 @@
 #include "tests/core/library/LibraryFixture.h"
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <gmock/gmock.h>
 #include <zip.h>
@@ -18,6 +19,14 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Key;
 using testing::UnorderedElementsAre;
+
+std::size_t importLibrary(LibraryStore& store, const std::filesystem::path& archive,
+    const ExchangeWatch& watch = {}, const ImportLimits& limits = {})
+{
+    const auto audio = store.audioURL(Recording::make({}, {}, {}));
+    return LibraryImport(store.snapshot(), audio.parent_path(), archive, watch, limits)
+        .joinTo(store);
+}
 
 class LibraryZipTest : public LibraryFixture {
 protected:
@@ -74,6 +83,11 @@ protected:
                 ZIP_FL_OVERWRITE);
         ASSERT_EQ(zip_close(zip), 0);
     }
+    static void expectNothingBeside(const std::filesystem::path& file)
+    {
+        for (const auto& entry : std::filesystem::directory_iterator(file.parent_path()))
+            EXPECT_FALSE(entry.path().filename().string().starts_with(".vesko-")) << entry.path();
+    }
     // Nothing comes of it, and nothing is left of it.
     void expectRefused(LibraryStore& store, ExchangeFailure::Kind kind,
         const ExchangeWatch& watch = {}, const ImportLimits& limits = {}) const
@@ -106,7 +120,6 @@ TEST_F(LibraryZipTest, anExportIsForPeopleAndForImports)
     EXPECT_EQ(content.at("notes/Garden-Beds/Boxes- deep-.md"),
         "# Boxes: deep?\n\nProject: Garden/Beds\n\nThey are deep.\n");
     EXPECT_EQ(content.at("library.json"), textOf(store->snapshot()));
-    EXPECT_EQ(permissionsOf(archive), 0600);
 }
 
 TEST_F(LibraryZipTest, notesOfOneNameEachHaveAFile)
@@ -173,6 +186,42 @@ TEST_F(LibraryZipTest, whatWasGoingOnThereIsInterruptedHere)
     EXPECT_EQ(recording.attempts[0].status, AttemptStatus::interrupted);
 }
 
+TEST_F(LibraryZipTest, aRecordingThatStillGrowsStaysOut)
+{
+    const auto store = filled();
+    const auto recording = store->beginRecording(store->snapshot().notes[0].id);
+    putBytes(store->audioURL(recording), "half a sou");
+    exportFrom(*store);
+    EXPECT_FALSE(contentOfZip(archive).contains("recordings/" + recording.fileName));
+}
+
+TEST_F(LibraryZipTest, theFilesBesideAnExportStay)
+{
+    const auto store = filled();
+    const auto neighbour = archive.string() + ".partial";
+    putBytes(neighbour, "mine");
+    putBytes(archive, "old");
+    std::filesystem::permissions(archive, std::filesystem::perms(0640));
+    exportFrom(*store);
+    EXPECT_EQ(bytesOf(neighbour), "mine");
+    EXPECT_EQ(permissionsOf(archive), 0640);
+    EXPECT_TRUE(contentOfZip(archive).contains("library.json"));
+}
+
+TEST_F(LibraryZipTest, whatAKilledImportLeftIsNotTakenForAWholeOne)
+{
+    const auto from = filled();
+    exportFrom(*from);
+    const auto to = empty();
+    const auto name = from->snapshot().notes[0].recordings[0].fileName;
+    const auto place = folder.path() / "other" / "Vesko" / "recordings";
+    std::filesystem::create_directories(place / ".import");
+    putBytes(place / ".import" / name, "so");
+    EXPECT_EQ(importLibrary(*to, archive), 2U);
+    EXPECT_EQ(bytesOf(place / name), "sound");
+    EXPECT_FALSE(std::filesystem::exists(place / ".import"));
+}
+
 TEST_F(LibraryZipTest, anExportThatIsCancelledLeavesTheOldFile)
 {
     const auto store = filled();
@@ -181,7 +230,7 @@ TEST_F(LibraryZipTest, anExportThatIsCancelledLeavesTheOldFile)
     const ExchangeWatch watch{ [&](double done) { furthest = done; }, [] { return true; } };
     EXPECT_THROW(exportFrom(*store, watch), ExchangeFailure);
     EXPECT_EQ(bytesOf(archive), "old");
-    EXPECT_FALSE(std::filesystem::exists(archive.string() + ".partial"));
+    expectNothingBeside(archive);
     exportFrom(*store, { [&](double done) { furthest = done; }, [] { return false; } });
     EXPECT_EQ(furthest, 1);
 }
@@ -198,7 +247,7 @@ TEST_F(LibraryZipTest, aFullDiskLeavesTheOldFile)
     const rlimit all{ RLIM_INFINITY, RLIM_INFINITY };
     setrlimit(RLIMIT_FSIZE, &all);
     EXPECT_EQ(bytesOf(archive), "old");
-    EXPECT_FALSE(std::filesystem::exists(archive.string() + ".partial"));
+    expectNothingBeside(archive);
 
     exportFrom(*store);
     const auto to = empty();
@@ -255,6 +304,12 @@ TEST_F(LibraryZipTest, whatIsNoArchiveOfOursIsRefused)
         expectRefused(*to, kind);
     }
     EXPECT_THROW(importLibrary(*to, folder.path() / "nowhere.zip"), std::system_error);
+    std::filesystem::remove(archive);
+    ASSERT_EQ(mkfifo(archive.c_str(), 0600), 0);
+    expectRefused(*to, ExchangeFailure::notALibrary);
+    std::filesystem::remove(archive);
+    std::filesystem::create_directory(archive);
+    expectRefused(*to, ExchangeFailure::notALibrary);
 }
 
 TEST_F(LibraryZipTest, aDamagedArchiveIsRefused)
@@ -286,6 +341,8 @@ TEST_F(LibraryZipTest, aBombIsNotUnpacked)
     const auto from = filled();
     exportFrom(*from);
     expectRefused(*to, ExchangeFailure::tooLarge, {}, { .document = 1 << 20, .recording = 4 });
+    // Many small ones make a large one.
+    expectRefused(*to, ExchangeFailure::tooLarge, {}, { .growth = 0 });
 }
 
 TEST_F(LibraryZipTest, namesLeadNowhereElse)

@@ -28,8 +28,12 @@ TEST(Arguments, sayWhatAStartIsFor)
         { { "--background", "--background" }, Purpose::background },
         { { "--background", redirect }, Purpose::background },
         { { "--install-openrouter-key" }, Purpose::keyInstaller },
+        { { "--transcribe", "a.wav" }, Purpose::transcribe },
+        { { "--language", "de", "--keep", "--transcribe", "a.wav" }, Purpose::transcribe },
+        { { "--export", "--doctor" }, Purpose::exportLibrary },
         { { "--doctor" }, Purpose::doctor },
         { { "--get-model", "base" }, Purpose::modelInstaller },
+        { { "--doctor", "--network" }, Purpose::doctor },
         { { "--toggle" }, Purpose::toggle },
         { { "--start" }, Purpose::start },
         { { "--stop" }, Purpose::stop },
@@ -72,6 +76,14 @@ TEST(Arguments, areRefusedWithAReason)
         { { "--toggle", "now" }, "unknown argument now" },
         { { "--toggle", "--stop" }, "one thing at a time" },
         { { "--background", "--show" }, "one thing at a time" },
+        { { "--export" }, "--export a folder" },
+        { { "--export", "" }, "--export a folder" },
+        { { "--transcribe" }, "--transcribe takes a file" },
+        { { "--transcribe", "a.wav", "--language" }, "--language LANGUAGE" },
+        { { "--network" }, "--network goes with" },
+        { { "--keep" }, "--keep go with --transcribe" },
+        { { "--language", "de", "--toggle" }, "go with --transcribe" },
+        { { "--export", "/a", "/b" }, "unknown argument /b" },
         { { "--json" }, "--json goes with" },
         { { "--toggle", "--json" }, "--json goes with" },
         { { "--status", redirect }, "addresses go with" },
@@ -84,9 +96,10 @@ TEST(Arguments, areRefusedWithAReason)
 
 TEST(Arguments, areAllInTheHelp)
 {
-    for (const auto* option : { "--background", "--doctor", "--install-openrouter-key", "--toggle",
-             "--start", "--stop", "--cancel", "--show", "--quit", "--status", "--follow", "--json",
-             "--help", "--version" })
+    for (const auto* option :
+        { "--background", "--doctor", "--install-openrouter-key", "--toggle", "--start", "--stop",
+            "--cancel", "--show", "--quit", "--status", "--follow", "--json", "--export",
+            "--network", "--transcribe", "--language", "--keep", "--help", "--version" })
         EXPECT_THAT(std::string(usage), HasSubstr(option));
 }
 

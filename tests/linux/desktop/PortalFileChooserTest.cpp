@@ -50,6 +50,7 @@ public:
         QString title;
         QVariantMap options;
         QString request;
+        bool saves;
     };
     std::vector<Call> calls;
     std::map<QString, std::unique_ptr<Dialog>> dialogs;
@@ -73,19 +74,13 @@ public:
     Q_SCRIPTABLE QDBusObjectPath SaveFile(
         const QString& window, const QString& title, const QVariantMap& options)
     {
-        const auto path = QStringLiteral("%1/request/%2/%3")
-                              .arg(portalPath, message().service().mid(1).replace(u'.', u'_'),
-                                  options[QStringLiteral("handle_token")].toString());
-        calls.push_back({ window, title, options, path });
-        if (refuses)
-            sendErrorReply(QDBusError::AccessDenied, QStringLiteral("no"));
-        if (!hears) {
-            setDelayedReply(true);
-            m_unanswered = message().createReply(QVariant::fromValue(QDBusObjectPath(path)));
-        }
-        auto& dialog = dialogs[path] = std::make_unique<Dialog>();
-        m_bus.registerObject(path, dialog.get(), QDBusConnection::ExportScriptableInvokables);
-        return QDBusObjectPath(path);
+        return show(window, title, options, true);
+    }
+    // NOLINTNEXTLINE(readability-identifier-naming): the name on the bus
+    Q_SCRIPTABLE QDBusObjectPath OpenFile(
+        const QString& window, const QString& title, const QVariantMap& options)
+    {
+        return show(window, title, options, false);
     }
     // Answers the call that it has not heard.
     void hearAtLast() const { m_bus.send(m_unanswered); }
@@ -104,6 +99,24 @@ public:
     }
 
 private:
+    QDBusObjectPath show(
+        const QString& window, const QString& title, const QVariantMap& options, bool saves)
+    {
+        const auto path = QStringLiteral("%1/request/%2/%3")
+                              .arg(portalPath, message().service().mid(1).replace(u'.', u'_'),
+                                  options[QStringLiteral("handle_token")].toString());
+        calls.push_back({ window, title, options, path, saves });
+        if (refuses)
+            sendErrorReply(QDBusError::AccessDenied, QStringLiteral("no"));
+        if (!hears) {
+            setDelayedReply(true);
+            m_unanswered = message().createReply(QVariant::fromValue(QDBusObjectPath(path)));
+        }
+        auto& dialog = dialogs[path] = std::make_unique<Dialog>();
+        m_bus.registerObject(path, dialog.get(), QDBusConnection::ExportScriptableInvokables);
+        return QDBusObjectPath(path);
+    }
+
     QString m_name;
     QDBusConnection m_bus;
     QDBusMessage m_unanswered;
@@ -149,6 +162,7 @@ TEST_F(PortalFileChooserTest, asksAboveTheWindowForAFileOfThatName)
     open("Bücher & mehr.md");
     const auto& call = portal->calls.at(0);
     EXPECT_EQ(call.window, QStringLiteral("x11:") + QString::number(window.winId(), 16));
+    EXPECT_TRUE(call.saves);
     EXPECT_EQ(call.title, QStringLiteral("Export"));
     EXPECT_EQ(call.options[QStringLiteral("accept_label")], QStringLiteral("Save"));
     EXPECT_EQ(call.options[QStringLiteral("current_name")], QStringLiteral("Bücher & mehr.md"));
@@ -156,6 +170,22 @@ TEST_F(PortalFileChooserTest, asksAboveTheWindowForAFileOfThatName)
         call.options[QStringLiteral("current_folder")].toByteArray(), QByteArray("/home/me\0", 9));
     const auto filters = call.options[QStringLiteral("filters")].value<QDBusArgument>();
     EXPECT_EQ(filters.currentSignature(), QStringLiteral("a(sa(us))"));
+}
+
+TEST_F(PortalFileChooserTest, asksForAFileThatIsThereWithoutAName)
+{
+    tasks.spawn([](PortalFileChooserTest& self) -> Task<> {
+        self.answers.push_back(co_await self.chooser.open(
+            { "Import", "Open", "/home/me/all.zip", "Zip", "*.zip" }, self.window));
+    }(*this));
+    ASSERT_TRUE(eventually([&] { return !portal->calls.empty(); }));
+    const auto& call = portal->calls.at(0);
+    EXPECT_FALSE(call.saves);
+    EXPECT_FALSE(call.options.contains(QStringLiteral("current_name")));
+    EXPECT_EQ(
+        call.options[QStringLiteral("current_folder")].toByteArray(), QByteArray("/home/me\0", 9));
+    portal->respond(call, 0, chose({ QStringLiteral("file:///home/me/all.zip") }));
+    EXPECT_EQ(answer(), (Answer{ Answer::chosen, "/home/me/all.zip" }));
 }
 
 TEST_F(PortalFileChooserTest, givesTheChosenFile)

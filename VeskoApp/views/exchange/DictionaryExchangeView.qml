@@ -1,0 +1,56 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// The dictionary goes out into a table, or one comes in.
+Row {
+    id: view
+
+    required property var exchange
+    required property bool ready // the library is
+
+    spacing: 4
+
+    PushButton {
+        text: qsTranslate("Vesko", "Import…")
+        help: qsTranslate("Vesko", "Import dictionary…")
+        flat: true
+        enabled: view.ready
+        onClicked: view.exchange.chooseImport(view.Window.window)
+    }
+    PushButton {
+        text: qsTranslate("Vesko", "Export…")
+        help: qsTranslate("Vesko", "Export dictionary…")
+        flat: true
+        enabled: view.ready
+        onClicked: view.exchange.chooseExport(view.Window.window)
+    }
+
+    Connections {
+        function onExportPathWanted() {
+            exporter.open();
+        }
+        function onImportPathWanted() {
+            importer.open();
+        }
+
+        target: view.exchange
+    }
+    PathSheet {
+        id: exporter
+
+        title: qsTranslate("Vesko", "Export dictionary…")
+        agreeText: qsTranslate("Vesko", "Save")
+        offered: () => view.exchange.exportPath()
+        replaces: path => view.exchange.replacesFile(path)
+        onChosen: path => view.exchange.exportTo(path)
+    }
+    PathSheet {
+        id: importer
+
+        title: qsTranslate("Vesko", "Import dictionary…")
+        agreeText: qsTranslate("Vesko", "Import")
+        offered: () => view.exchange.exportPath()
+        onChosen: path => view.exchange.importFrom(path)
+    }
+}

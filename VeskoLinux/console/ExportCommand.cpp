@@ -1,0 +1,63 @@
+#include "VeskoLinux/console/ExportCommand.h"
+
+#include "VeskoCore/base/InputFile.h"
+#include "VeskoCore/base/JsonError.h"
+#include "VeskoCore/exchange/LibraryExport.h"
+#include "VeskoCore/library/LibraryReader.h"
+#include "VeskoCore/library/VeskoError.h"
+#include "VeskoLinux/console/Terminal.h"
+
+#include <cstdio>
+#include <optional>
+#include <system_error>
+
+namespace vesko {
+
+namespace {
+
+constexpr std::uint64_t largestLibrary = 1ULL << 30; // as the program opens it
+
+// Without its lock: a document is replaced as a whole, so what is read is one whole state.
+std::optional<Library> savedLibrary(const std::filesystem::path& root)
+{
+    const auto file = InputFile::open(FileSystem::posix(), root / "library.json", largestLibrary);
+    return file ? std::optional(readLibrary(*file)) : std::nullopt;
+}
+
+} // namespace
+
+int exportToFolder(
+    const std::filesystem::path& root, const std::filesystem::path& folder, const Clock& clock)
+{
+    Terminal terminal;
+    try {
+        if (!std::filesystem::is_directory(folder)) {
+            terminal.complain("there is no such folder");
+            return 1;
+        }
+        const auto library = savedLibrary(root);
+        if (!library) {
+            terminal.complain("there is no library yet");
+            return 1;
+        }
+        const auto day = clock.now().text().substr(0, 10);
+        const auto file = std::filesystem::canonical(folder) / ("vesko-" + day + ".zip");
+        exportLibrary(*library, root / "recordings", file,
+            { [&](double done) { terminal.showProgress(done); },
+                [&] { return terminal.isInterrupted(); } });
+        terminal.clear();
+        std::puts(file.c_str());
+        return 0;
+    } catch (const ExchangeFailure&) {
+        terminal.complain("interrupted; nothing was written");
+    } catch (const std::system_error& error) {
+        terminal.complain(error.code().message() + "; nothing was written");
+    } catch (const JsonError&) {
+        terminal.complain("the library is damaged; Vesko itself may say more");
+    } catch (const VeskoError&) {
+        terminal.complain("the library was made by a newer Vesko");
+    }
+    return 1;
+}
+
+} // namespace vesko

@@ -1,0 +1,180 @@
+#include "VeskoLinux/console/TranscribeCommand.h"
+
+#include "VeskoApp/preferences/Preferences.h"
+#include "VeskoApp/transcription/AudioBytes.h"
+#include "VeskoCore/base/Text.h"
+#include "VeskoCore/library/LibraryStore.h"
+#include "VeskoLinux/audio/AudioConversion.h"
+#include "VeskoLinux/console/Terminal.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <stdexcept>
+#include <thread>
+
+namespace vesko {
+
+namespace {
+
+constexpr int notNow = 4;
+constexpr int glanceAtTerminal = 100; // milliseconds
+
+// A folder of its own, which goes with all that is in it.
+class TemporaryPlace {
+public:
+    TemporaryPlace()
+    {
+        std::string name = std::filesystem::temp_directory_path() / "vesko-XXXXXX";
+        if (!::mkdtemp(name.data()))
+            throw std::runtime_error("there is no place for a copy of it");
+        m_folder = name;
+    }
+    TemporaryPlace(const TemporaryPlace&) = delete;
+    TemporaryPlace& operator=(const TemporaryPlace&) = delete;
+    ~TemporaryPlace()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_folder, ignored);
+    }
+    std::filesystem::path file() const { return m_folder / "sound.m4a"; }
+
+private:
+    std::filesystem::path m_folder;
+};
+
+// The sound becomes a recording whose text this is.
+void keepInLibrary(LibraryStore& store, const std::filesystem::path& audio, double duration,
+    const std::string& provider, const std::string& model, const TranscriptResult& result)
+{
+    const auto note = store.createNote(NoteKind::voice, std::nullopt);
+    const auto recording = store.beginRecording(note.id);
+    std::filesystem::copy_file(audio, store.audioURL(recording));
+    store.finishRecording(recording.id, duration);
+    const auto attempt = store.beginAttempt(recording.id, provider, model, std::nullopt);
+    store.completeAttempt(recording.id, attempt.id, result);
+}
+
+TranscriptResult transcriptOf(std::string_view heard)
+{
+    const std::string text(trimmed(heard));
+    if (text.empty())
+        throw std::runtime_error("no speech was heard");
+    TranscriptResult result;
+    result.rawText = text;
+    result.text = text;
+    return result;
+}
+
+} // namespace
+
+TranscribeCommand::TranscribeCommand(const Neighbours& neighbours)
+    : m_to(neighbours)
+{
+}
+
+int TranscribeCommand::run(const Wish& wish)
+{
+    Terminal terminal;
+    try {
+        std::optional<LibraryStore> store;
+        if (wish.keep)
+            store.emplace(m_to.root, m_to.clock);
+        const TemporaryPlace place;
+        const double duration = convertAudio(wish.file, place.file(), [&](double done) {
+            terminal.showProgress(done);
+            return !terminal.isInterrupted();
+        });
+        terminal.showProgress(1);
+        const auto language = wish.language.empty() ? setting("language", "auto") : wish.language;
+        const auto result = usesService() ? byService(place.file(), language, terminal)
+                                          : onDevice(place.file(), language, terminal);
+        terminal.clear();
+        std::puts(result.text.c_str());
+        if (store)
+            keepInLibrary(*store, place.file(), duration,
+                usesService() ? "OpenRouter" : "Apple on-device",
+                usesService() ? setting("sttModel", OpenRouterClient::defaultSTTModel)
+                              : "apple/on-device/" + language,
+                result);
+        return 0;
+    } catch (const VeskoError& error) {
+        if (error.kind() == VeskoError::libraryBusy) {
+            terminal.complain("--keep changes the library, which Vesko has open; end Vesko first");
+            return notNow;
+        }
+        terminal.complain(error.errorDescription());
+    } catch (const KeychainFailure&) {
+        terminal.complain("the keyring could not be used");
+    } catch (const URLError&) {
+        terminal.complain("the service could not be reached");
+    } catch (const std::exception& error) {
+        terminal.complain(error.what());
+    }
+    return 1;
+}
+
+// However long it takes: somebody watches, and may end it.
+TranscriptResult TranscribeCommand::onDevice(
+    const std::filesystem::path& audio, const std::string& language, const Terminal& terminal)
+{
+    const auto tag = language == "auto" ? m_to.recognizer.systemLanguage() : language;
+    if (!m_to.recognizer.available() || !m_to.recognizer.supports(tag))
+        throw std::runtime_error("nothing is installed that recognises this language here");
+    std::optional<OnDeviceRecognizer::Report> outcome;
+    QEventLoop loop;
+    const auto recognition
+        = m_to.recognizer.recognize(audio, tag, [&](const OnDeviceRecognizer::Report& report) {
+              if (!report.isFinal && !report.failed)
+                  return;
+              outcome = report;
+              loop.quit();
+          });
+    QTimer glance;
+    QObject::connect(&glance, &QTimer::timeout, &loop, [&] {
+        if (terminal.isInterrupted())
+            loop.quit();
+    });
+    glance.start(glanceAtTerminal);
+    loop.exec();
+    if (!outcome)
+        throw std::runtime_error("interrupted");
+    if (outcome->failed || !outcome->text)
+        throw std::runtime_error("the recogniser failed");
+    return transcriptOf(*outcome->text);
+}
+
+TranscriptResult TranscribeCommand::byService(
+    const std::filesystem::path& audio, const std::string& language, const Terminal& terminal)
+{
+    const auto key = m_to.secrets.load(Preferences::keyAccount(setting("keySource", "vesko")));
+    if (!key)
+        throw VeskoError(VeskoError::missingKey);
+    std::stop_source stop;
+    const std::jthread watch([&](const std::stop_token& end) {
+        while (!end.stop_requested()) {
+            if (terminal.isInterrupted())
+                stop.request_stop();
+            std::this_thread::sleep_for(std::chrono::milliseconds(glanceAtTerminal));
+        }
+    });
+    return m_to.client.transcribe(audioBytes(audio), "m4a",
+        setting("sttModel", OpenRouterClient::defaultSTTModel), language, *key, true,
+        stop.get_token());
+}
+
+std::string TranscribeCommand::setting(const std::string& key, std::string_view fallback) const
+{
+    return m_to.settings.get<std::string>(key).value_or(std::string(fallback));
+}
+
+bool TranscribeCommand::usesService() const
+{
+    return setting("provider", "openrouter") != "apple";
+}
+
+} // namespace vesko
