@@ -10,7 +10,7 @@ import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, clipboard, eyes, settings  # noqa: E402
+from lib import cases, clipboard, settings  # noqa: E402
 from lib.dictation import NO_WINDOW, WORDS, Dictations  # noqa: E402
 from lib.programs import Mousepad  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
@@ -165,11 +165,6 @@ class GivenBack(Dictations):
             self.begin()
             self.end()
             self.holds(editor, WORDS * 2)
-
-    def test_without_a_paste_the_text_stays(self):
-        until("no window is active", lambda: not eyes.active_window())
-        self.begin()
-        self.end(message=NO_WINDOW)
 
 
 if __name__ == "__main__":
