@@ -85,7 +85,7 @@ Task<std::vector<AtspiAddress>> FocusSearch::activeWindows(
 {
     std::vector<AtspiAddress> programs;
     if (service)
-        programs.push_back({ *service, rootPath });
+        programs.push_back({ *service, atspi::rootPath });
     else
         programs = co_await allPrograms(deadline);
     std::vector<AtspiAddress> found;
