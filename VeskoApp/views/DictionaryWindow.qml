@@ -103,10 +103,6 @@ VeskoWindow {
                 color: Theme.quiet
                 horizontalAlignment: Text.AlignRight
             }
-            DictionaryExchangeView {
-                exchange: window.exchange
-                ready: window.session.ready
-            }
         }
 
         Item {
@@ -168,6 +164,12 @@ VeskoWindow {
             color: Theme.quiet
             lineHeight: Theme.lineHeight
             wrapMode: Text.Wrap
+        }
+        DictionaryExchangeView {
+            Layout.alignment: Qt.AlignRight
+            Layout.topMargin: 4
+            exchange: window.exchange
+            ready: window.session.ready
         }
     }
 }
