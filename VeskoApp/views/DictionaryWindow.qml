@@ -117,10 +117,6 @@ VeskoWindow {
                 color: Theme.quiet
                 horizontalAlignment: Text.AlignRight
             }
-            DictionaryExchangeView {
-                exchange: window.exchange
-                ready: window.session.ready
-            }
         }
 
         Item {
@@ -182,6 +178,12 @@ VeskoWindow {
             color: Theme.quiet
             lineHeight: Theme.lineHeight
             wrapMode: Text.Wrap
+        }
+        DictionaryExchangeView {
+            Layout.alignment: Qt.AlignRight
+            Layout.topMargin: 4
+            exchange: window.exchange
+            ready: window.session.ready
         }
     }
 }

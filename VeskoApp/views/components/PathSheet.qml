@@ -1,17 +1,17 @@
 import QtQuick
 
-// Asks for the path of a file, where the desktop has no dialog for it.
+// Asks for the path of a file of an exchange, where the desktop has no dialog for it.
 Sheet {
     id: sheet
 
-    property var offered: () => "" // the path that stands there first
-    property var replaces: path => false // whether a file would be replaced
+    required property var exchange
+    property bool saves: false // and may replace a file
     signal chosen(string path)
 
-    text: replaces(path.text) ? qsTranslate("Vesko", "The file that is there will be replaced.") : ""
+    text: saves && exchange.replacesFile(path.text) ? qsTranslate("Vesko", "The file that is there will be replaced.") : ""
     canAgree: path.text.trim().length > 0
     onAccepted: chosen(path.text)
-    onAboutToShow: path.text = offered()
+    onAboutToShow: path.text = exchange.exportPath()
     onOpened: {
         path.forceActiveFocus();
         path.selectAll();

@@ -41,8 +41,8 @@ Row {
 
         title: qsTranslate("Vesko", "Export dictionary…")
         agreeText: qsTranslate("Vesko", "Save")
-        offered: () => view.exchange.exportPath()
-        replaces: path => view.exchange.replacesFile(path)
+        exchange: view.exchange
+        saves: true
         onChosen: path => view.exchange.exportTo(path)
     }
     PathSheet {
@@ -50,7 +50,7 @@ Row {
 
         title: qsTranslate("Vesko", "Import dictionary…")
         agreeText: qsTranslate("Vesko", "Import")
-        offered: () => view.exchange.exportPath()
+        exchange: view.exchange
         onChosen: path => view.exchange.importFrom(path)
     }
 }

@@ -52,8 +52,8 @@ Item {
 
         title: qsTranslate("Vesko", "Export library…")
         agreeText: qsTranslate("Vesko", "Save")
-        offered: () => view.exchange.exportPath()
-        replaces: path => view.exchange.replacesFile(path)
+        exchange: view.exchange
+        saves: true
         onChosen: path => view.exchange.exportTo(path)
     }
     PathSheet {
@@ -61,7 +61,7 @@ Item {
 
         title: qsTranslate("Vesko", "Import library…")
         agreeText: qsTranslate("Vesko", "Import")
-        offered: () => view.exchange.exportPath()
+        exchange: view.exchange
         onChosen: path => view.exchange.importFrom(path)
     }
 }
