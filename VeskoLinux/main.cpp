@@ -91,6 +91,21 @@ int installModelNamed(const std::string& name)
     return installModel(name, list, source.address, source.folder, std::cout, std::cerr);
 }
 
+// The recogniser of the settings, for a command that is over soon.
+struct SpeechOfSettings {
+    std::filesystem::path programs = programFolder();
+    CborSettings settings{ configFolder() };
+    SecretServiceStore secrets;
+    Keychain keychain{ secrets };
+    XdgLoginItem loginItem{ configFolder(), programPath() };
+    Preferences preferences{ settings, keychain, loginItem };
+    EngineRecognizer recognizer{ std::make_shared<PocketSphinxEngine>(
+        programs / "vesko-pocketsphinx") };
+    EngineShelf shelf{ EngineShelf::usualPlaces(programs, dataFolder()),
+        [this](std::shared_ptr<const SpeechEngine> engine) { recognizer.use(std::move(engine)); } };
+    EngineSelection engines{ shelf, preferences, keychain };
+};
+
 // Whether nothing is wanting. Nothing of Vesko's is opened for it, so it can be asked beside one
 // that runs.
 bool sayWhatWorks(int argc, char** argv, bool network)
@@ -130,18 +145,15 @@ int transcribe(int argc, char** argv, const Arguments& read)
 {
     startGStreamer();
     const QCoreApplication application(argc, argv);
-    const auto programs = programFolder();
-    EngineRecognizer recognizer(
-        std::make_shared<PocketSphinxEngine>(programs / "vesko-pocketsphinx"));
+    SpeechOfSettings speech;
     const OpenRouterClient client(Deployment::read(deploymentFolders()).openRouterBaseURL);
-    const CborSettings settings(configFolder());
-    SecretServiceStore secrets;
     const SystemClock clock;
     return TranscribeCommand(
-        { .recognizer = recognizer,
+        { .recognizer = speech.recognizer,
+            .engines = speech.engines,
             .client = client,
-            .settings = settings,
-            .secrets = secrets,
+            .preferences = speech.preferences,
+            .secrets = speech.secrets,
             .clock = clock,
             .root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder()) })
         .run({ .file = read.file, .language = read.language, .keep = read.keep });

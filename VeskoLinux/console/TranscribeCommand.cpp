@@ -90,16 +90,16 @@ int TranscribeCommand::run(const Wish& wish)
             return !terminal.isInterrupted();
         });
         terminal.showProgress(1);
-        const auto language = wish.language.empty() ? setting("language", "auto") : wish.language;
+        const auto language
+            = wish.language.empty() ? m_to.preferences.language.get() : wish.language;
         const auto result = usesService() ? byService(place.file(), language, terminal)
                                           : onDevice(place.file(), language, terminal);
         terminal.clear();
         std::puts(result.text.c_str());
         if (store)
             keepInLibrary(*store, place.file(), duration,
-                usesService() ? "OpenRouter" : "Apple on-device",
-                usesService() ? setting("sttModel", OpenRouterClient::defaultSTTModel)
-                              : "apple/on-device/" + language,
+                usesService() ? "OpenRouter" : std::string(onDeviceProvider),
+                usesService() ? m_to.preferences.sttModel.get() : "apple/on-device/" + language,
                 result);
         return 0;
     } catch (const VeskoError& error) {
@@ -122,7 +122,10 @@ int TranscribeCommand::run(const Wish& wish)
 TranscriptResult TranscribeCommand::onDevice(
     const std::filesystem::path& audio, const std::string& language, const Terminal& terminal)
 {
-    const auto tag = language == "auto" ? m_to.recognizer.systemLanguage() : language;
+    if (!engineIsThere())
+        throw std::runtime_error("the speech engine of the settings isn't there");
+    const bool known = language != "auto" || m_to.recognizer.supports("auto");
+    const auto tag = known ? language : m_to.recognizer.systemLanguage();
     if (!m_to.recognizer.available() || !m_to.recognizer.supports(tag))
         throw std::runtime_error("nothing is installed that recognises this language here");
     std::optional<OnDeviceRecognizer::Report> outcome;
@@ -145,13 +148,19 @@ TranscriptResult TranscribeCommand::onDevice(
         throw std::runtime_error("interrupted");
     if (outcome->failed || !outcome->text)
         throw std::runtime_error("the recogniser failed");
-    return transcriptOf(*outcome->text);
+    auto result = transcriptOf(*outcome->text);
+    if (!outcome->model.empty())
+        result.model = outcome->model;
+    result.language = outcome->language;
+    return result;
 }
 
 TranscriptResult TranscribeCommand::byService(
     const std::filesystem::path& audio, const std::string& language, const Terminal& terminal)
 {
-    const auto key = m_to.secrets.load(Preferences::keyAccount(setting("keySource", "vesko")));
+    auto key = m_to.secrets.load(Preferences::keyAccount(m_to.preferences.keySource.get()));
+    if (!key)
+        key = m_to.secrets.load(Keychain::personal);
     if (!key)
         throw VeskoError(VeskoError::missingKey);
     std::stop_source stop;
@@ -162,19 +171,28 @@ TranscriptResult TranscribeCommand::byService(
             std::this_thread::sleep_for(std::chrono::milliseconds(glanceAtTerminal));
         }
     });
-    return m_to.client.transcribe(audioBytes(audio), "m4a",
-        setting("sttModel", OpenRouterClient::defaultSTTModel), language, *key, true,
-        stop.get_token());
+    return m_to.client.transcribe(audioBytes(audio), "m4a", m_to.preferences.sttModel.get(),
+        language, *key, true, stop.get_token());
 }
 
-std::string TranscribeCommand::setting(const std::string& key, std::string_view fallback) const
+bool TranscribeCommand::engineIsThere() const
 {
-    return m_to.settings.get<std::string>(key).value_or(std::string(fallback));
+    bool isThere = false;
+    QEventLoop loop;
+    TaskScope waiting;
+    QTimer::singleShot(0, &loop, [&] {
+        waiting.spawn([](EngineSelection& engines, bool& into, QEventLoop& until) -> Task<> {
+            into = co_await engines.isThere();
+            until.quit();
+        }(m_to.engines, isThere, loop));
+    });
+    loop.exec();
+    return isThere;
 }
 
 bool TranscribeCommand::usesService() const
 {
-    return setting("provider", "openrouter") != "apple";
+    return m_to.preferences.provider.get() != "apple";
 }
 
 } // namespace vesko

@@ -2,7 +2,7 @@
 
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
 #include "VeskoApp/platform/SecretStore.h"
-#include "VeskoApp/platform/SettingsStore.h"
+#include "VeskoApp/transcription/EngineSelection.h"
 #include "VeskoCore/base/Clock.h"
 #include "VeskoCore/speech/OpenRouterClient.h"
 
@@ -19,8 +19,9 @@ public:
     // What it reaches; must outlive it.
     struct Neighbours {
         OnDeviceRecognizer& recognizer;
+        EngineSelection& engines;
         const OpenRouterClient& client;
-        const SettingsStore& settings;
+        const Preferences& preferences;
         SecretStore& secrets;
         const Clock& clock;
         std::filesystem::path root; // of the library
@@ -42,7 +43,7 @@ private:
         const std::filesystem::path& audio, const std::string& language, const Terminal& terminal);
     TranscriptResult byService(
         const std::filesystem::path& audio, const std::string& language, const Terminal& terminal);
-    std::string setting(const std::string& key, std::string_view fallback) const;
+    bool engineIsThere() const;
     bool usesService() const;
 
     Neighbours m_to;

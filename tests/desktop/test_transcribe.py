@@ -74,6 +74,16 @@ class Transcribe(unittest.TestCase):
             self.assertEqual(self.run_command(voice.recording_of(voice.COFFEE), binary=binary),
                              (0, "what the service heard\n", ""))
 
+    def test_the_engine_of_the_settings_is_asked_and_no_other(self):
+        command = '/bin/sh -c "echo what the engine heard" {wav}'
+        for engine, expected in (
+                ("command", (0, "what the engine heard\n", "")),
+                ("whisper.cpp/nowhere",
+                 (1, "", "vesko: the speech engine of the settings isn't there\n"))):
+            settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True,
+                           engine=engine, engineCommand=command)
+            self.assertEqual(self.run_command(voice.recording_of(voice.COFFEE)), expected)
+
     def test_what_is_kept_is_a_note_of_the_library(self):
         code, text, _ = self.run_command(voice.recording_of(voice.COFFEE), "--keep")
         self.assertEqual(code, 0)
