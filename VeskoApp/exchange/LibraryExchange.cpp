@@ -67,8 +67,10 @@ LibraryExchange::LibraryExchange(
     , m_status(status)
     , m_tick(clock)
 {
-    connect(
-        &library, &LibrarySession::readyChanged, this, [this] { m_tasks.spawn(clearRemains()); });
+    connect(&library, &LibrarySession::readyChanged, this, [this] {
+        if (m_library.ready())
+            m_tasks.spawn(clearRemains());
+    });
 }
 
 QString LibraryExchange::exportPath() const

@@ -57,7 +57,7 @@ public:
     const Note* note(const Uuid& id) const; // null if there is none
 
 Q_SIGNALS:
-    void readyChanged();
+    void readyChanged(); // or it has been refused
     void openingChanged();
     void changed(); // the copy was taken anew
 

@@ -10,7 +10,6 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, media, settings, voice  # noqa: E402
 from lib.vesko import BINARY, Vesko  # noqa: E402
-from lib.waiting import human_pause  # noqa: E402
 
 KEY = "sk-or-a-key-that-must-stand-nowhere"
 # A language that no recogniser is installed for, so the first launch leaves OpenRouter chosen.
@@ -35,7 +34,7 @@ class NoSecrets(unittest.TestCase):
         settings.write(provider="openrouter")
         self.addCleanup(settings.remove)
         with Vesko() as vesko:
-            vesko.dictate(lambda: human_pause(0.5))
+            vesko.dictate(lambda: voice.say(voice.BROTHER))
             vesko.wait_for_text("Audio saved. Transcription needs attention.")
             vesko.wait_for_text(NO_KEYRING)
             recording = vesko.last_recording()

@@ -90,7 +90,7 @@ class Sway(unittest.TestCase):
             self.assertNotIn(NO_SHORTCUT, known.shown())
 
     def test_a_key_of_the_desktops_talks_while_it_is_held(self):
-        sway.bind("Pause", f"{self.binary} --press", "--no-warn")  # repeats, as keys do
+        sway.bind("Pause", f"{self.binary} --press", "--no-warn", "--no-repeat")
         sway.bind("Pause", f"{self.binary} --release", "--no-warn", "--release")
         with Mousepad() as editor:
             hands.press("pause")

@@ -15,16 +15,19 @@ RowLayout {
     property int count: 0
     property int number: 0 // of the one that is selected; 0 for none
 
+    // Marking it is a change of the text, too.
     function look() {
+        const before = count;
         count = found.count();
-        number = 0;
+        if (count !== before || !text.selectedText)
+            number = 0;
     }
     function go(to) {
         if (to.length === 0)
             return;
-        number = to[2];
         text.select(to[0], to[1]);
         page.reveal(text, text.positionToRectangle(to[0]));
+        number = to[2];
     }
     function next() {
         go(found.next(text.selectedText ? text.selectionEnd : text.cursorPosition));
@@ -76,7 +79,10 @@ RowLayout {
         document: bar.text.textDocument
         query: bar.query
         colour: Theme.found
-        onQueryChanged: bar.look()
+        onQueryChanged: {
+            bar.look();
+            bar.number = 0;
+        }
     }
     Connections {
         target: bar.text

@@ -38,6 +38,18 @@ struct LibraryExchangeTest : LibraryTest {
     }
 };
 
+TEST_F(LibraryExchangeTest, ALibraryThatIsRefusedIsLeftAlone)
+{
+    std::filesystem::create_directories(root());
+    putBytes(root() / "library.json", "{");
+    start();
+    ASSERT_TRUE(eventually([&] { return !model->library().refusal().empty(); }));
+    drainEvents();
+    exchange().exportTo(shown(archive));
+    EXPECT_TRUE(exchange().work().isEmpty());
+    EXPECT_FALSE(std::filesystem::exists(archive));
+}
+
 TEST_F(LibraryExchangeTest, TheLibraryGoesOutAndIntoAnother)
 {
     open();

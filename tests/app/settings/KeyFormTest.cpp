@@ -93,5 +93,23 @@ TEST_F(KeyFormTest, aKeyIsRemovedAndTheSourceStays)
     EXPECT_EQ(model->preferences().keySource.get(), "personal");
 }
 
+TEST_F(KeyFormTest, anErrorAboutTheKeyGoesWhenOneIsSaved)
+{
+    open();
+    for (const char* error : { KeychainFailure().errorDescription(),
+             VeskoError(VeskoError::missingKey).errorDescription() }) {
+        model->status().setErrorMessage(error);
+        form->setProperty("draft", QStringLiteral("sk-1"));
+        form->save();
+        EXPECT_TRUE(eventually([&] { return model->status().errorMessage().empty(); })) << error;
+    }
+    model->status().setErrorMessage("about something else");
+    form->setProperty("draft", QStringLiteral("sk-2"));
+    form->save();
+    ASSERT_TRUE(eventually([&] { return machine.secrets.items().at("personal") == "sk-2"; }));
+    waitForNotice();
+    EXPECT_EQ(model->status().errorMessage(), "about something else");
+}
+
 } // namespace
 } // namespace vesko

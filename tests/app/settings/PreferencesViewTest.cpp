@@ -306,24 +306,6 @@ TEST_F(PreferencesViewTest, aNoticeGoesWhenItIsReadOrAfterAWhile)
     EXPECT_EQ(view->notice(), QString());
 }
 
-TEST_F(PreferencesViewTest, anErrorAboutTheKeyGoesWhenOneIsSaved)
-{
-    open();
-    for (const char* error : { KeychainFailure().errorDescription(),
-             VeskoError(VeskoError::missingKey).errorDescription() }) {
-        model->status().setErrorMessage(error);
-        view->setProperty("keyDraft", QStringLiteral("sk-1"));
-        view->saveKey();
-        EXPECT_TRUE(eventually([&] { return model->status().errorMessage().empty(); })) << error;
-    }
-    model->status().setErrorMessage("about something else");
-    view->setProperty("keyDraft", QStringLiteral("sk-2"));
-    view->saveKey();
-    ASSERT_TRUE(eventually([&] { return machine.secrets.items().at("personal") == "sk-2"; }));
-    waitForNotice();
-    EXPECT_EQ(model->status().errorMessage(), "about something else");
-}
-
 TEST_F(PreferencesViewTest, aDesktopWithoutSettingsIsSaidToHaveNone)
 {
     machine.desktop.hasSettings = false;
