@@ -203,8 +203,10 @@ int runApplication(
 
     // Quiet windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    LinuxSession::chooseWindowSystem();
+    const bool chosen = LinuxSession::chooseWindowSystem();
     QGuiApplication application(argc, argv);
+    if (chosen)
+        qunsetenv("QT_QPA_PLATFORM");
     if (!claimed.get_future().get()) {
         if (const auto& display = runningInstance.elsewhere(); !display.empty())
             std::cerr << "vesko: Vesko is running already, on the display " << display
@@ -288,8 +290,10 @@ int main(int argc, char** argv)
             return installKeyFromEnvironment();
         if (read.purpose == Purpose::modelInstaller)
             return installModelNamed(read.model);
-        if (read.purpose == Purpose::clipboardKeeper)
+        if (read.purpose == Purpose::clipboardKeeper) {
+            LinuxSession::chooseWindowSystem();
             return keepClipboard(argc, argv);
+        }
         if (read.purpose == Purpose::transcribe)
             return transcribe(argc, argv, read);
         if (read.purpose == Purpose::exportLibrary)

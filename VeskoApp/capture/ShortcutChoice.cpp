@@ -125,6 +125,8 @@ QString ShortcutChoice::defaultWords() const
 
 void ShortcutChoice::install()
 {
+    if (!m_to.offered)
+        return;
     tell(m_to.hotkeys.installShortcut());
 }
 
@@ -142,7 +144,7 @@ void ShortcutChoice::retry()
 
 void ShortcutChoice::listen()
 {
-    if (std::exchange(m_listening, true))
+    if (!m_to.offered || std::exchange(m_listening, true))
         return;
     m_pressed.clear();
     m_refusal.clear();

@@ -17,6 +17,7 @@ class ShortcutChoice : public QObject {
     Q_PROPERTY(QString words READ words NOTIFY changed) // what is in force, such as "Ctrl+Alt+D"
     Q_PROPERTY(bool isDefault READ isDefault NOTIFY changed)
     Q_PROPERTY(QString defaultWords READ defaultWords CONSTANT)
+    Q_PROPERTY(bool offered READ offered CONSTANT)
     Q_PROPERTY(bool listening READ listening NOTIFY changed)
     Q_PROPERTY(QString pressed READ pressed NOTIFY changed) // what is held while it listens
     Q_PROPERTY(QString refusal READ refusal NOTIFY changed) // why the last choice is none, if so
@@ -28,6 +29,7 @@ public:
         Hotkeys& hotkeys;
         Preferences& preferences;
         StatusLine& status;
+        bool offered = true; // this session lets the program take a shortcut
     };
 
     explicit ShortcutChoice(const Neighbours& neighbours);
@@ -36,6 +38,7 @@ public:
     QString words() const;
     bool isDefault() const { return combination() == KeyCombination(); }
     QString defaultWords() const;
+    bool offered() const { return m_to.offered; }
     bool listening() const { return m_listening; }
     const QString& pressed() const { return m_pressed; }
     const QString& refusal() const { return m_refusal; }

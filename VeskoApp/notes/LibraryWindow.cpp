@@ -310,6 +310,8 @@ void LibraryWindow::trashNote()
 {
     if (const Note* const note = m_to.selection.selectedNote()) {
         m_trashed = note->id;
+        m_trashedEnd.cancel(); // of one before
+        Q_EMIT undoChanged();
         m_to.notes.trash(*note, false);
     }
 }

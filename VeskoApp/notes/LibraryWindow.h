@@ -84,8 +84,9 @@ public:
     QString undoText() const;
     QString copiedNoteID() const;
     QString playingID() const;
-    // The library is not there yet, which takes a while.
+    // Why there is no library, in the user's words; empty if it was not refused.
     QString refusal() const;
+    // The library is not there yet, which takes a while.
     bool opening() const { return m_to.library.opening(); }
     bool canCreate() const { return m_to.library.ready(); }
     bool canRecord() const { return m_to.library.ready() && !m_to.capture.isBusy(); }

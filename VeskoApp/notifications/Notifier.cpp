@@ -26,7 +26,12 @@ Notifications::Action action(const std::string& id, const char* title)
 Notifier::Notifier(const Neighbours& neighbours)
     : m_to(neighbours)
 {
-    m_to.run.onStarted = [this](const Recording& recording) { m_recording = recording; };
+    // What is shown belongs to the one before.
+    m_to.run.onStarted = [this](const Recording& recording) {
+        m_recording = recording;
+        m_text.clear();
+        m_to.notifications.withdraw();
+    };
     m_to.run.onFailed = [this](const std::string& message) { tellFailed(message); };
     m_to.delivery.onNotPasted = [this](const std::string& text, const std::string& message) {
         tellNotPasted(text, message);
@@ -49,7 +54,7 @@ Notifier::~Notifier()
 
 bool Notifier::isWanted() const
 {
-    return !m_to.preferences.showFloating.get() || !m_to.statusItem.visible();
+    return !(m_to.floats && m_to.preferences.showFloating.get()) || !m_to.statusItem.visible();
 }
 
 void Notifier::tellNotPasted(const std::string& text, const std::string& message)

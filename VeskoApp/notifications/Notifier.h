@@ -29,6 +29,7 @@ public:
         TextDelivery& delivery;
         TextCopy& clipboard;
         Preferences& preferences;
+        bool floats = true; // the floating control can be shown in this session
     };
 
     explicit Notifier(const Neighbours& neighbours);

@@ -47,6 +47,8 @@ EngineSettings::EngineSettings(const Neighbours& neighbours)
 void EngineSettings::look()
 {
     m_tasks.spawn(learnOfKey());
+    if (!m_isThere && !m_trial.busy())
+        m_to.engines.keyChanged();
     if (std::exchange(m_looking, true))
         return;
     Q_EMIT enginesChanged();

@@ -29,7 +29,8 @@ AppDelegate::AppDelegate(Platform& platform, AppModel& model)
     : m_platform(platform)
     , m_model(model)
     , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
-    , m_shortcut({ platform.shortcut, m_hotkeys, model.preferences(), model.status() })
+    , m_shortcut({ platform.shortcut, m_hotkeys, model.preferences(), model.status(),
+          platform.offer.shortcut == SessionOffer::Shortcut::own })
     , m_windows(platform)
     , m_captureControl(platform, model.capture(), model.library(), model.status())
     , m_remote(platform.remoteControl, platform.clock, remoteProgram())
@@ -75,8 +76,9 @@ void AppDelegate::launch(bool background, const Demo& demo)
     showCaptureControl();
     m_model.capture().onAccountNeeded = [this] { showOnboarding(); };
     m_model.run().onNotPasted = [this](const Uuid& id) { m_captureControl.offerNote(id); };
-    m_captureControl.onOpenNote = [this](const Uuid& id) {
-        m_model.selection().reveal(id);
+    m_captureControl.onOpenNote = m_model.notifier().openNote = [this](const Uuid& note) {
+        m_model.selection().setSelectedProjectID(std::nullopt);
+        m_model.selection().reveal(note);
         showLibrary();
     };
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::observeAccess);
@@ -90,11 +92,6 @@ void AppDelegate::launch(bool background, const Demo& demo)
     });
     observeScreens();
     observeActivation();
-    m_model.notifier().openNote = [this](const Uuid& note) {
-        m_model.selection().setSelectedProjectID(std::nullopt);
-        m_model.selection().reveal(note);
-        showLibrary();
-    };
     const auto tellRemote = [this] { m_remote.changed(); };
     connect(&m_model.capture(), &Capture::phaseChanged, this, tellRemote);
     connect(&m_model.library(), &LibrarySession::readyChanged, this, tellRemote);
@@ -143,8 +140,7 @@ void AppDelegate::observeActivation()
             if (state != Qt::ApplicationActive)
                 return;
             m_model.preferences().refresh();
-            if (m_platform.offer.shortcut == SessionOffer::Shortcut::own)
-                m_shortcut.retry();
+            m_shortcut.retry();
         });
 }
 

@@ -81,7 +81,8 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
           .run = m_run,
           .delivery = m_delivery,
           .clipboard = m_clipboard,
-          .preferences = m_preferences })
+          .preferences = m_preferences,
+          .floats = platform.offer.floats })
 {
     m_accounts.onUsage = [this](UsageEvent event) { m_analytics.track(event); };
     QObject::connect(&m_capture, &Capture::starting, &m_capture, [this] { m_review.stop(); });
@@ -132,8 +133,9 @@ Task<> AppModel::chooseFirstProvider()
     m_platform.settings.set(firstLaunchDone, SettingValue{ false });
     auto& provider = m_preferences.provider;
     const auto language = m_platform.recognizer.systemLanguage();
-    const bool assumed = m_platform.recognizer.supports(language);
-    const auto usersChoice = [&] { return assumed && !provider.assumed(); };
+    const bool chosen = m_platform.settings.get<std::string>("provider").has_value();
+    const bool assumed = !chosen && m_platform.recognizer.supports(language);
+    const auto usersChoice = [&] { return chosen || (assumed && !provider.assumed()); };
     if (assumed) {
         provider.assume("apple");
         m_status.setMessage(waitsForKeys);
@@ -141,7 +143,7 @@ Task<> AppModel::chooseFirstProvider()
     co_await m_preferences.refreshKeys();
     m_platform.settings.set(firstLaunchDone, SettingValue{ true });
     const bool hasKey = m_preferences.hasKey() || m_preferences.hasVeskoAccess();
-    if (!hasKey && !usersChoice())
+    if (!hasKey && !usersChoice() && !m_platform.settings.get<std::string>("engine"))
         co_await m_engines.chooseBest(language);
     if (usersChoice())
         co_return;

@@ -97,6 +97,13 @@ Task<bool> EngineSelection::isThere()
     co_return m_isThere;
 }
 
+Task<bool> EngineSelection::lookAgain()
+{
+    if (!m_isThere && !m_applying)
+        applyAgain();
+    co_return co_await isThere();
+}
+
 Task<bool> EngineSelection::lend(std::string id)
 {
     co_await isThere(); // what is on its way would come behind
@@ -105,10 +112,11 @@ Task<bool> EngineSelection::lend(std::string id)
 
 Task<> EngineSelection::chooseBest(std::string language)
 {
+    const auto before = m_preferences.engine.get();
     const auto found = co_await m_engines.find();
     const auto best = std::ranges::find_if(
         found, [&](const FoundEngine& engine) { return speaks(engine, language); });
-    if (best == found.end())
+    if (best == found.end() || m_preferences.engine.get() != before)
         co_return;
     m_preferences.engine.set(best->id);
     co_await isThere();

@@ -21,6 +21,8 @@ public:
 
     // Whether the engine of the settings is in use, as soon as that is known.
     Task<bool> isThere();
+    // The same, and tries again to put it in use where it wasn't there.
+    Task<bool> lookAgain();
     // Makes the best engine that speaks the language the user's choice; nothing if none does.
     Task<> chooseBest(std::string language);
     // The secret store has another key for the server.

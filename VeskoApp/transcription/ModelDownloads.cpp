@@ -79,6 +79,8 @@ Task<> ModelDownloads::load(PublishedModel model)
         Q_EMIT arrived();
     } catch (const ModelFailure& failure) {
         outcome = translated(failure.errorDescription());
+    } catch (const std::exception&) {
+        outcome = translated(ModelFailure(ModelFailure::unreachable).errorDescription());
     }
     // Later: this task can't end its own scope.
     QMetaObject::invokeMethod(

@@ -138,7 +138,7 @@ Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
     CaptureSettings settings, std::optional<Service> service, Hearing heard)
 {
     if (!service) {
-        if (!co_await m_to.engines.isThere())
+        if (!co_await m_to.engines.lookAgain())
             throw CaptureFailure(L10N_KEY("Vesko",
                 "The speech engine that you chose isn't there. Choose one in Settings. Your audio "
                 "is saved."));

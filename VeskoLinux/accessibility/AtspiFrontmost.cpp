@@ -6,6 +6,7 @@ namespace vesko {
 namespace {
 
 constexpr int lookLimit = 1200; // milliseconds
+constexpr std::size_t windowLimit = 64; // active ones of one program
 constexpr std::size_t activeLimit = 64; // programs; more than one is of no use to anyone
 
 } // namespace
@@ -59,7 +60,8 @@ void AtspiFrontmost::noteWindow(const AtspiAddress& window, bool active)
             m_tasks.spawn(learnProcess(window.service));
             program = find(window.service);
         }
-        if (std::ranges::find(program->windows, window.path) == program->windows.end())
+        if (program->windows.size() < windowLimit
+            && std::ranges::find(program->windows, window.path) == program->windows.end())
             program->windows.push_back(window.path);
     } else if (program) {
         std::erase(program->windows, window.path);

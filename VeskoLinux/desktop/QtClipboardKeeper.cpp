@@ -152,9 +152,13 @@ int keepClipboard(int argc, char** argv)
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly))
         return 1;
-    // Whoever copied something meanwhile keeps the clipboard.
+    // Whoever copied something meanwhile keeps the clipboard. Nobody has it if the program has
+    // ended before this one had begun.
     const auto owner = input.readLine().trimmed().toUInt();
-    if (!x11() || ownerOf(x11(), "CLIPBOARD") != owner)
+    if (!x11())
+        return 0;
+    const auto now = ownerOf(x11(), "CLIPBOARD");
+    if (now != owner && now != XCB_NONE)
         return 0;
     QClipboard* const clipboard = QGuiApplication::clipboard();
     clipboard->setMimeData(contentFrom(input.readAll()).release());

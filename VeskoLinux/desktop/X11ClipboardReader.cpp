@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::size_t mostForms = 32;
 constexpr std::string_view plainText = "text/plain", utf8Text = "UTF8_STRING";
+constexpr std::string_view secretMark = "x-kde-passwordManagerHint";
 
 struct FreeReply {
     void operator()(void* reply) const { std::free(reply); }
@@ -81,7 +82,8 @@ private:
         return reply->atom;
     }
 
-    // The same in another form is left out.
+    // The same in another form is left out. The mark goes with it by which managers know what they
+    // are not to write down.
     std::vector<std::string> forms()
     {
         const auto targets = converted(atom("TARGETS"));
@@ -103,7 +105,7 @@ private:
                                                          : std::string();
         std::vector<std::string> chosen;
         for (const auto& form : names) {
-            const bool wanted = form == utf8Text
+            const bool wanted = form == utf8Text || form == secretMark
                 || (form.contains('/') && !(hasUtf8 && form.starts_with(plainText))
                     && (!form.starts_with("image/") || form == picture));
             if (wanted && std::ranges::find(chosen, form) == chosen.end()

@@ -51,6 +51,12 @@ bool describesRemoteDesktop(const QString& path, const QStringList& desktops)
             [&](const QString& name) { return desktops.contains(name, Qt::CaseInsensitive); });
 }
 
+bool isSameField(const FieldReading& before, const FieldReading& now)
+{
+    return before.element && now.element && now.focused && now.seesFrontmost
+        && now.frontmost == before.frontmost && now.element->equals(*before.element);
+}
+
 } // namespace
 
 bool PortalPasteKeystroke::offered()
@@ -67,10 +73,11 @@ bool PortalPasteKeystroke::offered()
 }
 
 PortalPasteKeystroke::PortalPasteKeystroke(WaylandConnection& connection, const SessionState& state,
-    EventClock& clock, SettingsStore& settings, ShortcutHeld shortcutHeld)
+    EventClock& clock, SettingsStore& settings, FocusedField& fields, ShortcutHeld shortcutHeld)
     : m_state(state)
     , m_clock(clock)
     , m_settings(settings)
+    , m_fields(fields)
     , m_shortcutHeld(std::move(shortcutHeld))
     , m_requests(clock)
     , m_usersKeymap(connection, [this](const std::string& map) { m_keys.emplace(map); })
@@ -122,12 +129,15 @@ Eventual<std::optional<std::string>> PortalPasteKeystroke::send(const FieldEleme
 
 Task<> PortalPasteKeystroke::run(std::vector<KeyStep> steps, Eventual<Obstacle> answer)
 {
+    const FieldReading meant = co_await m_fields.read(std::nullopt);
     const double asked = m_clock.uptime();
-    const bool opened = co_await open();
-    // Opening takes its time; the session may be locked by now.
+    const bool opened = co_await open() && m_clock.uptime() - asked < unasked;
+    const FieldReading now = co_await m_fields.read(std::nullopt);
+    // Opening takes its time; the session may be locked by now, or another field have the focus.
     Obstacle obstacle = keyboardTaken();
-    if (!obstacle
-        && !(opened && m_clock.uptime() - asked < unasked && co_await type(std::move(steps))))
+    if (!obstacle && opened && !isSameField(meant, now))
+        obstacle = "app_changed";
+    if (!obstacle && !(opened && co_await type(std::move(steps))))
         obstacle = "event_failed";
     close();
     m_busy = false;

@@ -2,6 +2,7 @@
 
 #include "VeskoApp/async/EventClock.h"
 #include "VeskoApp/async/TaskScope.h"
+#include "VeskoApp/platform/FocusedField.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
 #include "VeskoApp/platform/SessionState.h"
 #include "VeskoApp/platform/SettingsStore.h"
@@ -34,7 +35,8 @@ public:
 
     // All outlive this.
     PortalPasteKeystroke(WaylandConnection& connection, const SessionState& state,
-        EventClock& clock, SettingsStore& settings, ShortcutHeld shortcutHeld);
+        EventClock& clock, SettingsStore& settings, FocusedField& fields,
+        ShortcutHeld shortcutHeld);
 
     // Of the user's keys the desktop tells those of the program's own shortcut alone, and only that
     // one of them is up: the others have a moment to follow it. Keys that are held mix with those
@@ -42,8 +44,9 @@ public:
     Eventual<std::monostate> keysReleased() override;
     // Of a grabbed keyboard nothing is known.
     std::optional<std::string> keyboardTaken() const override;
-    // "keys_held" of that shortcut alone. "event_failed" too if the user was asked: by now another
-    // field may have the focus.
+    // "keys_held" of that shortcut alone. Opening takes up to a second, after which the field is
+    // looked at again: "app_changed" if another has the focus by then. "event_failed" too if the
+    // user was asked.
     Eventual<std::optional<std::string>> send(const FieldElement& element) override;
 
 private:
@@ -58,6 +61,7 @@ private:
     const SessionState& m_state;
     EventClock& m_clock;
     SettingsStore& m_settings;
+    FocusedField& m_fields;
     ShortcutHeld m_shortcutHeld;
     PortalRequests m_requests;
     std::optional<PasteKeys> m_keys;

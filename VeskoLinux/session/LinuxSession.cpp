@@ -119,7 +119,7 @@ public:
             pasteKeystroke = std::make_unique<VirtualKeyboardPaste>(*m_connection, state);
         else if (PortalPasteKeystroke::offered())
             pasteKeystroke = std::make_unique<PortalPasteKeystroke>(
-                *m_connection, state, clock, settings, std::move(held));
+                *m_connection, state, clock, settings, *focusedField, std::move(held));
         else
             pasteKeystroke = std::make_unique<NoPasteKeystroke>();
         if (DataControlClipboard::offered(*m_connection))
@@ -130,7 +130,7 @@ public:
     }
     ~Wayland() override
     {
-        pasteKeystroke.reset();
+        pasteKeystroke.reset(); // looks at fields
         clipboard.reset();
     }
 
@@ -151,12 +151,11 @@ private:
     std::unique_ptr<WaylandConnection> m_connection;
 };
 
-void LinuxSession::chooseWindowSystem()
+bool LinuxSession::chooseWindowSystem()
 {
     const bool both
         = qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && qEnvironmentVariableIsSet("DISPLAY");
-    if (both && !qEnvironmentVariableIsSet(windowSystem))
-        qputenv(windowSystem, "xcb;wayland");
+    return both && !qEnvironmentVariableIsSet(windowSystem) && qputenv(windowSystem, "xcb;wayland");
 }
 
 LinuxSession::LinuxSession(EventClock& clock, SettingsStore& settings, const SessionState& state)

@@ -19,7 +19,8 @@ class LinuxSession {
 public:
     // Before there is an application: under Wayland, too, its windows are those of X11 where they
     // can be, since only there a window can stay above others and leave the focus where it is.
-    static void chooseWindowSystem();
+    // Whether it has set the variable for it, which children are not to inherit.
+    static bool chooseWindowSystem();
 
     // After the application has been made. All outlive this.
     LinuxSession(EventClock& clock, SettingsStore& settings, const SessionState& state);

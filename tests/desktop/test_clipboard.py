@@ -6,7 +6,6 @@ import os
 import signal
 import subprocess
 import sys
-import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
@@ -55,13 +54,11 @@ class Clipboard(Dictations):
     def dictate_and_quit(self):
         self.begin()
         self.end(message=NO_WINDOW)
-        began = time.monotonic()
         self.vesko.quit()
-        self.assertLess(time.monotonic() - began, 1)
 
     def test_the_text_is_still_there_after_quitting(self):
         self.dictate_and_quit()
-        self.assertEqual(clipboard.read(), WORDS)
+        until("the text is there", lambda: clipboard.read() == WORDS)
         self.assertEqual(len(keepers()), 1)
         human_pause(0.5)
         self.assertEqual(clipboard.read(), WORDS)

@@ -173,6 +173,7 @@ class LibraryWindow(unittest.TestCase):
         until("one is left", lambda: not self.vesko.find(ROW, "milk")
               and self.vesko.find(ROW, "bread"))
         hands.type_letters("x")
+        until("it is typed", lambda: search.text == "breax")
         self.vesko.press(BUTTON, "Clear search")
         self.vesko.wait_to_find(ROW, "milk")
         self.assertEqual(search.text, "")
@@ -186,6 +187,8 @@ class LibraryWindow(unittest.TestCase):
         hands.click(*search.centre)
         until("the search has the keyboard", lambda: "focused" in search.states)
         hands.type_letters("fern")
+        until("it is searched for", lambda: search.text == "fern"
+              and not self.vesko.find(ROW, "moss"))
         self.vesko.press(ROW, "a fern and a fern and moss")
         self.vesko.wait_to_find("status bar", "Matches in this text: 2")
         hands.tap("f3")
@@ -269,17 +272,21 @@ class LibraryWindow(unittest.TestCase):
         self.vesko.press(BUTTON, "Delete permanently")
         until("it is gone", lambda: not self.notes())
 
+    def name_the_project(self, name):
+        field = self.vesko.wait_to_find(TEXT, "Project name")
+        until("it has the keyboard", lambda: "focused" in field.states)
+        hands.type_letters(name)
+        until("it is typed", lambda: field.text == name)
+
     def test_a_project_is_made_renamed_and_given_to_a_note(self):
         self.new_note("bread")
         self.saved("bread")
         self.vesko.press(BUTTON, "New project")
-        self.vesko.wait_to_find(TEXT, "Project name")
-        hands.type_letters("garden")
+        self.name_the_project("garden")
         self.vesko.press(BUTTON, "Save")
         self.vesko.press(ROW, "garden")
         self.vesko.press(BUTTON, "Rename project")
-        self.vesko.wait_to_find(TEXT, "Project name")
-        hands.type_letters("balcony")
+        self.name_the_project("balcony")
         hands.tap("return")
         self.vesko.wait_to_find(ROW, "balcony")
         self.vesko.press(ROW, "All notes")

@@ -6,12 +6,21 @@ Sheet {
 
     required property var exchange
     property bool saves: false // and may replace a file
+    property bool replaces: false
     signal chosen(string path)
 
-    text: saves && exchange.replacesFile(path.text) ? qsTranslate("Vesko", "The file that is there will be replaced.") : ""
+    // Each time anew: the file of the same name may be there by now.
+    function look() {
+        replaces = saves && exchange.replacesFile(path.text);
+    }
+
+    text: replaces ? qsTranslate("Vesko", "The file that is there will be replaced.") : ""
     canAgree: path.text.trim().length > 0
     onAccepted: chosen(path.text)
-    onAboutToShow: path.text = exchange.exportPath()
+    onAboutToShow: {
+        path.text = exchange.exportPath();
+        look();
+    }
     onOpened: {
         path.forceActiveFocus();
         path.selectAll();
@@ -22,6 +31,7 @@ Sheet {
 
         width: sheet.availableWidth
         name: qsTranslate("Vesko", "File")
+        onTextChanged: sheet.look()
         onAccepted: if (sheet.canAgree) sheet.accept()
     }
 }

@@ -69,6 +69,7 @@ Rectangle {
             }
             Words {
                 width: parent.width
+                visible: sidebar.delegate.shortcut.offered
                 text: qsTranslate("Vesko", "%1 to dictate").arg(sidebar.delegate.shortcut.words)
                 font.pixelSize: Theme.small
                 color: Theme.quiet

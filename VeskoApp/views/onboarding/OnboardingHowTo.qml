@@ -39,6 +39,7 @@ Column {
         OnboardingCard {
             width: parent.width
             lead: 128
+            visible: steps.shortcut.offered
             keys: steps.shortcut.words
             title: qsTranslate("Vesko", "Or press %1").arg(steps.shortcut.words)
             text: qsTranslate("Vesko", "Works the same way when Fn is busy.")
@@ -51,7 +52,7 @@ Column {
             wrapMode: Text.Wrap
         }
         ShortcutField {
-            visible: steps.status.shortcutMessage.length > 0 || steps.shortcut.listening
+            visible: steps.shortcut.offered && (steps.status.shortcutMessage.length > 0 || steps.shortcut.listening)
             choice: steps.shortcut
         }
         OnboardingCard {

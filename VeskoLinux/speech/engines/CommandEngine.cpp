@@ -68,7 +68,11 @@ public:
 
     EngineAnswer heard(std::span<const std::int16_t> piece) override
     {
-        std::ofstream(m_sound, std::ios::binary | std::ios::trunc) << wave(piece, speechRate);
+        std::ofstream file(m_sound, std::ios::binary | std::ios::trunc);
+        file << wave(piece, speechRate);
+        file.close();
+        if (!file)
+            throw EngineFailure("there is no room for the sound");
         std::vector<std::string> words;
         for (const auto& word : m_command.words)
             words.push_back(filled(word));

@@ -3,6 +3,8 @@
 import os
 import subprocess
 
+from .waiting import until
+
 if os.environ["XDG_SESSION_TYPE"] == "wayland":
     READ, WRITE = ["wl-paste", "--no-newline", "--type", "text/plain;charset=utf-8"], ["wl-copy"]
 else:
@@ -26,9 +28,11 @@ def read_bytes(form):
 def write_bytes(content, form):
     subprocess.run(["xclip", "-selection", "clipboard", "-target", form], input=content, check=True,
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    until("the clipboard holds it", lambda: read_bytes(form) == content)
 
 
 def write(text):
     # The copy that stays behind to serve the text must not hold our own output open.
     subprocess.run(WRITE, input=text.encode(), check=True,
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    until("the clipboard holds it", lambda: read() == text)

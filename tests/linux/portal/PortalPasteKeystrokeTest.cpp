@@ -1,5 +1,6 @@
 #include "VeskoLinux/portal/PortalPasteKeystroke.h"
 
+#include "tests/fakes/FakeFocusedField.h"
 #include "tests/fakes/FakeSessionState.h"
 #include "tests/fakes/FakeSettingsStore.h"
 #include "tests/fakes/TestClock.h"
@@ -149,7 +150,8 @@ protected:
     FakeSessionState m_session;
     bool m_shortcutDown = false;
     std::optional<double> m_shortcutHeld;
-    PortalPasteKeystroke m_paste{ m_connection, m_session, m_clock, m_settings,
+    FakeFocusedField m_fields;
+    PortalPasteKeystroke m_paste{ m_connection, m_session, m_clock, m_settings, m_fields,
         [this] { return m_shortcutDown ? m_clock.uptime() : m_shortcutHeld; } };
 };
 
@@ -200,6 +202,30 @@ TEST_F(PortalPasteKeystrokeTest, waitsAMomentForTheFingersOnTheShortcut)
     m_shortcutHeld = m_clock.uptime();
     EXPECT_NEAR(secondsToRelease(), 0.35, 0.02);
     EXPECT_TRUE(paste());
+}
+
+TEST_F(PortalPasteKeystrokeTest, typesNothingWhereTheFocusWentMeanwhile)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    const FieldReading meant = m_fields.reading;
+    const struct {
+        const char* what;
+        std::function<void(FieldReading&)> change;
+    } cases[] = {
+        { "another field", [](auto& now) { now.element = std::make_shared<FakeFieldElement>(2); } },
+        { "another program", [](auto& now) { now.frontmost = 12; } },
+        { "nobody knows", [](auto& now) { now.seesFrontmost = false; } },
+        { "no field", [](auto& now) { now.element = nullptr; } },
+        { "the field has lost the keyboard", [](auto& now) { now.focused = false; } },
+    };
+    for (const auto& [what, change] : cases) {
+        SCOPED_TRACE(what);
+        m_fields.reading = meant;
+        m_portal.onStart = [&] { change(m_fields.reading); };
+        EXPECT_EQ(obstacle(), "app_changed");
+    }
+    EXPECT_THAT(m_portal.keys, IsEmpty());
 }
 
 TEST_F(PortalPasteKeystrokeTest, typesNothingIntoALockedSession)
