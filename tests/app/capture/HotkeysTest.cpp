@@ -440,7 +440,7 @@ TEST_F(HotkeysTest, WarnsOfAShortcutThatIsRefusedLater)
     hotkeys.onShortcutLost = [&](const std::string& text) { warning = text; };
     EXPECT_EQ(hotkeys.start(), "");
     shortcut.onRefused();
-    EXPECT_THAT(warning, testing::StartsWith("Command Shift Space is unavailable."));
+    EXPECT_THAT(warning, testing::StartsWith("%1 is unavailable"));
 }
 
 TEST_F(HotkeysTest, ACommandedKeyIsAGestureKey)

@@ -15,7 +15,8 @@ extern "C" const char* __asan_default_options()
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The screen is large enough for every window, at twice its size too.
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VESKO_SCREEN);
     testing::InitGoogleTest(&argc, argv);
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QGuiApplication application(argc, argv);

@@ -102,7 +102,6 @@ const struct {
     { "VeskoApp/views/library/NoteList.qml", "<.*", "HTML around what is found" },
     { "VeskoApp/views/library/MatchBar.qml", ".*F3\\)?", "a key" },
     { "VeskoLinux/command/", ".*", "said on a terminal" },
-    { "VeskoLinux/console/", ".*", "said on a terminal" },
     { "VeskoLinux/doctor/", ".*", "said on a terminal, and pasted into reports" },
     { "VeskoLinux/main.cpp", "(Status icon|Data folder)", "said on a terminal" },
     { "VeskoLinux/desktop/XdgFolders.cpp", ".*", "said on a terminal" },
