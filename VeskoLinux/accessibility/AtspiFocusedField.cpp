@@ -104,23 +104,27 @@ Task<> AtspiFocusedField::finish(Eventual<FieldReading> answer, FieldReading rea
     bool elements = seen.has_value();
     for (std::size_t count = 0; reading.frontmost == asked.process && !settled(seen); ++count) {
         const bool last = count == looks.size() || deadline.hasExpired();
-        if (!seen || !seen->probe.focused()) {
+        if (!seen || !seen->probe.kind.focusedField()) {
+            const bool silent = !seen || !seen->probe.focused();
             const bool active
                 = !seen || co_await m_search.hasActiveWindow(seen->element.service, deadline);
             // While a shortcut is held down, no element has the focus and no window is active, as
             // seen from their program: then the last one counts. With an active window, a lost
             // focus is a lost focus.
-            if (!active && !asked.again)
+            if (silent && !active && !asked.again)
                 break;
             if (active && (count == 0 || last)) {
                 const auto found = co_await m_search.find(asked.process, asked.title, deadline);
                 elements = elements || found.elements;
-                if (found.element)
+                auto there = co_await look(
+                    found.element ? std::vector{ *found.element } : std::vector<AtspiAddress>{},
+                    deadline);
+                // A row of a list may have the focus beside the text that has it, too.
+                const bool isField = there && there->probe.kind.focusedField();
+                if (found.element && (silent || isField))
                     m_follower.found(*found.element, asked.process);
-                if (found.element || last)
-                    seen = co_await look(
-                        found.element ? std::vector{ *found.element } : std::vector<AtspiAddress>{},
-                        deadline);
+                if (isField || (silent && (found.element || last)))
+                    seen = std::move(there);
                 if (settled(seen))
                     break;
             }

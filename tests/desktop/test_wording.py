@@ -17,7 +17,7 @@ from lib.waiting import until  # noqa: E402
 STATUS_HOST = os.path.join(REPOSITORY, "tests/linux/desktop/status_host")
 # Names, which are the same in every language, and what has no words.
 NAMES = re.compile(r"Vesko|OpenRouter|PocketSphinx|Apple|Google|Markdown|Super\+Shift\+|"
-                   r"(Ctrl|F\d+)\+?\S*|[\W\d]*")
+                   r"[a-z.\d-]+, [\d.,]+ [MG]iB|(Ctrl|F\d+)\+?\S*|[\W\d]*")
 
 
 class Wording(unittest.TestCase):
