@@ -164,32 +164,35 @@ VeskoWindow {
             delegate: window.delegate
         }
 
-        Column {
-            anchors.centerIn: parent
-            width: Math.min(360, parent.width - 80)
-            spacing: 10
-            visible: window.library.canCreate && window.library.editors.length === 0
+        Repeater {
+            model: window.library.canCreate && window.library.editors.length === 0 ? 1 : 0
 
-            LevelMark {
-                anchors.horizontalCenter: parent.horizontalCenter
-                scale: 2
-                bottomPadding: 16
-            }
-            Words {
-                width: parent.width
-                text: qsTranslate("Vesko", "Your thoughts, ready to use")
-                font.pixelSize: Theme.heading
-                font.weight: Font.DemiBold
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-            }
-            Words {
-                width: parent.width
-                text: qsTranslate("Vesko", "Select a note to edit its text, replay the original, or add more by voice.")
-                color: Theme.quiet
-                lineHeight: Theme.lineHeight
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
+            Column {
+                anchors.centerIn: parent
+                width: Math.min(360, (parent?.width ?? 0) - 80)
+                spacing: 10
+
+                LevelMark {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    scale: 2
+                    bottomPadding: 16
+                }
+                Words {
+                    width: parent.width
+                    text: qsTranslate("Vesko", "Your thoughts, ready to use")
+                    font.pixelSize: Theme.heading
+                    font.weight: Font.DemiBold
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                }
+                Words {
+                    width: parent.width
+                    text: qsTranslate("Vesko", "Select a note to edit its text, replay the original, or add more by voice.")
+                    color: Theme.quiet
+                    lineHeight: Theme.lineHeight
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                }
             }
         }
     }

@@ -13,11 +13,11 @@ Item {
 
     function open(below: Item) {
         textBefore = window.before;
-        menu.popup(below, 0, below.height + 4);
+        menu.get().popup(below, 0, below.height + 4);
     }
     function run(row) {
         if (row.action === "about")
-            about.open();
+            about.get().open();
         else if (row.ofText)
             textBefore[row.action]();
         else
@@ -62,60 +62,68 @@ Item {
         }
     }
 
-    PopupMenu {
+    OnDemand {
         id: menu
 
-        title: "Vesko"
+        PopupMenu {
+            id: rows
 
-        Instantiator {
-            model: root.delegate.menu
-            onObjectAdded: (index, object) => menu.insertItem(index, object)
-            onObjectRemoved: (index, object) => menu.removeItem(object)
+            title: "Vesko"
 
-            MenuRow {
-                required property var modelData
+            Instantiator {
+                model: root.delegate.menu
+                onObjectAdded: (index, object) => rows.insertItem(index, object)
+                onObjectRemoved: (index, object) => rows.removeItem(object)
 
-                text: modelData.title
-                keys: modelData.keys
-                parts: !modelData.title
-                enabled: root.canRun(modelData)
-                onTriggered: root.run(modelData)
+                MenuRow {
+                    required property var modelData
+
+                    text: modelData.title
+                    keys: modelData.keys
+                    parts: !modelData.title
+                    enabled: root.canRun(modelData)
+                    onTriggered: root.run(modelData)
+                }
             }
         }
     }
 
-    Sheet {
+    OnDemand {
         id: about
 
-        title: "Vesko"
-        agreeText: qsTranslate("Vesko", "OK")
-        cancellable: false
+        Sheet {
+            id: sheet
 
-        TextEdit {
-            id: facts
+            title: "Vesko"
+            agreeText: qsTranslate("Vesko", "OK")
+            cancellable: false
 
-            width: about.availableWidth
-            text: root.delegate.about
-            textFormat: TextEdit.PlainText
-            readOnly: true
-            selectByMouse: true
-            wrapMode: TextEdit.Wrap
-            color: Theme.text
-            selectionColor: Theme.accent
-            selectedTextColor: Theme.accentInk
-            font.family: Theme.family
-            font.pixelSize: Theme.body
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-        }
-        PushButton {
-            y: facts.height + 8
-            text: qsTranslate("Vesko", "Copy")
-            iconName: "copy"
-            flat: true
-            onClicked: {
-                facts.selectAll();
-                facts.copy();
+            TextEdit {
+                id: facts
+
+                width: sheet.availableWidth
+                text: root.delegate.about
+                textFormat: TextEdit.PlainText
+                readOnly: true
+                selectByMouse: true
+                wrapMode: TextEdit.Wrap
+                color: Theme.text
+                selectionColor: Theme.accent
+                selectedTextColor: Theme.accentInk
+                font.family: Theme.family
+                font.pixelSize: Theme.body
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+            PushButton {
+                y: facts.height + 8
+                text: qsTranslate("Vesko", "Copy")
+                iconName: "copy"
+                flat: true
+                onClicked: {
+                    facts.selectAll();
+                    facts.copy();
+                }
             }
         }
     }

@@ -28,29 +28,33 @@ Row {
 
     Connections {
         function onExportPathWanted() {
-            exporter.open();
+            exporter.get().open();
         }
         function onImportPathWanted() {
-            importer.open();
+            importer.get().open();
         }
 
         target: view.exchange
     }
-    PathSheet {
+    OnDemand {
         id: exporter
 
-        title: qsTranslate("Vesko", "Export dictionary…")
-        agreeText: qsTranslate("Vesko", "Save")
-        exchange: view.exchange
-        saves: true
-        onChosen: path => view.exchange.exportTo(path)
+        PathSheet {
+            title: qsTranslate("Vesko", "Export dictionary…")
+            agreeText: qsTranslate("Vesko", "Save")
+            exchange: view.exchange
+            saves: true
+            onChosen: path => view.exchange.exportTo(path)
+        }
     }
-    PathSheet {
+    OnDemand {
         id: importer
 
-        title: qsTranslate("Vesko", "Import dictionary…")
-        agreeText: qsTranslate("Vesko", "Import")
-        exchange: view.exchange
-        onChosen: path => view.exchange.importFrom(path)
+        PathSheet {
+            title: qsTranslate("Vesko", "Import dictionary…")
+            agreeText: qsTranslate("Vesko", "Import")
+            exchange: view.exchange
+            onChosen: path => view.exchange.importFrom(path)
+        }
     }
 }

@@ -133,7 +133,7 @@ Rectangle {
                     name: qsTranslate("Vesko", "New project")
                     iconName: "plus"
                     enabled: sidebar.library.canCreate
-                    onClicked: dialog.ask("", "")
+                    onClicked: dialog.get().ask("", "")
                 }
             }
             Repeater {
@@ -150,16 +150,16 @@ Rectangle {
                     iconName: "folder"
                     chosen: sidebar.library.selectedProjectID === modelData.id
                     onClicked: sidebar.library.showProject(modelData.id)
-                    Keys.onMenuPressed: projectMenu.popup(project, 20, height)
+                    Keys.onMenuPressed: projectMenu.get().popup(project, 20, height)
                     Keys.onPressed: event => {
                         event.accepted = event.key === Qt.Key_F2;
                         if (event.accepted)
-                            dialog.ask(modelData.id, modelData.name);
+                            dialog.get().ask(modelData.id, modelData.name);
                     }
 
                     TapHandler {
                         acceptedButtons: Qt.RightButton
-                        onTapped: point => projectMenu.popup(project, point.position)
+                        onTapped: point => projectMenu.get().popup(project, point.position)
                     }
                     IconButton {
                         anchors.right: parent.right
@@ -171,15 +171,17 @@ Rectangle {
                         name: qsTranslate("Vesko", "Rename project")
                         iconName: "pencil"
                         focusPolicy: Qt.NoFocus // by keys it is F2, or the menu
-                        onClicked: dialog.ask(project.modelData.id, project.modelData.name)
+                        onClicked: dialog.get().ask(project.modelData.id, project.modelData.name)
                     }
-                    PopupMenu {
+                    OnDemand {
                         id: projectMenu
 
-                        MenuRow {
-                            text: qsTranslate("Vesko", "Rename project")
-                            keys: "F2"
-                            onTriggered: dialog.ask(project.modelData.id, project.modelData.name)
+                        PopupMenu {
+                            MenuRow {
+                                text: qsTranslate("Vesko", "Rename project")
+                                keys: "F2"
+                                onTriggered: dialog.get().ask(project.modelData.id, project.modelData.name)
+                            }
                         }
                     }
                 }
@@ -227,29 +229,33 @@ Rectangle {
         Accessible.role: Accessible.StatusBar
     }
 
-    Sheet {
+    OnDemand {
         id: dialog
 
-        property string renameID
+        Sheet {
+            id: sheet
 
-        function ask(id, name) {
-            renameID = id;
-            projectName.text = name;
-            open();
-            projectName.selectAll();
-            projectName.forceActiveFocus();
-        }
+            property string renameID
 
-        title: renameID ? qsTranslate("Vesko", "Rename project") : qsTranslate("Vesko", "New project")
-        agreeText: qsTranslate("Vesko", "Save")
-        onAccepted: sidebar.library.saveProject(renameID, projectName.text)
+            function ask(id, name) {
+                renameID = id;
+                projectName.text = name;
+                open();
+                projectName.selectAll();
+                projectName.forceActiveFocus();
+            }
 
-        TextBox {
-            id: projectName
+            title: renameID ? qsTranslate("Vesko", "Rename project") : qsTranslate("Vesko", "New project")
+            agreeText: qsTranslate("Vesko", "Save")
+            onAccepted: sidebar.library.saveProject(renameID, projectName.text)
 
-            width: dialog.availableWidth
-            placeholderText: qsTranslate("Vesko", "Project name")
-            onAccepted: dialog.accept()
+            TextBox {
+                id: projectName
+
+                width: sheet.availableWidth
+                placeholderText: qsTranslate("Vesko", "Project name")
+                onAccepted: sheet.accept()
+            }
         }
     }
 }

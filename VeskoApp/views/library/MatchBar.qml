@@ -36,9 +36,8 @@ RowLayout {
         go(found.previous(text.selectedText ? text.selectionStart : text.cursorPosition));
     }
 
-    height: visible ? implicitHeight : 0
-    visible: query.length > 0
     spacing: 2
+    Component.onCompleted: look()
 
     Words {
         Layout.fillWidth: true
@@ -64,12 +63,10 @@ RowLayout {
         onClicked: bar.next()
     }
     Shortcut {
-        enabled: bar.visible
         sequence: "F3"
         onActivated: bar.next()
     }
     Shortcut {
-        enabled: bar.visible
         sequence: "Shift+F3"
         onActivated: bar.previous()
     }
@@ -86,7 +83,6 @@ RowLayout {
     }
     Connections {
         target: bar.text
-        enabled: bar.visible
         function onTextChanged() {
             bar.look();
         }

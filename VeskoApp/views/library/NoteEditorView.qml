@@ -30,9 +30,9 @@ Item {
     }
     function askToTrash() {
         if (editor.trashed)
-            confirmDelete.open();
+            confirmDelete.get().open();
         else
-            confirmTrash.open();
+            confirmTrash.get().open();
     }
 
     T.TextField {
@@ -142,20 +142,31 @@ Item {
             Accessible.role: Accessible.ButtonMenu
             onClicked: {
                 forceActiveFocus(Qt.OtherFocusReason);
-                noteMenu.popup(more, 0, height + 4);
+                noteMenu.get().popup(more, 0, height + 4);
             }
         }
     }
 
-    MatchBar {
+    Item {
         id: matches
+
+        readonly property string query: view.library.query.trim()
 
         x: view.margin
         width: view.column + 10
         anchors.top: actions.bottom
-        text: body
-        page: page
-        query: view.library.query.trim()
+        height: childrenRect.height
+
+        Repeater {
+            model: matches.query ? 1 : 0
+
+            MatchBar {
+                width: matches.width
+                text: body
+                page: page
+                query: matches.query
+            }
+        }
     }
 
     ScrollPage {
@@ -260,102 +271,112 @@ Item {
         }
     }
 
-    PopupMenu {
+    OnDemand {
         id: noteMenu
 
-        title: qsTranslate("Vesko", "Note actions")
+        PopupMenu {
+            title: qsTranslate("Vesko", "Note actions")
 
-        MenuRow {
-            visible: !view.editor.trashed
-            height: visible ? implicitHeight : 0
-            text: qsTranslate("Vesko", "Copy text")
-            keys: "Ctrl+C"
-            onTriggered: view.library.copyNote()
-        }
-        MenuRow {
-            visible: !view.editor.trashed
-            height: visible ? implicitHeight : 0
-            text: qsTranslate("Vesko", "Export Markdown…")
-            onTriggered: view.library.chooseExport(view.Window.window)
-        }
-        MenuRow {
-            visible: !view.editor.trashed
-            height: visible ? implicitHeight : 0
-            parts: true
-        }
-        MenuRow {
-            text: view.editor.trashed ? qsTranslate("Vesko", "Restore note") : qsTranslate("Vesko", "Move to Trash…")
-            keys: view.editor.trashed ? "" : "Del"
-            destructive: !view.editor.trashed
-            onTriggered: view.editor.trashed ? view.library.restoreNote() : confirmTrash.open()
-        }
-        MenuRow {
-            visible: view.editor.trashed
-            height: visible ? implicitHeight : 0
-            text: qsTranslate("Vesko", "Delete permanently…")
-            keys: "Del"
-            destructive: true
-            onTriggered: confirmDelete.open()
+            MenuRow {
+                visible: !view.editor.trashed
+                height: visible ? implicitHeight : 0
+                text: qsTranslate("Vesko", "Copy text")
+                keys: "Ctrl+C"
+                onTriggered: view.library.copyNote()
+            }
+            MenuRow {
+                visible: !view.editor.trashed
+                height: visible ? implicitHeight : 0
+                text: qsTranslate("Vesko", "Export Markdown…")
+                onTriggered: view.library.chooseExport(view.Window.window)
+            }
+            MenuRow {
+                visible: !view.editor.trashed
+                height: visible ? implicitHeight : 0
+                parts: true
+            }
+            MenuRow {
+                text: view.editor.trashed ? qsTranslate("Vesko", "Restore note") : qsTranslate("Vesko", "Move to Trash…")
+                keys: view.editor.trashed ? "" : "Del"
+                destructive: !view.editor.trashed
+                onTriggered: view.editor.trashed ? view.library.restoreNote() : confirmTrash.get().open()
+            }
+            MenuRow {
+                visible: view.editor.trashed
+                height: visible ? implicitHeight : 0
+                text: qsTranslate("Vesko", "Delete permanently…")
+                keys: "Del"
+                destructive: true
+                onTriggered: confirmDelete.get().open()
+            }
         }
     }
 
-    Sheet {
+    OnDemand {
         id: confirmTrash
 
-        title: qsTranslate("Vesko", "Move this note to Trash?")
-        text: qsTranslate("Vesko", "You can restore the note and its recordings from Trash.")
-        agreeText: qsTranslate("Vesko", "Move to Trash")
-        destructive: true
-        onAccepted: view.library.trashNote()
+        Sheet {
+            title: qsTranslate("Vesko", "Move this note to Trash?")
+            text: qsTranslate("Vesko", "You can restore the note and its recordings from Trash.")
+            agreeText: qsTranslate("Vesko", "Move to Trash")
+            destructive: true
+            onAccepted: view.library.trashNote()
+        }
     }
-    Sheet {
+    OnDemand {
         id: confirmDelete
 
-        title: qsTranslate("Vesko", "Delete this note and its recordings permanently?")
-        text: qsTranslate("Vesko", "This cannot be undone.")
-        agreeText: qsTranslate("Vesko", "Delete permanently")
-        destructive: true
-        irrevocable: true
-        onAccepted: view.library.deletePermanently()
+        Sheet {
+            title: qsTranslate("Vesko", "Delete this note and its recordings permanently?")
+            text: qsTranslate("Vesko", "This cannot be undone.")
+            agreeText: qsTranslate("Vesko", "Delete permanently")
+            destructive: true
+            irrevocable: true
+            onAccepted: view.library.deletePermanently()
+        }
     }
     Connections {
         function onExportPathWanted() {
-            exporter.open();
+            exporter.get().open();
         }
 
         target: view.library
     }
-    Sheet {
+    OnDemand {
         id: exporter
 
-        property bool replaces: false
+        Sheet {
+            id: sheet
 
-        // What is there may have changed since the last time, with the path the same.
-        function look() {
-            replaces = view.library.replacesFile(path.text);
-        }
+            property bool replaces: false
 
-        title: qsTranslate("Vesko", "Export Markdown…")
-        text: replaces ? qsTranslate("Vesko", "The file that is there will be replaced.") : ""
-        agreeText: qsTranslate("Vesko", "Save")
-        canAgree: path.text.trim().length > 0
-        onAccepted: view.library.exportNote(path.text)
-        onAboutToShow: {
-            path.text = view.library.exportPath();
-            look();
-        }
-        onOpened: {
-            path.forceActiveFocus();
-            path.selectAll();
-        }
+            // What is there may have changed since the last time, with the path the same.
+            function look() {
+                replaces = view.library.replacesFile(path.text);
+            }
 
-        TextBox {
-            id: path
+            title: qsTranslate("Vesko", "Export Markdown…")
+            text: replaces ? qsTranslate("Vesko", "The file that is there will be replaced.") : ""
+            agreeText: qsTranslate("Vesko", "Save")
+            canAgree: path.text.trim().length > 0
+            onAccepted: view.library.exportNote(path.text)
+            onAboutToShow: {
+                path.text = view.library.exportPath();
+                look();
+            }
+            onOpened: {
+                path.forceActiveFocus();
+                path.selectAll();
+            }
 
-            width: exporter.availableWidth
-            name: qsTranslate("Vesko", "File")
-            onTextChanged: exporter.look()
-            onAccepted: if (exporter.canAgree) exporter.accept()
+            TextBox {
+                id: path
+
+                width: sheet.availableWidth
+                name: qsTranslate("Vesko", "File")
+                onTextChanged: sheet.look()
+                onAccepted: if (sheet.canAgree) sheet.accept()
+            }
         }
     }
 }

@@ -150,47 +150,53 @@ Item {
         storage: root.storage
     }
 
-    Working {
-        anchors.verticalCenter: list.verticalCenter
-        anchors.horizontalCenter: parent.horizontalCenter
-        visible: root.library.opening
-        text: root.library.statusLine
+    Repeater {
+        model: root.library.opening ? 1 : 0
+
+        Working {
+            anchors.verticalCenter: list.verticalCenter
+            anchors.horizontalCenter: root.horizontalCenter
+            text: root.library.statusLine
+        }
     }
-    Column {
-        id: empty
+    Repeater {
+        model: root.library.emptyState ? [root.library.emptyState] : []
 
-        readonly property var state: root.library.emptyState
+        Column {
+            id: empty
 
-        anchors.verticalCenter: list.verticalCenter
-        anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width - 60
-        spacing: 8
-        visible: state !== undefined && state !== null
+            required property var modelData
 
-        Words {
-            width: parent.width
-            text: empty.state?.title ?? ""
-            font.weight: Font.DemiBold
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-        }
-        Words {
-            width: parent.width
-            text: empty.state?.text ?? ""
-            color: Theme.quiet
-            lineHeight: Theme.lineHeight
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-        }
-        Item {
-            width: 1
-            height: 4
-        }
-        PushButton {
-            anchors.horizontalCenter: parent.horizontalCenter
-            visible: text.length > 0
-            text: empty.state?.button ?? ""
-            onClicked: if (empty.state.makesNote) root.noteWanted(); else root.library.fillEmptyState()
+            anchors.verticalCenter: list.verticalCenter
+            anchors.horizontalCenter: root.horizontalCenter
+            width: root.width - 60
+            spacing: 8
+
+            Words {
+                width: parent.width
+                text: empty.modelData.title
+                font.weight: Font.DemiBold
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+            Words {
+                width: parent.width
+                text: empty.modelData.text
+                color: Theme.quiet
+                lineHeight: Theme.lineHeight
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+            Item {
+                width: 1
+                height: 4
+            }
+            PushButton {
+                anchors.horizontalCenter: parent.horizontalCenter
+                visible: text.length > 0
+                text: empty.modelData.button
+                onClicked: if (empty.modelData.makesNote) root.noteWanted(); else root.library.fillEmptyState()
+            }
         }
     }
 

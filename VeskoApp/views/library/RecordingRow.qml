@@ -47,7 +47,7 @@ Column {
             text: row.model.retryText
             flat: true
             enabled: row.idle
-            onClicked: confirmRetry.open()
+            onClicked: confirmRetry.get().open()
         }
     }
     Words {
@@ -118,12 +118,14 @@ Column {
         }
     }
 
-    Sheet {
+    OnDemand {
         id: confirmRetry
 
-        title: qsTranslate("Vesko", "Transcribe this original again?")
-        text: qsTranslate("Vesko", "Uses your current model settings. OpenRouter requests use your credit and can incur another charge. The result stays in this note and is never pasted automatically.")
-        agreeText: qsTranslate("Vesko", "Transcribe")
-        onAccepted: row.library.retry(row.model.recordingID)
+        Sheet {
+            title: qsTranslate("Vesko", "Transcribe this original again?")
+            text: qsTranslate("Vesko", "Uses your current model settings. OpenRouter requests use your credit and can incur another charge. The result stays in this note and is never pasted automatically.")
+            agreeText: qsTranslate("Vesko", "Transcribe")
+            onAccepted: row.library.retry(row.model.recordingID)
+        }
     }
 }

@@ -59,24 +59,28 @@ Column {
             Accessible.role: Accessible.ButtonMenu
             onClicked: {
                 forceActiveFocus(Qt.OtherFocusReason);
-                models.popup(suggested, 0, suggested.height + 4);
+                models.get().popup(suggested, 0, suggested.height + 4);
             }
 
-            PopupMenu {
+            OnDemand {
                 id: models
 
-                title: suggested.text
+                PopupMenu {
+                    id: rows
 
-                Instantiator {
-                    model: sections.preferences.suggestedTextModels
-                    onObjectAdded: (index, object) => models.insertItem(index, object)
-                    onObjectRemoved: (index, object) => models.removeItem(object)
+                    title: suggested.text
 
-                    MenuRow {
-                        required property string modelData
+                    Instantiator {
+                        model: sections.preferences.suggestedTextModels
+                        onObjectAdded: (index, object) => rows.insertItem(index, object)
+                        onObjectRemoved: (index, object) => rows.removeItem(object)
 
-                        text: modelData
-                        onTriggered: sections.preferences.cleanupModel = modelData
+                        MenuRow {
+                            required property string modelData
+
+                            text: modelData
+                            onTriggered: sections.preferences.cleanupModel = modelData
+                        }
                     }
                 }
             }

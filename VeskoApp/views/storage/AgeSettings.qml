@@ -28,8 +28,7 @@ Column {
                 form.storage.setRecordingAge(tag);
                 return;
             }
-            askRecordings.tag = tag;
-            askRecordings.open();
+            askRecordings.get().ask(tag);
         }
     }
     SettingNote {
@@ -48,35 +47,48 @@ Column {
                 form.storage.setTrashAge(tag);
                 return;
             }
-            askTrash.tag = tag;
-            askTrash.open();
+            askTrash.get().ask(tag);
         }
     }
 
-    Sheet {
+    OnDemand {
         id: askRecordings
 
-        property string tag
+        Sheet {
+            property string tag
 
-        title: qsTranslate("Vesko", "Remove the audio of old recordings?")
-        text: qsTranslate("Vesko", "What is older goes now, and the rest as it grows old. This cannot be undone.")
-        agreeText: qsTranslate("Vesko", "Remove")
-        destructive: true
-        irrevocable: true
-        onAccepted: form.storage.setRecordingAge(tag)
-        onRejected: recordings.fit()
+            function ask(age) {
+                tag = age;
+                open();
+            }
+
+            title: qsTranslate("Vesko", "Remove the audio of old recordings?")
+            text: qsTranslate("Vesko", "What is older goes now, and the rest as it grows old. This cannot be undone.")
+            agreeText: qsTranslate("Vesko", "Remove")
+            destructive: true
+            irrevocable: true
+            onAccepted: form.storage.setRecordingAge(tag)
+            onRejected: recordings.fit()
+        }
     }
-    Sheet {
+    OnDemand {
         id: askTrash
 
-        property string tag
+        Sheet {
+            property string tag
 
-        title: qsTranslate("Vesko", "Delete old notes in the Trash?")
-        text: qsTranslate("Vesko", "What is older goes now, and the rest as it grows old. This cannot be undone.")
-        agreeText: qsTranslate("Vesko", "Delete permanently")
-        destructive: true
-        irrevocable: true
-        onAccepted: form.storage.setTrashAge(tag)
-        onRejected: trash.fit()
+            function ask(age) {
+                tag = age;
+                open();
+            }
+
+            title: qsTranslate("Vesko", "Delete old notes in the Trash?")
+            text: qsTranslate("Vesko", "What is older goes now, and the rest as it grows old. This cannot be undone.")
+            agreeText: qsTranslate("Vesko", "Delete permanently")
+            destructive: true
+            irrevocable: true
+            onAccepted: form.storage.setTrashAge(tag)
+            onRejected: trash.fit()
+        }
     }
 }

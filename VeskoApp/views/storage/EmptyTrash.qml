@@ -12,16 +12,18 @@ PushButton {
     iconName: "trash"
     destructive: true
     flat: true
-    onClicked: question.open()
+    onClicked: question.get().open()
 
-    Sheet {
+    OnDemand {
         id: question
 
-        title: qsTranslate("Vesko", "Delete all notes in the Trash permanently?")
-        text: qsTranslate("Vesko", "Their recordings go with them. This cannot be undone.")
-        agreeText: qsTranslate("Vesko", "Empty Trash")
-        destructive: true
-        irrevocable: true
-        onAccepted: button.storage.emptyTrash()
+        Sheet {
+            title: qsTranslate("Vesko", "Delete all notes in the Trash permanently?")
+            text: qsTranslate("Vesko", "Their recordings go with them. This cannot be undone.")
+            agreeText: qsTranslate("Vesko", "Empty Trash")
+            destructive: true
+            irrevocable: true
+            onAccepted: button.storage.emptyTrash()
+        }
     }
 }

@@ -98,8 +98,10 @@ protected:
     }
 
     // Those of an object and, if it is an item, of all items in it.
-    static void collectPopups(const QObject& object, std::vector<QObject*>& popups)
+    static void collectPopups(QObject& object, std::vector<QObject*>& popups)
     {
+        if (std::string_view(object.metaObject()->className()).starts_with("OnDemand_"))
+            ASSERT_TRUE(QMetaObject::invokeMethod(&object, "get"));
         for (auto* child : object.children()) {
             const std::string_view type = child->metaObject()->className();
             if (type.starts_with("Sheet_") || type.starts_with("PopupMenu_"))
@@ -107,8 +109,8 @@ protected:
             else if (!qobject_cast<QQuickItem*>(child))
                 collectPopups(*child, popups);
         }
-        if (const auto* const item = qobject_cast<const QQuickItem*>(&object))
-            for (const auto* child : item->childItems())
+        if (const auto* const item = qobject_cast<QQuickItem*>(&object))
+            for (auto* child : item->childItems())
                 collectPopups(*child, popups);
     }
 
