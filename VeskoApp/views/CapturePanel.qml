@@ -15,6 +15,12 @@ Window {
     required property var control
     required property var delegate
     property bool menuOpen: false
+    readonly property bool live: control.live
+    readonly property bool timed: control.elapsed.length > 0
+    // What is said in passing: the hint of the held key, else an error, else what has just
+    // happened, else what the button is for while the pointer rests on it.
+    readonly property string said: control.fnHintVisible ? qsTranslate("Vesko", "Release Fn to finish")
+        : status.errorMessage || withTarget(control.news || (rests.elapsed ? control.help : ""))
     readonly property bool pointedAt: pointer.containsMouse
     // An error comes first.
     readonly property bool asks: inquiry.question !== undefined && !menuOpen && !status.errorMessage
@@ -42,6 +48,9 @@ Window {
     width: 240
     height: 236
     onAsksChanged: question.setSource(asks ? "LanguageQuestionView.qml" : "", { inquiry: panel.inquiry })
+    onLiveChanged: meter.setSource(live ? "CaptureMeter.qml" : "", { control: panel.control })
+    onTimedChanged: elapsed.setSource(timed ? "ElapsedTime.qml" : "", { control: panel.control })
+    onSaidChanged: if (said && !above.item) above.setSource("PanelMessage.qml", { panel: panel })
     onMenuOpenChanged: menu.setSource(menuOpen ? "PanelMenu.qml" : "", { panel: panel })
     onShapesChanged: control.cut(shapes)
     onVisibleChanged: if (visible) control.cut(shapes)
@@ -77,51 +86,17 @@ Window {
         Row {
             anchors.centerIn: parent
             spacing: 5
-            visible: !panel.control.live
+            visible: !panel.live
             opacity: panel.control.orbEnabled ? 1 : 0.5
 
-            Repeater {
-                model: 3
-
-                Rectangle {
-                    width: 5
-                    height: 5
-                    radius: 2.5
-                    color: Theme.captureInk
-                }
-            }
+            IdleDot { }
+            IdleDot { }
+            IdleDot { }
         }
-        Repeater {
-            model: 5
+        Loader {
+            id: meter
 
-            Rectangle {
-                required property int index
-                readonly property real share: panel.control.bars[index] ?? 0
-
-                x: orb.width / 2 - 14 + 28 * (index + 1) / 6 - width / 2
-                anchors.verticalCenter: orb.verticalCenter
-                visible: panel.control.bars.length > 0
-                width: 2.3
-                height: 3 + 21 * share
-                radius: width / 2
-                color: Theme.captureInk
-            }
-        }
-        Repeater {
-            model: 3
-
-            Rectangle {
-                required property int index
-
-                x: orb.width / 2 - 14 + 28 * (index + 1) / 4 - width / 2
-                anchors.verticalCenter: orb.verticalCenter
-                visible: panel.control.dots.length > 0
-                opacity: panel.control.dots[index] ?? 0
-                width: 3.2
-                height: 3.2
-                radius: 1.6
-                color: Theme.captureInk
-            }
+            anchors.fill: parent
         }
         MouseArea {
             id: pointer
@@ -152,7 +127,7 @@ Window {
 
         x: panel.control.atLeft ? orb.width + 6 : orb.x - width - 6
         y: orb.y + (orb.height - height) / 2
-        width: phaseWords.implicitWidth + (elapsedWords.visible ? elapsedWords.implicitWidth + 8 : 0) + 24
+        width: phaseWords.implicitWidth + (elapsed.item ? elapsed.width + 8 : 0) + 24
         height: 30
         radius: 15
 
@@ -172,96 +147,24 @@ Window {
             Accessible.role: Accessible.StaticText
             Accessible.name: text
         }
-        Row {
-            id: elapsedWords
+        Loader {
+            id: elapsed
 
             anchors.left: phaseWords.right
             anchors.leftMargin: 8
             anchors.verticalCenter: parent.verticalCenter
-            visible: panel.control.elapsed.length > 0
-            Accessible.role: Accessible.StaticText
-            Accessible.name: panel.control.elapsed
-
-            // Each digit has the same width, so that nothing jumps from second to second.
-            Repeater {
-                model: panel.control.elapsed.length
-
-                PanelText {
-                    required property int index
-
-                    width: text === ":" ? implicitWidth : digit.advanceWidth
-                    text: panel.control.elapsed[index] ?? ""
-                    color: Theme.accent
-                    horizontalAlignment: Text.AlignHCenter
-                    Accessible.ignored: true
-                }
-            }
-            TextMetrics {
-                id: digit
-
-                font: phaseWords.font
-                text: "0"
-            }
         }
     }
 
-    // What is said in passing: the hint of the held key, else an error, else what has just
-    // happened, else what the button is for while the pointer rests on it.
-    Face {
+    Loader {
         id: above
 
-        readonly property string text: panel.control.fnHintVisible ? qsTranslate("Vesko", "Release Fn to finish")
-            : panel.status.errorMessage || panel.withTarget(panel.control.news || (rests.elapsed ? panel.control.help : ""))
-        property string shownText
+        readonly property real radius: Theme.radius
+        readonly property Item message: item as Item
 
-        onTextChanged: if (text) shownText = text
         x: panel.control.atLeft ? 0 : parent.width - width
         y: panel.besideButton(height)
-        width: Math.min(parent.width, said.implicitWidth + 28)
-        height: said.height + 20 + (open.visible ? open.height + 2 : 0)
-        radius: Theme.radius
-        visible: opacity > 0 && !menu.visible && !question.visible
-        opacity: text ? 1 : 0
-        color: panel.status.errorMessage && !panel.control.fnHintVisible ? Theme.alarmSurface : Theme.surface
-
-        Behavior on opacity {
-            NumberAnimation {
-                duration: above.text ? Theme.calm : Theme.reduceMotion ? 100 : 450
-                easing.type: above.text ? Easing.OutQuad : Easing.InQuad
-            }
-        }
-        PanelText {
-            id: said
-
-            x: 14
-            y: 10
-            width: Math.min(implicitWidth, 240 - 28)
-            text: above.shownText
-            color: panel.status.errorMessage && !panel.control.fnHintVisible ? Theme.alarm : Theme.text
-            wrapMode: Text.Wrap
-            Accessible.role: Accessible.StaticText
-            Accessible.name: panel.control.fnHintVisible
-                             ? qsTranslate("Vesko", "Release Fn to finish recording") : text
-        }
-        MouseArea {
-            anchors.fill: parent
-            enabled: above.visible
-            onClicked: {
-                panel.status.dismissError();
-                panel.control.dismissNews();
-            }
-        }
-        PanelRow {
-            id: open
-
-            x: 6
-            y: said.y + said.height + 4
-            width: parent.width - 12
-            visible: panel.control.offersNote && above.text === panel.control.news
-            text: qsTranslate("Vesko", "Open note")
-            Accessible.role: Accessible.Button
-            onChosen: panel.control.openNote()
-        }
+        visible: (message?.opacity ?? 0) > 0 && !menu.visible && !question.visible
     }
     Timer {
         id: rests
@@ -293,6 +196,12 @@ Window {
         visible: panel.menuOpen
     }
 
+    component IdleDot: Rectangle {
+        width: 5
+        height: 5
+        radius: 2.5
+        color: Theme.captureInk
+    }
     component Face: Rectangle {
         color: Theme.surface
         border.color: Theme.outline
