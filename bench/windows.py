@@ -14,7 +14,8 @@ import time
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "../tests/desktop"))
 
-from desktop import BARE, NOTES, Started, memory, report  # noqa: E402
+from budget import report  # noqa: E402
+from desktop import BARE, NOTES, Started, memory  # noqa: E402
 from lib import eyes, hands, library, settings  # noqa: E402
 from lib.vesko import BINARY, Vesko  # noqa: E402
 from lib.waiting import until  # noqa: E402

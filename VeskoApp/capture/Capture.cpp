@@ -78,15 +78,16 @@ void Capture::setProcessing(Processing step)
     assign(*this, m_processing, step, &Capture::phaseTitleChanged);
 }
 
-void Capture::setTarget(const QString& target)
+void Capture::setTarget(const QString& target, bool isField)
 {
+    m_willPaste = isField;
     assign(*this, m_target, target, &Capture::targetChanged);
 }
 
 void Capture::setPhase(Phase phase)
 {
     if (phase == Phase::idle)
-        setTarget({});
+        setTarget({}, false);
     if (phase != Phase::processing)
         m_processing = Processing::transcribing;
     assign(*this, m_phase, phase, &Capture::phaseChanged);
@@ -125,7 +126,7 @@ void Capture::recordNote(bool append)
 Destination Capture::captureField()
 {
     const Destination destination;
-    setTarget({}); // that of a press which came to nothing
+    setTarget({}, false); // that of a press which came to nothing
     m_tasks.spawn(readField(destination));
     return destination;
 }
@@ -135,9 +136,8 @@ Task<> Capture::readField(Destination destination)
     const Date at = m_to.clock.now();
     const FieldReading reading = co_await m_to.focusedField.read(std::nullopt);
     auto field = FocusDestination::from(reading, at);
-    setTarget(field && m_to.preferences.pasteEnabled.get()
-            ? into(reading)
-            : translated(L10N_KEY("Vesko", "To the clipboard")));
+    const bool pastes = field && m_to.preferences.pasteEnabled.get();
+    setTarget(pastes ? into(reading) : translated(L10N_KEY("Vesko", "To the clipboard")), pastes);
     if (field)
         destination.set(std::move(*field));
     else

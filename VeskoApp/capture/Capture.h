@@ -94,6 +94,7 @@ public:
     bool isRecording() const { return m_phase == Phase::recording; }
     bool isBusy() const { return m_phase == Phase::preparing || m_phase == Phase::processing; }
     const QString& target() const { return m_target; }
+    bool willPaste() const { return m_willPaste; } // the target is a field
     double elapsed() const { return m_elapsed; } // seconds
     double level() const { return m_level; } // 0 to 1, smoothed
     bool pushToTalk() const { return m_pushToTalk; }
@@ -125,7 +126,7 @@ private:
     };
 
     void setPhase(Phase phase);
-    void setTarget(const QString& target);
+    void setTarget(const QString& target, bool isField);
     Destination captureField();
     Task<> readField(Destination destination);
     Task<> start(std::optional<Uuid> noteID, bool dictation, std::optional<Destination> destination,
@@ -156,6 +157,7 @@ private:
     Phase m_phase = Phase::idle;
     Processing m_processing = Processing::transcribing;
     QString m_target;
+    bool m_willPaste = false;
     double m_elapsed = 0;
     double m_level = 0;
     bool m_pushToTalk = false;

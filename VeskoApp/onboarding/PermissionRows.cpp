@@ -112,11 +112,13 @@ QVariantList PermissionRows::rows() const
     for (const auto row : { microphone, speechRecognition, accessibility, inputMonitoring }) {
         const bool is = allowed(row);
         const QString missing = row == inputMonitoring ? keysAdvice(m_platform.offer) : QString();
+        const QString more = row == accessibility ? pasteAdvice(m_platform.offer) : QString();
         const bool asks = row != speechRecognition; // there, nobody is asked
         all << QVariantMap{
             { QStringLiteral("name"), translated(rowWords.at(row).name) },
             { QStringLiteral("line"),
-                missing.isEmpty() ? translated(rowWords.at(row).line) : missing },
+                missing.isEmpty() ? (translated(rowWords.at(row).line) + u' ' + more).trimmed()
+                                  : missing },
             { QStringLiteral("allowed"), is },
             { QStringLiteral("status"),
                 is                      ? translated(L10N_KEY("Vesko", "Allowed"))

@@ -15,6 +15,12 @@ class PasteKeystroke {
 public:
     virtual ~PasteKeystroke() = default;
 
+    // A text for another program's field is coming: what takes its time to get ready, or asks the
+    // user, begins now. Until release(), or the next send().
+    virtual void prepare() { }
+    // It comes no more.
+    virtual void release() { }
+
     // Comes when the user holds no key that would change the meaning of the shortcut or keep the
     // field from having the focus, or has had a moment to let go. A user who held one may be about
     // to change the focus by letting go: then it comes after 150 ms in which nothing was held. The

@@ -89,6 +89,14 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
     m_capture.onCaptured = [this](CapturedRecording captured) { m_run.start(std::move(captured)); };
     m_capture.hear
         = [this](const CaptureSettings& settings) { return m_onDevice.listen(settings); };
+    const auto getReadyToPaste = [this] {
+        if (m_capture.isRecording() && m_capture.willPaste())
+            m_platform.pasteKeystroke.prepare();
+        else if (m_capture.phase() == Phase::idle)
+            m_platform.pasteKeystroke.release();
+    };
+    QObject::connect(&m_capture, &Capture::phaseChanged, &m_capture, getReadyToPaste);
+    QObject::connect(&m_capture, &Capture::targetChanged, &m_capture, getReadyToPaste);
     m_delivery.onCorrections = [this](std::vector<DictionarySuggestion> corrections, bool sent) {
         m_terms.corrected(std::move(corrections), sent);
     };

@@ -55,6 +55,12 @@ QString learningAdvice(const SessionOffer& session)
 
 QString pasteAdvice(const SessionOffer& session)
 {
+    if (session.pastes && session.asksToPaste)
+        return sentence(L10N_KEY("Vesko",
+                            "%1 asks once whether Vesko may control the keyboard, at the first "
+                            "dictation into another program. Vesko presses the keys that paste, "
+                            "and no others."),
+            session);
     if (session.pastes)
         return {};
     return sentence(L10N_KEY("Vesko",

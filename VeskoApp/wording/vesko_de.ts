@@ -1218,6 +1218,10 @@
         <translation>%1 zeigt keinem Programm die Tasten, die in einem anderen gedrückt werden.</translation>
     </message>
     <message>
+        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
+        <translation>%1 fragt einmal, ob Vesko die Tastatur steuern darf, beim ersten Diktat in ein anderes Programm. Vesko drückt nur die Tasten zum Einfügen.</translation>
+    </message>
+    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>Unter %1 kann Vesko nicht in andere Programme einfügen. Der Text wird kopiert, und Sie fügen ihn selbst ein.</translation>
     </message>

@@ -1218,6 +1218,10 @@
         <translation>%1 no muestra a ningún programa las teclas que se pulsan en otro.</translation>
     </message>
     <message>
+        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
+        <translation>%1 pregunta una vez si Vesko puede controlar el teclado, con el primer dictado en otro programa. Vesko solo pulsa las teclas para pegar.</translation>
+    </message>
+    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>En %1 Vesko no puede pegar en otros programas. El texto se copia y usted lo pega.</translation>
     </message>

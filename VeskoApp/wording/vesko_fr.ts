@@ -1218,6 +1218,10 @@
         <translation>%1 ne montre à aucun programme les touches pressées dans un autre.</translation>
     </message>
     <message>
+        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
+        <translation>%1 demande une fois si Vesko peut contrôler le clavier, à la première dictée dans un autre programme. Vesko n’appuie que sur les touches qui collent.</translation>
+    </message>
+    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>Sous %1, Vesko ne peut pas coller dans d’autres programmes. Le texte est copié et vous le collez vous-même.</translation>
     </message>

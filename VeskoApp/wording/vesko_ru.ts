@@ -1224,6 +1224,10 @@
         <translation>%1 не показывает программам клавиши, нажатые в других программах.</translation>
     </message>
     <message>
+        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
+        <translation>%1 один раз спросит, можно ли Vesko управлять клавиатурой, — при первой диктовке в другую программу. Vesko нажимает только клавиши вставки.</translation>
+    </message>
+    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>Здесь, где рабочий стол — %1, Vesko не может вставлять текст в другие программы. Текст копируется, и вы вставляете его сами.</translation>
     </message>

@@ -74,7 +74,7 @@ bool PortalPasteKeystroke::offered()
 
 PortalPasteKeystroke::PortalPasteKeystroke(WaylandConnection& connection, const SessionState& state,
     EventClock& clock, SettingsStore& settings, FocusedField& fields, ShortcutHeld shortcutHeld)
-    : m_state(state)
+    : m_desktop(state)
     , m_clock(clock)
     , m_settings(settings)
     , m_fields(fields)
@@ -109,7 +109,7 @@ void PortalPasteKeystroke::look()
 
 std::optional<std::string> PortalPasteKeystroke::keyboardTaken() const
 {
-    return m_state.locked() ? Obstacle("session_locked") : std::nullopt;
+    return m_desktop.locked() ? Obstacle("session_locked") : std::nullopt;
 }
 
 Eventual<std::optional<std::string>> PortalPasteKeystroke::send(const FieldElement& element)
@@ -127,24 +127,55 @@ Eventual<std::optional<std::string>> PortalPasteKeystroke::send(const FieldEleme
     return answer;
 }
 
+void PortalPasteKeystroke::prepare()
+{
+    m_wanted = true;
+    if (m_state == State::none)
+        m_tasks.spawn(open());
+}
+
+void PortalPasteKeystroke::release()
+{
+    m_wanted = false;
+    if (!m_busy && m_state != State::opening)
+        close();
+}
+
 Task<> PortalPasteKeystroke::run(std::vector<KeyStep> steps, Eventual<Obstacle> answer)
 {
-    const FieldReading meant = co_await m_fields.read(std::nullopt);
-    const double asked = m_clock.uptime();
-    const bool opened = co_await open() && m_clock.uptime() - asked < unasked;
-    const FieldReading now = co_await m_fields.read(std::nullopt);
-    // Opening takes its time; the session may be locked by now, or another field have the focus.
-    Obstacle obstacle = keyboardTaken();
-    if (!obstacle && opened && !isSameField(meant, now))
-        obstacle = "app_changed";
-    if (!obstacle && !(opened && co_await type(std::move(steps))))
+    prepare();
+    bool good = m_state == State::open;
+    Obstacle obstacle;
+    if (m_state == State::opening) {
+        const FieldReading meant = co_await m_fields.read(std::nullopt);
+        const double asked = m_clock.uptime();
+        co_await m_openingEnds;
+        good = m_state == State::open && m_clock.uptime() - asked < unasked;
+        // That has taken its time; the session may be locked by now, or another field have the
+        // focus.
+        const FieldReading now = co_await m_fields.read(std::nullopt);
+        obstacle = keyboardTaken();
+        if (!obstacle && good && !isSameField(meant, now))
+            obstacle = "app_changed";
+    }
+    if (!obstacle && !(good && co_await type(std::move(steps))))
         obstacle = "event_failed";
     close();
     m_busy = false;
     answer.set(obstacle);
 }
 
-Task<bool> PortalPasteKeystroke::open()
+Task<> PortalPasteKeystroke::open()
+{
+    m_state = State::opening;
+    m_openingEnds = {};
+    m_state = co_await opened() ? State::open : State::failed;
+    if (!m_wanted && !m_busy)
+        close();
+    m_openingEnds.set({});
+}
+
+Task<bool> PortalPasteKeystroke::opened()
 {
     const auto created = co_await m_requests.ask(remoteDesktop, QStringLiteral("CreateSession"), {},
         { { QStringLiteral("session_handle_token"), QStringLiteral("vesko") } }, patience);
@@ -196,6 +227,7 @@ Task<bool> PortalPasteKeystroke::type(std::vector<KeyStep> steps)
 
 void PortalPasteKeystroke::close()
 {
+    m_state = State::none;
     if (!m_session)
         return;
     auto call = QDBusMessage::createMethodCall(portal, m_session->path(),

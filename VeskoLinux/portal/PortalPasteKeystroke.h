@@ -12,6 +12,7 @@
 
 #include <QDBusObjectPath>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -19,8 +20,8 @@
 
 namespace vesko {
 
-// Pastes through a session of the desktop's portal for remote control, which is open for no longer
-// than the paste takes. The desktop may ask the user whether that is all right; what it lets a
+// Pastes through a session of the desktop's portal for remote control, which is open from the
+// dictation to its paste. The desktop may ask the user whether that is all right; what it lets a
 // program remember of the answer is kept in the settings, so that it asks once. The desktop tells
 // nobody which window has the keyboard, nor what holds it. Main thread.
 class PortalPasteKeystroke final : public PasteKeystroke {
@@ -38,27 +39,31 @@ public:
         EventClock& clock, SettingsStore& settings, FocusedField& fields,
         ShortcutHeld shortcutHeld);
 
+    void prepare() override;
+    // A question that the user hasn't answered yet stays, for what is remembered of the answer.
+    void release() override;
     // Of the user's keys the desktop tells those of the program's own shortcut alone, and only that
     // one of them is up: the others have a moment to follow it. Keys that are held mix with those
     // that are sent.
     Eventual<std::monostate> keysReleased() override;
     // Of a grabbed keyboard nothing is known.
     std::optional<std::string> keyboardTaken() const override;
-    // "keys_held" of that shortcut alone. Opening takes up to a second, after which the field is
-    // looked at again: "app_changed" if another has the focus by then. "event_failed" too if the
-    // user was asked.
+    // "keys_held" of that shortcut alone. Where nothing was prepared, opening takes up to a second,
+    // after which the field is looked at again: "app_changed" if another has the focus by then.
+    // "event_failed" too if the user was asked meanwhile, or the desktop has ended what was open.
     Eventual<std::optional<std::string>> send(const FieldElement& element) override;
 
 private:
     using Obstacle = std::optional<std::string>;
 
     Task<> run(std::vector<KeyStep> steps, Eventual<Obstacle> answer);
-    Task<bool> open();
+    Task<> open();
+    Task<bool> opened();
     Task<bool> type(std::vector<KeyStep> steps);
     void close();
     void look();
 
-    const SessionState& m_state;
+    const SessionState& m_desktop;
     EventClock& m_clock;
     SettingsStore& m_settings;
     FocusedField& m_fields;
@@ -67,6 +72,11 @@ private:
     std::optional<PasteKeys> m_keys;
     UsersKeymap m_usersKeymap;
     std::optional<QDBusObjectPath> m_session;
+    // Of the session: it is being opened, is open and good for the keyboard, or couldn't be opened.
+    enum class State : std::uint8_t { none, opening, open, failed };
+    State m_state = State::none;
+    Eventual<std::monostate> m_openingEnds;
+    bool m_wanted = false; // still, by the time it is open
     bool m_busy = false;
     Timer m_pause;
     Timer m_look;

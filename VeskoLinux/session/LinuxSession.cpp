@@ -143,8 +143,9 @@ public:
         }
         offer.allKeys = false;
         offer.floats = QGuiApplication::platformName() == QLatin1String("xcb");
-        offer.pastes
-            = VirtualKeyboardPaste::offered(*m_connection) || PortalPasteKeystroke::offered();
+        offer.asksToPaste
+            = !VirtualKeyboardPaste::offered(*m_connection) && PortalPasteKeystroke::offered();
+        offer.pastes = VirtualKeyboardPaste::offered(*m_connection) || offer.asksToPaste;
     }
 
 private:

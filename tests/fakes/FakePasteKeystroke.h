@@ -15,8 +15,11 @@ public:
     std::optional<std::string> taken; // why the keyboard is another's
     Gate keys; // closed: the user holds a key
     int sent = 0;
+    bool prepared = false; // and neither used nor released since
     std::function<void()> onSent = [] { };
 
+    void prepare() override { prepared = true; }
+    void release() override { prepared = false; }
     Eventual<std::monostate> keysReleased() override { return keys.pass(); }
     std::optional<std::string> keyboardTaken() const override { return taken; }
     Eventual<std::optional<std::string>> send(const FieldElement&) override

@@ -39,6 +39,31 @@ TEST_F(TextDeliveryTest, ADictationIsCopiedAndPastedIntoItsField)
         testing::ElementsAre(std::nullopt, FakeFocusedField::editor, FakeFocusedField::editor));
 }
 
+TEST_F(TextDeliveryTest, TheKeystrokeIsMadeReadyWhileTheUserSpeaks)
+{
+    const struct {
+        const char* name;
+        bool paste, field, ready;
+    } cases[] = {
+        { "into a field", true, true, true },
+        { "with paste turned off", false, true, false },
+        { "without a field", true, false, false },
+    };
+    open();
+    for (const auto& [name, paste, field, ready] : cases) {
+        SCOPED_TRACE(name);
+        model->preferences().pasteEnabled.set(paste);
+        const auto element = machine.focusedField.reading.element;
+        if (!field)
+            machine.focusedField.reading.element = nullptr;
+        dictate();
+        EXPECT_EQ(machine.pasteKeystroke.prepared, ready);
+        finish();
+        EXPECT_FALSE(machine.pasteKeystroke.prepared);
+        machine.focusedField.reading.element = element;
+    }
+}
+
 const ClipboardContent picture{ { "image/png", "\x89PNG" }, { "text/html", "<img>" } };
 
 TEST_F(TextDeliveryTest, WhatWasCopiedBeforeComesBackIfThatIsWanted)

@@ -54,6 +54,17 @@ TEST_F(PermissionRowsTest, sayWhatEachIsFor)
     EXPECT_THAT(column("button"), ElementsAre("Review", "Review", "Review", "Review"));
 }
 
+TEST_F(PermissionRowsTest, aDesktopThatWillAskAboutThePasteIsExplainedBefore)
+{
+    machine.all.offer.desktop = "KDE Plasma";
+    machine.all.offer.asksToPaste = true;
+    make();
+    EXPECT_THAT(column("line")[2],
+        testing::EndsWith(
+            "stays on. KDE Plasma asks once whether Vesko may control the keyboard, at the first "
+            "dictation into another program. Vesko presses the keys that paste, and no others."));
+}
+
 TEST_F(PermissionRowsTest, eachIsReadByItself)
 {
     const struct {

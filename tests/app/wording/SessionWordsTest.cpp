@@ -35,6 +35,9 @@ TEST(SessionWords, nameTheDesktop)
         EXPECT_TRUE(advice.startsWith(QStringLiteral("sway "))) << advice.toStdString();
     EXPECT_TRUE(pasteAdvice(little).startsWith(QStringLiteral("On sway Vesko can't paste")));
 
+    little.pastes = little.asksToPaste = true;
+    EXPECT_TRUE(pasteAdvice(little).startsWith(QStringLiteral("sway asks once whether")));
+
     little.desktop.clear();
     EXPECT_TRUE(keysAdvice(little).startsWith(QStringLiteral("This desktop shows no program")));
 }

@@ -123,6 +123,15 @@ protected:
         return answer.value_or("no answer");
     }
 
+    // Returns when the session is open.
+    void prepare()
+    {
+        const auto before = m_settings.get<std::string>("remoteDesktopToken");
+        m_paste.prepare();
+        EXPECT_TRUE(
+            until([&] { return m_settings.get<std::string>("remoteDesktopToken") != before; }));
+    }
+
     double secondsToRelease()
     {
         const double begin = m_clock.uptime();
@@ -169,6 +178,49 @@ TEST_F(PortalPasteKeystrokeTest, remindsTheDesktopOfTheUsersAnswer)
     const auto token = QStringLiteral("token %1").arg(m_portal.opened);
     EXPECT_TRUE(paste());
     EXPECT_EQ(m_portal.shownToken.toStdString(), token.toStdString());
+}
+
+TEST_F(PortalPasteKeystrokeTest, opensTheSessionWhileTheUserSpeaks)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    const int opened = m_portal.opened;
+    prepare();
+    m_paste.prepare();
+    m_fields.reads.clear();
+    EXPECT_TRUE(paste());
+    EXPECT_EQ(m_portal.opened, opened + 1);
+    EXPECT_THAT(m_fields.reads, IsEmpty()); // no time has passed in which the focus could go
+    EXPECT_EQ(m_portal.keys.size(), 4U);
+    EXPECT_TRUE(until([this] { return m_portal.closed == m_portal.opened; }));
+}
+
+TEST_F(PortalPasteKeystrokeTest, closesTheSessionWhenNoTextComes)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    m_paste.prepare();
+    const int opened = m_portal.opened;
+    m_paste.release(); // while it is being opened
+    EXPECT_TRUE(until([&] { return m_portal.opened > opened && m_portal.closed > opened; }));
+
+    prepare();
+    m_paste.release();
+    EXPECT_TRUE(until([this] { return m_portal.closed == m_portal.opened; }));
+    EXPECT_THAT(m_portal.keys, IsEmpty());
+    EXPECT_TRUE(paste());
+}
+
+TEST_F(PortalPasteKeystrokeTest, sendsNothingOnceTheDesktopHasEndedTheSession)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    prepare();
+    m_portal.failsAt = QStringLiteral("NotifyKeyboardKeycode");
+    EXPECT_EQ(obstacle(), "event_failed");
+    EXPECT_THAT(m_portal.keys, IsEmpty());
+    m_portal.failsAt.clear();
+    EXPECT_TRUE(paste());
 }
 
 TEST_F(PortalPasteKeystrokeTest, typesNothingIfAnythingIsNotAsItShouldBe)
