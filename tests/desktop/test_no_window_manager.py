@@ -30,19 +30,41 @@ class NoWindowManager(unittest.TestCase):
         self.vesko = Vesko()
         self.addCleanup(self.vesko.kill)
 
-    def test_a_dictation_lands_in_the_window_with_the_focus(self):
-        letter = os.path.join(tempfile.mkdtemp(), "Letter.txt")
-        with open(letter, "w"):
+    def open(self, name):
+        """An editor with an empty file of that name, and the editor's window."""
+        path = os.path.join(tempfile.mkdtemp(), name)
+        with open(path, "w"):
             pass
-        editor = subprocess.Popen(["mousepad", "--disable-server", letter])
+        editor = subprocess.Popen(["mousepad", "--disable-server", path])
         self.addCleanup(editor.kill)
-        window = until("the editor's window", lambda: windows("--name", "Letter.txt"))[0]
+        return editor, until(f"the window of {name}", lambda: windows("--name", name))[0]
+
+    def lands_in(self, editor, window):
         subprocess.run(["xdotool", "windowfocus", window], check=True)
         field = until("its field has the focus", lambda: (app := eyes.application(editor.pid))
                       and (field := app.find("text")) and "focused" in field.states and field)
         self.vesko.dictate(lambda: voice.say(voice.BROTHER))
         self.vesko.wait_for_text(SENT)
         until("the words are in it", lambda: voice.is_understood(voice.BROTHER, field.text.strip()))
+
+    def test_a_dictation_lands_in_the_window_with_the_focus(self):
+        self.lands_in(*self.open("Letter.txt"))
+
+    def test_what_a_window_manager_left_behind_that_crashed_is_not_believed(self):
+        manager = subprocess.Popen(["openbox", "--sm-disable"])
+        self.addCleanup(manager.kill)
+        until("it manages the windows",
+              lambda: "window id" in subprocess.run(
+                  ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], stdout=subprocess.PIPE, text=True,
+                  check=True).stdout)
+        first = self.open("First.txt")
+        eyes.raise_window(first[0].pid)
+        second = self.open("Second.txt")
+        eyes.raise_window(second[0].pid)
+        manager.kill()
+        manager.wait()
+        self.assertEqual(eyes.active_pid(), second[0].pid, "as it was told last")
+        self.lands_in(*first)
 
     def test_without_a_focus_it_is_said_that_no_window_was_known(self):
         subprocess.run(["xdotool", "mousemove", "640", "20"], check=True)
