@@ -1033,6 +1033,10 @@
         <translation>Original gesichert. Transkription läuft…</translation>
     </message>
     <message>
+        <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
+        <translation>Original gesichert. Vesko wartet auf den Schlüssel aus Ihrem Passwortspeicher (Schlüsselbund), der vielleicht entsperrt werden will.</translation>
+    </message>
+    <message>
         <source>The model catalog could not be loaded. Your current choices were kept.</source>
         <translation>Die Liste der Modelle ließ sich nicht laden. Ihre jetzige Wahl blieb erhalten.</translation>
     </message>

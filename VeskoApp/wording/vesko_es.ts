@@ -1033,6 +1033,10 @@
         <translation>Original guardado. Transcribiendo…</translation>
     </message>
     <message>
+        <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
+        <translation>Original guardado. Esperando la clave de su almacén de contraseñas (llavero), que quizá le pida desbloquearlo.</translation>
+    </message>
+    <message>
         <source>The model catalog could not be loaded. Your current choices were kept.</source>
         <translation>No se pudo cargar el catálogo de modelos. Se han conservado sus elecciones.</translation>
     </message>

@@ -1033,6 +1033,10 @@
         <translation>Original enregistré. Transcription…</translation>
     </message>
     <message>
+        <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
+        <translation>Original enregistré. En attente de la clé de votre magasin de mots de passe (trousseau), qui vous demande peut-être de le déverrouiller.</translation>
+    </message>
+    <message>
         <source>The model catalog could not be loaded. Your current choices were kept.</source>
         <translation>Le catalogue des modèles n’a pas pu être chargé. Vos choix actuels sont conservés.</translation>
     </message>

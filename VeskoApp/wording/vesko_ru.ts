@@ -1036,6 +1036,10 @@
         <translation>Оригинал сохранён. Идёт расшифровка…</translation>
     </message>
     <message>
+        <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
+        <translation>Оригинал сохранён. Ожидается ключ из хранилища паролей (связки ключей): возможно, оно просит разблокировать его.</translation>
+    </message>
+    <message>
         <source>The model catalog could not be loaded. Your current choices were kept.</source>
         <translation>Не удалось загрузить каталог моделей. Ваш выбор сохранён.</translation>
     </message>
