@@ -205,6 +205,9 @@ int runApplication(
     // Quiet windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const bool chosen = LinuxSession::chooseWindowSystem();
+    // Else Qt asks whether accessibility is on, and waits for an answer that may never come; a bus
+    // that comes later would not get our windows.
+    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     QGuiApplication application(argc, argv);
     if (chosen)
         qunsetenv("QT_QPA_PLATFORM");

@@ -11,7 +11,8 @@ import unittest
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, hands, library  # noqa: E402
-from lib.programs import ChatPage, ChatWindow, RichChatPage, RichFirefoxPage  # noqa: E402
+from lib.programs import (ChatPage, ChatWindow, RichChatPage, RichFirefoxPage,  # noqa: E402
+                          Thunderbird)
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import Vesko, deployed, install_key  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
@@ -86,14 +87,20 @@ class Learning(unittest.TestCase):
         self.learns(RichFirefoxPage())
 
     def test_what_was_corrected_and_not_sent_is_offered_in_the_dictionary(self):
+        self.offers(ChatPage, "other")
+
+    def test_what_was_corrected_in_a_letter_is_offered_in_the_dictionary(self):
+        self.offers(Thunderbird, "Subject")
+
+    def offers(self, make_program, next_field):
         self.vesko.kill()
         self.vesko = Vesko(self.binary, VESKO_DEMO_SCENE="dictionary")
         self.addCleanup(self.vesko.kill)
         self.vesko.wait_to_find("list", "Dictionary")
-        with ChatPage() as page:
-            self.dictate(page)
-            self.correct(page)
-            page.focus("entry", "other")
+        with make_program() as program:
+            self.dictate(program)
+            self.correct(program)
+            program.focus("entry", next_field)
             self.vesko.wait_to_find("push button", "Save last corrections")
             self.assertEqual(self.dictionary(), [])
             self.vesko.press("push button", "Save last corrections")

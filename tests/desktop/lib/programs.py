@@ -322,6 +322,51 @@ class RichFirefoxPage(RichChat, Firefox):
         super().__init__(page=RICH_CHAT, role="section", field="message")
 
 
+THUNDERBIRD_SETTINGS = """user_pref("mail.accountmanager.accounts", "account1");
+user_pref("mail.accountmanager.defaultaccount", "account1");
+user_pref("mail.account.account1.server", "server1");
+user_pref("mail.account.account1.identities", "id1");
+user_pref("mail.server.server1.type", "none");
+user_pref("mail.server.server1.hostname", "Local Folders");
+user_pref("mail.server.server1.name", "Local Folders");
+user_pref("mail.server.server1.userName", "nobody");
+user_pref("mail.identity.id1.fullName", "Somebody");
+user_pref("mail.identity.id1.useremail", "somebody@example.org");
+user_pref("mail.identity.id1.smtpServer", "smtp1");
+user_pref("mail.identity.id1.valid", true);
+user_pref("mail.smtpservers", "smtp1");
+user_pref("mail.smtpserver.smtp1.hostname", "localhost");
+user_pref("mail.provider.enabled", false);
+user_pref("mail.spotlight.firstRunDone", true);
+user_pref("mail.shell.checkDefaultClient", false);
+user_pref("mailnews.start_page.enabled", false);
+user_pref("datareporting.policy.dataSubmissionEnabled", false);
+user_pref("app.update.auto", false);
+user_pref("app.donation.eoy.version.viewed", 999);
+"""
+
+
+class Thunderbird(RichChat, Program):
+    """A letter that is being written, which is made of paragraphs."""
+
+    def __init__(self):
+        profile = tempfile.mkdtemp()
+        with open(os.path.join(profile, "user.js"), "w") as file:
+            file.write(THUNDERBIRD_SETTINGS)
+        super().__init__(["thunderbird", "--no-remote", "--profile", profile])
+        # It listens to its keys a while after it shows its window.
+        until("its window is ready", lambda: self.app.find("entry", "Search"))
+        until("the letter is open", self._written_to, deadline=30, every=1)
+        self.focus("document web", "Message body")
+
+    def _written_to(self):
+        window = eyes.active_window()
+        if window and "Write:" in eyes.title(window):
+            return True
+        hands.tap("left control", "n")
+        return False
+
+
 class ChatWindow(Program):
     def __init__(self):
         super().__init__(["/usr/bin/python3", os.path.join(SERVICES, "chat.py")])
