@@ -13,7 +13,7 @@ from lib.dictation import (HIDDEN, MOVED, NO_ELEMENTS, NO_FIELD, WORDS, Cells,  
                            Dictations)
 from lib.programs import (Chromium, Firefox, GnomeTextEditor, Gtk4Window,  # noqa: E402
                           Kate, Konsole, Qt5Window, SandboxedMousepad,
-                          Thunderbird, Writer, tk_window, xterm)
+                          Writer, tk_window, xterm)
 from lib.waiting import human_pause, until  # noqa: E402
 
 
@@ -124,10 +124,6 @@ class ChromiumLine(Cells, Dictations):
     @staticmethod
     def make_program():
         return Chromium("line")
-
-
-class Letter(Cells, Dictations):
-    make_program = Thunderbird
 
 
 class OtherTerminal(Cells, Dictations):

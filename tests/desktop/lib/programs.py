@@ -322,6 +322,53 @@ class RichFirefoxPage(RichChat, Firefox):
         super().__init__(page=RICH_CHAT, role="section", field="message")
 
 
+SHADOW = """<!doctype html><meta charset="utf-8"><title>Shadow</title><shadow-field></shadow-field>
+<script>
+customElements.define("shadow-field", class extends HTMLElement {
+    connectedCallback() {
+        this.attachShadow({ mode: "open" }).innerHTML = '<input aria-label="shadow">';
+    }
+});
+</script>
+"""
+
+# The field takes each text out at once, and draws it elsewhere.
+DRAWN = """<!doctype html><meta charset="utf-8"><title>Drawn</title>
+<textarea aria-label="source" rows="1"></textarea><p></p>
+<script>
+const source = document.querySelector("textarea"), drawn = document.querySelector("p");
+source.addEventListener("input", () => { drawn.textContent += source.value; source.value = ""; });
+</script>
+"""
+
+
+class ShadowFirefox(Firefox):
+    def __init__(self):
+        super().__init__("shadow", page=SHADOW)
+
+
+class ChromiumPage(Program):
+    def __init__(self, page, field):
+        super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
+                                     "--app=file://" + _file("page.html", page)])
+        self.focus("entry", field)
+
+
+class ShadowChromium(ChromiumPage):
+    def __init__(self):
+        super().__init__(SHADOW, "shadow")
+
+
+class DrawingPage(ChromiumPage):
+    def __init__(self):
+        super().__init__(DRAWN, "source")
+
+    @property
+    def text(self):
+        paragraph = self.app.find("paragraph")
+        return paragraph.text if paragraph else ""
+
+
 THUNDERBIRD_SETTINGS = """user_pref("mail.accountmanager.accounts", "account1");
 user_pref("mail.accountmanager.defaultaccount", "account1");
 user_pref("mail.account.account1.server", "server1");
@@ -413,6 +460,11 @@ class Unseen:
     def __exit__(self, *_):
         self.process.kill()
         self.process.wait()
+
+
+def chromium_as_shipped():
+    return Unseen(*(option for option in CHROMIUM if option != "--force-renderer-accessibility"),
+                  "--user-data-dir=" + tempfile.mkdtemp(), "--app=file://" + _file("f.html", PAGE))
 
 
 def tk_window():
