@@ -161,10 +161,10 @@ int transcribe(int argc, char** argv, const Arguments& read)
 
 // What it says, or throws, also goes to whom it is promised.
 bool claim(DBusRunningInstance& runningInstance, const std::vector<std::string>& addresses,
-    bool quiet, std::promise<bool>& claimed)
+    bool quiet, const std::filesystem::path& lock, std::promise<bool>& claimed)
 {
     try {
-        const bool isTheOne = runningInstance.claim(addresses, quiet);
+        const bool isTheOne = runningInstance.claim(addresses, quiet, lock);
         claimed.set_value(isTheOne);
         return isTheOne;
     } catch (...) {
@@ -197,22 +197,28 @@ int runApplication(
     std::promise<bool> claimed;
     const auto root = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder());
     auto library = std::async(std::launch::async, [&] {
-        const bool isTheOne = claim(runningInstance, addresses, background, claimed);
+        const bool isTheOne
+            = claim(runningInstance, addresses, background, root / ".lock", claimed);
         return isTheOne ? std::make_unique<LibraryStore>(root, clock) : nullptr;
     });
 
     // Quiet windows don't need a graphics driver, which costs more memory than all the rest.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const bool chosen = LinuxSession::chooseWindowSystem();
+    // Else Qt asks whether accessibility is on, and waits for an answer that may never come; a bus
+    // that comes later would not get our windows.
+    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     QGuiApplication application(argc, argv);
     if (chosen)
         qunsetenv("QT_QPA_PLATFORM");
-    if (!claimed.get_future().get()) {
-        if (const auto& display = runningInstance.elsewhere(); !display.empty())
-            std::cerr << "vesko: Vesko is running already, on the display " << display
-                      << ", and shows its window there.\n";
+    const bool isTheOne = claimed.get_future().get();
+    if (const auto& display = runningInstance.elsewhere(); !display.empty())
+        std::cerr << "vesko: Vesko is running already, on the display " << display
+                  << (isTheOne ? ", and can't be told to show its window there.\n"
+                             : background && addresses.empty() ? ".\n"
+                                                               : ", and shows its window there.\n");
+    if (!isTheOne)
         return 0;
-    }
     QGuiApplication::setApplicationName(QStringLiteral("vesko"));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.vesko.Vesko"));
     QGuiApplication::setQuitOnLastWindowClosed(false);

@@ -60,7 +60,8 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
     , m_playback(platform.player, platform.clock, m_library, m_capture, m_status)
     , m_transform(client, m_keys, m_library)
     , m_language(platform.textLanguage, platform.preferredLanguages, m_preferences, m_status)
-    , m_run({ .capture = m_capture,
+    , m_run({ .clock = platform.clock,
+                .capture = m_capture,
                 .engines = m_engines,
                 .onDevice = m_onDevice,
                 .gate = platform.speechGate,

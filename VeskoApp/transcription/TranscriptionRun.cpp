@@ -12,6 +12,16 @@
 
 namespace vesko {
 
+namespace {
+
+constexpr const char* transcribing = L10N_KEY("Vesko", "Original saved. Transcribing…");
+constexpr const char* waitsForKey = L10N_KEY("Vesko",
+    "Original saved. Waiting for the key from your password store (keyring), which may be asking "
+    "you to unlock it.");
+constexpr double keysTake = 1; // seconds at most, where nobody is asked for a password
+
+} // namespace
+
 TranscriptionRun::TranscriptionRun(const Neighbours& neighbours, OpenRouterClient client)
     : m_to(neighbours)
     , m_client(std::move(client))
@@ -29,7 +39,7 @@ bool TranscriptionRun::retry(const Recording& recording, bool copyWhenDone)
     if (!m_to.capture.beginProcessing())
         return false;
     m_to.status.setErrorMessage({});
-    m_to.status.setMessage(L10N_KEY("Vesko", "Original saved. Transcribing…"));
+    m_to.status.setMessage(transcribing);
     CapturedRecording again;
     again.recording = recording;
     again.settings = CaptureSettings::from(m_to.preferences, m_to.library.contents());
@@ -147,7 +157,7 @@ Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
     }
     if (!co_await service->spoken)
         throw VeskoError(VeskoError::noSpeech);
-    const KeyOutcome loaded = co_await service->key;
+    const KeyOutcome loaded = co_await awaited(service->key);
     if (loaded.failure)
         std::rethrow_exception(loaded.failure);
     if (!loaded.key || loaded.key->empty())
@@ -157,6 +167,17 @@ Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
         return client.transcribe(audioBytes(audio), "m4a", settings.model, settings.language, key,
             settings.cloudAllowed, stop);
     });
+}
+
+// The user hears what keeps a text back: the question for the password may lie behind a window.
+Task<KeyOutcome> TranscriptionRun::awaited(ServiceKey key)
+{
+    Timer patience(m_to.clock);
+    patience.start(keysTake, [this] { m_to.status.setMessage(waitsForKey); });
+    KeyOutcome outcome = co_await key;
+    if (!patience.pending())
+        m_to.status.setMessage(transcribing);
+    co_return outcome;
 }
 
 Task<> TranscriptionRun::failed(

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskoApp/async/EventClock.h"
 #include "VeskoApp/capture/Capture.h"
 #include "VeskoApp/platform/SpeechGate.h"
 #include "VeskoApp/transcription/EngineSelection.h"
@@ -17,6 +18,7 @@ class TranscriptionRun {
 public:
     // What it reaches; must outlive it.
     struct Neighbours {
+        EventClock& clock;
         Capture& capture;
         EngineSelection& engines;
         OnDeviceTranscriber& onDevice;
@@ -57,6 +59,7 @@ private:
         std::optional<Service> service, Hearing heard);
     Task<TranscriptResult> recognize(std::filesystem::path audio, CaptureSettings settings,
         std::optional<Service> service, Hearing heard);
+    Task<KeyOutcome> awaited(ServiceKey key);
     Task<> failed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
 
     Neighbours m_to;

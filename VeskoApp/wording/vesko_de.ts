@@ -2068,5 +2068,9 @@
         <source>Show the text in notifications</source>
         <translation>Den Text in Benachrichtigungen zeigen</translation>
     </message>
+    <message>
+        <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
+        <translation>Original gesichert. Vesko wartet auf den Schlüssel aus Ihrem Passwortspeicher (Schlüsselbund), der vielleicht entsperrt werden will.</translation>
+    </message>
 </context>
 </TS>

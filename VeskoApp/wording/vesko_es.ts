@@ -2068,5 +2068,9 @@
         <source>Show the text in notifications</source>
         <translation>Mostrar el texto en las notificaciones</translation>
     </message>
+    <message>
+        <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
+        <translation>Original guardado. Esperando la clave de su almacén de contraseñas (llavero), que quizá le pida desbloquearlo.</translation>
+    </message>
 </context>
 </TS>

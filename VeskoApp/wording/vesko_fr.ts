@@ -2068,5 +2068,9 @@
         <source>Show the text in notifications</source>
         <translation>Afficher le texte dans les notifications</translation>
     </message>
+    <message>
+        <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
+        <translation>Original enregistré. En attente de la clé de votre magasin de mots de passe (trousseau), qui vous demande peut-être de le déverrouiller.</translation>
+    </message>
 </context>
 </TS>

@@ -2071,5 +2071,9 @@
         <source>Show the text in notifications</source>
         <translation>Показывать текст в уведомлениях</translation>
     </message>
+    <message>
+        <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
+        <translation>Оригинал сохранён. Ожидается ключ из хранилища паролей (связки ключей): возможно, оно просит разблокировать его.</translation>
+    </message>
 </context>
 </TS>

@@ -1,10 +1,9 @@
 #include "VeskoLinux/accessibility/ActiveWindow.h"
 
-#include <xcb/res.h>
-#include <xcb/xcb.h>
+#include "VeskoLinux/input/WindowManager.h"
 
-#include <cstdlib>
-#include <memory>
+#include <xcb/res.h>
+
 #include <string_view>
 
 namespace vesko {
@@ -12,24 +11,10 @@ namespace {
 
 constexpr int deepest = 32; // levels of windows inside each other
 
-template <class Reply>
-std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
-{
-    return { reply, &std::free };
-}
-
-xcb_window_t rootOf(xcb_connection_t* connection, int screen)
-{
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    for (; screens.rem && screen > 0; --screen)
-        xcb_screen_next(&screens);
-    return screens.rem ? screens.data->root : XCB_NONE;
-}
-
 xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
 {
     const auto cookie = xcb_intern_atom(connection, 0, std::uint16_t(name.size()), name.data());
-    const auto reply = owned(xcb_intern_atom_reply(connection, cookie, nullptr));
+    const auto reply = fromX11(xcb_intern_atom_reply(connection, cookie, nullptr));
     return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
@@ -37,46 +22,36 @@ xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
 
 ActiveWindow::ActiveWindow()
 {
-    int screen = 0;
-    m_connection = xcb_connect(nullptr, &screen);
-    if (xcb_connection_has_error(m_connection))
+    if (!m_connection.works())
         return;
-    m_root = rootOf(m_connection, screen);
-    m_activeWindow = atom(m_connection, "_NET_ACTIVE_WINDOW");
-    m_manager = atom(m_connection, "_NET_SUPPORTING_WM_CHECK");
     m_processId = atom(m_connection, "_NET_WM_PID");
     m_name = atom(m_connection, "_NET_WM_NAME");
     m_utf8 = atom(m_connection, "UTF8_STRING");
-    const auto version = owned(xcb_res_query_version_reply(
+    const auto version = fromX11(xcb_res_query_version_reply(
         m_connection, xcb_res_query_version(m_connection, 1, 2), nullptr));
     m_knowsClients = version && version->server_minor >= 2;
 }
 
-ActiveWindow::~ActiveWindow()
-{
-    xcb_disconnect(m_connection);
-}
-
 std::optional<std::uint32_t> ActiveWindow::active() const
 {
-    // A window manager has none to tell of before the first window.
-    if (has(m_root, m_activeWindow) || has(m_root, m_manager))
-        return property(m_root, m_activeWindow, XCB_ATOM_WINDOW);
+    if (const auto told = activeWindow(m_connection))
+        return *told ? told : std::nullopt;
     return focused();
 }
 
 // The program's own window around the one with the focus.
 std::optional<std::uint32_t> ActiveWindow::focused() const
 {
-    const auto focus = owned(
+    const auto focus = fromX11(
         xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
     std::uint32_t window = focus ? focus->focus : XCB_NONE;
     if (window == XCB_INPUT_FOCUS_POINTER_ROOT)
         return std::nullopt;
-    for (int level = 0; level < deepest && window != XCB_NONE && window != m_root; ++level) {
+    for (int level = 0; level < deepest && window != XCB_NONE && window != m_connection.root();
+        ++level) {
         if (has(window, XCB_ATOM_WM_CLASS))
             return window;
-        const auto tree = owned(
+        const auto tree = fromX11(
             xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr));
         window = tree ? tree->parent : XCB_NONE;
     }
@@ -88,8 +63,8 @@ bool ActiveWindow::has(std::uint32_t window, std::uint32_t name) const
     const auto cookie
         = xcb_get_property(m_connection, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, 0);
     xcb_generic_error_t* error = nullptr; // the window may be gone
-    const auto reply = owned(xcb_get_property_reply(m_connection, cookie, &error));
-    const auto failure = owned(error);
+    const auto reply = fromX11(xcb_get_property_reply(m_connection, cookie, &error));
+    const auto failure = fromX11(error);
     return reply && reply->type != XCB_ATOM_NONE;
 }
 
@@ -114,8 +89,8 @@ std::optional<std::int32_t> ActiveWindow::ownerOf(std::uint32_t window) const
     const xcb_res_client_id_spec_t wanted{ window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID };
     const auto cookie = xcb_res_query_client_ids(m_connection, 1, &wanted);
     xcb_generic_error_t* error = nullptr; // the window may be gone
-    const auto reply = owned(xcb_res_query_client_ids_reply(m_connection, cookie, &error));
-    const auto failure = owned(error);
+    const auto reply = fromX11(xcb_res_query_client_ids_reply(m_connection, cookie, &error));
+    const auto failure = fromX11(error);
     if (!reply)
         return std::nullopt;
     for (auto ids = xcb_res_query_client_ids_ids_iterator(reply.get()); ids.rem;
@@ -136,8 +111,8 @@ std::string ActiveWindow::title() const
         return {};
     const auto cookie = xcb_get_property(m_connection, 0, *window, m_name, m_utf8, 0, limit);
     xcb_generic_error_t* error = nullptr;
-    const auto reply = owned(xcb_get_property_reply(m_connection, cookie, &error));
-    const auto failure = owned(error);
+    const auto reply = fromX11(xcb_get_property_reply(m_connection, cookie, &error));
+    const auto failure = fromX11(error);
     if (!reply || reply->format != 8)
         return {};
     return { static_cast<const char*>(xcb_get_property_value(reply.get())),
@@ -148,12 +123,10 @@ std::string ActiveWindow::title() const
 std::optional<std::uint32_t> ActiveWindow::property(
     std::uint32_t window, std::uint32_t name, std::uint32_t type) const
 {
-    if (xcb_connection_has_error(m_connection))
-        return std::nullopt;
     const auto cookie = xcb_get_property(m_connection, 0, window, name, type, 0, 1);
     xcb_generic_error_t* error = nullptr; // the window may be gone
-    const auto reply = owned(xcb_get_property_reply(m_connection, cookie, &error));
-    const auto failure = owned(error);
+    const auto reply = fromX11(xcb_get_property_reply(m_connection, cookie, &error));
+    const auto failure = fromX11(error);
     if (!reply || reply->format != 32 || xcb_get_property_value_length(reply.get()) != 4)
         return std::nullopt;
     const auto value = *static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));

@@ -1,22 +1,18 @@
 #pragma once
 
+#include "VeskoLinux/input/X11Connection.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 
-struct xcb_connection_t;
-
 namespace vesko {
 
 // Asks the X server which window is active: by the window manager's account, and where there is
-// none, or one older than such accounts, the one with the input focus. Each question is two or
-// three round trips to the server, some tens of microseconds. One thread.
+// none, X some tens of microseconds. One thread.
 class ActiveWindow {
 public:
     ActiveWindow();
-    ActiveWindow(const ActiveWindow&) = delete;
-    ActiveWindow& operator=(const ActiveWindow&) = delete;
-    ~ActiveWindow();
 
     // The process that owns the active window, as the X server sees it, whatever numbers count
     // where the process lives; by the window's own account only where the server doesn't know.
@@ -33,11 +29,8 @@ private:
     std::optional<std::uint32_t> property(
         std::uint32_t window, std::uint32_t name, std::uint32_t type) const;
 
-    xcb_connection_t* m_connection;
+    X11Connection m_connection;
     bool m_knowsClients = false; // the server can tell the process behind a window
-    std::uint32_t m_root = 0;
-    std::uint32_t m_activeWindow = 0;
-    std::uint32_t m_manager = 0; // a window manager says so that it follows the desktops' rules
     std::uint32_t m_processId = 0;
     std::uint32_t m_name = 0;
     std::uint32_t m_utf8 = 0;

@@ -14,7 +14,9 @@ namespace {
 
 // A program that takes longer for one answer is hung, as far as its user is concerned.
 constexpr int callLimit = 400; // milliseconds
-constexpr int openLimit = 5000; // the bus itself may have to be started
+constexpr int registryLimit = 5000; // it may have to be started
+// Nobody waits for the bus, and whoever gives out its address may be long in starting it.
+constexpr int openLimit = 120000; // milliseconds
 constexpr double restartPause = 1; // seconds
 
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
@@ -119,6 +121,7 @@ void AtspiBus::start()
 void AtspiBus::busChanged(const QString& owner)
 {
     m_enabled = m_enabled && !owner.isEmpty();
+    m_changed = m_opening && !owner.isEmpty();
     if (m_opening)
         return; // it came because we asked, or is asked at the end
     if (m_name.isEmpty()) {
@@ -155,6 +158,10 @@ Task<> AtspiBus::open()
     const auto address = co_await asking;
     m_enabled = enabled;
     const bool open = address && co_await connectTo(address->first().toString());
+    if (!open && std::exchange(m_changed, false)) {
+        m_tasks.spawn(reopen());
+        co_return;
+    }
     m_opening = false;
     if (open && onOpen)
         onOpen();
@@ -207,7 +214,7 @@ AtspiCall AtspiBus::registerFor(const char* event)
                 QStringLiteral("/org/a11y/atspi/registry"),
                 QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("RegisterEvent"))
                 << QString::fromLatin1(event),
-            openLimit),
+            registryLimit),
         "", *this);
 }
 

@@ -111,6 +111,7 @@ private:
     QString m_name; // of m_connection
     int m_opened = 0; // how many buses there were
     bool m_opening = false;
+    bool m_changed = false; // another gives out the address since the opening began
     bool m_enabled = false;
     TaskScope m_tasks; // goes first: its tasks use all of the above
 };

@@ -1,6 +1,9 @@
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 
+#include "VeskoLinux/desktop/LockHolder.h"
+
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QUuid>
@@ -34,17 +37,44 @@ bool tell(const QDBusConnection& bus, const std::vector<std::string>& addresses)
     return bus.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
 }
 
+std::string unlessOurs(const QString& display)
+{
+    return display == DBusControl::display() ? std::string() : display.toStdString();
+}
+
 // Where the one that runs is, if that isn't here.
-QString otherDisplay(const QDBusConnection& bus)
+std::string otherDisplay(const QDBusConnection& bus)
 {
     auto call = QDBusMessage::createMethodCall(
         name, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     call.setAutoStartService(false);
     call << name << QStringLiteral("Display");
     const auto answer = bus.call(call, QDBus::Block, patience).arguments();
-    const auto display = answer.value(0).value<QDBusVariant>().variant().toString();
-    return display == DBusControl::display() ? QString() : display;
+    return unlessOurs(answer.value(0).value<QDBusVariant>().variant().toString());
 }
+
+// The bus of another session, as long as this lives.
+class OtherBus {
+public:
+    explicit OtherBus(const QString& address)
+        : m_name(QUuid::createUuid().toString())
+        , m_bus(QDBusConnection::connectToBus(address, m_name))
+    {
+    }
+    OtherBus(const OtherBus&) = delete;
+    OtherBus& operator=(const OtherBus&) = delete;
+    ~OtherBus() { QDBusConnection::disconnectFromBus(m_name); }
+
+    const QDBusConnection& connection() const { return m_bus; }
+    bool hasVesko(std::int32_t process) const
+    {
+        return m_bus.isConnected() && m_bus.interface()->servicePid(name) == uint(process);
+    }
+
+private:
+    QString m_name;
+    QDBusConnection m_bus;
+};
 
 } // namespace
 
@@ -59,7 +89,13 @@ DBusRunningInstance::~DBusRunningInstance()
     QDBusConnection::disconnectFromBus(m_connection);
 }
 
-bool DBusRunningInstance::claim(const std::vector<std::string>& addresses, bool quiet)
+bool DBusRunningInstance::claim(
+    const std::vector<std::string>& addresses, bool quiet, const std::filesystem::path& lock)
+{
+    return claimHere(addresses, quiet) && !findElsewhere(lock, addresses, quiet);
+}
+
+bool DBusRunningInstance::claimHere(const std::vector<std::string>& addresses, bool quiet)
 {
     // Of its own, since Qt's shared one wants an application object first.
     auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_connection);
@@ -74,12 +110,30 @@ bool DBusRunningInstance::claim(const std::vector<std::string>& addresses, bool 
         if (quiet && addresses.empty())
             return false;
         if (tell(bus, addresses)) {
-            m_elsewhere = otherDisplay(bus).toStdString();
+            m_elsewhere = otherDisplay(bus);
             return false;
         }
         // It may have ended just now, and then the name is free.
     }
     throw std::runtime_error("Vesko is running already, but does not answer");
+}
+
+bool DBusRunningInstance::findElsewhere(
+    const std::filesystem::path& lock, const std::vector<std::string>& addresses, bool quiet)
+{
+    const auto holder = lockHolder(lock);
+    if (!holder)
+        return false;
+    m_elsewhere = unlessOurs(QString::fromStdString(holder->display));
+    if (holder->sessionBus.empty())
+        return false;
+    const OtherBus other(QString::fromStdString(holder->sessionBus));
+    if (!other.hasVesko(holder->process))
+        return false;
+    if ((!quiet || !addresses.empty()) && !tell(other.connection(), addresses))
+        throw std::runtime_error(
+            "Vesko is running already, in another session, but does not answer");
+    return true;
 }
 
 void DBusRunningInstance::Activate(const QVariantMap&)

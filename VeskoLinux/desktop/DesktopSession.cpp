@@ -29,7 +29,7 @@ DesktopSession::DesktopSession()
         else
             done();
     };
-    m_logind.onShutdown = [this](Done done) {
+    m_logind.onShutdown = m_portal.onEnd = [this](Done done) {
         if (onEnd)
             onEnd(std::move(done));
         else

@@ -2,14 +2,16 @@
 
 #include "VeskoApp/platform/SessionState.h"
 #include "VeskoLinux/desktop/Logind.h"
+#include "VeskoLinux/desktop/PortalSession.h"
 #include "VeskoLinux/desktop/ScreenSavers.h"
 
 #include <QObject>
 
 namespace vesko {
 
-// Puts together what the parts of a desktop tell of the session: logind, the screen saver, and the
-// session manager that Qt speaks to where there is one. Needs the application object.
+// Puts together what the parts of a desktop tell of the session: logind, the portal, the screen
+// saver, and the session manager that Qt speaks to where there is one. Needs the application
+// object.
 class DesktopSession final : public QObject, public SessionState {
     Q_OBJECT
 
@@ -22,6 +24,7 @@ private:
     void end();
 
     Logind m_logind;
+    PortalSession m_portal;
     ScreenSavers m_savers;
 };
 

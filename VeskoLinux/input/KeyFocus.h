@@ -10,8 +10,7 @@ class X11Connection;
 // Where the X server takes keys at one moment.
 struct KeyFocus {
     std::uint32_t window = 0; // with the input focus; where that follows the pointer, the one there
-    // The window manager's active window, 0 if none is; nothing without a window manager, or from
-    // one that doesn't tell.
+    // What activeWindow tells.
     std::optional<std::uint32_t> active;
     // Whether the window with the focus is the active one, or stands in it: while the window
     // manager changes the window, the one may be ahead of the other. Where nobody tells of an

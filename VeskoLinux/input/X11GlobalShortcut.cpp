@@ -59,6 +59,7 @@ bool X11GlobalShortcut::install(const KeyCombination& combination, std::function
         remove();
         return false;
     }
+    followFocus(true);
     m_connection.listen([this, onPressed = std::move(onPressed)](
                             const xcb_generic_event_t& event) { receive(event, onPressed); });
     return true;
@@ -87,22 +88,85 @@ bool X11GlobalShortcut::grab()
     return refused && refused->num_modifiers == 0;
 }
 
+void X11GlobalShortcut::followFocus(bool on)
+{
+    const std::uint32_t events = on ? XCB_EVENT_MASK_FOCUS_CHANGE : XCB_EVENT_MASK_NO_EVENT;
+    xcb_change_window_attributes(m_connection, m_connection.root(), XCB_CW_EVENT_MASK, &events);
+    const auto focus = fromX11(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    listenToAll(on && focus && focus->focus == XCB_INPUT_FOCUS_NONE);
+}
+
+void X11GlobalShortcut::listenToAll(bool on)
+{
+    if (on == m_all.has_value())
+        return;
+    struct {
+        xcb_input_event_mask_t head;
+        std::uint32_t mask;
+    } selection{ { XCB_INPUT_DEVICE_ALL_MASTER, 1 },
+        on ? static_cast<std::uint32_t>(
+                 XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE)
+           : 0U };
+    xcb_input_xi_select_events(m_connection, m_connection.root(), 1, &selection.head);
+    xcb_flush(m_connection);
+    m_held = false; // its release may have come in between
+    m_all.reset();
+    if (!on)
+        return;
+    m_all.emplace(KeyMap(m_connection), std::bitset<256>());
+    if (const auto keys
+        = fromX11(xcb_query_keymap_reply(m_connection, xcb_query_keymap(m_connection), nullptr)))
+        for (std::size_t code = 0; code < m_all->down.size(); ++code)
+            m_all->down[code] = (keys->keys[code / 8] >> (code % 8)) & 1;
+}
+
 void X11GlobalShortcut::receive(
     const xcb_generic_event_t& event, const std::function<void()>& onPressed)
 {
-    if ((event.response_type & 0x7F) != XCB_GE_GENERIC)
-        return;
-    const auto& key = reinterpret_cast<const xcb_input_key_press_event_t&>(event);
-    if (key.extension != m_inputOpcode || key.detail != m_taken.key)
-        return;
-    if (key.event_type == XCB_INPUT_KEY_RELEASE) {
-        m_held = false;
-        m_releasedAt = key.time;
+    const auto type = event.response_type & 0x7F;
+    if (type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT) {
+        const auto& focus = reinterpret_cast<const xcb_focus_in_event_t&>(event);
+        if (focus.detail == XCB_NOTIFY_DETAIL_NONE)
+            listenToAll(type == XCB_FOCUS_IN);
         return;
     }
-    if (key.event_type != XCB_INPUT_KEY_PRESS)
+    if (type != XCB_GE_GENERIC)
         return;
-    const bool repeated = std::exchange(m_held, true) || key.time - m_releasedAt <= repeatInterval;
+    const auto& key = reinterpret_cast<const xcb_input_key_press_event_t&>(event);
+    if (key.extension != m_inputOpcode)
+        return;
+    const bool down = key.event_type == XCB_INPUT_KEY_PRESS;
+    if ((down || key.event_type == XCB_INPUT_KEY_RELEASE) && key.detail == m_taken.key)
+        moved(down, key.time, onPressed);
+    const auto& raw = reinterpret_cast<const xcb_input_raw_key_press_event_t&>(event);
+    const bool rawDown = raw.event_type == XCB_INPUT_RAW_KEY_PRESS;
+    if (m_all && (rawDown || raw.event_type == XCB_INPUT_RAW_KEY_RELEASE) && raw.detail < 256)
+        receiveAny(static_cast<KeyCode>(raw.detail), rawDown, raw.time, onPressed);
+}
+
+void X11GlobalShortcut::receiveAny(
+    KeyCode key, bool down, std::uint32_t time, const std::function<void()>& onPressed)
+{
+    m_all->down[key] = down;
+    if (key != m_taken.key)
+        return;
+    std::uint32_t modifiers = 0;
+    for (std::size_t code = 0; code < m_all->down.size(); ++code)
+        if (m_all->down[code])
+            modifiers |= m_all->map.modifiers(static_cast<KeyCode>(code));
+    if (!down || (modifiers & ~m_all->map.locks()) == m_taken.modifiers)
+        moved(down, time, onPressed);
+}
+
+void X11GlobalShortcut::moved(bool down, std::uint32_t time, const std::function<void()>& onPressed)
+{
+    if (!down) {
+        m_held = false;
+        m_releasedAt = time;
+        return;
+    }
+    const bool repeated = std::exchange(m_held, true) || time - m_releasedAt <= repeatInterval;
     if (!repeated)
         onPressed();
 }
@@ -129,6 +193,7 @@ void X11GlobalShortcut::remove()
     const TakenKey taken = std::exchange(m_taken, {});
     if (!taken.key || !m_connection.works())
         return;
+    followFocus(false);
     for (const auto modifiers : m_modifiers)
         xcb_ungrab_key(
             m_connection, taken.key, m_connection.root(), static_cast<std::uint16_t>(modifiers));

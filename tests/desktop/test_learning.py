@@ -11,7 +11,9 @@ import unittest
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, hands, library  # noqa: E402
-from lib.programs import ChatPage, ChatWindow, RichChatPage, RichFirefoxPage  # noqa: E402
+from lib.programs import (ChatPage, ChatWindow, FeatherPad, GnomeTextEditor,  # noqa: E402
+                          Gtk4Window, Kate, Mousepad, Qt5Window, RichChatPage, RichFirefoxPage,
+                          SwingWindow, Thunderbird, Writer)
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import Vesko, deployed, install_key  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
@@ -47,6 +49,8 @@ class Learning(unittest.TestCase):
             hands.tap("right")
         hands.tap("delete")
         hands.tap("delete")
+        until("the wrong letters are gone",
+              lambda: program.text.endswith(SAID.replace("ie", "", 1)))
         hands.type_letters("ei")
         until("the word is right", lambda: program.text.endswith(MEANT))
         human_pause(2 * LOOK)
@@ -86,14 +90,30 @@ class Learning(unittest.TestCase):
         self.learns(RichFirefoxPage())
 
     def test_what_was_corrected_and_not_sent_is_offered_in_the_dictionary(self):
+        self.offers(ChatPage, lambda page: page.focus("entry", "other"))
+
+    def test_what_was_corrected_in_a_letter_is_offered_in_the_dictionary(self):
+        self.offers(Thunderbird, lambda letter: letter.focus("entry", "Subject"))
+
+    def test_what_was_corrected_in_a_field_of_any_toolkit_is_offered_in_the_dictionary(self):
+        for make_program in (Gtk4Window, Qt5Window, SwingWindow):
+            with self.subTest(make_program.__name__):
+                self.offers(make_program, lambda _: hands.tap("tab"))
+
+    def test_what_was_corrected_in_an_editor_that_is_left_is_offered_in_the_dictionary(self):
+        for make_program in (Mousepad, FeatherPad, GnomeTextEditor, Kate, Writer):
+            with self.subTest(make_program.__name__), Mousepad() as other:
+                self.offers(make_program, lambda _, other=other: other.raise_window())
+
+    def offers(self, make_program, leave):
         self.vesko.kill()
         self.vesko = Vesko(self.binary, VESKO_DEMO_SCENE="dictionary")
         self.addCleanup(self.vesko.kill)
         self.vesko.wait_to_find("list", "Dictionary")
-        with ChatPage() as page:
-            self.dictate(page)
-            self.correct(page)
-            page.focus("entry", "other")
+        with make_program() as program:
+            self.dictate(program)
+            self.correct(program)
+            leave(program)
             self.vesko.wait_to_find("push button", "Save last corrections")
             self.assertEqual(self.dictionary(), [])
             self.vesko.press("push button", "Save last corrections")

@@ -3,17 +3,28 @@
 find each other."""
 
 import os
+import signal
 import subprocess
 import sys
+import tempfile
 import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, eyes, library, settings  # noqa: E402
+from lib import cases, eyes, settings  # noqa: E402
 from lib.vesko import BINARY, Vesko  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
 
 NEW_NOTE = ("push button", "New note")
+NO_BUS = "unix:path=/nonexistent"
+SHOWN = "and shows its window there."
+NOT_SHOWN = "and can't be told to show its window there."
+
+
+def visible_windows(display):
+    return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "."], text=True,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          env={**os.environ, "DISPLAY": display}).stdout.split()
 
 
 class SecondStart(unittest.TestCase):
@@ -30,13 +41,21 @@ class SecondStart(unittest.TestCase):
                               env={**os.environ, "VESKO_DATA_ROOT": self.vesko.root})
         self.assertEqual((done.returncode, done.stdout), (0, ""))
 
-    def test_the_users_shows_the_library(self):
-        self.assertIsNone(self.vesko.find(*NEW_NOTE))
-        self.start()
-        self.vesko.wait_to_find(*NEW_NOTE)
-        until("it is in front", lambda: eyes.active_pid() == self.vesko.process.pid)
+    def elsewhere(self, *before, **environment):
+        """What a start outside of the session says, to its end."""
+        return subprocess.run([*before, BINARY], stderr=subprocess.PIPE, text=True, timeout=20,
+                              env={**os.environ, "VESKO_DATA_ROOT": self.vesko.root, **environment})
 
-    def test_one_on_another_display_says_where_the_first_is(self):
+    def run_without_a_bus(self, log, **environment):
+        with open(log, "w") as said:
+            process = subprocess.Popen([BINARY], stdout=said, stderr=said, env={
+                **os.environ, "VESKO_DATA_ROOT": self.vesko.root,
+                "DBUS_SESSION_BUS_ADDRESS": NO_BUS, **environment})
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+    def other_display(self):
         reader, writer = os.pipe()
         other = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp"],
                                  pass_fds=[writer], stderr=subprocess.DEVNULL)
@@ -44,12 +63,21 @@ class SecondStart(unittest.TestCase):
         self.addCleanup(other.kill)
         os.close(writer)
         with os.fdopen(reader) as told:
-            display = ":" + told.readline().strip()
-        done = subprocess.run([BINARY], stderr=subprocess.PIPE, text=True, timeout=20,
-                              env={**os.environ, "DISPLAY": display})
-        self.assertEqual((done.returncode, done.stderr),
-                         (0, "vesko: Vesko is running already, on the display "
-                          f"{os.environ['DISPLAY']}, and shows its window there.\n"))
+            return ":" + told.readline().strip()
+
+    @staticmethod
+    def told(what):
+        return f"vesko: Vesko is running already, on the display {os.environ['DISPLAY']}, {what}"
+
+    def test_the_users_shows_the_library(self):
+        self.assertIsNone(self.vesko.find(*NEW_NOTE))
+        self.start()
+        self.vesko.wait_to_find(*NEW_NOTE)
+        until("it is in front", lambda: eyes.active_pid() == self.vesko.process.pid)
+
+    def test_one_on_another_display_says_where_the_first_is(self):
+        done = self.elsewhere(DISPLAY=self.other_display())
+        self.assertEqual((done.returncode, done.stderr), (0, self.told(SHOWN) + "\n"))
         self.vesko.wait_to_find(*NEW_NOTE)
 
     def test_the_one_at_login_shows_nothing(self):
@@ -58,26 +86,47 @@ class SecondStart(unittest.TestCase):
         self.assertIsNone(self.vesko.find(*NEW_NOTE))
         self.assertEqual(self.vesko.phase, "ready")
 
-    def test_one_that_cannot_find_the_other_touches_nothing(self):
-        # What it says then is seen in test_bad_input.py: without the bus of the session nobody can
+    def test_one_on_another_bus_shows_the_first(self):
+        done = self.elsewhere("dbus-run-session", "--", DISPLAY=self.other_display())
+        self.assertEqual(
+            (done.returncode, done.stderr.splitlines()[-1]), (0, self.told(SHOWN)))
+        self.vesko.wait_to_find(*NEW_NOTE)
+
+    def test_one_without_a_bus_shows_the_first(self):
+        done = self.elsewhere(DBUS_SESSION_BUS_ADDRESS=NO_BUS)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.vesko.wait_to_find(*NEW_NOTE)
+
+    def test_one_that_hangs_on_another_bus_is_named(self):
+        os.kill(self.vesko.process.pid, signal.SIGSTOP)
+        done = self.elsewhere(DBUS_SESSION_BUS_ADDRESS=NO_BUS)
+        os.kill(self.vesko.process.pid, signal.SIGCONT)
+        self.assertEqual((done.returncode, done.stderr), (1, (
+            "vesko: Vesko is running already, in another session, but does not answer\n")))
+
+    def test_one_with_another_library_is_on_its_own(self):
+        second = self.run_without_a_bus(os.devnull, VESKO_DATA_ROOT=tempfile.mkdtemp())
+        until("it shows its library", lambda: len(eyes.windows(second.pid)) == 2)
+        self.assertIsNone(self.vesko.find(*NEW_NOTE))
+
+    def test_one_that_cannot_reach_the_other_says_where_it_is_and_touches_nothing(self):
+        # What it shows then is seen in test_bad_input.py: without the bus of the session nobody can
         # read a window of Qt's.
-        self.start()  # its library window makes the note
-        self.vesko.press(*NEW_NOTE)
-        until("a note is saved", lambda: library.read(self.vesko.root))
+        self.vesko.root = tempfile.mkdtemp()
+        self.run_without_a_bus(os.devnull)
+        until("the first has opened the library",
+              lambda: os.path.isdir(os.path.join(self.vesko.root, "recordings")))
         before = self.files()
-        second = subprocess.Popen(
-            [BINARY], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-            env={**os.environ, "VESKO_DATA_ROOT": self.vesko.root,
-                 "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"})
-        self.addCleanup(second.kill)
+        display = self.other_display()
+        with tempfile.NamedTemporaryFile("r") as said:
+            second = self.run_without_a_bus(said.name, DISPLAY=display)
+            until("it says where the first is", lambda: os.stat(said.name).st_size)
+            self.assertEqual(said.read().splitlines()[0], self.told(NOT_SHOWN))
         until("it shows the library window beside the floating one",
-              lambda: len(eyes.windows(second.pid)) == 2)
-        human_pause(0.5)
+              lambda: len(visible_windows(display)) == 2)
         second.terminate()
         self.assertEqual(second.wait(timeout=20), 0)
         self.assertEqual(self.files(), before)
-        self.vesko.press(*NEW_NOTE)
-        until("the first one goes on", lambda: len(library.read(self.vesko.root)["notes"]) == 2)
 
     def files(self):
         """Each file of the library, its content and when it was written."""

@@ -178,6 +178,27 @@ TEST_F(OpenRouterRunTest, ASecretStoreThatFailsFailsTheRun)
     EXPECT_EQ(onlyNote().body, "second try");
 }
 
+TEST_F(OpenRouterRunTest, AKeyThatIsLongInComingIsNamed)
+{
+    open();
+    say("hello");
+    machine.secrets.hang();
+    dictate();
+    model->capture().toggleDictation();
+    ASSERT_TRUE(reach(Phase::processing));
+    const auto message = [this] { return model->status().message(); };
+    EXPECT_TRUE(eventually([&] {
+        machine.clock.turn(0.5);
+        return message()
+            == "Original saved. Waiting for the key from your password store (keyring), which may "
+               "be asking you to unlock it.";
+    }));
+    machine.secrets.answer();
+    EXPECT_TRUE(eventually([&] { return message() == "Original saved. Transcribing…"; }));
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(onlyNote().body, "hello");
+}
+
 TEST_F(OpenRouterRunTest, ARefusalOfTheServiceIsPutIntoWords)
 {
     struct Case {

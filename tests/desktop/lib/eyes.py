@@ -38,6 +38,12 @@ def _connection():
     return _bus
 
 
+def forget_bus():
+    """The next question goes to the bus that is there then."""
+    global _bus
+    _bus = None
+
+
 class Gone(Exception):
     """The program or the element is no longer there."""
 

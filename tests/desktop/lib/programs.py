@@ -322,6 +322,98 @@ class RichFirefoxPage(RichChat, Firefox):
         super().__init__(page=RICH_CHAT, role="section", field="message")
 
 
+SHADOW = """<!doctype html><meta charset="utf-8"><title>Shadow</title><shadow-field></shadow-field>
+<script>
+customElements.define("shadow-field", class extends HTMLElement {
+    connectedCallback() {
+        this.attachShadow({ mode: "open" }).innerHTML = '<input aria-label="shadow">';
+    }
+});
+</script>
+"""
+
+# The field takes each text out at once, and draws it elsewhere.
+DRAWN = """<!doctype html><meta charset="utf-8"><title>Drawn</title>
+<textarea aria-label="source" rows="1"></textarea><p></p>
+<script>
+const source = document.querySelector("textarea"), drawn = document.querySelector("p");
+source.addEventListener("input", () => { drawn.textContent += source.value; source.value = ""; });
+</script>
+"""
+
+
+class ShadowFirefox(Firefox):
+    def __init__(self):
+        super().__init__("shadow", page=SHADOW)
+
+
+class ChromiumPage(Program):
+    def __init__(self, page, field):
+        super().__init__(CHROMIUM + ["--user-data-dir=" + tempfile.mkdtemp(),
+                                     "--app=file://" + _file("page.html", page)])
+        self.focus("entry", field)
+
+
+class ShadowChromium(ChromiumPage):
+    def __init__(self):
+        super().__init__(SHADOW, "shadow")
+
+
+class DrawingPage(ChromiumPage):
+    def __init__(self):
+        super().__init__(DRAWN, "source")
+
+    @property
+    def text(self):
+        paragraph = self.app.find("paragraph")
+        return paragraph.text if paragraph else ""
+
+
+THUNDERBIRD_SETTINGS = """user_pref("mail.accountmanager.accounts", "account1");
+user_pref("mail.accountmanager.defaultaccount", "account1");
+user_pref("mail.account.account1.server", "server1");
+user_pref("mail.account.account1.identities", "id1");
+user_pref("mail.server.server1.type", "none");
+user_pref("mail.server.server1.hostname", "Local Folders");
+user_pref("mail.server.server1.name", "Local Folders");
+user_pref("mail.server.server1.userName", "nobody");
+user_pref("mail.identity.id1.fullName", "Somebody");
+user_pref("mail.identity.id1.useremail", "somebody@example.org");
+user_pref("mail.identity.id1.smtpServer", "smtp1");
+user_pref("mail.identity.id1.valid", true);
+user_pref("mail.smtpservers", "smtp1");
+user_pref("mail.smtpserver.smtp1.hostname", "localhost");
+user_pref("mail.provider.enabled", false);
+user_pref("mail.spotlight.firstRunDone", true);
+user_pref("mail.shell.checkDefaultClient", false);
+user_pref("mailnews.start_page.enabled", false);
+user_pref("datareporting.policy.dataSubmissionEnabled", false);
+user_pref("app.update.auto", false);
+user_pref("app.donation.eoy.version.viewed", 999);
+"""
+
+
+class Thunderbird(RichChat, Program):
+    """A letter that is being written, which is made of paragraphs."""
+
+    def __init__(self):
+        profile = tempfile.mkdtemp()
+        with open(os.path.join(profile, "user.js"), "w") as file:
+            file.write(THUNDERBIRD_SETTINGS)
+        super().__init__(["thunderbird", "--no-remote", "--profile", profile])
+        # It listens to its keys a while after it shows its window.
+        until("its window is ready", lambda: self.app.find("entry", "Search"))
+        until("the letter is open", self._written_to, deadline=30, every=1)
+        self.focus("document web", "Message body")
+
+    def _written_to(self):
+        window = eyes.active_window()
+        if window and "Write:" in eyes.title(window):
+            return True
+        hands.tap("left control", "n")
+        return False
+
+
 class ChatWindow(Program):
     def __init__(self):
         super().__init__(["/usr/bin/python3", os.path.join(SERVICES, "chat.py")])
@@ -368,6 +460,11 @@ class Unseen:
     def __exit__(self, *_):
         self.process.kill()
         self.process.wait()
+
+
+def chromium_as_shipped():
+    return Unseen(*(option for option in CHROMIUM if option != "--force-renderer-accessibility"),
+                  "--user-data-dir=" + tempfile.mkdtemp(), "--app=file://" + _file("f.html", PAGE))
 
 
 def tk_window():

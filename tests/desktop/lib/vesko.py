@@ -48,7 +48,8 @@ def forget_key():
 
 class Vesko:
     def __init__(self, binary=BINARY, root=None, folder=None, arguments=("--background",),
-                 **environment):
+                 meanwhile=None, **environment):
+        """`meanwhile` is done after the start, before the program has to be found."""
         self.root = root or tempfile.mkdtemp(prefix="library-")
         self.log_path = os.path.join(os.environ["SESSION_DIR"], "log",
                                      f"vesko-{time.monotonic_ns()}")
@@ -60,6 +61,8 @@ class Vesko:
                                             stderr=log,
                                             env={**os.environ, "VESKO_DATA_ROOT": self.root,
                                                  **environment})
+        if meanwhile:
+            meanwhile()
         self.app = until("Vesko is accessible", self._application, deadline=30)
         self.panel, self.button = until("Vesko shows its floating button", self._find_panel)
 

@@ -15,7 +15,8 @@
 namespace vesko {
 namespace {
 
-// The screen saver and the logind of a desktop. Both say that the session is locked.
+// The screen saver, the logind and the portal of a desktop. The first two say that the session is
+// locked.
 class SessionHost {
 public:
     SessionHost()
@@ -27,13 +28,21 @@ public:
     ~SessionHost() { PrivateBus::end(m_process); }
 
     // Whether somebody delays the machine's sleep, after this was done.
-    bool tell(const char* command)
+    bool tell(const char* command) { return told(command)[QStringLiteral("delays")].toBool(); }
+    // How many programs the portal tells of the session.
+    int monitors() { return told("monitors")[QStringLiteral("monitors")].toInt(); }
+    // Whether all of them let the session end, after this was done.
+    bool mayEnd(const char* command = "look")
     {
-        m_process.write(QByteArray(command) + '\n');
-        return answer()[QStringLiteral("delays")].toBool();
+        return told(command)[QStringLiteral("answered")].toBool();
     }
 
 private:
+    QJsonObject told(const char* command)
+    {
+        m_process.write(QByteArray(command) + '\n');
+        return answer();
+    }
     QJsonObject answer()
     {
         if (!eventually([&] { return m_process.canReadLine(); }))
@@ -103,6 +112,39 @@ TEST(DesktopSession, SleepAndShutdownWaitUntilAllIsKept)
     EXPECT_TRUE(eventually([&] { return !host.tell("delays"); }));
 }
 
+TEST(DesktopSession, ThePortalEndsTheSessionWhenAllIsKept)
+{
+    SessionHost host;
+    DesktopSession session;
+    std::optional<SessionState::Done> ending;
+    session.onEnd = [&](SessionState::Done done) { ending = std::move(done); };
+    for (const char* portal : { "as it is", "portal back" }) {
+        SCOPED_TRACE(portal);
+        host.tell(portal);
+        ASSERT_TRUE(eventually([&] { return host.monitors() == 1; }));
+        host.tell("end stay");
+        drainEvents();
+        EXPECT_FALSE(ending);
+        EXPECT_FALSE(host.mayEnd("end ask"));
+        EXPECT_TRUE(eventually([&] { return ending.has_value(); }));
+        EXPECT_FALSE(host.mayEnd());
+        (*ending)();
+        EXPECT_TRUE(eventually([&] { return host.mayEnd(); }));
+        ending.reset();
+        host.tell("end force");
+        drainEvents();
+        EXPECT_FALSE(ending) << "all was kept before";
+    }
+}
+
+TEST(DesktopSession, HearsOfAPortalThatComesLater)
+{
+    DesktopSession session;
+    drainEvents();
+    SessionHost host;
+    EXPECT_TRUE(eventually([&] { return host.monitors() == 1; }));
+}
+
 TEST(DesktopSession, NobodyWhoListensIsNoReasonToWait)
 {
     SessionHost host;
@@ -110,6 +152,9 @@ TEST(DesktopSession, NobodyWhoListensIsNoReasonToWait)
     EXPECT_TRUE(eventually([&] { return host.tell("delays"); }));
     host.tell("sleep on");
     EXPECT_TRUE(eventually([&] { return !host.tell("delays"); }));
+    ASSERT_TRUE(eventually([&] { return host.monitors() == 1; }));
+    host.tell("end ask");
+    EXPECT_TRUE(eventually([&] { return host.mayEnd(); }));
 }
 
 } // namespace

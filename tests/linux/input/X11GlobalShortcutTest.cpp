@@ -1,5 +1,6 @@
 #include "VeskoLinux/input/X11GlobalShortcut.h"
 
+#include "VeskoLinux/input/X11Connection.h"
 #include "tests/linux/Desktop.h"
 
 #include <gtest/gtest.h>
@@ -201,6 +202,41 @@ TEST_F(X11GlobalShortcutTest, tellsWhatIsHeldUntilItsKeyIsLetGo)
     EXPECT_TRUE(until([this] { return !m_shortcut.held(); }));
     m_hands.up(m_shift);
     m_hands.up(m_super);
+}
+
+TEST_F(X11GlobalShortcutTest, isPressedWhileNoWindowHasTheFocus)
+{
+    const X11Connection connection;
+    const PlainWindow window;
+    const auto focus = [&](std::uint32_t on) {
+        xcb_set_input_focus(connection, XCB_INPUT_FOCUS_NONE, on, XCB_CURRENT_TIME);
+        // The server sees to it before it answers.
+        EXPECT_EQ(
+            fromX11(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr))
+                ->focus,
+            on);
+    };
+    focus(XCB_NONE);
+    ASSERT_TRUE(install());
+    press();
+    expectPresses(1);
+    m_hands.tap(m_space);
+    m_hands.chord({ m_super, m_space });
+    press();
+    expectPresses(2);
+
+    window.takeFocus();
+    press();
+    expectPresses(3);
+
+    focus(XCB_NONE);
+    rest();
+    press();
+    expectPresses(4);
+    m_shortcut.remove();
+    ASSERT_TRUE(install());
+    press();
+    expectPresses(5);
 }
 
 TEST_F(X11GlobalShortcutTest, removedItIsFreeForOthers)
