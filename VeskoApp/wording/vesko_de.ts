@@ -1570,6 +1570,26 @@
         <translation>Rundgang…</translation>
     </message>
     <message>
+        <source>Diagnose…</source>
+        <translation>Diagnose…</translation>
+    </message>
+    <message>
+        <source>Diagnosis</source>
+        <translation>Diagnose</translation>
+    </message>
+    <message>
+        <source>What works on this computer and what doesn&apos;t. Nothing that you said or wrote is in it, and no key: it can go into a report as it is.</source>
+        <translation>Was auf diesem Computer funktioniert und was nicht. Nichts, was Sie gesagt oder geschrieben haben, steht darin, und kein Schlüssel: So kann es in eine Fehlermeldung.</translation>
+    </message>
+    <message>
+        <source>Looking at this computer…</source>
+        <translation>Dieser Computer wird untersucht…</translation>
+    </message>
+    <message>
+        <source>This computer could not be looked at.</source>
+        <translation>Dieser Computer konnte nicht untersucht werden.</translation>
+    </message>
+    <message>
         <source>About Vesko</source>
         <translation>Über Vesko</translation>
     </message>

@@ -10,6 +10,7 @@ Item {
     required property var window
     required property var delegate
     property Item textBefore // had the keyboard when the menu opened
+    property bool diagnoses: false // what shows it is made for it, since hardly anybody asks
 
     function open(below: Item) {
         textBefore = window.before;
@@ -18,6 +19,8 @@ Item {
     function run(row) {
         if (row.action === "about")
             about.open();
+        else if (row.action === "diagnose")
+            diagnoses = true;
         else if (row.ofText)
             textBefore[row.action]();
         else
@@ -84,6 +87,17 @@ Item {
         }
     }
 
+    Repeater {
+        model: root.diagnoses ? 1 : 0
+
+        Item {
+            DiagnosisSheet {
+                diagnosis: root.delegate.diagnosis
+                onClosed: Qt.callLater(() => root.diagnoses = false)
+                Component.onCompleted: open()
+            }
+        }
+    }
     Sheet {
         id: about
 
