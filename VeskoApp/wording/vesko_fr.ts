@@ -1579,7 +1579,7 @@
     </message>
     <message>
         <source>What works on this computer and what doesn&apos;t. Nothing that you said or wrote is in it, and no key: it can go into a report as it is.</source>
-        <translation>Ce qui fonctionne sur cet ordinateur et ce qui ne fonctionne pas. Rien de ce que vous avez dit ou écrit n’y figure, ni aucune clé : il peut être joint tel quel à un rapport.</translation>
+        <translation>Ce qui fonctionne sur cet ordinateur et ce qui ne fonctionne pas. Rien de ce que vous avez dit ou écrit n’y figure, ni aucune clé : il peut être joint tel quel à un rapport.</translation>
     </message>
     <message>
         <source>Looking at this computer…</source>
