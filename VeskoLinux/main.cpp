@@ -28,6 +28,8 @@
 #include "VeskoLinux/desktop/XdgFolders.h"
 #include "VeskoLinux/desktop/XdgLoginItem.h"
 #include "VeskoLinux/doctor/Checks.h"
+#include "VeskoLinux/doctor/DoctorProcess.h"
+#include "VeskoLinux/input/X11GlobalShortcut.h"
 #include "VeskoLinux/media/GstPlugins.h"
 #include "VeskoLinux/permissions/LinuxPermissions.h"
 #include "VeskoLinux/secrets/SecretServiceStore.h"
@@ -117,12 +119,18 @@ bool sayWhatWorks(int argc, char** argv, bool network)
     const auto deployment = Deployment::read(deploymentFolders());
     const OpenRouterClient client(deployment.openRouterBaseURL);
     const auto data = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder());
+    const auto session = LinuxSession::summary();
+    const auto isFree = [] {
+        const CborSettings settings(configFolder());
+        return X11GlobalShortcut().install(
+            shortcutFrom(settings.get<std::string>("shortcut").value_or("")), [] { });
+    };
     bool works = true;
     std::vector<Check> checks{
         { "Versions", [&] { return lookAtVersions(deployment.version); } },
-        { "Session", lookAtSession },
+        { "Session", [&] { return lookAtSession(session); } },
         { "Program", lookAtProgram },
-        { "Shortcut", lookAtShortcut },
+        { "Shortcut", [&] { return lookAtShortcut(session.starts_with("Wayland"), isFree); } },
         { "Accessibility", lookAtAccessibility },
         { "Status icon", lookAtTray },
         { "Notifications", lookAtNotifications },
@@ -254,11 +262,12 @@ int runApplication(
     PortalFileChooser fileChooser(clock);
     PortalAppearance appearance;
     LinuxPermissions permissions;
+    DoctorProcess doctor(programs / "vesko-app");
     Platform platform{ clock, recorder, player, cues, recognizer, speechEngines, speechGate,
         textLanguage, session.focusedField(), session.pasteKeystroke(), session.clipboard(),
         session.shortcut(), session.keys(), secrets, settings, loginItem, statusItem, notifications,
         browser, runningInstance, runningInstance.control(), desktop, fileChooser, appearance,
-        permissions, sessionState, languages, root, session.offer() };
+        permissions, doctor, sessionState, languages, root, session.offer() };
 
     AppModel model(
         platform, [&library] { return library.get(); },

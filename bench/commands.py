@@ -26,6 +26,8 @@ from lib.vesko import BINARY, Vesko  # noqa: E402
 NOTES = 10_000
 ROUNDS = 21
 EXPORTS = 5
+# Seconds in which the program takes another toggle for the repeat of a key that is held.
+REPEATS = 0.7
 
 
 def report(name, ours, yardstick, aim, unit):
@@ -84,6 +86,7 @@ class States:
 
 def toggle(states, command):
     """Milliseconds from the command to the microphone's being asked for."""
+    time.sleep(REPEATS + 0.1)
     began = time.monotonic()
     done = subprocess.Popen(command, stdout=subprocess.DEVNULL)
     took = (states.after(began, "preparing") - began) * 1000

@@ -99,6 +99,11 @@ bool wouldCatchThePaste(const KeyCombination& combination, const std::string& na
 
 } // namespace
 
+KeyCombination shortcutFrom(const std::string& stored)
+{
+    return stored.empty() ? KeyCombination() : fromStored(stored);
+}
+
 ShortcutChoice::ShortcutChoice(const Neighbours& neighbours)
     : m_to(neighbours)
 {
@@ -106,8 +111,12 @@ ShortcutChoice::ShortcutChoice(const Neighbours& neighbours)
 
 KeyCombination ShortcutChoice::combination() const
 {
-    const auto& stored = m_to.preferences.shortcut.get();
-    return stored.empty() ? KeyCombination() : fromStored(stored);
+    return shortcutFrom(m_to.preferences.shortcut.get());
+}
+
+bool ShortcutChoice::inForce() const
+{
+    return m_to.offered && !m_listening && m_to.status.shortcutMessage().empty();
 }
 
 QString ShortcutChoice::words() const

@@ -9,6 +9,9 @@ namespace vesko {
 
 class Hotkeys;
 
+// The shortcut that Preferences keep as this text.
+KeyCombination shortcutFrom(const std::string& stored);
+
 // The shortcut as the user sees it and chooses another. While it listens for one the present one is
 // given back, so that it can be pressed too; what is chosen is stored only if it can be had. Main
 // thread.
@@ -40,6 +43,8 @@ public:
     QString defaultWords() const;
     bool offered() const { return m_to.offered; }
     bool listening() const { return m_listening; }
+    // A press of it comes here.
+    bool inForce() const;
     const QString& pressed() const { return m_pressed; }
     const QString& refusal() const { return m_refusal; }
 

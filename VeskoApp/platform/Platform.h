@@ -8,6 +8,7 @@
 #include "VeskoApp/platform/Clipboard.h"
 #include "VeskoApp/platform/CueEngine.h"
 #include "VeskoApp/platform/Desktop.h"
+#include "VeskoApp/platform/Doctor.h"
 #include "VeskoApp/platform/FileChooser.h"
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoApp/platform/KeyInput.h"
@@ -61,6 +62,7 @@ struct Platform {
     FileChooser& fileChooser;
     Appearance& appearance;
     Permissions& permissions;
+    Doctor& doctor;
     SessionState& session;
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
     std::filesystem::path dataFolder; // where the library is

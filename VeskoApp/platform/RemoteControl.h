@@ -47,6 +47,8 @@ public:
     std::function<void(RemoteCommand, Answer answer)> onCommand;
     // What is told to whoever asks.
     std::function<RemoteStatus()> status;
+    // Whether a shortcut of the program's own is in force.
+    std::function<bool()> hasShortcut;
     // Tells those who follow that the state is another one.
     virtual void changed(const RemoteStatus& status) = 0;
 };

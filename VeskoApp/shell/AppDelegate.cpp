@@ -31,6 +31,7 @@ AppDelegate::AppDelegate(Platform& platform, AppModel& model)
     , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
     , m_shortcut({ platform.shortcut, m_hotkeys, model.preferences(), model.status(),
           platform.offer.shortcut == SessionOffer::Shortcut::own })
+    , m_diagnosis(platform.doctor)
     , m_windows(platform)
     , m_captureControl(platform, model.capture(), model.library(), model.status())
     , m_remote(platform.remoteControl, platform.clock, remoteProgram())
@@ -299,6 +300,7 @@ RemoteCommands::Program AppDelegate::remoteProgram()
                 noteCommand();
                 m_hotkeys.commandGestureKey(down);
             },
+        .hasShortcut = [this] { return m_shortcut.inForce(); },
     };
 }
 

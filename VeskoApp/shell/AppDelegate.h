@@ -7,6 +7,7 @@
 #include "VeskoApp/shell/AppModel.h"
 #include "VeskoApp/shell/AppWindows.h"
 #include "VeskoApp/shell/CaptureControl.h"
+#include "VeskoApp/shell/DiagnosisView.h"
 #include "VeskoApp/shell/RemoteCommands.h"
 #include "VeskoCore/shell/DemoScene.h"
 
@@ -30,6 +31,7 @@ class AppDelegate : public QObject {
     // Version, build and licence, line by line.
     Q_PROPERTY(QString about READ about CONSTANT)
     Q_PROPERTY(QObject* shortcut READ shortcut CONSTANT)
+    Q_PROPERTY(QObject* diagnosis READ diagnosis CONSTANT)
     // The desktop has no place for the status icon, or none that can be seen.
     Q_PROPERTY(bool statusIconHidden READ statusIconHidden NOTIFY statusIconHiddenChanged)
 
@@ -79,6 +81,7 @@ public:
     bool statusIconHidden() const { return m_statusIconHidden; }
     bool highContrast() const { return m_platform.appearance.highContrast(); }
     ShortcutChoice* shortcut() { return &m_shortcut; }
+    DiagnosisView* diagnosis() { return &m_diagnosis; }
     AppWindows& windows() { return m_windows; }
     CaptureControl& captureControl() { return m_captureControl; }
     // Nothing is read of the permissions before somebody wants to know.
@@ -131,6 +134,7 @@ private:
     AppModel& m_model;
     Hotkeys m_hotkeys;
     ShortcutChoice m_shortcut;
+    DiagnosisView m_diagnosis;
     std::optional<PermissionRows> m_permissions;
     AppWindows m_windows; // goes before what its windows show
     CaptureControl m_captureControl;

@@ -30,6 +30,7 @@ constexpr std::array rows{
     MenuRow{ "Edit", "", "", "" },
     MenuRow{ "Vesko", L10N_KEY("Vesko", "Welcome Tour…"), "", "openTour" },
     MenuRow{ "Vesko", L10N_KEY("Vesko", "Settings…"), "Ctrl+,", "openSettings" },
+    MenuRow{ "Vesko", L10N_KEY("Vesko", "Diagnose…"), "", "diagnose" },
     MenuRow{ "Vesko", L10N_KEY("Vesko", "About Vesko"), "", "about" },
     MenuRow{ "Vesko", "", "", "" },
     MenuRow{ "Vesko", L10N_KEY("Vesko", "Quit Vesko"), "Ctrl+Q", "quit" },

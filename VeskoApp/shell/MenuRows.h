@@ -9,7 +9,8 @@ struct MenuRow {
     const char* menu; // the group that it belongs to
     const char* title; // a key of the catalogues; empty for a line
     const char* keys; // as Qt names them; empty for none
-    const char* action; // of AppDelegate, of the window ("about") or of the text with the focus
+    const char*
+        action; // of AppDelegate, of the window ("about", "diagnose") or of the text with the focus
 };
 
 std::span<const MenuRow> menuRows();

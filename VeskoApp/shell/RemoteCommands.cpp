@@ -22,12 +22,14 @@ RemoteCommands::RemoteCommands(RemoteControl& control, EventClock& clock, Progra
     m_control.onCommand
         = [this](RemoteCommand wanted, auto answer) { command(wanted, std::move(answer)); };
     m_control.status = [this] { return status(); };
+    m_control.hasShortcut = m_program.hasShortcut;
 }
 
 RemoteCommands::~RemoteCommands()
 {
     m_control.onCommand = nullptr;
     m_control.status = nullptr;
+    m_control.hasShortcut = nullptr;
 }
 
 void RemoteCommands::command(RemoteCommand command, RemoteControl::Answer answer)

@@ -30,6 +30,7 @@ public:
         std::function<void()> show;
         std::function<void()> quit;
         std::function<void(bool down)> gestureKey; // went down or up
+        std::function<bool()> hasShortcut; // of its own, in force
     };
 
     RemoteCommands(RemoteControl& control, EventClock& clock, Program program);

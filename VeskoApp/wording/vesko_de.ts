@@ -2072,5 +2072,25 @@
         <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
         <translation>Original gesichert. Vesko wartet auf den Schlüssel aus Ihrem Passwortspeicher (Schlüsselbund), der vielleicht entsperrt werden will.</translation>
     </message>
+    <message>
+        <source>Diagnose…</source>
+        <translation>Diagnose…</translation>
+    </message>
+    <message>
+        <source>Diagnosis</source>
+        <translation>Diagnose</translation>
+    </message>
+    <message>
+        <source>What works on this computer and what doesn&apos;t. Nothing that you said or wrote is in it, and no key: it can go into a report as it is.</source>
+        <translation>Was auf diesem Computer funktioniert und was nicht. Nichts, was Sie gesagt oder geschrieben haben, steht darin, und kein Schlüssel: So kann es in eine Fehlermeldung.</translation>
+    </message>
+    <message>
+        <source>Looking at this computer…</source>
+        <translation>Dieser Computer wird untersucht…</translation>
+    </message>
+    <message>
+        <source>This computer could not be looked at.</source>
+        <translation>Dieser Computer konnte nicht untersucht werden.</translation>
+    </message>
 </context>
 </TS>

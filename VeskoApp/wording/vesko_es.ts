@@ -2072,5 +2072,25 @@
         <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
         <translation>Original guardado. Esperando la clave de su almacén de contraseñas (llavero), que quizá le pida desbloquearlo.</translation>
     </message>
+    <message>
+        <source>Diagnose…</source>
+        <translation>Diagnóstico…</translation>
+    </message>
+    <message>
+        <source>Diagnosis</source>
+        <translation>Diagnóstico</translation>
+    </message>
+    <message>
+        <source>What works on this computer and what doesn&apos;t. Nothing that you said or wrote is in it, and no key: it can go into a report as it is.</source>
+        <translation>Qué funciona en este equipo y qué no. No contiene nada de lo que ha dicho o escrito ni ninguna clave: puede ir tal cual en un informe.</translation>
+    </message>
+    <message>
+        <source>Looking at this computer…</source>
+        <translation>Examinando este equipo…</translation>
+    </message>
+    <message>
+        <source>This computer could not be looked at.</source>
+        <translation>No se ha podido examinar este equipo.</translation>
+    </message>
 </context>
 </TS>

@@ -2072,5 +2072,25 @@
         <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
         <translation>Original enregistré. En attente de la clé de votre magasin de mots de passe (trousseau), qui vous demande peut-être de le déverrouiller.</translation>
     </message>
+    <message>
+        <source>Diagnose…</source>
+        <translation>Diagnostic…</translation>
+    </message>
+    <message>
+        <source>Diagnosis</source>
+        <translation>Diagnostic</translation>
+    </message>
+    <message>
+        <source>What works on this computer and what doesn&apos;t. Nothing that you said or wrote is in it, and no key: it can go into a report as it is.</source>
+        <translation>Ce qui fonctionne sur cet ordinateur et ce qui ne fonctionne pas. Rien de ce que vous avez dit ou écrit n’y figure, ni aucune clé : il peut être joint tel quel à un rapport.</translation>
+    </message>
+    <message>
+        <source>Looking at this computer…</source>
+        <translation>Examen de cet ordinateur…</translation>
+    </message>
+    <message>
+        <source>This computer could not be looked at.</source>
+        <translation>Cet ordinateur n’a pas pu être examiné.</translation>
+    </message>
 </context>
 </TS>

@@ -2075,5 +2075,25 @@
         <source>Original saved. Waiting for the key from your password store (keyring), which may be asking you to unlock it.</source>
         <translation>Оригинал сохранён. Ожидается ключ из хранилища паролей (связки ключей): возможно, оно просит разблокировать его.</translation>
     </message>
+    <message>
+        <source>Diagnose…</source>
+        <translation>Диагностика…</translation>
+    </message>
+    <message>
+        <source>Diagnosis</source>
+        <translation>Диагностика</translation>
+    </message>
+    <message>
+        <source>What works on this computer and what doesn&apos;t. Nothing that you said or wrote is in it, and no key: it can go into a report as it is.</source>
+        <translation>Что на этом компьютере работает, а что нет. Здесь нет ничего из сказанного или написанного вами и нет ключей: это можно приложить к сообщению об ошибке как есть.</translation>
+    </message>
+    <message>
+        <source>Looking at this computer…</source>
+        <translation>Проверяется этот компьютер…</translation>
+    </message>
+    <message>
+        <source>This computer could not be looked at.</source>
+        <translation>Не удалось проверить этот компьютер.</translation>
+    </message>
 </context>
 </TS>

@@ -9,6 +9,7 @@
 #include <fcntl.h>
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -23,7 +24,7 @@ constexpr std::uint64_t smallArchive = 1 << 20; // bytes; of which any multiple 
 
 class Archive {
 public:
-    Archive(const std::filesystem::path& file, const ExchangeWatch& watch, std::uint64_t growth)
+    Archive(const std::filesystem::path& file, const ExchangeWatch& watch)
         : m_watch(watch)
     {
         // Also a folder could be opened, and a pipe would never answer.
@@ -32,7 +33,6 @@ public:
             throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory));
         if (kind != std::filesystem::file_type::regular)
             throw ExchangeFailure(ExchangeFailure::notALibrary);
-        m_room = std::max<std::uint64_t>(std::filesystem::file_size(file), smallArchive) * growth;
         int code = 0;
         m_archive.reset(m_zip.open(file.c_str(), ZIP_RDONLY, &code));
         if (m_archive)
@@ -42,13 +42,14 @@ public:
         throw ExchangeFailure(ExchangeFailure::notALibrary);
     }
 
-    // False if there is none of the name. Whatever size it claims to have, no more than the limit
-    // comes out of it.
-    bool extract(const std::string& name, const std::filesystem::path& to, std::uint64_t limit)
+    // Its bytes; nothing if there is none of the name. Whatever size it claims to have, no more
+    // than the limit comes out of it.
+    std::optional<std::uint64_t> extract(
+        const std::string& name, const std::filesystem::path& to, std::uint64_t limit)
     {
         const auto index = m_zip.locate(m_archive.get(), name.c_str(), 0);
         if (index < 0)
-            return false;
+            return std::nullopt;
         const std::unique_ptr<zip_file_t, decltype(&zip_fclose)> from(
             m_zip.openFile(m_archive.get(), static_cast<zip_uint64_t>(index), 0), m_zip.closeFile);
         if (!from)
@@ -56,7 +57,8 @@ public:
         auto& files = FileSystem::posix();
         OpenFile file(files, to, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
         std::vector<char> piece(1 << 16);
-        for (std::uint64_t size = 0;;) {
+        std::uint64_t size = 0;
+        while (true) {
             if (m_watch.isCancelled())
                 throw ExchangeFailure(ExchangeFailure::cancelled);
             const auto count = m_zip.read(from.get(), piece.data(), piece.size());
@@ -66,20 +68,18 @@ public:
                 break;
             const auto came = static_cast<std::uint64_t>(count);
             size += came;
-            if (size > limit || came > m_room)
+            if (size > limit)
                 throw ExchangeFailure(ExchangeFailure::tooLarge);
-            m_room -= came;
             writeAll(files, file, { piece.data(), came });
         }
         files.sync(file);
         file.close();
-        return true;
+        return size;
     }
 
 private:
     const LibZip& m_zip = LibZip::get();
     const ExchangeWatch& m_watch;
-    std::uint64_t m_room = 0; // bytes that may still come out of it
     ZipArchive m_archive;
 };
 
@@ -143,7 +143,11 @@ void LibraryImport::clearRemains(const std::filesystem::path& recordings)
 void LibraryImport::unpack(const Library& here, const std::filesystem::path& archive,
     const ExchangeWatch& watch, const ImportLimits& limits)
 {
-    Archive from(archive, watch, limits.growth);
+    Archive from(archive, watch);
+    // The document has a limit of its own: who says the same a thousand times has one that shrinks
+    // to a hundredth.
+    auto room = std::max<std::uint64_t>(std::filesystem::file_size(archive), smallArchive)
+        * limits.growth;
     clearRemains(m_recordings);
     FileSystem::posix().makeFolder(m_folder, 0700);
     m_other = readDocument(from, m_folder / "library.json", limits.document);
@@ -153,10 +157,13 @@ void LibraryImport::unpack(const Library& here, const std::filesystem::path& arc
         const auto& recording = recordings[done];
         if (recording.fileName != Recording::fileNameFor(recording.id))
             throw ExchangeFailure(ExchangeFailure::notALibrary);
-        if (!recording.audioRemovedAt
-            && from.extract("recordings/" + recording.fileName, m_folder / recording.fileName,
-                limits.recording))
+        if (recording.audioRemovedAt)
+            continue;
+        if (const auto size = from.extract("recordings/" + recording.fileName,
+                m_folder / recording.fileName, std::min(limits.recording, room))) {
+            room -= *size;
             m_unpacked.push_back(recording);
+        }
     }
     if (watch.isCancelled())
         throw ExchangeFailure(ExchangeFailure::cancelled);

@@ -11,7 +11,7 @@ namespace vesko {
 struct ImportLimits {
     std::uint64_t document = 512ULL << 20; // bytes, unpacked
     std::uint64_t recording = 256ULL << 20; // each
-    std::uint64_t growth = 20; // how many times its own size all of an archive may take
+    std::uint64_t growth = 20; // how many times the archive's own size all recordings may take
 };
 
 // What an archive of exportLibrary holds that a library doesn't have, unpacked beside the library's

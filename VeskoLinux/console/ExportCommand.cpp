@@ -32,13 +32,11 @@ int exportToFolder(
     Terminal terminal;
     try {
         if (!std::filesystem::is_directory(folder)) {
-            terminal.complain("there is no such folder");
-            return 1;
+            return terminal.complain("there is no such folder");
         }
         const auto library = savedLibrary(root);
         if (!library) {
-            terminal.complain("there is no library yet");
-            return 1;
+            return terminal.complain("there is no library yet");
         }
         const auto day = clock.now().text().substr(0, 10);
         const auto file = std::filesystem::canonical(folder) / ("vesko-" + day + ".zip");
@@ -49,15 +47,14 @@ int exportToFolder(
         std::puts(file.c_str());
         return 0;
     } catch (const ExchangeFailure&) {
-        terminal.complain("interrupted; nothing was written");
+        return terminal.complain("interrupted");
     } catch (const std::system_error& error) {
-        terminal.complain(error.code().message() + "; nothing was written");
+        return terminal.complain(error.code().message() + "; nothing was written");
     } catch (const JsonError&) {
-        terminal.complain("the library is damaged; Vesko itself may say more");
+        return terminal.complain("the library is damaged; Vesko itself may say more");
     } catch (const VeskoError&) {
-        terminal.complain("the library was made by a newer Vesko");
+        return terminal.complain("the library was made by a newer Vesko");
     }
-    return 1;
 }
 
 } // namespace vesko

@@ -10,14 +10,15 @@ namespace vesko {
 
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
+volatile std::sig_atomic_t interrupted = 0; // the signal
+constexpr int endedBySignal = 128; // and the signal's number
 
 } // namespace
 
 Terminal::Terminal()
 {
     struct sigaction ask{};
-    ask.sa_handler = [](int) { interrupted = 1; };
+    ask.sa_handler = [](int signal) { interrupted = signal; };
     for (const int signal : { SIGINT, SIGTERM, SIGHUP })
         sigaction(signal, &ask, nullptr);
 }
@@ -44,10 +45,13 @@ void Terminal::clear()
     m_shown = -1;
 }
 
-void Terminal::complain(std::string_view why)
+int Terminal::complain(std::string_view why)
 {
     clear();
+    if (isInterrupted()) // what failed, failed of it
+        why = "interrupted";
     std::fprintf(stderr, "vesko: %s\n", std::string(why).c_str());
+    return isInterrupted() ? endedBySignal + interrupted : 1;
 }
 
 } // namespace vesko

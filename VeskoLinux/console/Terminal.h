@@ -13,8 +13,9 @@ public:
     bool isInterrupted() const;
     // Shows how far it is, 0 to 1, where somebody can see it.
     void showProgress(double done);
-    // Says on the error output why it failed; the progress is gone then.
-    void complain(std::string_view why);
+    // Says on the error output why it failed; the progress is gone then. The exit code: 1, or what
+    // a shell expects of a command that was ended, 130 after Ctrl+C.
+    int complain(std::string_view why);
     // Takes the progress away.
     void clear();
 

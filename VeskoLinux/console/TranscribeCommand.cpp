@@ -2,6 +2,7 @@
 
 #include "VeskoApp/preferences/Preferences.h"
 #include "VeskoApp/transcription/AudioBytes.h"
+#include "VeskoCore/base/InputFile.h"
 #include "VeskoCore/base/Text.h"
 #include "VeskoCore/library/LibraryStore.h"
 #include "VeskoLinux/audio/AudioConversion.h"
@@ -10,12 +11,16 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include <fcntl.h>
+
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <stdexcept>
+#include <system_error>
 #include <thread>
+#include <vector>
 
 namespace vesko {
 
@@ -47,16 +52,65 @@ private:
     std::filesystem::path m_folder;
 };
 
-// The sound becomes a recording whose text this is.
-void keepInLibrary(LibraryStore& store, const std::filesystem::path& audio, double duration,
-    const std::string& provider, const std::string& model, const TranscriptResult& result)
+// As a recording of ours stands on the disk.
+void copySound(const std::filesystem::path& from, const std::filesystem::path& to)
 {
-    const auto note = store.createNote(NoteKind::voice, std::nullopt);
-    const auto recording = store.beginRecording(note.id);
-    std::filesystem::copy_file(audio, store.audioURL(recording));
-    store.finishRecording(recording.id, duration);
-    const auto attempt = store.beginAttempt(recording.id, provider, model, std::nullopt);
-    store.completeAttempt(recording.id, attempt.id, result);
+    auto& files = FileSystem::posix();
+    const auto input = InputFile::open(files, from, std::filesystem::file_size(from));
+    OpenFile output(files, to, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
+    std::vector<char> piece(1 << 16);
+    std::uint64_t done = 0;
+    while (const auto came = input->read(piece, done)) {
+        writeAll(files, output, { piece.data(), came });
+        done += came;
+    }
+    files.sync(output);
+    output.close();
+}
+
+// The sound becomes a recording whose text this is, in a note of its own. The library changes once,
+// behind the file: what there is no room for leaves nothing.
+void keepInLibrary(LibraryStore& store, const std::filesystem::path& audio, double duration,
+    const std::string& provider, const std::string& model, const TranscriptResult& result, Date now)
+{
+    TranscriptionAttempt attempt;
+    attempt.id = Uuid::random();
+    attempt.provider = provider;
+    attempt.model = result.model.value_or(model);
+    attempt.startedAt = now;
+    attempt.completedAt = now;
+    attempt.status = AttemptStatus::ready;
+    attempt.rawText = result.rawText;
+    attempt.text = *attempt.rawText;
+    attempt.cost = result.cost;
+    attempt.requestID = result.requestID;
+    attempt.errorMessage = result.warning;
+    attempt.detectedLanguage = result.language;
+
+    Note note;
+    note.id = Uuid::random();
+    note.kind = NoteKind::voice;
+    note.body = *attempt.text;
+    note.createdAt = note.updatedAt = now;
+    auto recording = Recording::make(Uuid::random(), note.id, now);
+    recording.duration = duration;
+    recording.status = RecordingStatus::ready;
+    recording.attempts.push_back(attempt);
+    recording.appendedToNote = true;
+    recording.appliedBodyRevision = now;
+    note.recordings.push_back(recording);
+    Library library;
+    library.notes.append(note);
+
+    const auto place = store.audioURL(recording);
+    try {
+        copySound(audio, place);
+        store.merge(library);
+    } catch (...) {
+        std::error_code ignored; // the first failure tells more
+        std::filesystem::remove(place, ignored);
+        throw;
+    }
 }
 
 TranscriptResult transcriptOf(std::string_view heard)
@@ -100,22 +154,23 @@ int TranscribeCommand::run(const Wish& wish)
             keepInLibrary(*store, place.file(), duration,
                 usesService() ? "OpenRouter" : std::string(onDeviceProvider),
                 usesService() ? m_to.preferences.sttModel.get() : "apple/on-device/" + language,
-                result);
+                result, m_to.clock.now());
         return 0;
     } catch (const VeskoError& error) {
         if (error.kind() == VeskoError::libraryBusy) {
             terminal.complain("--keep changes the library, which Vesko has open; end Vesko first");
             return notNow;
         }
-        terminal.complain(error.errorDescription());
+        return terminal.complain(error.errorDescription());
     } catch (const KeychainFailure&) {
-        terminal.complain("the keyring could not be used");
+        return terminal.complain("the keyring could not be used");
     } catch (const URLError&) {
-        terminal.complain("the service could not be reached");
+        return terminal.complain("the service could not be reached");
+    } catch (const std::system_error& error) { // whose words would hold paths
+        return terminal.complain(error.code().message() + "; nothing was kept");
     } catch (const std::exception& error) {
-        terminal.complain(error.what());
+        return terminal.complain(error.what());
     }
-    return 1;
 }
 
 // However long it takes: somebody watches, and may end it.

@@ -34,8 +34,8 @@ public:
 
     explicit TranscribeCommand(const Neighbours& neighbours);
 
-    // The exit code: 0, 1 with the reason on the error output, or 4 if the library is in use and
-    // was to be changed. Blocks; turns the event loop of a QCoreApplication.
+    // The exit code: 0, Terminal's with the reason on the error output, or 4 if the library is in
+    // use and was to be changed. Blocks; turns the event loop of a QCoreApplication.
     int run(const Wish& wish);
 
 private:

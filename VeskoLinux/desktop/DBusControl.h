@@ -14,6 +14,7 @@ class DBusControl final : public QDBusAbstractAdaptor, public RemoteControl {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "app.vesko.Vesko")
     Q_PROPERTY(QString Display READ display CONSTANT)
+    Q_PROPERTY(bool HasShortcut READ holdsShortcut)
 
 public:
     // Of this object, which is registered with this connection of Qt's.
@@ -23,6 +24,7 @@ public:
 
     // The display that this process's windows are on.
     static QString display();
+    bool holdsShortcut() const { return hasShortcut && hasShortcut(); }
 
 public Q_SLOTS:
     // NOLINTBEGIN(readability-identifier-naming): the names on the bus

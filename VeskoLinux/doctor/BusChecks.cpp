@@ -1,53 +1,12 @@
 // What other programs of the session say of themselves on its bus.
 
 #include "VeskoLinux/doctor/Checks.h"
+#include "VeskoLinux/doctor/SessionBus.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusVariant>
-
-#include <optional>
 
 namespace vesko {
-
-namespace {
-
-constexpr int patience = 3000; // milliseconds
-
-// The first value of the answer; none if nobody gave one. Nobody is started for it.
-std::optional<QVariant> ask(const QString& service, const QString& path, const QString& interface,
-    const QString& method, const QVariantList& arguments = {})
-{
-    auto call = QDBusMessage::createMethodCall(service, path, interface, method);
-    call.setArguments(arguments);
-    call.setAutoStartService(false);
-    const auto reply = QDBusConnection::sessionBus().call(call, QDBus::Block, patience);
-    if (reply.type() != QDBusMessage::ReplyMessage)
-        return std::nullopt;
-    return reply.arguments().value(0);
-}
-
-std::optional<QVariant> property(
-    const QString& service, const QString& path, const QString& interface, const QString& name)
-{
-    const auto value = ask(service, path, QStringLiteral("org.freedesktop.DBus.Properties"),
-        QStringLiteral("Get"), { interface, name });
-    return value ? std::optional(value->value<QDBusVariant>().variant()) : std::nullopt;
-}
-
-// Whether somebody has the name, or would be started for it.
-bool serves(const QString& service)
-{
-    const auto* const bus = QDBusConnection::sessionBus().interface();
-    if (!bus)
-        return false;
-    return bus->isServiceRegistered(service)
-        || bus->activatableServiceNames().value().contains(service);
-}
-
-} // namespace
 
 Finding lookAtProgram()
 {
@@ -62,16 +21,6 @@ Finding lookAtProgram()
     if (state->toString() == QStringLiteral("unavailable"))
         return Finding::wanting("Vesko runs, but its library is not open", "Its window says why.");
     return Finding::fine("Vesko runs: " + state->toString().toStdString());
-}
-
-Finding lookAtShortcut()
-{
-    if (qEnvironmentVariable("XDG_SESSION_TYPE") != QStringLiteral("wayland"))
-        return Finding::fact("asked of the X server while Vesko runs");
-    if (serves(QStringLiteral("org.kde.kglobalaccel")))
-        return Finding::fine("the desktop has shortcuts for programs");
-    return Finding::wanting("this desktop gives Vesko no shortcut of its own",
-        "In its keyboard settings give a shortcut the command: vesko --toggle");
 }
 
 Finding lookAtAccessibility()

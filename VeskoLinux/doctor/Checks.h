@@ -5,6 +5,7 @@
 #include "VeskoLinux/doctor/Diagnosis.h"
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
 namespace vesko {
@@ -14,9 +15,11 @@ namespace vesko {
 // listened to for a second, and what it hears is kept nowhere but for its loudness.
 
 Finding lookAtVersions(const std::string& version);
-Finding lookAtSession();
+Finding lookAtSession(const std::string& kind); // as the program goes by it
 Finding lookAtProgram(); // the Vesko that runs
-Finding lookAtShortcut();
+// Whose it is, as far as the session can tell. On X11, where no Vesko runs, `isFree` is asked
+// whether it can be had.
+Finding lookAtShortcut(bool wayland, const std::function<bool()>& isFree);
 Finding lookAtAccessibility();
 Finding lookAtTray();
 Finding lookAtNotifications();

@@ -57,14 +57,12 @@ Finding lookAtVersions(const std::string& version)
         + std::to_string(minor) + "." + std::to_string(micro));
 }
 
-Finding lookAtSession()
+Finding lookAtSession(const std::string& kind)
 {
-    const auto kind = environment("XDG_SESSION_TYPE");
     const auto desktop = environment("XDG_CURRENT_DESKTOP");
     if (environment("DISPLAY").empty() && environment("WAYLAND_DISPLAY").empty())
         return Finding::wanting("there is no display", "Start Vesko from within your desktop.");
-    return Finding::fact((kind.empty() ? "of an unknown kind" : kind) + ", desktop "
-        + (desktop.empty() ? "unknown" : desktop));
+    return Finding::fact(kind + "; desktop " + (desktop.empty() ? "unknown" : desktop));
 }
 
 Finding lookAtMicrophone()

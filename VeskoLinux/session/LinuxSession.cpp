@@ -47,6 +47,16 @@ public:
     void stop() override { }
 };
 
+enum class Typist { virtualKeyboard, portal, nobody };
+
+// Who types the paste shortcut under Wayland.
+Typist typistOf(const WaylandConnection& connection)
+{
+    if (VirtualKeyboardPaste::offered(connection))
+        return Typist::virtualKeyboard;
+    return PortalPasteKeystroke::offered() ? Typist::portal : Typist::nobody;
+}
+
 // What the compositors of one family read from their configuration, by its own words for them.
 std::string linesForConfiguration()
 {
@@ -115,9 +125,10 @@ public:
         } else {
             shortcut = std::make_unique<NoGlobalShortcut>();
         }
-        if (VirtualKeyboardPaste::offered(*m_connection))
+        m_typist = typistOf(*m_connection);
+        if (m_typist == Typist::virtualKeyboard)
             pasteKeystroke = std::make_unique<VirtualKeyboardPaste>(*m_connection, state);
-        else if (PortalPasteKeystroke::offered())
+        else if (m_typist == Typist::portal)
             pasteKeystroke = std::make_unique<PortalPasteKeystroke>(
                 *m_connection, state, clock, settings, *focusedField, std::move(held));
         else
@@ -143,13 +154,13 @@ public:
         }
         offer.allKeys = false;
         offer.floats = QGuiApplication::platformName() == QLatin1String("xcb");
-        offer.asksToPaste
-            = !VirtualKeyboardPaste::offered(*m_connection) && PortalPasteKeystroke::offered();
-        offer.pastes = VirtualKeyboardPaste::offered(*m_connection) || offer.asksToPaste;
+        offer.pastes = m_typist != Typist::nobody;
+        offer.asksToPaste = m_typist == Typist::portal;
     }
 
 private:
     std::unique_ptr<WaylandConnection> m_connection;
+    Typist m_typist = Typist::nobody;
 };
 
 bool LinuxSession::chooseWindowSystem()
@@ -157,6 +168,28 @@ bool LinuxSession::chooseWindowSystem()
     const bool both
         = qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && qEnvironmentVariableIsSet("DISPLAY");
     return both && !qEnvironmentVariableIsSet(windowSystem) && qputenv(windowSystem, "xcb;wayland");
+}
+
+std::string LinuxSession::summary()
+{
+    const WaylandConnection connection;
+    if (!connection.works())
+        return "X11";
+    std::string words = "Wayland; ";
+    switch (typistOf(connection)) {
+    case Typist::virtualKeyboard:
+        words += "pastes by the compositor's virtual keyboard";
+        break;
+    case Typist::portal:
+        words += "pastes by the desktop's portal";
+        break;
+    case Typist::nobody:
+        words += "nothing can be pasted";
+        break;
+    }
+    return words
+        + (DataControlClipboard::offered(connection) ? "; clipboard by data-control"
+                                                     : "; clipboard by its own windows");
 }
 
 LinuxSession::LinuxSession(EventClock& clock, SettingsStore& settings, const SessionState& state)

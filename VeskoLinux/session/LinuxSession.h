@@ -10,6 +10,7 @@
 #include "VeskoApp/platform/SettingsStore.h"
 
 #include <memory>
+#include <string>
 
 namespace vesko {
 
@@ -21,6 +22,10 @@ public:
     // can be, since only there a window can stay above others and leave the focus where it is.
     // Whether it has set the variable for it, which children are not to inherit.
     static bool chooseWindowSystem();
+
+    // Who draws the windows and what does the rest, in words for a report. Needs an application for
+    // its event loop, of whatever kind.
+    static std::string summary();
 
     // After the application has been made. All outlive this.
     LinuxSession(EventClock& clock, SettingsStore& settings, const SessionState& state);

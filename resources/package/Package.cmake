@@ -1,6 +1,6 @@
 # What cpack is told of the Debian package, which scripts/package makes. It holds what the install rules install, and
 # depends on what its files are linked with and, told here, on what they load while they run.
-set(CPACK_PACKAGE_CONTACT "The Vesko developers <developers@vesko.app>")
+set(CPACK_PACKAGE_CONTACT ${CPACK_VESKO_MAINTAINER})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS

@@ -171,7 +171,7 @@ class Exchange(unittest.TestCase):
         until("it writes", lambda: any(os.path.getsize(os.path.join(target, name)) > 1 << 20
                                        for name in os.listdir(target)))
         process.send_signal(signal.SIGINT)
-        self.assertEqual(process.wait(timeout=30), 1)
+        self.assertEqual(process.wait(timeout=30), 130)
         self.assertEqual(os.listdir(target), [])
 
 

@@ -2,6 +2,7 @@
 """A dictation in a session of KWin: its own shortcut, its portal's keystroke."""
 
 import os
+import subprocess
 import sys
 import unittest
 
@@ -10,7 +11,7 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from lib import cases, clipboard, hands, voice  # noqa: E402
 from lib.dictation import HIDDEN, MOVED, SENT  # noqa: E402
 from lib.programs import FeatherPad, Mousepad, PasswordPrompt  # noqa: E402
-from lib.vesko import Vesko  # noqa: E402
+from lib.vesko import BINARY, Vesko  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
 
 
@@ -34,6 +35,12 @@ class KWin(unittest.TestCase):
             self.say(SENT)
             until("the text stands in the editor", lambda: editor.text == clipboard.read())
             self.assertTrue(voice.is_understood(voice.BROTHER, editor.text))
+
+    def test_the_doctor_tells_whose_the_shortcut_is_and_who_types(self):
+        report = subprocess.run([BINARY, "--doctor"], stdout=subprocess.PIPE, text=True,
+                                check=False).stdout
+        self.assertIn("the desktop's settings give Vesko Meta+Shift+Space", report)
+        self.assertIn("Wayland; pastes by the desktop's portal", report)
 
     def test_never_into_a_password_field(self):
         with PasswordPrompt() as prompt:

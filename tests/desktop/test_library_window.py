@@ -225,6 +225,25 @@ class LibraryWindow(unittest.TestCase):
         until("the window has its icon", lambda: "Icon (" in eyes.window_property(
             window, "_NET_WM_ICON"))
 
+    def test_the_program_tells_what_works_here(self):
+        def report():
+            return next((node.name for node in self.vesko.app.walk()
+                         if node.name.lstrip().startswith("Versions")), None)
+
+        for _ in range(2):
+            self.vesko.press("button menu" if self.vesko.find("button menu", "Menu") else BUTTON,
+                             "Menu")
+            self.vesko.press(ITEM, "Diagnose…")
+            shown = until("it has looked", report)
+            for subject in ("Session", "Shortcut", "Microphone", "Recogniser", "Data folder"):
+                self.assertIn(subject, shown)
+            self.assertIn("Vesko runs: ready", shown)
+            self.assertNotIn(self.vesko.root, shown)
+            self.vesko.press(BUTTON, "Copy")
+            until("it is on the clipboard", lambda: clipboard.read().strip() == shown.strip())
+            self.vesko.press(BUTTON, "OK")
+            until("it is gone", lambda: not report())
+
     def test_a_note_is_copied(self):
         self.new_note("copied at once")
         self.vesko.press(BUTTON, "Copy note")

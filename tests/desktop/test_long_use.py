@@ -25,7 +25,8 @@ SECONDS = float(os.environ.get("LONG_USE", "25"))
 READER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "services/reader.py")
 BUTTON, ITEM, ROW, TEXT, CHOICE = "push button", "menu item", "list item", "text", "combo box"
 MENU = ["Open Vesko", "New note", "Dictionary…", "Export library…", "Import library…", "Undo",
-        "Redo", "Cut", "Copy", "Paste", "Select All", "Welcome Tour…", "Settings…", "About Vesko", "Quit Vesko"]
+        "Redo", "Cut", "Copy", "Paste", "Select All", "Welcome Tour…", "Settings…", "Diagnose…",
+        "About Vesko", "Quit Vesko"]
 # Each window: the item of the menu that opens it, and what is in no other.
 WINDOWS = (("Dictionary…", TEXT, "Recognized term"), ("Settings…", CHOICE, "Transcribe with"),
            ("Welcome Tour…", BUTTON, "Get started"))

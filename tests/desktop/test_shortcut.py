@@ -2,13 +2,14 @@
 """The user chooses the shortcut by pressing it, and is told when another program has it."""
 
 import os
+import subprocess
 import sys
 import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, eyes, hands, settings  # noqa: E402
-from lib.vesko import Vesko  # noqa: E402
+from lib.vesko import BINARY, Vesko  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
 from lib.x11 import ShortcutGrab  # noqa: E402
 
@@ -16,6 +17,13 @@ BUTTON = "push button"
 FIELD = "Global shortcut: "
 TAKEN = ("Super+Shift+Space is unavailable: another program has it. Use the floating button, or "
          "choose another shortcut in the settings.")
+
+
+def diagnosed():
+    """What the doctor says of the shortcut."""
+    report = subprocess.run([BINARY, "--doctor"], stdout=subprocess.PIPE, text=True,
+                            check=False).stdout
+    return next(line for line in report.splitlines() if "Shortcut" in line)
 
 
 class Shortcut(unittest.TestCase):
@@ -74,6 +82,17 @@ class Shortcut(unittest.TestCase):
         self.field("Super+Shift+Space")
         human_pause(hands.APART)
         self.records_with(*hands.SHORTCUT)
+
+    def test_the_doctor_tells_whose_it_is(self):
+        self.assertIn("nobody has it; Vesko takes it when it starts", diagnosed())
+        with ShortcutGrab(hands.KEYS["space"], hands.SUPER | hands.SHIFT):
+            self.assertIn("another program has it", diagnosed())
+            self.start()
+            self.vesko.wait_for_text(TAKEN)
+            self.assertIn("another program has it", diagnosed())
+        self.vesko.quit()
+        self.start()
+        self.assertEqual(diagnosed(), "ok  Shortcut        Vesko has it")
 
     def test_what_can_be_none_is_refused_in_words(self):
         self.start()

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """What takes room and is old goes, if the user has said so; the Trash is emptied by hand."""
 
+import json
 import os
 import sys
 import tempfile
@@ -64,6 +65,23 @@ class Storage(unittest.TestCase):
         until("it says that the audio was removed", lambda: any(
             node.name.startswith("Audio removed to save room: ") for node in vesko.app.walk()))
         self.assertIsNone(vesko.find(BUTTON, "Play or stop original recording"))
+
+    def test_the_trash_is_emptied_of_what_is_old_only_if_wanted(self):
+        self.make()
+        document = library.read(self.root)
+        document["notes"][0]["deletedAt"] = document["notes"][0]["updatedAt"]
+        with open(os.path.join(self.root, "library.json"), "w", encoding="utf-8") as file:
+            json.dump(document, file)
+        kept = document["notes"][1]["id"]
+        vesko = self.start(VESKO_DEMO_SCENE="settings")
+        self.assertEqual(len(library.read(self.root)["notes"]), 2)
+        self.choose(vesko, "Empty Trash", "After 30 days")
+        vesko.wait_to_find(LABEL, "Delete old notes in the Trash?")
+        self.assertEqual(len(library.read(self.root)["notes"]), 2)
+        vesko.press(BUTTON, "Delete permanently")
+        until("the old one is gone", lambda: [note["id"] for note in library.read(self.root)["notes"]]
+              == [kept])
+        until("and its recording", lambda: len(self.audio()) == 1)
 
     def test_the_trash_is_emptied_by_hand_once_the_user_agrees(self):
         note = {"id": "6C1F1A52-3C0B-4C55-9B7E-0B8E3C7D9A10", "kind": "text", "title": "Balcony",

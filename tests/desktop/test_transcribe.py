@@ -3,6 +3,7 @@
 
 import os
 import pty
+import signal
 import subprocess
 import sys
 import tempfile
@@ -13,6 +14,24 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from lib import cases, library, settings, voice  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import BINARY, Vesko, deployed, install_key  # noqa: E402
+from lib.waiting import until  # noqa: E402
+
+# Where a disk can be mounted that nobody else sees.
+APART = ("unshare", "--user", "--map-root-user", "--mount")
+
+
+def running(name):
+    """The commands of the processes that were started with this name."""
+    found = []
+    for process in filter(str.isdigit, os.listdir("/proc")):
+        try:
+            with open(f"/proc/{process}/cmdline", "rb") as file:
+                command = file.read().split(b"\0")
+        except OSError:
+            continue  # it has just ended
+        if name.encode() in command:
+            found.append(command)
+    return found
 
 
 class Transcribe(unittest.TestCase):
@@ -98,6 +117,52 @@ class Transcribe(unittest.TestCase):
             self.assertEqual((code, text), (4, ""))
             self.assertIn("end Vesko first", complaint)
         self.assertEqual(len(library.recordings(self.root)), 1)
+
+    def test_what_is_interrupted_leaves_nothing(self):
+        engine = os.path.join(self.folder, "engine")
+        heard = os.path.join(self.folder, "heard")
+        with open(engine, "w", encoding="utf-8") as file:
+            file.write(f"#!/bin/sh\necho >{heard}; sleep 120; true\n")
+        os.chmod(engine, 0o700)
+        settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True,
+                       engine="command", engineCommand=engine + " {wav}")
+        temporary = os.path.join(self.folder, "temporary")
+        os.mkdir(temporary)
+        process = subprocess.Popen(
+            [BINARY, "--transcribe", voice.recording_of(voice.COFFEE), "--keep"],
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+            env={**os.environ, "VESKO_DATA_ROOT": self.root, "TMPDIR": temporary})
+        until("the engine hears it", lambda: os.path.exists(heard))
+        self.assertEqual(len(running(engine)), 1)
+        process.send_signal(signal.SIGINT)
+        said, complaint = process.communicate(timeout=30)
+        self.assertEqual((process.returncode, said, complaint), (130, "", "vesko: interrupted\n"))
+        self.assertEqual(running(engine), [])
+        self.assertEqual(os.listdir(temporary), [])
+        self.assertEqual(library.recordings(self.root), [])
+
+    @unittest.skipIf(subprocess.run([*APART, "true"], check=False).returncode,
+                     "no small disk can be made here")
+    def test_what_there_is_no_room_for_leaves_no_note(self):
+        def on_a_disk_of(size):
+            os.makedirs(self.root, exist_ok=True)
+            done = subprocess.run(
+                [*APART, "sh", "-c",
+                 f'mount -t tmpfs -o size={size} none "$VESKO_DATA_ROOT" || exit 99; "$@"; '
+                 'echo $?; cat "$VESKO_DATA_ROOT"/library.json 2>/dev/null; ls "$VESKO_DATA_ROOT/recordings"',
+                 "sh", BINARY, "--transcribe", voice.recording_of(voice.COFFEE), "--keep"],
+                stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, timeout=60,
+                env={**os.environ, "VESKO_DATA_ROOT": self.root})
+            text, code, document = done.stdout.split("\n", 2)
+            return text, code, document.count('"createdAt"'), document.count(".m4a"), done.stderr
+
+        text, code, records, _, complaint = on_a_disk_of("1m")
+        self.assertEqual((code, records, complaint), ("0", 2, ""))
+        self.assertTrue(voice.is_understood(voice.COFFEE, text))
+        text, code, records, files, complaint = on_a_disk_of("40k")
+        self.assertEqual((code, records, files), ("1", 0, 0))
+        self.assertTrue(voice.is_understood(voice.COFFEE, text))
+        self.assertEqual(complaint, "vesko: No space left on device; nothing was kept\n")
 
 
 if __name__ == "__main__":

@@ -8,6 +8,7 @@
 #include "tests/fakes/FakeClipboard.h"
 #include "tests/fakes/FakeCueEngine.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeDoctor.h"
 #include "tests/fakes/FakeFileChooser.h"
 #include "tests/fakes/FakeFocusedField.h"
 #include "tests/fakes/FakeKeyInput.h"
@@ -62,6 +63,7 @@ struct FakePlatform {
     FakeFileChooser fileChooser;
     FakeAppearance appearance;
     FakePermissions permissions;
+    FakeDoctor doctor;
     FakeSessionState session;
 
     Platform all{
@@ -90,6 +92,7 @@ struct FakePlatform {
         .fileChooser = fileChooser,
         .appearance = appearance,
         .permissions = permissions,
+        .doctor = doctor,
         .session = session,
         .preferredLanguages = { "en-US" },
         .dataFolder = "/data/Vesko",

@@ -18,6 +18,8 @@ Item {
     function run(row) {
         if (row.action === "about")
             about.get().open();
+        else if (row.action === "diagnose")
+            diagnosis.get().open();
         else if (row.ofText)
             textBefore[row.action]();
         else
@@ -88,6 +90,13 @@ Item {
         }
     }
 
+    OnDemand {
+        id: diagnosis
+
+        DiagnosisSheet {
+            diagnosis: root.delegate.diagnosis
+        }
+    }
     OnDemand {
         id: about
 

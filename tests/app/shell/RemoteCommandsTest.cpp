@@ -30,6 +30,7 @@ protected:
     Phase phase = Phase::idle;
     bool ready = true;
     bool admits = true;
+    bool hasShortcut = true;
     std::vector<std::string> done;
     RemoteCommands commands{ control, clock,
         { .phase = [this] { return phase; },
@@ -54,7 +55,8 @@ protected:
                 },
             .show = [this] { done.emplace_back("show"); },
             .quit = [this] { done.emplace_back("quit"); },
-            .gestureKey = [this](bool down) { done.emplace_back(down ? "down" : "up"); } } };
+            .gestureKey = [this](bool down) { done.emplace_back(down ? "down" : "up"); },
+            .hasShortcut = [this] { return hasShortcut; } } };
 };
 
 TEST_F(RemoteCommandsTest, aStartIsAnsweredWhenTheRecordingRuns)
@@ -231,6 +233,13 @@ TEST_F(RemoteCommandsTest, theStatusIsThatOfTheProgram)
         EXPECT_EQ(status.title, QStringLiteral("A title"));
         EXPECT_EQ(status.elapsed, row.elapsed) << row.state;
     }
+}
+
+TEST_F(RemoteCommandsTest, whoAsksLearnsWhetherItHasAShortcut)
+{
+    EXPECT_TRUE(control.hasShortcut());
+    hasShortcut = false;
+    EXPECT_FALSE(control.hasShortcut());
 }
 
 TEST_F(RemoteCommandsTest, eachChangeIsToldOnce)

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <zip.h>
 
+#include <algorithm>
 #include <csignal>
 #include <map>
 
@@ -343,6 +344,57 @@ TEST_F(LibraryZipTest, aBombIsNotUnpacked)
     expectRefused(*to, ExchangeFailure::tooLarge, {}, { .document = 1 << 20, .recording = 4 });
     // Many small ones make a large one.
     expectRefused(*to, ExchangeFailure::tooLarge, {}, { .growth = 0 });
+}
+
+TEST_F(LibraryZipTest, aRecordingThatGrowsBeyondMeasureIsNotUnpacked)
+{
+    const auto from = filled();
+    const auto library = from->snapshot();
+    const auto name = library.notes[0].recordings[0].fileName;
+    putZip({ { "library.json", textOf(library) },
+        { "recordings/" + name, std::string(30 << 20, '\0') } });
+    EXPECT_LT(std::filesystem::file_size(archive), 100'000U);
+    expectRefused(*empty(), ExchangeFailure::tooLarge);
+}
+
+TEST_F(LibraryZipTest, aLibraryThatSaysTheSameAgainAndAgainComesBack)
+{
+    std::string said;
+    while (said.size() < 1 << 20)
+        said += "The same again. ";
+    auto library = filled()->snapshot();
+    for (int count = 0; count < 25; ++count) {
+        Note note;
+        note.id = Uuid::random();
+        note.body = said;
+        library.notes.append(note);
+    }
+    exportLibrary(library, recordings(), archive);
+    constexpr std::uint64_t growth = 50;
+    EXPECT_LT(std::filesystem::file_size(archive) * growth, textOf(library).size());
+    const auto to = empty();
+    EXPECT_EQ(importLibrary(*to, archive), library.notes.size());
+    const auto& notes = to->snapshot().notes;
+    EXPECT_EQ(std::ranges::count_if(
+                  notes, [&](const Note& note) { return std::string_view(note.body) == said; }),
+        25);
+}
+
+TEST_F(LibraryZipTest, anArchiveIsAsOpenAsOtherFilesOfTheUsers)
+{
+    const auto store = filled();
+    const auto permissions
+        = [this] { return static_cast<unsigned>(std::filesystem::status(archive).permissions()); };
+    for (const mode_t mask : { 022U, 077U }) {
+        std::filesystem::remove(archive);
+        const auto before = umask(mask);
+        exportFrom(*store);
+        umask(before);
+        EXPECT_EQ(permissions(), 0666U & ~mask);
+    }
+    std::filesystem::permissions(archive, std::filesystem::perms(0640));
+    exportFrom(*store);
+    EXPECT_EQ(permissions(), 0640U);
 }
 
 TEST_F(LibraryZipTest, namesLeadNowhereElse)

@@ -6,11 +6,19 @@
 #include "tests/linux/PrivateBus.h"
 
 #include <QDBusConnection>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
+#include <thread>
 
 namespace vesko {
 namespace {
@@ -59,18 +67,99 @@ TEST_F(BusChecks, aNameThatSomebodyHasIsServed)
     EXPECT_EQ(lookAtNotifications().state, State::fact);
 }
 
-TEST_F(BusChecks, aShortcutOfADesktopOfItsOwnIsACommand)
+TEST_F(BusChecks, onX11WhoHasTheShortcutIsVeskoNobodyOrSomebody)
 {
-    const auto before = qgetenv("XDG_SESSION_TYPE");
-    qputenv("XDG_SESSION_TYPE", "wayland");
-    EXPECT_THAT(lookAtShortcut().remedy, HasSubstr("vesko --toggle"));
+    EXPECT_EQ(lookAtShortcut(false, [] { return true; }).state, State::fine);
+    const auto taken = lookAtShortcut(false, [] { return false; });
+    EXPECT_EQ(taken.state, State::wanting);
+    EXPECT_THAT(taken.seen, HasSubstr("another program has it"));
+}
+
+TEST_F(BusChecks, aDesktopWithoutShortcutsForProgramsHasCommands)
+{
+    const auto never = [] { return false; };
+    qunsetenv("SWAYSOCK");
+    EXPECT_THAT(lookAtShortcut(true, never).remedy, HasSubstr("vesko --toggle"));
+    qputenv("SWAYSOCK", "/nowhere");
+    EXPECT_THAT(lookAtShortcut(true, never).remedy, HasSubstr("man vesko"));
+    qunsetenv("SWAYSOCK");
+}
+
+// A compositor that answers one question for its configuration.
+class Compositor {
+public:
+    explicit Compositor(const std::string& configuration)
+        : m_socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_un address{ .sun_family = AF_UNIX, .sun_path = {} };
+        m_path.copy(address.sun_path, sizeof address.sun_path - 1);
+        EXPECT_EQ(::bind(m_socket, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(::listen(m_socket, 1), 0);
+        qputenv("SWAYSOCK", m_path.c_str());
+        m_thread = std::jthread([this, configuration] { answer(configuration); });
+    }
+    Compositor(const Compositor&) = delete;
+    Compositor& operator=(const Compositor&) = delete;
+    ~Compositor()
+    {
+        m_thread.join();
+        ::close(m_socket);
+        qunsetenv("SWAYSOCK");
+    }
+
+private:
+    void answer(const std::string& configuration) const
+    {
+        const int peer = ::accept(m_socket, nullptr, nullptr);
+        const QJsonObject said{ { QStringLiteral("config"),
+            QString::fromStdString(configuration) } };
+        const auto text = QJsonDocument(said).toJson().toStdString();
+        std::string head(14, '\0');
+        EXPECT_EQ(::recv(peer, head.data(), head.size(), MSG_WAITALL), 14);
+        EXPECT_EQ(head, std::string("i3-ipc\0\0\0\0\x09\0\0\0", 14));
+        const auto length = static_cast<std::uint32_t>(text.size());
+        std::memcpy(head.data() + 6, &length, sizeof length);
+        const auto whole = head + text;
+        EXPECT_EQ(::send(peer, whole.data(), whole.size(), 0), ssize_t(whole.size()));
+        ::close(peer);
+    }
+
+    TemporaryFolder m_folder;
+    std::string m_path = m_folder.path() / "socket";
+    int m_socket;
+    std::jthread m_thread;
+};
+
+TEST_F(BusChecks, swayTellsTheKeysOfItsConfiguration)
+{
+    const struct {
+        const char* configuration;
+        State state;
+        const char* said;
+    } rows[] = {
+        { "set $mod Mod4\nbindsym --no-repeat Mod4+d exec vesko --toggle\n", State::fine,
+            "runs Vesko by Mod4+d" },
+        { "  bindcode --release 127 exec /opt/vesko/bin/vesko --start # speak\n", State::fine,
+            "runs Vesko by 127" },
+        { "# bindsym Mod4+d exec vesko --toggle\n", State::wanting, "no line" },
+        { "bindsym Mod4+d exec vesko --quit\nbindsym x exec vi vesko\n", State::wanting,
+            "no line" },
+        { "", State::wanting, "no line" },
+    };
+    for (const auto& row : rows) {
+        const Compositor sway(row.configuration);
+        const auto found = lookAtShortcut(true, [] { return false; });
+        EXPECT_EQ(found.state, row.state) << row.configuration;
+        EXPECT_THAT(found.seen, HasSubstr(row.said));
+    }
+}
+
+TEST_F(BusChecks, aDesktopWithShortcutsThatDoesNotAnswerMayHaveOne)
+{
     auto session = QDBusConnection::sessionBus();
     ASSERT_TRUE(session.registerService(QStringLiteral("org.kde.kglobalaccel")));
-    EXPECT_EQ(lookAtShortcut().state, State::fine);
+    EXPECT_EQ(lookAtShortcut(true, [] { return false; }).state, State::fact);
     session.unregisterService(QStringLiteral("org.kde.kglobalaccel"));
-    qputenv("XDG_SESSION_TYPE", "x11");
-    EXPECT_EQ(lookAtShortcut().state, State::fact);
-    qputenv("XDG_SESSION_TYPE", before);
 }
 
 TEST(MachineChecks, knowTheRecogniser)
