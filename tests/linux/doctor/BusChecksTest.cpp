@@ -1,7 +1,6 @@
 // On a bus of the test's own, on which nobody is, and then somebody.
 
 #include "VeskoLinux/doctor/Checks.h"
-#include "tests/fakes/FakeOnDeviceRecognizer.h"
 #include "tests/fakes/TemporaryFolder.h"
 #include "tests/linux/PrivateBus.h"
 
@@ -71,14 +70,6 @@ TEST_F(BusChecks, aShortcutOfADesktopOfItsOwnIsACommand)
     qputenv("XDG_SESSION_TYPE", "x11");
     EXPECT_EQ(lookAtShortcut().state, State::fact);
     qputenv("XDG_SESSION_TYPE", before);
-}
-
-TEST(MachineChecks, knowTheRecogniser)
-{
-    FakeOnDeviceRecognizer recognizer;
-    EXPECT_EQ(lookAtRecognizer(recognizer).state, State::fine);
-    recognizer.isAvailable = false;
-    EXPECT_THAT(lookAtRecognizer(recognizer).remedy, HasSubstr("pocketsphinx-en-us"));
 }
 
 TEST(MachineChecks, knowTheDataFolderAndKeepItsNameToThemselves)
