@@ -12,10 +12,35 @@
 
 namespace vesko {
 
+namespace {
+
+constexpr const char* onlySaved = L10N_KEY(
+    "Vesko", "The chosen engine isn't there. Until you choose another, recordings are only saved.");
+
+} // namespace
+
 TranscriptionRun::TranscriptionRun(const Neighbours& neighbours, OpenRouterClient client)
     : m_to(neighbours)
     , m_client(std::move(client))
 {
+    QObject::connect(&m_to.engines, &EngineSelection::settled, &m_home, [this] {
+        if (m_to.engines.inUse())
+            m_to.status.withdraw(onlySaved);
+    });
+}
+
+TranscriptionRun::Hearing TranscriptionRun::listen(const CaptureSettings& settings)
+{
+    if (m_to.engines.inUse())
+        return m_to.onDevice.listen(settings);
+    m_tasks.spawn(tellIfMissing());
+    return nullptr;
+}
+
+Task<> TranscriptionRun::tellIfMissing()
+{
+    if (!co_await m_to.engines.isThere() && m_to.capture.phase() != Phase::idle)
+        m_to.status.setErrorMessage(onlySaved);
 }
 
 void TranscriptionRun::start(CapturedRecording captured)
@@ -59,8 +84,7 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
         const auto begun = co_await m_to.library.change(
             [id = recording.id,
                 provider = std::string(settings.onDevice() ? onDeviceProvider : "OpenRouter"),
-                model
-                = settings.onDevice() ? "apple/on-device/" + settings.language : settings.model,
+                model = settings.onDevice() ? m_to.engines.named() : settings.model,
                 cleanupModel = settings.cleanup || settings.translateTo
                     ? std::optional(settings.cleanupModel)
                     : std::nullopt](LibraryStore& store) {
