@@ -20,8 +20,8 @@ struct SpeechHere {
     bool isThere = false;
     bool speaks = false; // the language
     bool inUse = false; // and not a service in its place
-    std::string language; // a tag, or "auto"
-    std::vector<FoundEngine> found;
+    std::string language = {}; // a tag, or "auto"
+    std::vector<FoundEngine> found = {};
 };
 
 Finding lookAtVersions(const std::string& version);
