@@ -155,6 +155,8 @@ Section {
             name: qsTranslate("Vesko", "Get a model")
             textRole: "name"
             model: section.downloads.models
+            currentIndex: 0
+            onActivated: index => currentIndex = index
         }
         PushButton {
             text: section.downloads.loading ? qsTranslate("Vesko", "Pause loading") : qsTranslate("Vesko", "Load")
