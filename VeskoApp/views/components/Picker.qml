@@ -7,7 +7,7 @@ import Vesko.Views
 // One of several, chosen from a list that opens below; a long list can be searched. Tells by
 // activated(index) what the user chose: which one is shown is its owner's word. With `flat` it has
 // no face of its own.
-T.AbstractButton {
+T.Control {
     id: control
 
     required property string name
@@ -48,8 +48,10 @@ T.AbstractButton {
     Accessible.role: Accessible.ComboBox
     Accessible.name: name
     Accessible.description: displayText
+    Accessible.focusable: enabled // the bus is told in no other way that it is off
     Accessible.onPressAction: if (enabled) open()
-    onClicked: popup.visible ? popup.close() : open()
+    hoverEnabled: true
+    Keys.onSpacePressed: open()
     Keys.onReturnPressed: open()
     Keys.onEnterPressed: open()
     Keys.onPressed: event => {
@@ -87,7 +89,7 @@ T.AbstractButton {
         Rectangle {
             anchors.fill: parent
             radius: parent.radius
-            color: control.down || popup.visible ? Theme.press : control.hovered ? Theme.hover : "transparent"
+            color: tap.pressed || popup.visible ? Theme.press : control.hovered ? Theme.hover : "transparent"
         }
         Icon {
             x: 10
@@ -108,6 +110,11 @@ T.AbstractButton {
         }
     }
 
+    TapHandler {
+        id: tap
+
+        onTapped: popup.visible ? popup.close() : control.open()
+    }
     PickerRows {
         id: rows
 
