@@ -7,26 +7,22 @@ import Vesko.Views
 // One of several, chosen from a list that opens below; a long list can be searched. Tells by
 // activated(index) what the user chose: which one is shown is its owner's word. With `flat` it has
 // no face of its own.
-T.Control {
+T.ComboBox {
     id: control
 
     required property string name
     property string iconName
-    property bool flat: false
-    property var model: [] // texts, or maps with their text under the key textRole
-    property string textRole
-    property int currentIndex: -1
-    readonly property string displayText: rows.text(rows.total > 0 ? currentIndex : -1)
+    // Texts, or maps with their text under the key textRole. The model of the template stays empty:
+    // it would choose by itself whenever that changes.
+    property var choices: []
     readonly property bool searchable: rows.total > 10
-
-    signal activated(int index)
 
     function open() {
         forceActiveFocus(Qt.OtherFocusReason); // where it comes back to
-        popup.open();
+        sheet.open();
     }
     function choose(index: int) {
-        popup.close();
+        sheet.close();
         if (index >= 0)
             activated(index);
     }
@@ -37,6 +33,7 @@ T.Control {
             activated(index);
     }
 
+    displayText: rows.text(rows.total > 0 ? currentIndex : -1)
     implicitWidth: Math.max(120, implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: Theme.control
     leftPadding: iconName ? 34 : 12
@@ -89,7 +86,7 @@ T.Control {
         Rectangle {
             anchors.fill: parent
             radius: parent.radius
-            color: tap.pressed || popup.visible ? Theme.press : control.hovered ? Theme.hover : "transparent"
+            color: tap.pressed || sheet.visible ? Theme.press : control.hovered ? Theme.hover : "transparent"
         }
         Icon {
             x: 10
@@ -113,12 +110,12 @@ T.Control {
     TapHandler {
         id: tap
 
-        onTapped: popup.visible ? popup.close() : control.open()
+        onTapped: sheet.visible ? sheet.close() : control.open()
     }
     PickerRows {
         id: rows
 
-        choices: control.model
+        choices: control.choices
         textRole: control.textRole
         query: search.text
     }
@@ -129,7 +126,7 @@ T.Control {
         text: rows.widest
     }
     T.Popup {
-        id: popup
+        id: sheet
 
         y: control.height + 4
         width: Math.max(control.width, 180, Math.min(420, widest.advanceWidth + 60))
@@ -180,7 +177,7 @@ T.Control {
                 height: parent.height - y
                 implicitHeight: contentHeight
                 clip: true
-                model: popup.visible ? rows : null
+                model: sheet.visible ? rows : null
                 keyNavigationEnabled: false
                 highlightMoveDuration: 0
                 boundsBehavior: Flickable.StopAtBounds

@@ -12,7 +12,7 @@ SettingLine {
         width: 250
         name: line.name
         textRole: "name"
-        model: line.choices
+        choices: line.choices
         currentIndex: line.choices.findIndex(choice => choice.tag === line.value)
         onActivated: index => line.chosen(line.choices[index].tag)
     }

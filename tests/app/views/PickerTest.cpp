@@ -116,7 +116,7 @@ protected:
                 id: window
 
                 property int activations: 0
-                property alias rows: picker.model
+                property alias rows: picker.choices
                 property alias current: picker.currentIndex
 
                 width: 500; height: 500; visible: true
