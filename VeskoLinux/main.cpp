@@ -14,6 +14,7 @@
 #include "VeskoLinux/command/Arguments.h"
 #include "VeskoLinux/console/ExportCommand.h"
 #include "VeskoLinux/console/TranscribeCommand.h"
+#include "VeskoLinux/console/Waiting.h"
 #include "VeskoLinux/desktop/CborSettings.h"
 #include "VeskoLinux/desktop/DBusNotifications.h"
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
@@ -105,17 +106,32 @@ struct SpeechOfSettings {
         programs / "vesko-pocketsphinx") };
     EngineShelf shelf{ EngineShelf::usualPlaces(programs, dataFolder()),
         [this](std::shared_ptr<const SpeechEngine> engine) { recognizer.use(std::move(engine)); } };
-    EngineSelection engines{ shelf, preferences, keychain };
 };
 
-// Whether nothing is wanting. Nothing of Vesko's is opened for it, so it can be asked beside one
-// that runs.
+// The engines are looked for, and the one of the settings is tried; a server's key stays where it
+// is.
+SpeechHere speechHere()
+{
+    SpeechOfSettings speech;
+    auto choice = EngineSelection::choiceOf(speech.preferences);
+    SpeechHere here{ .chosen = choice.id,
+        .inUse = speech.preferences.provider.get() == "apple",
+        .language = speech.preferences.language.get(),
+        .found = waitedFor(speech.shelf.find()) };
+    here.isThere = waitedFor(speech.shelf.use(std::move(choice)));
+    if (here.language == "auto" && !speech.recognizer.supports("auto"))
+        here.language = speech.recognizer.systemLanguage();
+    here.speaks = here.isThere && speech.recognizer.supports(here.language);
+    return here;
+}
+
+// Whether nothing is wanting. The settings are read and nothing else of Vesko's is opened for it,
+// so it can be asked beside one that runs.
 bool sayWhatWorks(int argc, char** argv, bool network)
 {
     startGStreamer();
     const QCoreApplication application(argc, argv); // for the bus
-    EngineRecognizer recognizer(
-        std::make_shared<PocketSphinxEngine>(programFolder() / "vesko-pocketsphinx"));
+    SpeechHere speech;
     const auto deployment = Deployment::read(deploymentFolders());
     const OpenRouterClient client(deployment.openRouterBaseURL);
     const auto data = AppModel::dataRoot(std::getenv("VESKO_DATA_ROOT"), dataFolder());
@@ -136,7 +152,8 @@ bool sayWhatWorks(int argc, char** argv, bool network)
         { "Notifications", lookAtNotifications },
         { "Microphone", lookAtMicrophone },
         { "Recordings", lookAtEncoder },
-        { "Recogniser", [&] { return lookAtRecognizer(recognizer); } },
+        { "Recogniser", [&] { return lookAtRecognizer(speech = speechHere()); } },
+        { "Other engines", [&] { return lookAtOtherEngines(speech); } },
         { "Keyring", lookAtKeyring },
         { "Data folder", [&] { return lookAtData(data); } },
     };
@@ -154,11 +171,12 @@ int transcribe(int argc, char** argv, const Arguments& read)
     startGStreamer();
     const QCoreApplication application(argc, argv);
     SpeechOfSettings speech;
+    EngineSelection engines(speech.shelf, speech.preferences, speech.keychain);
     const OpenRouterClient client(Deployment::read(deploymentFolders()).openRouterBaseURL);
     const SystemClock clock;
     return TranscribeCommand(
         { .recognizer = speech.recognizer,
-            .engines = speech.engines,
+            .engines = engines,
             .client = client,
             .preferences = speech.preferences,
             .secrets = speech.secrets,

@@ -20,6 +20,7 @@ import zipfile
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, os.path.join(HERE, "../tests/desktop"))
 
+from budget import report  # noqa: E402
 from lib import library, settings  # noqa: E402
 from lib.vesko import BINARY, Vesko  # noqa: E402
 
@@ -28,12 +29,6 @@ ROUNDS = 21
 EXPORTS = 5
 # Seconds in which the program takes another toggle for the repeat of a key that is held.
 REPEATS = 0.7
-
-
-def report(name, ours, yardstick, aim, unit):
-    ratio = ours / yardstick
-    print(f"{name}, {unit}", f"{ours:.1f}", f"{yardstick:.1f}", f"{ratio:.2f}", f"{aim:.2f}",
-          "met" if ratio <= aim else "over", sep="\t", flush=True)
 
 
 def milliseconds(command, **options):

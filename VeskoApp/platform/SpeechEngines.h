@@ -3,6 +3,7 @@
 #include "VeskoApp/async/Task.h"
 #include "VeskoCore/base/Secret.h"
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,13 @@ struct EngineChoice {
     std::string commandModel = {}; // what {model} stands for; may be empty
     std::string serverAddress = {}, serverModel = {};
     Secret serverKey = {}; // may be empty
+
+    // What a record calls the command's model: the file of the model, or else the program.
+    std::string commandModelName() const
+    {
+        const auto program = command.empty() ? std::string() : command.front();
+        return std::filesystem::path(commandModel.empty() ? program : commandModel).filename();
+    }
 
     bool operator==(const EngineChoice&) const = default;
 };

@@ -177,6 +177,25 @@ QVariantList EngineSettings::languages() const
     return rows;
 }
 
+QString EngineSettings::languageNote() const
+{
+    const auto& id = m_to.preferences.engine.get();
+    const auto* const engine = chosen();
+    if (id == "command" || id == "server")
+        return translated(L10N_KEY("Vesko",
+            "Automatic leaves it to your program or server to find out the language. If it is "
+            "unavailable, the audio stays saved and you can choose OpenRouter."));
+    if (engine && engine->detectsLanguage)
+        return translated(L10N_KEY("Vesko",
+            "Uses on-device speech only when this language is supported. Automatic lets the engine "
+            "find out the language. If a model is unavailable, the audio stays saved and you can "
+            "choose OpenRouter."));
+    return translated(L10N_KEY("Vesko",
+        "Uses on-device speech only when this language is supported. Automatic uses your Mac's "
+        "language. If a model is unavailable, the audio stays saved and you can choose "
+        "OpenRouter."));
+}
+
 QString EngineSettings::keyStatus() const
 {
     return m_hasKey ? translated(L10N_KEY("Vesko", "Saved in Keychain"))

@@ -26,6 +26,7 @@ class EngineSettings : public QObject {
     Q_PROPERTY(QString advice READ advice NOTIFY enginesChanged)
     // The spoken languages to choose from, rows with "tag" and "name".
     Q_PROPERTY(QVariantList languages READ languages NOTIFY changed)
+    Q_PROPERTY(QString languageNote READ languageNote NOTIFY changed) // what is so for the engine
     Q_PROPERTY(QString command READ command WRITE setCommand NOTIFY changed)
     Q_PROPERTY(QString commandModel READ commandModel WRITE setCommandModel NOTIFY changed)
     Q_PROPERTY(QString server READ server WRITE setServer NOTIFY changed)
@@ -60,6 +61,7 @@ public:
     QString problem() const;
     QString advice() const;
     QVariantList languages() const;
+    QString languageNote() const;
     QString command() const { return shown(m_to.preferences.engineCommand); }
     void setCommand(const QString& line) { set(m_to.preferences.engineCommand, line); }
     QString commandModel() const { return shown(m_to.preferences.engineCommandModel); }

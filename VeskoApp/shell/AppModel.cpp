@@ -1,6 +1,7 @@
 #include "VeskoApp/shell/AppModel.h"
 
 #include "VeskoApp/capture/CaptureLog.h"
+#include "VeskoApp/transcription/EngineTrial.h"
 #include "VeskoCore/base/Localized.h"
 
 #include <utility>
@@ -88,8 +89,7 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
     m_accounts.onUsage = [this](UsageEvent event) { m_analytics.track(event); };
     QObject::connect(&m_capture, &Capture::starting, &m_capture, [this] { m_review.stop(); });
     m_capture.onCaptured = [this](CapturedRecording captured) { m_run.start(std::move(captured)); };
-    m_capture.hear
-        = [this](const CaptureSettings& settings) { return m_onDevice.listen(settings); };
+    m_capture.hear = [this](const CaptureSettings& settings) { return m_run.listen(settings); };
     const auto getReadyToPaste = [this] {
         if (m_capture.isRecording() && m_capture.willPaste())
             m_platform.pasteKeystroke.prepare();
@@ -125,7 +125,14 @@ Task<> AppModel::start(LibrarySession::Opening open)
     if (m_platform.settings.empty()
         || !m_platform.settings.get<bool>(firstLaunchDone).value_or(true))
         m_tasks.spawn(chooseFirstProvider());
-    if (!co_await m_library.open(std::move(open)))
+    // The library is nobody else's from then on.
+    const bool opened = co_await m_library.open(
+        [open = std::move(open), folder = m_platform.dataFolder]() mutable {
+            auto store = open();
+            EngineTrial::clear(folder);
+            return store;
+        });
+    if (!opened)
         co_return;
     qCInfo(captureLog, "library_ready");
     // Not before, when it would take its time from the library and nobody could record yet.

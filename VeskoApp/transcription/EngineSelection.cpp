@@ -14,7 +14,7 @@ namespace {
 // The one that the recogniser begins with.
 constexpr auto first = "pocketsphinx";
 
-EngineChoice choiceOf(const std::string& id, const Preferences& preferences)
+EngineChoice choiceNamed(const std::string& id, const Preferences& preferences)
 {
     EngineChoice choice{ .id = id };
     if (choice.id == "command") {
@@ -49,9 +49,25 @@ EngineSelection::EngineSelection(
     revise();
 }
 
+EngineChoice EngineSelection::choiceOf(const Preferences& preferences)
+{
+    return choiceNamed(preferences.engine.get(), preferences);
+}
+
+std::string EngineSelection::named() const
+{
+    constexpr std::string_view byContract = "engine/";
+    if (m_seen.id.starts_with(byContract))
+        return m_seen.id.substr(byContract.size());
+    const auto model = m_seen.id == "command" ? m_seen.commandModelName()
+        : m_seen.id == "server"               ? m_seen.serverModel
+                                              : "";
+    return m_seen.id + (model.empty() ? "" : "/" + model);
+}
+
 void EngineSelection::revise()
 {
-    auto choice = choiceOf(m_preferences.engine.get(), m_preferences);
+    auto choice = choiceOf(m_preferences);
     if (choice == m_seen)
         return;
     m_seen = std::move(choice);
@@ -107,7 +123,7 @@ Task<bool> EngineSelection::lookAgain()
 Task<bool> EngineSelection::lend(std::string id)
 {
     co_await isThere(); // what is on its way would come behind
-    co_return co_await putInUse(choiceOf(id, m_preferences));
+    co_return co_await putInUse(choiceNamed(id, m_preferences));
 }
 
 Task<> EngineSelection::chooseBest(std::string language)

@@ -19,9 +19,15 @@ class EngineSelection : public QObject {
 public:
     EngineSelection(SpeechEngines& engines, Preferences& preferences, Keychain& keychain);
 
-    // Whether the engine of the settings is in use, as soon as that is known.
+    // What the settings name, without the key of a server.
+    static EngineChoice choiceOf(const Preferences& preferences);
+    // The same as a record names it, whether it is there or not: "whisper.cpp/base".
+    std::string named() const;
+    // Whether the engine of the settings is in use now.
+    bool inUse() const { return m_isThere && !m_applying; }
+    // The same, as soon as it is known.
     Task<bool> isThere();
-    // The same, and tries again to put it in use where it wasn't there.
+    // And tries again to put it in use where it wasn't there.
     Task<bool> lookAgain();
     // Makes the best engine that speaks the language the user's choice; nothing if none does.
     Task<> chooseBest(std::string language);
@@ -44,7 +50,7 @@ private:
     Preferences& m_preferences;
     Keychain& m_keychain;
     EngineChoice m_seen; // of the settings, without the key
-    bool m_isThere = true;
+    bool m_isThere = true; // as of the last attempt
     bool m_applying = false;
     bool m_again = false; // the settings have changed meanwhile
     std::vector<Eventual<std::monostate>> m_waiting;

@@ -14,39 +14,38 @@ namespace vesko {
 namespace {
 
 constexpr double longestSentence = 12; // seconds
+constexpr const char* soundName = "trial.m4a";
 
 } // namespace
 
 // Whatever ends a trial leaves nothing behind.
 class EngineTrial::Turn {
 public:
-    Turn(Neighbours& to, std::filesystem::path sound)
+    explicit Turn(Neighbours& to)
         : m_to(to)
-        , m_sound(std::move(sound))
     {
-        remove();
+        clear(m_to.folder);
     }
     Turn(const Turn&) = delete;
     Turn& operator=(const Turn&) = delete;
     ~Turn()
     {
         m_to.recorder.stop();
-        remove();
+        clear(m_to.folder);
         m_to.engines.giveBack();
         m_to.capture.endProcessing();
     }
-    const std::filesystem::path& sound() const { return m_sound; }
+    std::filesystem::path sound() const { return m_to.folder / soundName; }
 
 private:
-    void remove() const
-    {
-        std::error_code ignored;
-        std::filesystem::remove(m_sound, ignored);
-    }
-
     Neighbours& m_to;
-    std::filesystem::path m_sound;
 };
+
+void EngineTrial::clear(const std::filesystem::path& folder)
+{
+    std::error_code ignored;
+    std::filesystem::remove(folder / soundName, ignored);
+}
 
 EngineTrial::EngineTrial(Neighbours neighbours)
     : m_to(std::move(neighbours))
@@ -90,7 +89,7 @@ Task<> EngineTrial::run(std::string id)
 
 Task<QString> EngineTrial::tried(std::string id)
 {
-    const Turn turn(m_to, m_to.folder / "trial.m4a");
+    const Turn turn(m_to);
     if (!co_await m_to.engines.lend(id))
         co_return translated(L10N_KEY("Vesko", "This engine isn't there."));
     const auto settings = CaptureSettings::from(m_to.preferences, m_to.library.contents());

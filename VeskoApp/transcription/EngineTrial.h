@@ -34,6 +34,9 @@ public:
 
     explicit EngineTrial(Neighbours neighbours);
 
+    // Removes what a trial that was killed has left in the folder. Any thread.
+    static void clear(const std::filesystem::path& folder);
+
     // Begins to listen, for 12 seconds at most.
     Q_INVOKABLE void start(const QString& id);
     // The sentence has been spoken.

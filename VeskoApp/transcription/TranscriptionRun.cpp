@@ -19,6 +19,8 @@ constexpr const char* waitsForKey = L10N_KEY("Vesko",
     "Original saved. Waiting for the key from your password store (keyring), which may be asking "
     "you to unlock it.");
 constexpr double keysTake = 1; // seconds at most, where nobody is asked for a password
+constexpr const char* onlySaved = L10N_KEY(
+    "Vesko", "The chosen engine isn't there. Until you choose another, recordings are only saved.");
 
 } // namespace
 
@@ -26,6 +28,24 @@ TranscriptionRun::TranscriptionRun(const Neighbours& neighbours, OpenRouterClien
     : m_to(neighbours)
     , m_client(std::move(client))
 {
+    QObject::connect(&m_to.engines, &EngineSelection::settled, &m_home, [this] {
+        if (m_to.engines.inUse())
+            m_to.status.withdraw(onlySaved);
+    });
+}
+
+TranscriptionRun::Hearing TranscriptionRun::listen(const CaptureSettings& settings)
+{
+    if (m_to.engines.inUse())
+        return m_to.onDevice.listen(settings);
+    m_tasks.spawn(tellIfMissing());
+    return nullptr;
+}
+
+Task<> TranscriptionRun::tellIfMissing()
+{
+    if (!co_await m_to.engines.isThere() && m_to.capture.phase() != Phase::idle)
+        m_to.status.setErrorMessage(onlySaved);
 }
 
 void TranscriptionRun::start(CapturedRecording captured)
@@ -69,8 +89,7 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
         const auto begun = co_await m_to.library.change(
             [id = recording.id,
                 provider = std::string(settings.onDevice() ? onDeviceProvider : "OpenRouter"),
-                model
-                = settings.onDevice() ? "apple/on-device/" + settings.language : settings.model,
+                model = settings.onDevice() ? m_to.engines.named() : settings.model,
                 cleanupModel = settings.cleanup || settings.translateTo
                     ? std::optional(settings.cleanupModel)
                     : std::nullopt](LibraryStore& store) {

@@ -35,6 +35,11 @@ public:
 
     TranscriptionRun(const Neighbours& neighbours, OpenRouterClient client);
 
+    using Hearing = std::unique_ptr<OnDeviceRecognizer::Hearing>;
+    // Begins to recognise a recording that is about to be made on this machine. Null where only the
+    // file can be; where the engine of the settings isn't there, the user is told before the words
+    // are spoken, and no other hears them.
+    Hearing listen(const CaptureSettings& settings);
     // What the capture has just left.
     void start(CapturedRecording captured);
     // Transcribes a stored recording again, with today's settings. False if something is under way.
@@ -48,7 +53,7 @@ public:
 
 private:
     Task<> transcribe(CapturedRecording captured, bool copyWhenDone);
-    using Hearing = std::unique_ptr<OnDeviceRecognizer::Hearing>;
+    Task<> tellIfMissing();
     // What a service is asked with, and whether it is asked at all: looked for at the same time.
     struct Service {
         ServiceKey key;
@@ -64,6 +69,7 @@ private:
 
     Neighbours m_to;
     OpenRouterClient m_client;
+    QObject m_home; // what it hears of
 
     // Last, so that tasks end before what they use.
     Worker m_network;

@@ -2092,5 +2092,21 @@
         <source>This computer could not be looked at.</source>
         <translation>Dieser Computer konnte nicht untersucht werden.</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Nichts gefunden</translation>
+    </message>
+    <message>
+        <source>Uses on-device speech only when this language is supported. Automatic lets the engine find out the language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>Erkennt die Sprache nur dann auf dem Gerät, wenn sie unterstützt wird. „Automatisch“ überlässt es der Spracherkennung, die Sprache herauszufinden. Fehlt ein Modell, bleibt der Ton gesichert, und Sie können OpenRouter wählen.</translation>
+    </message>
+    <message>
+        <source>Automatic leaves it to your program or server to find out the language. If it is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>„Automatisch“ überlässt es Ihrem Programm oder Server, die Sprache herauszufinden. Ist es nicht erreichbar, bleibt der Ton gesichert, und Sie können OpenRouter wählen.</translation>
+    </message>
 </context>
 </TS>

@@ -2092,5 +2092,21 @@
         <source>This computer could not be looked at.</source>
         <translation>No se ha podido examinar este equipo.</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Sin resultados</translation>
+    </message>
+    <message>
+        <source>Uses on-device speech only when this language is supported. Automatic lets the engine find out the language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>Usa la voz en el equipo solo si admite este idioma. «Automático» deja que el motor averigüe el idioma. Si falta un modelo, el audio queda guardado y puede elegir OpenRouter.</translation>
+    </message>
+    <message>
+        <source>Automatic leaves it to your program or server to find out the language. If it is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>«Automático» deja que su programa o servidor averigüe el idioma. Si no está disponible, el audio queda guardado y puede elegir OpenRouter.</translation>
+    </message>
 </context>
 </TS>

@@ -2092,5 +2092,21 @@
         <source>This computer could not be looked at.</source>
         <translation>Cet ordinateur n’a pas pu être examiné.</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Aucun résultat</translation>
+    </message>
+    <message>
+        <source>Uses on-device speech only when this language is supported. Automatic lets the engine find out the language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>N’utilise la reconnaissance sur l’appareil que si cette langue est prise en charge. « Automatique » laisse le moteur trouver la langue. Si un modèle manque, le son reste enregistré et vous pouvez choisir OpenRouter.</translation>
+    </message>
+    <message>
+        <source>Automatic leaves it to your program or server to find out the language. If it is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>« Automatique » laisse votre programme ou votre serveur trouver la langue. S’il n’est pas disponible, le son reste enregistré et vous pouvez choisir OpenRouter.</translation>
+    </message>
 </context>
 </TS>

@@ -2095,5 +2095,21 @@
         <source>This computer could not be looked at.</source>
         <translation>Не удалось проверить этот компьютер.</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Поиск</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Ничего не найдено</translation>
+    </message>
+    <message>
+        <source>Uses on-device speech only when this language is supported. Automatic lets the engine find out the language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>Распознавание на компьютере работает, только если этот язык поддерживается. В режиме «Автоматически» язык определяет сам распознаватель. Если модель недоступна, звук остаётся сохранённым и можно выбрать OpenRouter.</translation>
+    </message>
+    <message>
+        <source>Automatic leaves it to your program or server to find out the language. If it is unavailable, the audio stays saved and you can choose OpenRouter.</source>
+        <translation>В режиме «Автоматически» язык определяет ваша программа или ваш сервер. Если они недоступны, звук остаётся сохранённым и можно выбрать OpenRouter.</translation>
+    </message>
 </context>
 </TS>

@@ -29,12 +29,17 @@ private:
 std::string hexadecimal(std::string_view bytes);
 // Standard base64 with padding, in one line (RFC 4648, section 4).
 std::string base64(std::string_view bytes);
-// About how long a JSON text around a base64 text of that length is, one of whose 64 letters is
-// escaped there.
-constexpr std::size_t roomForEscapes(std::size_t base64Length)
-{
-    return base64Length + base64Length / 50 + 4096;
-}
+// Bytes that stand in a document as base64, which is made as it is written.
+struct Base64 {
+    std::string_view bytes;
+
+    // About how long a JSON text around it is; one of the 64 letters is escaped there.
+    std::size_t roomInDocument() const
+    {
+        const auto length = (bytes.size() + 2) / 3 * 4;
+        return length + length / 50 + 4096;
+    }
+};
 // The URL-safe alphabet without padding (RFC 4648, section 5).
 std::string base64URL(std::string_view bytes);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoCore/base/Date.h"
+#include "VeskoCore/base/Digest.h"
 #include "VeskoCore/base/JsonCache.h"
 #include "VeskoCore/base/JsonError.h"
 #include "VeskoCore/base/JsonFields.h"
@@ -70,6 +71,7 @@ private:
     void put(std::int64_t value);
     void put(double value);
     void put(const std::string& value);
+    void put(const Base64& value);
     void put(const Uuid& value);
     void put(const Date& value);
 

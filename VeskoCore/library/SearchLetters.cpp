@@ -19,13 +19,15 @@ void require(UErrorCode status)
 }
 
 // The root collation is made of rules, like every other that ICU has.
-std::unique_ptr<const icu::RuleBasedCollator> rootCollation()
+const icu::RuleBasedCollator& rootCollation()
 {
-    UErrorCode status = U_ZERO_ERROR;
-    auto* collation = icu::Collator::createInstance(icu::Locale::getRoot(), status);
-    require(status);
-    return std::unique_ptr<const icu::RuleBasedCollator>(
-        dynamic_cast<icu::RuleBasedCollator*>(collation));
+    static const std::unique_ptr<const icu::RuleBasedCollator> collation([] {
+        UErrorCode status = U_ZERO_ERROR;
+        auto* root = icu::Collator::createInstance(icu::Locale::getRoot(), status);
+        require(status);
+        return dynamic_cast<icu::RuleBasedCollator*>(root);
+    }());
+    return *collation;
 }
 
 // ICU hands out a weight of more than 16 bits in two elements, the second of which is marked.
@@ -62,9 +64,8 @@ SearchLetters::Page::Page(char32_t first)
     UErrorCode status = U_ZERO_ERROR;
     const auto* composition = icu::Normalizer2::getNFCInstance(status);
     require(status);
-    const auto collation = rootCollation();
     const std::unique_ptr<icu::CollationElementIterator> elements(
-        collation->createCollationElementIterator(icu::UnicodeString()));
+        rootCollation().createCollationElementIterator(icu::UnicodeString()));
     for (std::size_t at = 0; at < size; ++at) {
         const auto codePoint = static_cast<UChar32>(first + at);
         // Each by itself, so that no word depends on which letters a language counts as one.

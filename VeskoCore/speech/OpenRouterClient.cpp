@@ -15,7 +15,7 @@ namespace vesko {
 
 // The body of the speech call.
 struct InputAudio {
-    std::string data; // base64
+    Base64 data;
     std::string format;
 };
 
@@ -114,14 +114,14 @@ TranscriptResult OpenRouterClient::transcribe(const std::string& audio, const st
     if (audio.size() > audioLimit)
         throw VeskoError(VeskoError::audioTooLarge);
 
-    SpeechRequest request{ .inputAudio = { base64(audio), format },
+    SpeechRequest request{ .inputAudio = { { audio }, format },
         .language = std::nullopt,
         .model = model,
         .responseFormat = "json" };
     if (language && !language->empty() && *language != "auto")
         request.language = firstCharacters(*language, 2);
     auto body = JsonWriter::write(
-        request, JsonWriter::Form::compact, roomForEscapes(request.inputAudio.data.size()));
+        request, JsonWriter::Form::compact, request.inputAudio.data.roomInDocument());
     return transcriptOf(send("audio/transcriptions", key, std::move(body), std::move(stop)));
 }
 

@@ -17,7 +17,7 @@ namespace vesko {
 
 // The body of the speech call.
 struct PlusSpeechRequest {
-    std::string audio; // base64
+    Base64 audio;
     std::string format;
     std::optional<std::string> language;
     std::string model;
@@ -148,7 +148,7 @@ TranscriptResult PlusGateway::transcribe(const std::string& audio, const std::st
         throw VeskoError(VeskoError::emptyTranscript);
     if (audio.size() > audioLimit)
         throw PlusFailure(PlusFailure::audioTooLarge);
-    PlusSpeechRequest request{ .audio = base64(audio),
+    PlusSpeechRequest request{ .audio = { audio },
         .format = format,
         .language = std::nullopt,
         .model = model,
@@ -156,10 +156,10 @@ TranscriptResult PlusGateway::transcribe(const std::string& audio, const std::st
         .seconds = std::max(std::ceil(seconds), 1.0) };
     if (language && !language->empty() && *language != "auto")
         request.language = language;
-    return reply(send("v1/plus/transcribe", token,
-                     JsonWriter::write(
-                         request, JsonWriter::Form::compact, roomForEscapes(request.audio.size())),
-                     std::move(stop)),
+    return reply(
+        send("v1/plus/transcribe", token,
+            JsonWriter::write(request, JsonWriter::Form::compact, request.audio.roomInDocument()),
+            std::move(stop)),
         requestID);
 }
 

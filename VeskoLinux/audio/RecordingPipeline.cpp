@@ -1,5 +1,7 @@
 #include "VeskoLinux/audio/RecordingPipeline.h"
 
+#include "VeskoCore/base/FileSystem.h"
+#include "VeskoLinux/audio/OrderlyFinish.h"
 #include "VeskoLinux/audio/SoundTap.h"
 #include "VeskoLinux/media/GstPlugins.h"
 
@@ -193,6 +195,10 @@ void RecordingPipeline::begin(
             listenIn(listener);
         const Element sink(gst_bin_get_by_name(GST_BIN(m_writer.get()), "sink"));
         g_object_set(sink.get(), "location", file.c_str(), nullptr);
+        GstPad* written = gst_element_get_static_pad(sink.get(), "sink");
+        m_finish = std::make_unique<OrderlyFinish>(written);
+        gst_object_unref(written);
+        m_file = file;
         gst_bin_add(GST_BIN(m_pipeline.get()), m_writer.get());
         GstPad* out = gst_element_get_static_pad(m_queue.get(), "src");
         GstPad* in = gst_element_get_static_pad(m_writer.get(), "sink");
@@ -281,6 +287,14 @@ void RecordingPipeline::end()
     std::unique_lock lock(m_mutex);
     m_noted.wait_for(lock, 10s, [this] { return m_endOfStream || m_failure; });
     m_noted.wait_for(lock, 2s, [this] { return m_endOfStream; });
+    if (!m_endOfStream)
+        return; // the file stays as it was while it grew
+    lock.unlock();
+    try {
+        m_finish->complete(FileSystem::posix(), m_file);
+    } catch (const std::exception&) {
+        // Likewise.
+    }
 }
 
 // The last words before a stop are still on their way from the microphone: a buffer's length from a

@@ -18,6 +18,7 @@ using GstMessage = struct _GstMessage;
 
 namespace vesko {
 
+class OrderlyFinish;
 class SoundTap;
 
 // One recording, from the default microphone into one file, on GStreamer's threads. build, open,
@@ -48,7 +49,7 @@ public:
     // is as whole as it will be.
     std::optional<RecorderFailure> attend();
     // Returns when everything that the microphone has heard until now stands in the file, and it is
-    // an ordinary one; or when that has failed.
+    // an ordinary one and on the disk; or when that has failed.
     void end();
 
     double capturedSeconds() const;
@@ -73,6 +74,8 @@ private:
     Element m_source;
     Element m_queue;
     Element m_writer; // all from the queue to the file; no part of the pipeline before that
+    std::filesystem::path m_file;
+    std::unique_ptr<OrderlyFinish> m_finish; // of the file
     std::unique_ptr<SoundTap> m_tap; // goes before what it listens to
     unsigned long m_held = 0; // keeps the sound in the queue
 

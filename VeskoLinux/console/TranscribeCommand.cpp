@@ -7,6 +7,7 @@
 #include "VeskoCore/library/LibraryStore.h"
 #include "VeskoLinux/audio/AudioConversion.h"
 #include "VeskoLinux/console/Terminal.h"
+#include "VeskoLinux/console/Waiting.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -153,8 +154,8 @@ int TranscribeCommand::run(const Wish& wish)
         if (store)
             keepInLibrary(*store, place.file(), duration,
                 usesService() ? "OpenRouter" : std::string(onDeviceProvider),
-                usesService() ? m_to.preferences.sttModel.get() : "apple/on-device/" + language,
-                result, m_to.clock.now());
+                usesService() ? m_to.preferences.sttModel.get() : m_to.engines.named(), result,
+                m_to.clock.now());
         return 0;
     } catch (const VeskoError& error) {
         if (error.kind() == VeskoError::libraryBusy) {
@@ -177,7 +178,7 @@ int TranscribeCommand::run(const Wish& wish)
 TranscriptResult TranscribeCommand::onDevice(
     const std::filesystem::path& audio, const std::string& language, const Terminal& terminal)
 {
-    if (!engineIsThere())
+    if (!waitedFor(m_to.engines.isThere()))
         throw std::runtime_error("the speech engine of the settings isn't there");
     const bool known = language != "auto" || m_to.recognizer.supports("auto");
     const auto tag = known ? language : m_to.recognizer.systemLanguage();
@@ -228,21 +229,6 @@ TranscriptResult TranscribeCommand::byService(
     });
     return m_to.client.transcribe(audioBytes(audio), "m4a", m_to.preferences.sttModel.get(),
         language, *key, true, stop.get_token());
-}
-
-bool TranscribeCommand::engineIsThere() const
-{
-    bool isThere = false;
-    QEventLoop loop;
-    TaskScope waiting;
-    QTimer::singleShot(0, &loop, [&] {
-        waiting.spawn([](EngineSelection& engines, bool& into, QEventLoop& until) -> Task<> {
-            into = co_await engines.isThere();
-            until.quit();
-        }(m_to.engines, isThere, loop));
-    });
-    loop.exec();
-    return isThere;
 }
 
 bool TranscribeCommand::usesService() const

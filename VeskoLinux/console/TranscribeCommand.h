@@ -43,7 +43,6 @@ private:
         const std::filesystem::path& audio, const std::string& language, const Terminal& terminal);
     TranscriptResult byService(
         const std::filesystem::path& audio, const std::string& language, const Terminal& terminal);
-    bool engineIsThere() const;
     bool usesService() const;
 
     Neighbours m_to;

@@ -1,18 +1,29 @@
 #pragma once
 
-#include "VeskoApp/platform/OnDeviceRecognizer.h"
+#include "VeskoApp/platform/SpeechEngines.h"
 #include "VeskoCore/speech/OpenRouterClient.h"
 #include "VeskoLinux/doctor/Diagnosis.h"
 
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vesko {
 
 // What Vesko needs of this machine, one capability a check. The services are asked over the session
 // bus; nothing is started, changed or sent anywhere but where a check says so. The microphone is
 // listened to for a second, and what it hears is kept nowhere but for its loudness.
+
+// What the settings say of speech on this computer, and what became of it when it was tried.
+struct SpeechHere {
+    std::string chosen; // the engine's id
+    bool isThere = false;
+    bool speaks = false; // the language
+    bool inUse = false; // and not a service in its place
+    std::string language = {}; // a tag, or "auto"
+    std::vector<FoundEngine> found = {};
+};
 
 Finding lookAtVersions(const std::string& version);
 Finding lookAtSession(const std::string& kind); // as the program goes by it
@@ -25,7 +36,8 @@ Finding lookAtTray();
 Finding lookAtNotifications();
 Finding lookAtMicrophone();
 Finding lookAtEncoder();
-Finding lookAtRecognizer(const OnDeviceRecognizer& recognizer);
+Finding lookAtRecognizer(const SpeechHere& speech);
+Finding lookAtOtherEngines(const SpeechHere& speech);
 Finding lookAtKeyring();
 // The one check that leaves this machine, for who asks for it: without a key.
 Finding lookAtService(const OpenRouterClient& client);

@@ -110,18 +110,6 @@ Finding lookAtEncoder()
     return Finding::fine("recordings can be written and read");
 }
 
-Finding lookAtRecognizer(const OnDeviceRecognizer& recognizer)
-{
-    const auto language = recognizer.systemLanguage();
-    if (!recognizer.available())
-        return Finding::wanting("nothing is installed that recognises speech on this computer",
-            "Install a model, such as pocketsphinx-en-us, or use OpenRouter.");
-    if (!recognizer.supports(language))
-        return Finding::wanting("there is no model for the desktop's language (" + language + ")",
-            "Install one, choose another language in the settings, or use OpenRouter.");
-    return Finding::fine("there is a model for the desktop's language (" + language + ")");
-}
-
 Finding lookAtService(const OpenRouterClient& client)
 {
     try {

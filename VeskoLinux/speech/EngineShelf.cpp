@@ -1,6 +1,6 @@
 #include "VeskoLinux/speech/EngineShelf.h"
 
-#include "VeskoLinux/speech/SpeechModel.h"
+#include "VeskoCore/base/Folder.h"
 #include "VeskoLinux/speech/engines/ChildProcess.h"
 #include "VeskoLinux/speech/engines/PocketSphinxEngine.h"
 #include "VeskoLinux/speech/engines/ServerEngine.h"
@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <optional>
 #include <sstream>
+#include <thread>
 
 namespace vesko {
 
@@ -71,27 +72,47 @@ std::optional<Shelved> introduced(const fs::path& program, const std::stop_token
             .detectsLanguage = hello.detectsLanguage };
         return Shelved{ std::move(found),
             std::make_shared<ContractEngine>(std::vector<std::string>{ program }, hello) };
-    } catch (const EngineFailure&) {
+    } catch (const std::exception&) {
         return std::nullopt; // a program, but no engine
     }
 }
 
-std::vector<Shelved> contractEngines(const EngineShelf::Places& places, const std::stop_token& stop)
+std::vector<fs::path> contractPrograms(const EngineShelf::Places& places)
 {
     constexpr std::size_t most = 20; // each is started
     std::vector<fs::path> programs;
-    for (const auto& folder : places.contractEngines) {
-        std::error_code ignored;
-        for (const auto& entry : fs::directory_iterator(folder, ignored))
-            if (isTrusted(entry.path()))
-                programs.push_back(entry.path());
-    }
+    for (const auto& folder : places.contractEngines)
+        eachEntry(folder, [&](const fs::path& file) {
+            if (isTrusted(file))
+                programs.push_back(file);
+        });
     std::ranges::sort(programs);
     programs.resize(std::min(programs.size(), most));
+    return programs;
+}
+
+// They are asked beside one another, since one that never says who it is takes as long as it may;
+// and nobody is waited for once the wanted one has answered.
+std::vector<Shelved> contractEngines(const EngineShelf::Places& places, const std::stop_token& stop,
+    const std::optional<std::string>& wanted = std::nullopt)
+{
+    const auto programs = contractPrograms(places);
+    std::vector<std::optional<Shelved>> answers(programs.size());
+    std::stop_source enough;
+    const std::stop_callback unwanted(stop, [&] { enough.request_stop(); });
+    {
+        std::vector<std::jthread> asking;
+        for (std::size_t i = 0; i < programs.size(); ++i)
+            asking.emplace_back([&, i] {
+                answers[i] = introduced(programs[i], enough.get_token());
+                if (answers[i] && answers[i]->found.id == wanted)
+                    enough.request_stop();
+            });
+    }
     std::vector<Shelved> all;
-    for (const auto& program : programs)
-        if (auto engine = introduced(program, stop))
-            all.push_back(std::move(*engine));
+    for (auto& answer : answers)
+        if (answer)
+            all.push_back(std::move(*answer));
     return all;
 }
 
@@ -134,12 +155,10 @@ std::shared_ptr<const SpeechEngine> chosen(
     if (choice.id == "command" && takesSound) {
         auto words = choice.command;
         words.front() = programOf(words.front());
-        const auto& named
-            = choice.commandModel.empty() ? choice.command.front() : choice.commandModel;
         return std::make_shared<CommandEngine>(CommandEngine::Command{ .name = "command",
             .words = std::move(words),
             .model = choice.commandModel,
-            .modelName = fs::path(named).filename() });
+            .modelName = choice.commandModelName() });
     }
     if (choice.id == "server" && TranscriptionServer::endpoint(choice.serverAddress)) {
         TranscriptionServer::Place place{ choice.serverAddress, choice.serverModel };
@@ -147,7 +166,7 @@ std::shared_ptr<const SpeechEngine> chosen(
             place.key = choice.serverKey;
         return std::make_shared<ServerEngine>(std::move(place));
     }
-    auto engines = choice.id.starts_with("engine/") ? contractEngines(places, stop)
+    auto engines = choice.id.starts_with("engine/") ? contractEngines(places, stop, choice.id)
         : choice.id.starts_with("whisper.cpp/")     ? whispers(places)
                                                     : std::vector{ pocketSphinx(places) };
     for (auto& shelved : engines)
@@ -176,7 +195,7 @@ EngineShelf::EngineShelf(
 
 Task<std::vector<FoundEngine>> EngineShelf::find()
 {
-    co_return co_await m_worker.run([places = m_places](const std::stop_token& stop) {
+    co_return co_await m_finding.run([places = m_places](const std::stop_token& stop) {
         std::vector<FoundEngine> found;
         for (auto& shelved : shelf(places, stop))
             found.push_back(std::move(shelved.found));
@@ -186,7 +205,7 @@ Task<std::vector<FoundEngine>> EngineShelf::find()
 
 Task<bool> EngineShelf::use(EngineChoice choice)
 {
-    auto engine = co_await m_worker.run(
+    auto engine = co_await m_fetching.run(
         [places = m_places, choice = std::move(choice)](
             const std::stop_token& stop) { return chosen(places, choice, stop); });
     if (!engine)

@@ -31,7 +31,8 @@ public:
 private:
     Places m_places;
     std::function<void(std::shared_ptr<const SpeechEngine>)> m_use;
-    Worker m_worker;
+    Worker m_finding; // may be long; what is to be used needn't wait for it
+    Worker m_fetching;
 };
 
 } // namespace vesko

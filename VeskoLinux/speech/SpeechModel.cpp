@@ -1,5 +1,7 @@
 #include "VeskoLinux/speech/SpeechModel.h"
 
+#include "VeskoCore/base/Folder.h"
+
 #include <algorithm>
 #include <cctype>
 
@@ -25,18 +27,18 @@ std::string languageOf(const std::string& normalizedTag)
 std::optional<SpeechModel> modelIn(const std::filesystem::path& folder)
 {
     SpeechModel model;
-    std::error_code ignored; // a folder that can't be read holds no model
-    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
-        const auto name = entry.path().filename().string();
-        if (std::filesystem::exists(entry.path() / "mdef", ignored))
-            model.acoustic = entry.path();
+    eachEntry(folder, [&](const std::filesystem::path& path) {
+        const auto name = path.filename().string();
+        std::error_code ignored;
+        if (std::filesystem::exists(path / "mdef", ignored))
+            model.acoustic = path;
         else if (name.ends_with(".dict"))
-            model.dictionary = entry.path();
+            model.dictionary = path;
         // The other kind of language model is one of sounds, not of words.
         else if ((name.ends_with(".lm.bin") || name.ends_with(".lm"))
             && name.find("phone") == std::string::npos)
-            model.language = entry.path();
-    }
+            model.language = path;
+    });
     if (model.acoustic.empty() || model.language.empty() || model.dictionary.empty())
         return std::nullopt;
     return model;
@@ -51,10 +53,10 @@ std::optional<SpeechModel> SpeechModel::find(
     if (languageOf(wanted).empty())
         return std::nullopt; // a hidden folder would seem to be named so
     std::vector<std::filesystem::path> folders;
-    std::error_code ignored; // without the folder there are no models
-    for (const auto& entry : std::filesystem::directory_iterator(models, ignored))
-        if (languageOf(normalized(entry.path().filename().string())) == languageOf(wanted))
-            folders.push_back(entry.path());
+    eachEntry(models, [&](const std::filesystem::path& folder) {
+        if (languageOf(normalized(folder.filename().string())) == languageOf(wanted))
+            folders.push_back(folder);
+    });
     std::ranges::sort(folders, {}, [&](const auto& folder) {
         return std::pair(normalized(folder.filename().string()) != wanted, folder);
     });
@@ -67,11 +69,11 @@ std::optional<SpeechModel> SpeechModel::find(
 std::vector<std::string> SpeechModel::installed(const std::filesystem::path& models)
 {
     std::vector<std::string> tags;
-    std::error_code ignored;
-    for (const auto& entry : std::filesystem::directory_iterator(models, ignored))
-        if (const auto model = modelIn(entry.path());
+    eachEntry(models, [&](const std::filesystem::path& folder) {
+        if (const auto model = modelIn(folder);
             model && !languageOf(normalized(model->name())).empty())
             tags.push_back(normalized(model->name()));
+    });
     std::ranges::sort(tags);
     return tags;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoApp/platform/SpeechEngines.h"
+#include "tests/fakes/Gate.h"
 
 #include <algorithm>
 
@@ -16,8 +17,13 @@ public:
         .licence = "BSD-2-Clause",
         .languages = { "en-US" } } };
     std::vector<EngineChoice> used;
+    Gate finding;
 
-    Task<std::vector<FoundEngine>> find() override { co_return found; }
+    Task<std::vector<FoundEngine>> find() override
+    {
+        co_await finding.pass();
+        co_return found;
+    }
     Task<bool> use(EngineChoice choice) override
     {
         const bool own = choice.id == "command" || choice.id == "server";

@@ -2,15 +2,38 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Templates as T
+import Vesko.Views
 
-// One of several, chosen from a list that opens below. Tells by activated(index) what the user
-// chose. With `flat` it has no face of its own.
+// One of several, chosen from a list that opens below; a long list can be searched. Tells by
+// activated(index) what the user chose: which one is shown is its owner's word. With `flat` it has
+// no face of its own.
 T.ComboBox {
     id: control
 
     required property string name
     property string iconName
+    // Texts, or maps with their text under the key textRole. The model of the template stays empty:
+    // it would choose by itself whenever that changes.
+    property var choices: []
+    readonly property bool searchable: rows.total > 10
 
+    function open() {
+        forceActiveFocus(Qt.OtherFocusReason); // where it comes back to
+        sheet.open();
+    }
+    function choose(index: int) {
+        sheet.close();
+        if (index >= 0)
+            activated(index);
+    }
+    // As the list does while it is closed.
+    function walk(steps: int) {
+        const index = Math.max(0, Math.min(rows.total - 1, currentIndex + steps));
+        if (index !== currentIndex)
+            activated(index);
+    }
+
+    displayText: rows.text(rows.total > 0 ? currentIndex : -1)
     implicitWidth: Math.max(120, implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: Theme.control
     leftPadding: iconName ? 34 : 12
@@ -22,11 +45,27 @@ T.ComboBox {
     Accessible.role: Accessible.ComboBox
     Accessible.name: name
     Accessible.description: displayText
-    Accessible.onPressAction: if (enabled) {
-        forceActiveFocus(Qt.OtherFocusReason); // for the list, which has none of its own
-        popup.open();
+    Accessible.focusable: enabled // the bus is told in no other way that it is off
+    Accessible.onPressAction: if (enabled) open()
+    hoverEnabled: true
+    Keys.onSpacePressed: open()
+    Keys.onReturnPressed: open()
+    Keys.onEnterPressed: open()
+    Keys.onPressed: event => {
+        if (ListKeys.move(event, 10, steps => control.walk(steps))) {
+            event.accepted = true;
+        } else if (event.text.trim().length > 0 && !(event.modifiers & ~Qt.ShiftModifier)) {
+            event.accepted = true;
+            if (searchable) {
+                open();
+                search.text = event.text;
+            } else {
+                const index = rows.nextFrom(currentIndex, event.text);
+                if (index >= 0)
+                    activated(index);
+            }
+        }
     }
-    Keys.onReturnPressed: popup.open()
 
     contentItem: Text {
         text: control.displayText
@@ -38,13 +77,6 @@ T.ComboBox {
         textFormat: Text.PlainText
         Accessible.ignored: true
     }
-    indicator: Icon {
-        x: control.width - width - 9
-        anchors.verticalCenter: parent?.verticalCenter
-        name: "chevron"
-        size: 14
-        enabled: control.enabled
-    }
     background: Rectangle {
         radius: Theme.corner
         color: control.flat ? "transparent" : Theme.field
@@ -54,7 +86,7 @@ T.ComboBox {
         Rectangle {
             anchors.fill: parent
             radius: parent.radius
-            color: control.down ? Theme.press : control.hovered ? Theme.hover : "transparent"
+            color: tap.pressed || sheet.visible ? Theme.press : control.hovered ? Theme.hover : "transparent"
         }
         Icon {
             x: 10
@@ -63,77 +95,166 @@ T.ComboBox {
             name: control.iconName
             size: 16
         }
+        Icon {
+            x: control.width - width - 9
+            anchors.verticalCenter: parent.verticalCenter
+            name: "chevron"
+            size: 14
+            enabled: control.enabled
+        }
         FocusRing {
             visible: control.visualFocus
         }
     }
 
-    delegate: T.ItemDelegate {
-        id: row
+    TapHandler {
+        id: tap
 
-        required property int index
-        required property var modelData
-        readonly property string label: control.textRole ? modelData[control.textRole] : modelData
-
-        width: ListView.view.width
-        implicitHeight: 32
-        highlighted: control.highlightedIndex === index
-        Accessible.role: Accessible.ListItem
-        Accessible.name: label
-        Accessible.selected: control.currentIndex === index
-        Accessible.onPressAction: {
-            control.currentIndex = index;
-            control.activated(index);
-            control.popup.close();
-        }
-
-        contentItem: Text {
-            leftPadding: 12
-            rightPadding: 26
-            text: row.label
-            font.family: Theme.family
-            font.pixelSize: Theme.body
-            font.weight: control.currentIndex === row.index ? Font.DemiBold : Font.Normal
-            color: Theme.text
-            verticalAlignment: Text.AlignVCenter
-            elide: Text.ElideRight
-            textFormat: Text.PlainText
-            Accessible.ignored: true
-        }
-        background: Rectangle {
-            radius: Theme.corner
-            color: row.highlighted || row.hovered ? Theme.chosen : "transparent"
-
-            Icon {
-                anchors.right: parent.right
-                anchors.rightMargin: 8
-                anchors.verticalCenter: parent.verticalCenter
-                visible: control.currentIndex === row.index
-                name: "check"
-                color: Theme.accent
-                size: 14
-            }
-        }
+        onTapped: sheet.visible ? sheet.close() : control.open()
     }
+    PickerRows {
+        id: rows
 
-    popup: T.Popup {
+        choices: control.choices
+        textRole: control.textRole
+        query: search.text
+    }
+    TextMetrics {
+        id: widest
+
+        font: control.font
+        text: rows.widest
+    }
+    T.Popup {
+        id: sheet
+
         y: control.height + 4
-        width: Math.max(control.width, 180)
-        height: Math.min(contentItem.implicitHeight + 12, 340)
+        width: Math.max(control.width, 180, Math.min(420, widest.advanceWidth + 60))
+        height: Math.min(implicitHeight, 340)
+        implicitHeight: contentHeight + topPadding + bottomPadding
+        contentHeight: list.y + list.implicitHeight
         margins: 6
         padding: 6
+        focus: true
+        closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
         // The one around the list; it takes no name for itself.
         Component.onCompleted: contentItem.parent.Accessible.name = Qt.binding(() => control.name)
+        onAboutToShow: search.clear()
+        onOpened: {
+            list.go();
+            (control.searchable ? search : list).forceActiveFocus(Qt.PopupFocusReason);
+            list.positionViewAtIndex(list.currentIndex, ListView.Center);
+        }
+        // Unless the user has gone on elsewhere.
+        onClosed: {
+            const keyboard = control.Window.activeFocusItem;
+            if (!keyboard || keyboard === control.Window.contentItem)
+                control.forceActiveFocus(Qt.PopupFocusReason);
+        }
 
-        contentItem: ListView {
-            clip: true
-            implicitHeight: contentHeight
-            // Qt 6.4 ends badly with a picker whose list, once opened, still has its rows.
-            model: control.popup.visible ? control.delegateModel : null // qmllint disable
-            currentIndex: control.highlightedIndex
-            highlightMoveDuration: 0
-            boundsBehavior: Flickable.StopAtBounds
-            T.ScrollBar.vertical: ScrollMark { }
+        contentItem: Item {
+            TextBox {
+                id: search
+
+                width: parent.width
+                visible: control.searchable
+                name: qsTranslate("Vesko", "Search")
+                placeholderText: name
+                iconName: "search"
+                onTextChanged: list.go()
+                Keys.forwardTo: list
+            }
+            ListView {
+                id: list
+
+                // To the first that is found, or to what is chosen.
+                function go() {
+                    currentIndex = search.length > 0 ? 0 : rows.rowOf(control.currentIndex);
+                }
+
+                y: search.visible ? search.height + 6 : 0
+                width: parent.width
+                height: parent.height - y
+                implicitHeight: contentHeight
+                clip: true
+                model: sheet.visible ? rows : null
+                keyNavigationEnabled: false
+                highlightMoveDuration: 0
+                boundsBehavior: Flickable.StopAtBounds
+                Accessible.ignored: true
+                T.ScrollBar.vertical: ScrollMark { }
+
+                Keys.onPressed: event => {
+                    const plain = event.key === Qt.Key_Home || event.key === Qt.Key_End; // those of the text
+                    if (!(plain && search.activeFocus) && ListKeys.move(event, height / 32, steps => {
+                        list.currentIndex = Math.max(0, Math.min(list.count - 1, list.currentIndex + steps));
+                    })) {
+                        event.accepted = true;
+                    } else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter
+                               || event.key === Qt.Key_Space && !search.activeFocus) {
+                        event.accepted = true;
+                        control.choose(rows.placeOf(list.currentIndex));
+                    } else if (!search.activeFocus && event.text.trim().length > 0) {
+                        const place = rows.nextFrom(rows.placeOf(list.currentIndex), event.text);
+                        if (place >= 0)
+                            list.currentIndex = rows.rowOf(place);
+                    }
+                }
+
+                delegate: T.ItemDelegate {
+                    id: row
+
+                    required property int index
+                    required property int place
+                    required property string label
+                    readonly property bool chosen: control.currentIndex === place
+
+                    width: ListView.view.width
+                    implicitHeight: 32
+                    highlighted: ListView.isCurrentItem
+                    focusPolicy: Qt.NoFocus // the keyboard stays with the list
+                    Accessible.role: Accessible.ListItem
+                    Accessible.name: label
+                    Accessible.selected: chosen
+                    Accessible.onPressAction: control.choose(place)
+                    onClicked: control.choose(place)
+
+                    contentItem: Text {
+                        leftPadding: 12
+                        rightPadding: 26
+                        text: row.label
+                        font.family: Theme.family
+                        font.pixelSize: Theme.body
+                        font.weight: row.chosen ? Font.DemiBold : Font.Normal
+                        color: Theme.text
+                        verticalAlignment: Text.AlignVCenter
+                        elide: Text.ElideRight
+                        textFormat: Text.PlainText
+                        Accessible.ignored: true
+                    }
+                    background: Rectangle {
+                        radius: Theme.corner
+                        color: row.highlighted || row.hovered ? Theme.chosen : "transparent"
+
+                        Icon {
+                            anchors.right: parent.right
+                            anchors.rightMargin: 8
+                            anchors.verticalCenter: parent.verticalCenter
+                            visible: row.chosen
+                            name: "check"
+                            color: Theme.accent
+                            size: 14
+                        }
+                    }
+                }
+            }
+            Words {
+                y: list.y + 8
+                x: 12
+                visible: rows.count === 0
+                text: qsTranslate("Vesko", "Nothing found")
+                color: Theme.quiet
+            }
         }
         background: Rectangle {
             radius: Theme.radius - 2

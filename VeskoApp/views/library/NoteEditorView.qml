@@ -107,7 +107,7 @@ Item {
             iconName: "folder"
             flat: true
             enabled: !view.editor.trashed
-            model: [qsTranslate("Vesko", "No project")].concat(view.library.projects.map(row => row.name))
+            choices: [qsTranslate("Vesko", "No project")].concat(view.library.projects.map(row => row.name))
             currentIndex: Math.max(0, ids.indexOf(view.editor.projectID))
             onActivated: index => view.library.assign(ids[index])
         }

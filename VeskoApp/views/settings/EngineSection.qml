@@ -154,7 +154,9 @@ Section {
             width: 190
             name: qsTranslate("Vesko", "Get a model")
             textRole: "name"
-            model: section.downloads.models
+            choices: section.downloads.models
+            currentIndex: 0
+            onActivated: index => currentIndex = index
         }
         PushButton {
             text: section.downloads.loading ? qsTranslate("Vesko", "Pause loading") : qsTranslate("Vesko", "Load")

@@ -8,23 +8,12 @@ SettingLine {
     property string value
     signal chosen(string tag)
 
-    // A list that says the same keeps the picker as it is.
-    function fit() {
-        if (JSON.stringify(choices) !== JSON.stringify(picker.model ?? null))
-            picker.model = choices;
-        picker.currentIndex = choices.findIndex(choice => choice.tag === value);
-    }
-
-    onChoicesChanged: fit()
-    onValueChanged: fit()
-    Component.onCompleted: fit()
-
     Picker {
-        id: picker
-
         width: 250
         name: line.name
         textRole: "name"
+        choices: line.choices
+        currentIndex: line.choices.findIndex(choice => choice.tag === line.value)
         onActivated: index => line.chosen(line.choices[index].tag)
     }
 }

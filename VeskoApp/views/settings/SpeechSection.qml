@@ -30,7 +30,7 @@ Section {
     SettingNote {
         width: parent.width
         visible: section.preferences.onDevice
-        text: qsTranslate("Vesko", "Uses on-device speech only when this language is supported. Automatic uses your Mac's language. If a model is unavailable, the audio stays saved and you can choose OpenRouter.")
+        text: section.engines.languageNote
     }
     SettingPicker {
         width: parent.width

@@ -1,5 +1,6 @@
 #include "VeskoLinux/speech/engines/WhisperEngine.h"
 
+#include "VeskoCore/base/Folder.h"
 #include "VeskoCore/speech/SpokenLanguage.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ std::optional<WhisperModel> modelIn(const fs::path& file)
     model.name = name.substr(prefix.size(), name.size() - prefix.size() - suffix.size());
     model.size = fs::file_size(file, error);
     std::array<char, 8> head{};
-    if (!std::ifstream(file, std::ios::binary).read(head.data(), head.size()))
+    if (error || !std::ifstream(file, std::ios::binary).read(head.data(), head.size()))
         return std::nullopt;
     std::array<std::uint32_t, 2> numbers{};
     std::memcpy(numbers.data(), head.data(), head.size());
@@ -62,12 +63,11 @@ std::vector<WhisperModel> WhisperModel::in(const std::vector<fs::path>& folders)
 {
     std::vector<WhisperModel> models;
     std::set<std::string> names;
-    for (const auto& folder : folders) {
-        std::error_code ignored; // most of the folders aren't there
-        for (const auto& entry : fs::directory_iterator(folder, ignored))
-            if (auto model = modelIn(entry.path()); model && names.insert(model->name).second)
+    for (const auto& folder : folders) // most of them aren't there
+        eachEntry(folder, [&](const fs::path& file) {
+            if (auto model = modelIn(file); model && names.insert(model->name).second)
                 models.push_back(std::move(*model));
-    }
+        });
     std::ranges::sort(
         models, {}, [](const auto& model) { return std::pair(model.size, model.name); });
     return models;
@@ -131,12 +131,11 @@ bool WhisperEngine::speaks(const std::string& language) const
 int recognitionThreads()
 {
     std::set<std::string> cores;
-    std::error_code ignored;
-    for (const auto& entry : fs::directory_iterator("/sys/devices/system/cpu", ignored)) {
+    eachEntry("/sys/devices/system/cpu", [&](const fs::path& cpu) {
         std::string threads;
-        if (std::getline(std::ifstream(entry.path() / "topology/thread_siblings_list"), threads))
+        if (std::getline(std::ifstream(cpu / "topology/thread_siblings_list"), threads))
             cores.insert(threads);
-    }
+    });
     const auto count
         = cores.empty() ? std::thread::hardware_concurrency() : static_cast<unsigned>(cores.size());
     return static_cast<int>(std::clamp(count, 1U, 4U));

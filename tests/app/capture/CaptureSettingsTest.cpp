@@ -28,7 +28,7 @@ TEST_F(CaptureSettingsTest, TheSettingsOfACaptureAreThoseOfItsStart)
     model->preferences().keySource.set("personal"); // while transcribing
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(onlyAttempt().provider, "Apple on-device");
-    EXPECT_EQ(onlyAttempt().model, "apple/on-device/auto");
+    EXPECT_EQ(onlyAttempt().model, "pocketsphinx");
     EXPECT_EQ(machine.pasteKeystroke.sent, 1);
 }
 

@@ -59,6 +59,36 @@ TEST_F(HeardWhileMadeTest, NothingThatGoesToAService)
     EXPECT_THAT(machine.recorder.wasHeard, ElementsAre(false));
 }
 
+TEST_F(HeardWhileMadeTest, ByNoOtherEngineThanTheChosenOneWhichTheUserIsTold)
+{
+    choose("engine", std::string("whisper.cpp/base"));
+    open();
+    dictate();
+    EXPECT_THAT(machine.recognizer.heardLanguages, IsEmpty());
+    EXPECT_EQ(model->status().errorMessage(),
+        "The chosen engine isn't there. Until you choose another, recordings are only saved.");
+    // It is installed while the user speaks.
+    machine.speechEngines.found.push_back({ .id = "whisper.cpp/base", .name = "whisper.cpp" });
+    finish();
+    EXPECT_EQ(model->status().errorMessage(), "");
+    EXPECT_EQ(onlyNote().body, "hello world");
+    dictate();
+    EXPECT_EQ(hearings(), 1);
+}
+
+TEST_F(HeardWhileMadeTest, ByNobodyWhileItIsNotKnownWhetherTheEngineIsThere)
+{
+    choose("engine", std::string("server"));
+    machine.secrets.hang(); // the key of the server is waited for
+    open();
+    dictate();
+    EXPECT_THAT(machine.recognizer.heardLanguages, IsEmpty());
+    EXPECT_EQ(model->status().errorMessage(), "");
+    machine.secrets.answer();
+    finish();
+    EXPECT_EQ(onlyNote().body, "hello world");
+}
+
 TEST_F(HeardWhileMadeTest, ACancelledRecordingNoLonger)
 {
     open();

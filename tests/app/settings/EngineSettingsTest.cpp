@@ -3,6 +3,8 @@
 #include "VeskoApp/settings/EngineSettings.h"
 #include "tests/app/AppModelTest.h"
 
+#include <fstream>
+
 namespace vesko {
 namespace {
 
@@ -122,6 +124,19 @@ TEST_F(EngineSettingsTest, theSpokenLanguagesAreThoseOfTheChosenEngine)
     EXPECT_THAT(column(view->languages(), "tag"), Contains("ja-JP"));
 }
 
+TEST_F(EngineSettingsTest, whatAutomaticMeansIsSaidForTheChosenEngine)
+{
+    putWhisper();
+    open();
+    EXPECT_THAT(view->languageNote().toStdString(), HasSubstr("your Mac's language"));
+    view->setEngine(QStringLiteral("whisper.cpp/base"));
+    EXPECT_THAT(view->languageNote().toStdString(), HasSubstr("lets the engine find out"));
+    for (const auto* id : { "command", "server" }) {
+        view->setEngine(QString::fromUtf8(id));
+        EXPECT_THAT(view->languageNote().toStdString(), HasSubstr("your program or server")) << id;
+    }
+}
+
 TEST_F(EngineSettingsTest, aCommandNeedsAPlaceForTheSound)
 {
     open();
@@ -176,6 +191,15 @@ TEST_F(EngineSettingsTest, aTrialShowsTheTextAndTheTime)
     EXPECT_THAT(model->library().contents().notes, IsEmpty());
     EXPECT_EQ(model->capture().phase(), Phase::idle);
     EXPECT_FALSE(machine.recorder.running());
+}
+
+TEST_F(EngineSettingsTest, whatATrialThatWasKilledHasLeftGoesWithTheNextStart)
+{
+    machine.all.dataFolder = root();
+    std::filesystem::create_directories(root());
+    std::ofstream(root() / "trial.m4a") << "the user's voice";
+    open();
+    EXPECT_FALSE(std::filesystem::exists(root() / "trial.m4a"));
 }
 
 TEST_F(EngineSettingsTest, aTrialOfAnotherEngineGivesBackTheChosenOne)

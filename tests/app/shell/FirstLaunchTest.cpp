@@ -163,6 +163,21 @@ TEST_F(FirstLaunchTest, TakesItsWordBackWhenTheSecretStoreTurnsOutToHaveAKey)
     EXPECT_EQ(model->status().message(), "Ready to capture");
 }
 
+TEST_F(FirstLaunchTest, DictatesWhileEnginesAreLookedFor)
+{
+    machine.speechEngines.finding.close();
+    open();
+    ASSERT_TRUE(eventually([&] { return machine.speechEngines.finding.waiting(); }));
+    dictate();
+    finish();
+    EXPECT_EQ(onlyNote().body, "hello world");
+    auto& found = machine.speechEngines.found;
+    found.insert(found.begin(), whisper({ "en" }));
+    machine.speechEngines.finding.open();
+    ASSERT_TRUE(
+        eventually([&] { return model->preferences().engine.get() == "whisper.cpp/base"; }));
+}
+
 TEST_F(FirstLaunchTest, LeavesAChoiceThatTheUserMakesMeanwhileAlone)
 {
     machine.secrets.hang();

@@ -85,6 +85,39 @@ TEST_F(EngineSelectionTest, WhatIsGoneIsToldAndNotReplaced)
     EXPECT_THAT(engines.used, IsEmpty());
 }
 
+TEST_F(EngineSelectionTest, IsInUseOnceItIsKnownToBeThere)
+{
+    settings.set("engine", SettingValue{ std::string("server") });
+    secrets.hang(); // the key of the server is waited for
+    open();
+    EXPECT_FALSE(selection->inUse());
+    secrets.answer();
+    EXPECT_TRUE(isThere());
+    EXPECT_TRUE(selection->inUse());
+    preferences->engine.set("whisper.cpp/large");
+    EXPECT_FALSE(isThere());
+    EXPECT_FALSE(selection->inUse());
+}
+
+TEST_F(EngineSelectionTest, NamesAnEngineAsRecordsDoWhetherItIsThereOrNot)
+{
+    settings.set("engineCommand", SettingValue{ std::string("/opt/vosk-transcriber -i {wav}") });
+    open();
+    const auto named = [&](const char* id) {
+        preferences->engine.set(id);
+        return selection->named();
+    };
+    EXPECT_EQ(named("pocketsphinx"), "pocketsphinx");
+    EXPECT_EQ(named("whisper.cpp/large"), "whisper.cpp/large");
+    EXPECT_EQ(named("engine/moonshine"), "moonshine");
+    EXPECT_EQ(named("command"), "command/vosk-transcriber");
+    EXPECT_EQ(named("server"), "server");
+    preferences->engineCommandModel.set("/models/ru");
+    preferences->engineServerModel.set("Systran/faster-whisper");
+    EXPECT_EQ(named("command"), "command/ru");
+    EXPECT_EQ(named("server"), "server/Systran/faster-whisper");
+}
+
 TEST_F(EngineSelectionTest, ACommandIsALineOfWords)
 {
     open();

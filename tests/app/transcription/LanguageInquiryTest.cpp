@@ -201,7 +201,7 @@ TEST_F(LanguageInquiryTest, AnAnswerThatDiffersTranscribesAgainAndCopiesButNever
     EXPECT_EQ(model->language().question(), std::nullopt);
     ASSERT_TRUE(reach(Phase::idle));
     ASSERT_EQ(onlyRecording().attempts.size(), 2U);
-    EXPECT_EQ(onlyRecording().attempts[1].model, "apple/on-device/en-US");
+    EXPECT_EQ(onlyRecording().attempts[1].model, "pocketsphinx");
     EXPECT_EQ(machine.recognizer.languages.back(), "en-US");
     EXPECT_EQ(machine.clipboard.text, "The train was late again");
     EXPECT_EQ(machine.pasteKeystroke.sent, 0);

@@ -40,12 +40,27 @@ TEST_F(TranscriptionRunTest, TheTranscriptStandsInTheNoteAndInItsAttempt)
     EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
     EXPECT_EQ(onlyAttempt().status, AttemptStatus::ready);
     EXPECT_EQ(onlyAttempt().provider, "Apple on-device");
-    EXPECT_EQ(onlyAttempt().model, "apple/on-device/en-US");
+    EXPECT_EQ(onlyAttempt().model, "pocketsphinx");
     EXPECT_EQ(onlyAttempt().cleanupModel, std::nullopt);
     EXPECT_EQ(onlyAttempt().rawText, "Good morning.");
     EXPECT_EQ(onlyAttempt().text, "Good morning.");
     EXPECT_EQ(onlyAttempt().errorMessage, std::nullopt);
     EXPECT_THAT(machine.recognizer.audio, testing::ElementsAre(audioFile()));
+}
+
+TEST_F(TranscriptionRunTest, AFailedAttemptNamesTheEngineThatWasAsked)
+{
+    choose("engine", std::string("whisper.cpp/base"));
+    machine.speechEngines.found.push_back({ .id = "whisper.cpp/base", .name = "whisper.cpp" });
+    open();
+    machine.recognizer.hears = std::nullopt;
+    dictate();
+    model->capture().toggleDictation();
+    ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
+    machine.recognizer.report({ .failed = true });
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(onlyAttempt().status, AttemptStatus::failed);
+    EXPECT_EQ(onlyAttempt().model, "whisper.cpp/base");
 }
 
 TEST_F(TranscriptionRunTest, TheAttemptNamesTheEngineThatDidItAndTheLanguageThatItFound)
@@ -244,7 +259,7 @@ TEST_F(TranscriptionRunTest, ARetryAddsAnAttemptWithTheSettingsOfToday)
     ASSERT_EQ(onlyRecording().attempts.size(), 2U);
     EXPECT_EQ(onlyRecording().attempts[0], failed);
     EXPECT_EQ(onlyRecording().attempts[1].text, "heard now");
-    EXPECT_EQ(onlyRecording().attempts[1].model, "apple/on-device/en-US");
+    EXPECT_EQ(onlyRecording().attempts[1].model, "pocketsphinx");
     EXPECT_EQ(onlyNote().body, "heard now");
     EXPECT_EQ(model->status().message(), "Saved to your note");
     EXPECT_EQ(machine.clipboard.text, std::nullopt);

@@ -103,7 +103,7 @@ const struct {
     { "VeskoApp/views/library/MatchBar.qml", ".*F3\\)?", "a key" },
     { "VeskoLinux/command/", ".*", "said on a terminal" },
     { "VeskoLinux/doctor/", ".*", "said on a terminal, and pasted into reports" },
-    { "VeskoLinux/main.cpp", "(Status icon|Data folder)", "said on a terminal" },
+    { "VeskoLinux/main.cpp", "(Status icon|Data folder|Other engines)", "said on a terminal" },
     { "VeskoLinux/desktop/XdgFolders.cpp", ".*", "said on a terminal" },
     { "VeskoLinux/desktop/DBus", ".*", "said on a terminal, or on the bus" },
 };

@@ -215,6 +215,18 @@ TEST(JsonWriter, WritesTextsThatAreLongerThanAPiece)
     EXPECT_EQ(written(std::string(100'000, '\x01')).size(), 600'002U);
 }
 
+TEST(JsonWriter, WritesBytesAsTheirBase64)
+{
+    std::string bytes;
+    for (unsigned i = 0; i < 200'000; ++i)
+        bytes += static_cast<char>(i * 2654435761U >> 24);
+    for (const std::size_t size : { 0U, 1U, 2U, 3U, 12'287U, 12'288U, 12'289U, 200'000U }) {
+        const auto part = std::string_view(bytes).substr(0, size);
+        EXPECT_EQ(compact(Base64{ part }), written(base64(part))) << size;
+        EXPECT_GE(Base64{ part }.roomInDocument(), compact(Base64{ part }).size()) << size;
+    }
+}
+
 TEST(JsonWriter, IndentsEachLevelAndRefusesTheSixtyFifth)
 {
     const auto text = JsonWriter::write(Nest<31>(), JsonWriter::Form::pretty);

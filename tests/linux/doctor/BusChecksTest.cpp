@@ -1,7 +1,6 @@
 // On a bus of the test's own, on which nobody is, and then somebody.
 
 #include "VeskoLinux/doctor/Checks.h"
-#include "tests/fakes/FakeOnDeviceRecognizer.h"
 #include "tests/fakes/TemporaryFolder.h"
 #include "tests/linux/PrivateBus.h"
 
@@ -160,14 +159,6 @@ TEST_F(BusChecks, aDesktopWithShortcutsThatDoesNotAnswerMayHaveOne)
     ASSERT_TRUE(session.registerService(QStringLiteral("org.kde.kglobalaccel")));
     EXPECT_EQ(lookAtShortcut(true, [] { return false; }).state, State::fact);
     session.unregisterService(QStringLiteral("org.kde.kglobalaccel"));
-}
-
-TEST(MachineChecks, knowTheRecogniser)
-{
-    FakeOnDeviceRecognizer recognizer;
-    EXPECT_EQ(lookAtRecognizer(recognizer).state, State::fine);
-    recognizer.isAvailable = false;
-    EXPECT_THAT(lookAtRecognizer(recognizer).remedy, HasSubstr("pocketsphinx-en-us"));
 }
 
 TEST(MachineChecks, knowTheDataFolderAndKeepItsNameToThemselves)

@@ -92,6 +92,36 @@ TEST_F(Shelf, holdsEnginesThatIntroduceThemselves)
             .detectsLanguage = true }));
 }
 
+// Neither would come to its end alone.
+TEST_F(Shelf, asksItsEnginesBesideOneAnother)
+{
+    folder("engines");
+    standIns.script(
+        "touch \"$dir/first\"; until [ -e \"$dir/second\" ]; do sleep 0.01; done\n" + introduction,
+        "engines/a");
+    standIns.script(
+        "touch \"$dir/second\"; until [ -e \"$dir/first\" ]; do sleep 0.01; done\n" + introduction,
+        "engines/b");
+    EXPECT_THAT(found(), ElementsAre("engine/stand-in", "engine/stand-in", "pocketsphinx"));
+}
+
+TEST_F(Shelf, givesTheChosenEngineWithoutWaitingForOneThatNeverSaysWhoItIs)
+{
+    folder("engines");
+    standIns.script("touch \"$dir/silent\"; sleep 1000", "engines/a-silent");
+    standIns.script(
+        "until [ -e \"$dir/silent\" ]; do sleep 0.01; done\n" + introduction, "engines/mine");
+    const auto all = shelf();
+    TaskScope looking;
+    bool looked = false;
+    looking.spawn([](EngineShelf& engines, bool& done) -> Task<> {
+        co_await engines.find();
+        done = true;
+    }(*all, looked));
+    EXPECT_TRUE(await(all->use({ .id = "engine/stand-in" })));
+    EXPECT_FALSE(looked);
+}
+
 TEST_F(Shelf, givesWhatIsChosenIfItIsThere)
 {
     folder("bin");
