@@ -1756,6 +1756,61 @@
         <source>Moved to Trash</source>
         <translation>Movida a la papelera</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 notes selected</source>
+        <translation>
+            <numerusform>%1 nota seleccionada</numerusform>
+            <numerusform>%1 notas seleccionadas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %1 notes to Trash?</source>
+        <translation>
+            <numerusform>¿Mover %1 nota a la papelera?</numerusform>
+            <numerusform>¿Mover %1 notas a la papelera?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 notes and their recordings permanently?</source>
+        <translation>
+            <numerusform>¿Eliminar definitivamente %1 nota y sus grabaciones?</numerusform>
+            <numerusform>¿Eliminar definitivamente %1 notas y sus grabaciones?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to Trash</source>
+        <translation>
+            <numerusform>%1 nota movida a la papelera</numerusform>
+            <numerusform>%1 notas movidas a la papelera</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to another project</source>
+        <translation>
+            <numerusform>%1 nota movida a otro proyecto</numerusform>
+            <numerusform>%1 notas movidas a otro proyecto</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Note moved to another project</source>
+        <translation>Nota movida a otro proyecto</translation>
+    </message>
+    <message>
+        <source>Move to project</source>
+        <translation>Mover a un proyecto</translation>
+    </message>
+    <message>
+        <source>Restore notes</source>
+        <translation>Restaurar notas</translation>
+    </message>
+    <message>
+        <source>You can restore the notes and their recordings from Trash.</source>
+        <translation>Puede restaurar las notas y sus grabaciones desde la papelera.</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
     <message>
         <source>Removed “%1”</source>
         <translation>Se quitó «%1»</translation>

@@ -212,6 +212,75 @@ class LibraryWindow(unittest.TestCase):
         until("nothing is offered any more", lambda: not self.vesko.find(
             "status bar", "Moved to Trash"))
 
+    def chosen(self, *names):
+        until(f"just {names} are selected", lambda: all(
+            ("selected" in self.vesko.wait_to_find(ROW, name).states) == (name in names)
+            for name in ("one", "two", "three")))
+
+    def test_several_notes_are_selected_and_moved_and_taken_back(self):
+        for letters in ("one", "two", "three"):
+            self.new_note(letters)
+            self.saved(letters)
+        self.vesko.press(BUTTON, "New project")
+        self.vesko.wait_to_find(TEXT, "Project name")
+        hands.type_letters("garden")
+        hands.tap("return")
+        self.vesko.wait_to_find(ROW, "garden")
+
+        hands.click(*self.vesko.wait_to_find(ROW, "three").centre)
+        self.chosen("three")
+        hands.press("left control")
+        hands.click(*self.vesko.wait_to_find(ROW, "one").centre)
+        hands.release("left control")
+        self.chosen("three", "one")
+        self.vesko.wait_to_find("status bar", "2 notes selected")
+        hands.press("left shift")
+        hands.click(*self.vesko.wait_to_find(ROW, "two").centre)
+        hands.release("left shift")
+        self.chosen("two", "one")
+        hands.tap("escape")
+        self.chosen("two")
+        hands.tap("left shift", "down")
+        self.chosen("two", "one")
+        hands.tap("left control", "a")
+        self.chosen("one", "two", "three")
+        self.vesko.wait_to_find("status bar", "3 notes selected")
+
+        hands.tap("delete")
+        self.vesko.wait_to_find("label", "Move 3 notes to Trash?")
+        hands.tap("return")
+        self.vesko.wait_to_find("status bar", "3 notes moved to Trash")
+        self.assertTrue(all("deletedAt" in note for note in self.notes()))
+        self.vesko.press(BUTTON, "Undo")
+        until("all are back", lambda: not any("deletedAt" in note for note in self.notes()))
+        self.chosen("one", "two", "three")
+
+        self.vesko.press("combo box", "Move to project")
+        until("the projects are shown", lambda: len([
+            node for frame in self.vesko.app.children for node in frame.walk()
+            if (node.role, node.name) == (ROW, "garden")]) > 1)
+        hands.tap("down")
+        hands.tap("down")
+        hands.tap("return")
+        until("all are in the project", lambda: all(note.get("projectID") for note in self.notes()))
+        self.vesko.wait_to_find("status bar", "3 notes moved to another project")
+
+    def test_several_notes_are_exported_to_a_folder(self):
+        for letters in ("alpha", "beta"):
+            self.new_note(letters)
+            self.saved(letters)
+        hands.click(*self.vesko.wait_to_find(ROW, "alpha").centre)
+        hands.tap("left control", "a")
+        self.vesko.wait_to_find("status bar", "2 notes selected")
+        self.vesko.press(BUTTON, "Export Markdown…")
+        self.vesko.wait_to_find(TEXT, "Folder")
+        self.vesko.press(BUTTON, "Save")
+        for name in ("alpha", "beta"):
+            path = os.path.join(os.environ["HOME"], name + ".md")
+            until("it is written", lambda path=path: os.path.exists(path))
+            with open(path, encoding="utf-8") as file:
+                self.assertIn(name, file.read())
+
     def test_the_program_tells_what_it_is(self):
         self.vesko.press("button menu" if self.vesko.find("button menu", "Menu") else BUTTON,
                          "Menu")

@@ -109,7 +109,7 @@ Item {
             enabled: !view.editor.trashed
             model: [qsTranslate("Vesko", "No project")].concat(view.library.projects.map(row => row.name))
             currentIndex: Math.max(0, ids.indexOf(view.editor.projectID))
-            onActivated: index => view.library.assign(ids[index])
+            onActivated: index => view.library.selected.assign(ids[index])
         }
         PushButton {
             visible: !view.editor.trashed
@@ -287,7 +287,7 @@ Item {
             text: view.editor.trashed ? qsTranslate("Vesko", "Restore note") : qsTranslate("Vesko", "Move to Trash…")
             keys: view.editor.trashed ? "" : "Del"
             destructive: !view.editor.trashed
-            onTriggered: view.editor.trashed ? view.library.restoreNote() : confirmTrash.open()
+            onTriggered: view.editor.trashed ? view.library.selected.restore() : confirmTrash.open()
         }
         MenuRow {
             visible: view.editor.trashed
@@ -306,7 +306,7 @@ Item {
         text: qsTranslate("Vesko", "You can restore the note and its recordings from Trash.")
         agreeText: qsTranslate("Vesko", "Move to Trash")
         destructive: true
-        onAccepted: view.library.trashNote()
+        onAccepted: view.library.selected.trash()
     }
     Sheet {
         id: confirmDelete
@@ -316,7 +316,7 @@ Item {
         agreeText: qsTranslate("Vesko", "Delete permanently")
         destructive: true
         irrevocable: true
-        onAccepted: view.library.deletePermanently()
+        onAccepted: view.library.selected.deletePermanently()
     }
     Connections {
         function onExportPathWanted() {

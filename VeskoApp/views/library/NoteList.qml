@@ -70,8 +70,8 @@ Item {
     ListView {
         id: list
 
-        function move(by) {
-            root.library.selectRow(Math.max(0, Math.min(count - 1, root.library.selectedRow + by)));
+        function move(by, modifiers) {
+            root.library.selectRow(Math.max(0, Math.min(count - 1, root.library.selectedRow + by)), modifiers);
         }
 
         anchors.top: search.bottom
@@ -95,14 +95,18 @@ Item {
         T.ScrollBar.vertical: ScrollMark { }
 
         Keys.onPressed: event => {
-            if (ListKeys.move(event, Math.floor(height / 58) - 1, by => move(by))) {
+            if (ListKeys.move(event, Math.floor(height / 58) - 1, by => move(by, event.modifiers), true)) {
                 event.accepted = true;
                 return;
             }
             if (event.matches(StandardKey.Copy))
                 root.library.copyNote();
-            else if (event.matches(StandardKey.Undo) && root.library.undoText)
-                root.library.undo();
+            else if (event.matches(StandardKey.Undo) && root.library.selected.undoText)
+                root.library.selected.undo();
+            else if (event.matches(StandardKey.SelectAll))
+                root.library.selectAll();
+            else if (event.key === Qt.Key_Escape && root.library.selected.count > 1)
+                root.library.selectRow(root.library.selectedRow);
             else if (event.matches(StandardKey.Delete))
                 root.trashWanted();
             else if (event.key === Qt.Key_F2)
@@ -125,10 +129,10 @@ Item {
             detail: row.model.detail
             focusPolicy: Qt.NoFocus
             Accessible.focusable: true
-            chosen: ListView.isCurrentItem
+            chosen: row.model.chosen
             keyboardHere: list.activeFocus && ListView.isCurrentItem
             onClicked: {
-                root.library.selectRow(index);
+                root.library.clickRow(index);
                 list.forceActiveFocus(Qt.MouseFocusReason);
             }
 
