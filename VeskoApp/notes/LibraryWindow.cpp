@@ -320,6 +320,21 @@ void LibraryWindow::play(const QString& recordingID)
         m_to.playback.play(*recording);
 }
 
+void LibraryWindow::showInFolder(const QString& recordingID)
+{
+    if (const auto* recording = m_editor ? m_editor->recordingList().find(recordingID) : nullptr)
+        m_tasks.spawn(show(*recording));
+}
+
+Task<> LibraryWindow::show(Recording recording)
+{
+    try {
+        m_to.desktop.showFile(co_await m_to.library.audioFile(std::move(recording)));
+    } catch (const std::exception&) {
+        m_to.status.report(std::current_exception());
+    }
+}
+
 void LibraryWindow::retry(const QString& recordingID)
 {
     if (const auto* recording = m_editor ? m_editor->recordingList().find(recordingID) : nullptr)

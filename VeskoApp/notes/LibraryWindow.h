@@ -40,6 +40,8 @@ class LibraryWindow : public QObject {
     Q_PROPERTY(QVariant emptyState READ emptyState NOTIFY emptyStateChanged)
     Q_PROPERTY(QString statusLine READ statusLine NOTIFY statusLineChanged)
     Q_PROPERTY(QString copiedNoteID READ copiedNoteID NOTIFY copiedChanged)
+    // What plays, of which position, speed and wave are shown.
+    Q_PROPERTY(QObject* playback READ playback CONSTANT)
     Q_PROPERTY(QString playingID READ playingID NOTIFY playingChanged)
     // What the error line says while the library can't be opened; empty for none.
     Q_PROPERTY(QString refusal READ refusal NOTIFY stateChanged)
@@ -71,6 +73,7 @@ public:
 
     QObject* notes() { return &m_notes; }
     SelectedNotes* selected() { return &m_selected; }
+    QObject* playback() { return &m_to.playback; }
     const NoteListModel& noteList() const { return m_notes; }
     NoteEditor* editor() { return m_editor.get(); }
 
@@ -119,6 +122,8 @@ public:
     Q_INVOKABLE static bool replacesFile(const QString& path);
     Q_INVOKABLE void exportNote(const QString& path);
     Q_INVOKABLE void play(const QString& recordingID);
+    // Shows its file in the file manager.
+    Q_INVOKABLE void showInFolder(const QString& recordingID);
     Q_INVOKABLE void retry(const QString& recordingID);
     Q_INVOKABLE void copyText(const QString& text) { m_to.clipboard.copy(text.toStdString()); }
 
@@ -138,6 +143,7 @@ Q_SIGNALS:
 private:
     void showNotes();
     void showEditor();
+    Task<> show(Recording recording);
     Task<> exportTo(Uuid id, Eventual<FileChooser::Answer> chosen);
 
     Neighbours m_to;

@@ -1812,6 +1812,22 @@
         <translation>Ordner</translation>
     </message>
     <message>
+        <source>This note is in the Trash</source>
+        <translation>Diese Notiz liegt im Papierkorb</translation>
+    </message>
+    <message>
+        <source>Playback speed</source>
+        <translation>Wiedergabegeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Position in the recording</source>
+        <translation>Stelle in der Aufnahme</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Im Ordner anzeigen</translation>
+    </message>
+    <message>
         <source>Removed “%1”</source>
         <translation>„%1“ entfernt</translation>
     </message>

@@ -1812,6 +1812,22 @@
         <translation>Carpeta</translation>
     </message>
     <message>
+        <source>This note is in the Trash</source>
+        <translation>Esta nota está en la papelera</translation>
+    </message>
+    <message>
+        <source>Playback speed</source>
+        <translation>Velocidad de reproducción</translation>
+    </message>
+    <message>
+        <source>Position in the recording</source>
+        <translation>Posición en la grabación</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
         <source>Removed “%1”</source>
         <translation>Se quitó «%1»</translation>
     </message>

@@ -1812,6 +1812,22 @@
         <translation>Dossier</translation>
     </message>
     <message>
+        <source>This note is in the Trash</source>
+        <translation>Cette note est dans la corbeille</translation>
+    </message>
+    <message>
+        <source>Playback speed</source>
+        <translation>Vitesse de lecture</translation>
+    </message>
+    <message>
+        <source>Position in the recording</source>
+        <translation>Position dans l’enregistrement</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
+    <message>
         <source>Removed “%1”</source>
         <translation>« %1 » retiré</translation>
     </message>

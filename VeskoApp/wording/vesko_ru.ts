@@ -1820,6 +1820,22 @@
         <translation>Папка</translation>
     </message>
     <message>
+        <source>This note is in the Trash</source>
+        <translation>Эта заметка в корзине</translation>
+    </message>
+    <message>
+        <source>Playback speed</source>
+        <translation>Скорость воспроизведения</translation>
+    </message>
+    <message>
+        <source>Position in the recording</source>
+        <translation>Место в записи</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Показать в папке</translation>
+    </message>
+    <message>
         <source>Removed “%1”</source>
         <translation>Удалено: «%1»</translation>
     </message>

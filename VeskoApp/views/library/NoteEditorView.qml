@@ -122,7 +122,8 @@ Item {
         Words {
             Layout.fillWidth: true
             Layout.leftMargin: 8
-            text: view.editor.saved ? qsTranslate("Vesko", "Saved on this Mac") : ""
+            text: view.editor.trashed ? qsTranslate("Vesko", "This note is in the Trash")
+                                      : view.editor.saved ? qsTranslate("Vesko", "Saved on this Mac") : ""
             font.pixelSize: Theme.small
             color: Theme.quiet
             elide: Text.ElideRight

@@ -451,6 +451,20 @@ TEST_F(ExportTest, AnAnswerAfterTheWindowsEndIsNobodys)
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "chosen.md"));
 }
 
+TEST_F(LibraryWindowTest, ARecordingIsShownInItsFolder)
+{
+    open();
+    const auto id = write("", "");
+    hear(id, "heard");
+    const auto& recording = note(id).recordings[0];
+    window->showInFolder(text(recording.id));
+    ASSERT_TRUE(eventually([&] { return !machine.desktop.shownFiles.empty(); }));
+    EXPECT_EQ(machine.desktop.shownFiles[0], root() / "recordings" / recording.fileName);
+    window->showInFolder(text(Uuid::random()));
+    drainEvents();
+    EXPECT_EQ(machine.desktop.shownFiles.size(), 1U);
+}
+
 TEST_F(LibraryWindowTest, ARecordingIsPlayedAndTranscribedAgain)
 {
     open();
