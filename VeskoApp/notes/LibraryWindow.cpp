@@ -46,7 +46,7 @@ QString exportFile(const Note& note)
 LibraryWindow::LibraryWindow(const Neighbours& neighbours)
     : m_to(neighbours)
     , m_selected(neighbours.clock, neighbours.fileChooser, neighbours.library, neighbours.selection,
-          neighbours.notes)
+          neighbours.notes, neighbours.status)
 {
     const auto& selection = m_to.selection;
     connect(&selection, &NoteSelection::visibleNotesChanged, this, &LibraryWindow::showNotes);
@@ -255,6 +255,17 @@ void LibraryWindow::selectRow(int row, int modifiers)
 void LibraryWindow::clickRow(int row)
 {
     selectRow(row, QGuiApplication::keyboardModifiers());
+}
+
+void LibraryWindow::dragRow(int row)
+{
+    const auto& notes = m_notes.notes();
+    if (row < 0 || static_cast<std::size_t>(row) >= notes.size() || showingTrash())
+        return;
+    if (const auto& id = notes[static_cast<std::size_t>(row)].id;
+        !m_to.selection.selectedNoteIDs().contains(id))
+        m_to.selection.setSelectedNoteID(id);
+    m_selected.drag();
 }
 
 void LibraryWindow::saveProject(const QString& renameID, const QString& name)

@@ -1,8 +1,12 @@
 #include "VeskoApp/notes/SelectedNotes.h"
 
 #include "VeskoApp/exchange/UserPaths.h"
+#include "VeskoApp/notes/NoteDrag.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
+
+#include <QDrag>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
@@ -16,11 +20,12 @@ constexpr double undoIsOffered = 10; // seconds
 } // namespace
 
 SelectedNotes::SelectedNotes(EventClock& clock, FileChooser& fileChooser, LibrarySession& library,
-    NoteSelection& selection, NoteActions& notes)
+    NoteSelection& selection, NoteActions& notes, StatusLine& status)
     : m_fileChooser(fileChooser)
     , m_library(library)
     , m_selection(selection)
     , m_notes(notes)
+    , m_status(status)
     , m_undoEnd(clock)
 {
     connect(&selection, &NoteSelection::visibleNotesChanged, this, &SelectedNotes::countChanged);
@@ -55,14 +60,23 @@ std::set<Uuid> SelectedNotes::ids() const
 
 void SelectedNotes::assign(const QString& projectID)
 {
-    const auto project = Uuid::parse(projectID.toStdString());
+    move(ids(), Uuid::parse(projectID.toStdString()));
+}
+
+void SelectedNotes::trash()
+{
+    trash(ids());
+}
+
+void SelectedNotes::move(const std::set<Uuid>& ids, std::optional<Uuid> project)
+{
     Move move{ .from = {}, .toTrash = false, .project = project };
     LibraryStore::Places places;
-    for (const Note* note : m_selection.selectedNotes()) {
-        if (note->projectID == project)
+    for (const auto& note : m_library.contents().notes) {
+        if (!ids.contains(note.id) || note.projectID == project)
             continue;
-        move.from.emplace(note->id, note->projectID);
-        places.emplace(note->id, project);
+        move.from.emplace(note.id, note.projectID);
+        places.emplace(note.id, project);
     }
     if (places.empty())
         return;
@@ -70,15 +84,40 @@ void SelectedNotes::assign(const QString& projectID)
     m_notes.assign(std::move(places));
 }
 
-void SelectedNotes::trash()
+void SelectedNotes::trash(const std::set<Uuid>& ids)
 {
-    Move move{ .from = {}, .toTrash = true, .project = {} };
-    for (const Note* note : m_selection.selectedNotes())
-        move.from.emplace(note->id, note->projectID);
-    if (move.from.empty())
+    if (ids.empty())
         return;
+    Move move{ .from = {}, .toTrash = true, .project = {} };
+    for (const auto& id : ids)
+        move.from.emplace(id, std::nullopt);
     expect(std::move(move));
-    m_notes.trash(ids());
+    m_notes.trash(ids);
+}
+
+void SelectedNotes::drag()
+{
+    m_dragged = ids();
+    if (m_dragged.empty())
+        return;
+    // Where the session's own files are, which goes with it whatever becomes of us.
+    m_dragFolder = std::make_shared<QTemporaryDir>(
+        QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)
+        + QStringLiteral("/vesko-notes-XXXXXX"));
+    auto* const drag = new QDrag(this);
+    drag->setMimeData(new NoteDrag(m_library.contents(), m_dragged, m_dragFolder,
+        [this](const std::exception_ptr& failure) { m_status.report(failure); }));
+    drag->exec(Qt::CopyAction);
+}
+
+void SelectedNotes::dropOnProject(const QString& projectID)
+{
+    move(m_dragged, Uuid::parse(projectID.toStdString()));
+}
+
+void SelectedNotes::dropOnTrash()
+{
+    trash(m_dragged);
 }
 
 void SelectedNotes::restore()

@@ -4,7 +4,10 @@
 #include "VeskoApp/platform/FileChooser.h"
 
 #include <QObject>
+#include <QTemporaryDir>
 #include <QWindow>
+
+#include <memory>
 
 namespace vesko {
 
@@ -23,7 +26,7 @@ class SelectedNotes : public QObject {
 public:
     // What it reaches; must outlive it.
     SelectedNotes(EventClock& clock, FileChooser& fileChooser, LibrarySession& library,
-        NoteSelection& selection, NoteActions& notes);
+        NoteSelection& selection, NoteActions& notes, StatusLine& status);
 
     int count() const { return static_cast<int>(m_selection.selectedNotes().size()); }
     QString title() const;
@@ -36,6 +39,11 @@ public:
     Q_INVOKABLE void trash();
     Q_INVOKABLE void restore();
     Q_INVOKABLE void deletePermanently();
+    // Drags them with the mouse; returns when they have been dropped, while events go on. Our own
+    // places then say which of them it was.
+    Q_INVOKABLE void drag();
+    Q_INVOKABLE void dropOnProject(const QString& projectID);
+    Q_INVOKABLE void dropOnTrash();
     // Puts the notes back where they were a moment ago, and selects what comes out of the Trash.
     Q_INVOKABLE void undo();
     // Asks in the desktop's dialog, above that window, for a folder to export each of them to.
@@ -59,6 +67,8 @@ private:
     };
 
     std::set<Uuid> ids() const;
+    void move(const std::set<Uuid>& ids, std::optional<Uuid> project);
+    void trash(const std::set<Uuid>& ids);
     void expect(Move move);
     bool isDone(const Move& move) const;
     void lookAtMoved();
@@ -68,6 +78,10 @@ private:
     LibrarySession& m_library;
     NoteSelection& m_selection;
     NoteActions& m_notes;
+    StatusLine& m_status;
+    std::set<Uuid> m_dragged;
+    std::shared_ptr<const QTemporaryDir>
+        m_dragFolder; // of the last drag: files are read long after
     std::optional<Move> m_moved; // here
     Timer m_undoEnd;
     TaskScope m_tasks;

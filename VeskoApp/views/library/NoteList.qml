@@ -84,6 +84,7 @@ Item {
         clip: true
         spacing: 2
         bottomMargin: 12
+        interactive: !held.active // a mouse drags rows, not the list
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: count > 0
         keyNavigationEnabled: false
@@ -114,6 +115,21 @@ Item {
             else
                 return;
             event.accepted = true;
+        }
+
+        PointHandler {
+            id: held
+
+            acceptedDevices: PointerDevice.Mouse
+        }
+        DragHandler {
+            target: null
+            acceptedDevices: PointerDevice.Mouse
+            onActiveChanged: {
+                const from = centroid.pressPosition;
+                if (active)
+                    root.library.dragRow(list.indexAt(from.x, from.y));
+            }
         }
 
         delegate: ListRow {

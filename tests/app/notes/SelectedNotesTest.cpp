@@ -1,8 +1,12 @@
 // What is done with the notes that are selected, and what of it can be taken back.
 
 #include "VeskoApp/notes/SelectedNotes.h"
+#include "VeskoApp/notes/NoteDrag.h"
 #include "tests/app/library/LibraryTest.h"
 #include "tests/fakes/Files.h"
+
+#include <QDir>
+#include <QUrl>
 
 namespace vesko {
 
@@ -14,7 +18,7 @@ protected:
     {
         LibraryTest::open();
         selected = std::make_unique<SelectedNotes>(machine.clock, machine.fileChooser,
-            model->library(), model->selection(), model->notes());
+            model->library(), model->selection(), model->notes(), model->status());
         garden = makeProject("Garden");
         first = write("Balcony", "tomatoes");
         second = write("Errands", "bread");
@@ -160,6 +164,58 @@ TEST_F(SelectedNotesTest, WithoutADialogThePathOfAFolderIsAskedForHere)
     selected->exportTo(QString::fromStdString(folder.path().string()));
     ASSERT_TRUE(eventually([&] { return model->status().message() == "Markdown exported"; }));
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "Errands.md"));
+}
+
+struct NoteDragTest : SelectedNotesTest {
+    std::shared_ptr<QTemporaryDir> dragFolder = std::make_shared<QTemporaryDir>();
+    int failures = 0;
+
+    std::unique_ptr<NoteDrag> drag(std::set<Uuid> ids)
+    {
+        return std::make_unique<NoteDrag>(model->library().contents(), std::move(ids), dragFolder,
+            [this](const std::exception_ptr&) { ++failures; });
+    }
+    std::size_t filesWritten() const
+    {
+        return QDir(dragFolder->path()).entryList(QDir::Files).size();
+    }
+};
+
+TEST_F(NoteDragTest, ItsFilesAreWrittenOnceAProgramAsksForThem)
+{
+    open();
+    const auto dragged = drag({ first, second });
+    EXPECT_EQ(dragged->formats(), (QStringList{ NoteDrag::ours, QStringLiteral("text/uri-list") }));
+    EXPECT_TRUE(dragged->hasFormat(NoteDrag::ours));
+    EXPECT_FALSE(dragged->data(NoteDrag::ours).isEmpty());
+    EXPECT_EQ(filesWritten(), 0U);
+    const auto urls = dragged->urls();
+    ASSERT_EQ(urls.size(), 2);
+    EXPECT_EQ(bytesOf(urls[0].toLocalFile().toStdString()), "# Balcony\n\ntomatoes\n");
+    EXPECT_EQ(urls[1].fileName(), QStringLiteral("Errands.md"));
+    EXPECT_FALSE(dragged->data(QStringLiteral("text/uri-list")).isEmpty());
+    EXPECT_EQ(filesWritten(), 2U);
+    EXPECT_EQ(failures, 0);
+}
+
+TEST_F(NoteDragTest, AFileThatCannotBeWrittenIsToldAndNothingIsDropped)
+{
+    open();
+    const auto dragged = drag({ first });
+    dragFolder->remove();
+    EXPECT_TRUE(dragged->urls().isEmpty());
+    EXPECT_EQ(failures, 1);
+}
+
+TEST_F(NoteDragTest, MoreThanSomeAreForOurOwnPlacesAlone)
+{
+    open();
+    std::set<Uuid> many;
+    while (many.size() <= NoteDrag::mostFiles)
+        many.insert(Uuid::random());
+    const auto dragged = drag(std::move(many));
+    EXPECT_EQ(dragged->formats(), QStringList{ NoteDrag::ours });
+    EXPECT_TRUE(dragged->urls().isEmpty());
 }
 
 TEST_F(SelectedNotesTest, WithoutASelectionNothingIsDone)
