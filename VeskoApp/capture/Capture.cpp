@@ -242,7 +242,7 @@ Task<Recording> Capture::prepareRecording(std::optional<Uuid> noteID, bool dicta
         noteID = note->id;
         m_to.analytics.track(UsageEvent::noteCreated);
         if (!dictation)
-            m_to.selection.reveal(note->id);
+            m_to.selection.reveal({ note->id });
     }
     auto begun = co_await m_to.library.change(
         [id = *noteID](LibraryStore& store) { return store.beginRecording(id); });

@@ -2,11 +2,10 @@
 
 #include "VeskoApp/async/Sleep.h"
 #include "VeskoApp/base/Observed.h"
+#include "VeskoApp/library/MarkdownFiles.h"
 #include "VeskoCore/base/Localized.h"
-#include "VeskoCore/base/Text.h"
 #include "VeskoCore/base/UserFile.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace vesko {
@@ -14,7 +13,6 @@ namespace vesko {
 namespace {
 
 constexpr double copiedIsShown = 1.5; // seconds
-constexpr std::size_t longestExportName = 80; // characters
 
 } // namespace
 
@@ -46,36 +44,39 @@ Task<> NoteActions::create()
         co_return;
     }
     m_analytics.track(UsageEvent::noteCreated);
-    m_selection.reveal(made->id);
+    m_selection.reveal({ made->id });
 }
 
-void NoteActions::assign(const Note& note, std::optional<Uuid> project)
+void NoteActions::assign(LibraryStore::Places places)
 {
     m_library.apply(
-        [id = note.id, project](LibraryStore& store) { store.assignNote(id, project); });
+        [places = std::move(places)](LibraryStore& store) { store.assignNotes(places); });
 }
 
-void NoteActions::trash(const Note& note, bool permanently)
+void NoteActions::trash(std::set<Uuid> ids)
 {
-    if (permanently)
-        m_tasks.spawn(remove(note.id));
-    else
-        m_library.apply([id = note.id](LibraryStore& store) { store.trashNote(id); });
+    m_library.apply([ids = std::move(ids)](LibraryStore& store) { store.trashNotes(ids); });
 }
 
-Task<> NoteActions::remove(Uuid id)
+void NoteActions::restore(std::set<Uuid> ids)
 {
-    const auto removed
-        = co_await m_library.change([id](LibraryStore& store) { store.deletePermanently(id); });
-    if (!removed)
-        m_status.report(removed.error());
-    if (!m_library.note(id))
-        m_edits.forget(id);
+    m_library.apply([ids = std::move(ids)](LibraryStore& store) { store.restoreNotes(ids); });
 }
 
-void NoteActions::restore(const Note& note)
+void NoteActions::remove(std::set<Uuid> ids)
 {
-    m_library.apply([id = note.id](LibraryStore& store) { store.restoreNote(id); });
+    m_tasks.spawn(removed(std::move(ids)));
+}
+
+Task<> NoteActions::removed(std::set<Uuid> ids)
+{
+    const auto outcome
+        = co_await m_library.change([ids](LibraryStore& store) { store.deletePermanently(ids); });
+    if (!outcome)
+        m_status.report(outcome.error());
+    for (const auto& id : ids)
+        if (!m_library.note(id))
+            m_edits.forget(id);
 }
 
 void NoteActions::createProject(const std::string& name)
@@ -127,24 +128,10 @@ Task<> NoteActions::showCopied(Uuid id)
         vesko::assign(*this, m_copiedNoteID, std::nullopt, &NoteActions::copiedNoteChanged);
 }
 
-std::string NoteActions::exportName(const Note& note)
-{
-    std::string name(firstCharacters(note.displayTitle(), longestExportName));
-    std::ranges::replace(name, '/', '-');
-    return name + ".md";
-}
-
 void NoteActions::exportTo(const Uuid& id, const std::filesystem::path& file)
 {
-    const Note* const exported = m_library.note(id);
-    if (!exported)
-        return;
-    const auto& projects = m_library.contents().projects;
-    const auto project = std::ranges::find_if(
-        projects, [&](const Project& candidate) { return candidate.id == exported->projectID; });
-    auto markdown = exported->markdown(
-        project == projects.end() ? std::nullopt : std::optional(project->name));
-    m_tasks.spawn(writeExport(std::move(markdown), file));
+    if (const Note* const exported = m_library.note(id))
+        m_tasks.spawn(writeExport(markdownOf(m_library.contents(), *exported), file));
 }
 
 Task<> NoteActions::writeExport(std::string markdown, std::filesystem::path file)
@@ -153,6 +140,25 @@ Task<> NoteActions::writeExport(std::string markdown, std::filesystem::path file
         co_await m_writing.run([markdown = std::move(markdown), file = std::move(file)] {
             writeUserFile(FileSystem::posix(), file, markdown);
         });
+        m_status.setMessage(L10N_KEY("Vesko", "Markdown exported"));
+        m_analytics.track(UsageEvent::noteExported);
+    } catch (const std::exception&) {
+        m_status.report(std::current_exception());
+    }
+}
+
+void NoteActions::exportInto(std::set<Uuid> ids, std::filesystem::path folder)
+{
+    m_tasks.spawn(writeExports(std::move(ids), std::move(folder)));
+}
+
+Task<> NoteActions::writeExports(std::set<Uuid> ids, std::filesystem::path folder)
+{
+    try {
+        co_await m_writing.run(
+            [library = m_library.contents(), ids = std::move(ids), folder = std::move(folder)] {
+                writeMarkdownFiles(library, ids, folder);
+            });
         m_status.setMessage(L10N_KEY("Vesko", "Markdown exported"));
         m_analytics.track(UsageEvent::noteExported);
     } catch (const std::exception&) {

@@ -21,10 +21,12 @@ public:
 
     // A new text note in the selected project, which is then shown and selected.
     Q_INVOKABLE void newNote();
-    void assign(const Note& note, std::optional<Uuid> project);
-    // To the Trash, or from there into nothing.
-    void trash(const Note& note, bool permanently);
-    void restore(const Note& note);
+    // What follows happens to all of the notes or to none.
+    void assign(LibraryStore::Places places);
+    void trash(std::set<Uuid> ids);
+    void restore(std::set<Uuid> ids);
+    // From the Trash into nothing.
+    void remove(std::set<Uuid> ids);
     void createProject(const std::string& name);
     void renameProject(const Uuid& id, const std::string& name);
 
@@ -33,19 +35,21 @@ public:
     void copy(const Uuid& id);
     // The note that was copied a moment ago.
     const std::optional<Uuid>& copiedNoteID() const { return m_copiedNoteID; }
-    // The name that is offered for the file of an export.
-    static std::string exportName(const Note& note);
     // Writes the note as it is saved to a Markdown file.
     void exportTo(const Uuid& id, const std::filesystem::path& file);
+    // Writes each as it is saved to a Markdown file of its name in that folder, where it replaces
+    // nothing.
+    void exportInto(std::set<Uuid> ids, std::filesystem::path folder);
 
 Q_SIGNALS:
     void copiedNoteChanged();
 
 private:
     Task<> create();
-    Task<> remove(Uuid id);
+    Task<> removed(std::set<Uuid> ids);
     Task<> showCopied(Uuid id);
     Task<> writeExport(std::string markdown, std::filesystem::path file);
+    Task<> writeExports(std::set<Uuid> ids, std::filesystem::path folder);
 
     EventClock& m_clock;
     LibrarySession& m_library;

@@ -1,11 +1,13 @@
 #include "VeskoApp/notes/LibraryWindow.h"
 
 #include "VeskoApp/exchange/UserPaths.h"
+#include "VeskoApp/library/MarkdownFiles.h"
 #include "VeskoApp/notes/NoteWords.h"
 #include "VeskoApp/wording/Translated.h"
 #include "VeskoCore/base/Localized.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <utility>
@@ -13,8 +15,6 @@
 namespace vesko {
 
 namespace {
-
-constexpr double undoIsOffered = 10; // seconds
 
 constexpr const char* unopened = L10N_KEY("Vesko", "The library could not be opened");
 
@@ -38,20 +38,22 @@ QVariantMap words(const char* title, const char* text, const char* button)
 // Where a note is exported to if the user has no better idea.
 QString exportFile(const Note& note)
 {
-    return offeredFile(QString::fromStdString(NoteActions::exportName(note)));
+    return offeredFile(QString::fromStdString(markdownName(note)));
 }
 
 } // namespace
 
 LibraryWindow::LibraryWindow(const Neighbours& neighbours)
     : m_to(neighbours)
-    , m_trashedEnd(neighbours.clock)
+    , m_selected(neighbours.clock, neighbours.fileChooser, neighbours.library, neighbours.selection,
+          neighbours.notes, neighbours.status)
 {
     const auto& selection = m_to.selection;
     connect(&selection, &NoteSelection::visibleNotesChanged, this, &LibraryWindow::showNotes);
     connect(&selection, &NoteSelection::selectionChanged, this, [this] {
         Q_EMIT sidebarChanged();
         Q_EMIT emptyStateChanged();
+        m_notes.setChosen(m_to.selection.selectedNoteIDs());
         showEditor();
     });
     connect(&selection, &NoteSelection::queryChanged, this, [this] {
@@ -60,7 +62,6 @@ LibraryWindow::LibraryWindow(const Neighbours& neighbours)
     });
     const auto& library = m_to.library;
     connect(&library, &LibrarySession::changed, this, &LibraryWindow::sidebarChanged);
-    connect(&library, &LibrarySession::changed, this, &LibraryWindow::lookAtTrashed);
     for (const auto tell : { &LibraryWindow::emptyStateChanged, &LibraryWindow::statusLineChanged })
         connect(&library, &LibrarySession::readyChanged, this, tell);
     for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
@@ -85,6 +86,7 @@ void LibraryWindow::showNotes()
             named.emplace(project.id, QString::fromStdString(project.name));
     m_notes.setProjects(std::move(named));
     m_notes.setQuery(m_to.selection.query());
+    m_notes.setChosen(m_to.selection.selectedNoteIDs());
     m_notes.setNotes(m_to.selection.visibleNotes());
     showEditor();
     Q_EMIT emptyStateChanged();
@@ -236,11 +238,34 @@ void LibraryWindow::showProject(const QString& id)
     m_to.selection.setSelectedProjectID(identity(id));
 }
 
-void LibraryWindow::selectRow(int row)
+void LibraryWindow::selectRow(int row, int modifiers)
 {
     const auto& notes = m_notes.notes();
-    if (row >= 0 && static_cast<std::size_t>(row) < notes.size())
-        m_to.selection.setSelectedNoteID(notes[static_cast<std::size_t>(row)].id);
+    if (row < 0 || static_cast<std::size_t>(row) >= notes.size())
+        return;
+    const auto id = notes[static_cast<std::size_t>(row)].id;
+    if (modifiers & Qt::ShiftModifier)
+        m_to.selection.extendTo(id);
+    else if (modifiers & Qt::ControlModifier)
+        m_to.selection.toggle(id);
+    else
+        m_to.selection.setSelectedNoteID(id);
+}
+
+void LibraryWindow::clickRow(int row)
+{
+    selectRow(row, QGuiApplication::keyboardModifiers());
+}
+
+void LibraryWindow::dragRow(int row)
+{
+    const auto& notes = m_notes.notes();
+    if (row < 0 || static_cast<std::size_t>(row) >= notes.size() || showingTrash())
+        return;
+    if (const auto& id = notes[static_cast<std::size_t>(row)].id;
+        !m_to.selection.selectedNoteIDs().contains(id))
+        m_to.selection.setSelectedNoteID(id);
+    m_selected.drag();
 }
 
 void LibraryWindow::saveProject(const QString& renameID, const QString& name)
@@ -300,71 +325,25 @@ void LibraryWindow::exportNote(const QString& path)
         m_to.notes.exportTo(m_editor->id(), wholePath(path).toStdString());
 }
 
-void LibraryWindow::assign(const QString& projectID)
-{
-    if (const Note* const note = m_to.selection.selectedNote())
-        m_to.notes.assign(*note, identity(projectID));
-}
-
-void LibraryWindow::trashNote()
-{
-    if (const Note* const note = m_to.selection.selectedNote()) {
-        m_trashed = note->id;
-        m_trashedEnd.cancel(); // of one before
-        Q_EMIT undoChanged();
-        m_to.notes.trash(*note, false);
-    }
-}
-
-// It can be taken back as long as it is there.
-void LibraryWindow::lookAtTrashed()
-{
-    const Note* const note = m_trashed ? m_to.library.note(*m_trashed) : nullptr;
-    const bool isThere = note && note->deletedAt;
-    if (isThere == m_trashedEnd.pending())
-        return;
-    if (isThere) {
-        m_trashedEnd.start(undoIsOffered, [this] {
-            m_trashed.reset();
-            Q_EMIT undoChanged();
-        });
-    } else {
-        m_trashedEnd.cancel();
-        m_trashed.reset();
-    }
-    Q_EMIT undoChanged();
-}
-
-QString LibraryWindow::undoText() const
-{
-    return m_trashedEnd.pending() ? translated(L10N_KEY("Vesko", "Moved to Trash")) : QString();
-}
-
-void LibraryWindow::undo()
-{
-    const Note* const note = m_trashedEnd.pending() ? m_to.library.note(*m_trashed) : nullptr;
-    if (!note)
-        return;
-    m_to.notes.restore(*note);
-    m_to.selection.reveal(note->id);
-}
-
-void LibraryWindow::restoreNote()
-{
-    if (const Note* const note = m_to.selection.selectedNote())
-        m_to.notes.restore(*note);
-}
-
-void LibraryWindow::deletePermanently()
-{
-    if (const Note* const note = m_to.selection.selectedNote())
-        m_to.notes.trash(*note, true);
-}
-
 void LibraryWindow::play(const QString& recordingID)
 {
     if (const auto* recording = m_editor ? m_editor->recordingList().find(recordingID) : nullptr)
         m_to.playback.play(*recording);
+}
+
+void LibraryWindow::showInFolder(const QString& recordingID)
+{
+    if (const auto* recording = m_editor ? m_editor->recordingList().find(recordingID) : nullptr)
+        m_tasks.spawn(show(*recording));
+}
+
+Task<> LibraryWindow::show(Recording recording)
+{
+    try {
+        m_to.desktop.showFile(co_await m_to.library.audioFile(std::move(recording)));
+    } catch (const std::exception&) {
+        m_to.status.report(std::current_exception());
+    }
 }
 
 void LibraryWindow::retry(const QString& recordingID)

@@ -4,6 +4,7 @@
 #include "VeskoApp/notes/NoteEditor.h"
 #include "VeskoApp/notes/NoteListModel.h"
 #include "VeskoApp/notes/Playback.h"
+#include "VeskoApp/notes/SelectedNotes.h"
 #include "VeskoApp/platform/Desktop.h"
 #include "VeskoApp/platform/FileChooser.h"
 #include "VeskoApp/transcription/TranscriptionRun.h"
@@ -27,16 +28,20 @@ class LibraryWindow : public QObject {
     // Rows with "id" and "name".
     Q_PROPERTY(QVariantList projects READ projects NOTIFY sidebarChanged)
     Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
+    // What is done with all that are selected.
+    Q_PROPERTY(QObject* selected READ selected CONSTANT)
+    // The one that the keyboard goes on from.
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY notesChanged)
-    // The editor of the selected note, or none: an array, so that each has a view of its own.
+    // The editor of the note that is selected alone, or none: an array, so that each has a view of
+    // its own.
     Q_PROPERTY(QVariantList editors READ editors NOTIFY editorChanged)
     // "title", "text", "button" and "makesNote", whether that is what the button does, while no
     // note is listed, else nothing.
     Q_PROPERTY(QVariant emptyState READ emptyState NOTIFY emptyStateChanged)
     Q_PROPERTY(QString statusLine READ statusLine NOTIFY statusLineChanged)
-    // What undo() would take back, for a while; empty for nothing.
-    Q_PROPERTY(QString undoText READ undoText NOTIFY undoChanged)
     Q_PROPERTY(QString copiedNoteID READ copiedNoteID NOTIFY copiedChanged)
+    // What plays, of which position, speed and wave are shown.
+    Q_PROPERTY(QObject* playback READ playback CONSTANT)
     Q_PROPERTY(QString playingID READ playingID NOTIFY playingChanged)
     // What the error line says while the library can't be opened; empty for none.
     Q_PROPERTY(QString refusal READ refusal NOTIFY stateChanged)
@@ -67,6 +72,8 @@ public:
     ~LibraryWindow() override;
 
     QObject* notes() { return &m_notes; }
+    SelectedNotes* selected() { return &m_selected; }
+    QObject* playback() { return &m_to.playback; }
     const NoteListModel& noteList() const { return m_notes; }
     NoteEditor* editor() { return m_editor.get(); }
 
@@ -81,7 +88,6 @@ public:
     QVariantList editors() const;
     QVariant emptyState() const;
     QString statusLine() const;
-    QString undoText() const;
     QString copiedNoteID() const;
     QString playingID() const;
     // Why there is no library, in the user's words; empty if it was not refused.
@@ -95,7 +101,14 @@ public:
     Q_INVOKABLE void showAllNotes();
     Q_INVOKABLE void showTrash();
     Q_INVOKABLE void showProject(const QString& id);
-    Q_INVOKABLE void selectRow(int row);
+    // With the modifiers of the key or the click: Shift extends the selection to that row, Control
+    // adds the row or takes it away.
+    Q_INVOKABLE void selectRow(int row, int modifiers = 0);
+    // The same for the row that is being clicked, with the modifiers that are held now.
+    Q_INVOKABLE void clickRow(int row);
+    // Drags all that are selected, or the row if it isn't, as SelectedNotes::drag does.
+    Q_INVOKABLE void dragRow(int row);
+    Q_INVOKABLE void selectAll() { m_to.selection.selectAll(); }
     // What the button of the empty state does, unless it makes a note.
     Q_INVOKABLE void fillEmptyState();
     // Renames the project, or makes a new one if there is no id.
@@ -110,13 +123,9 @@ public:
     // Whether an export to that path would replace a file.
     Q_INVOKABLE static bool replacesFile(const QString& path);
     Q_INVOKABLE void exportNote(const QString& path);
-    Q_INVOKABLE void assign(const QString& projectID);
-    Q_INVOKABLE void trashNote();
-    // Takes the note back out of the Trash that was moved there a moment ago, and selects it.
-    Q_INVOKABLE void undo();
-    Q_INVOKABLE void restoreNote();
-    Q_INVOKABLE void deletePermanently();
     Q_INVOKABLE void play(const QString& recordingID);
+    // Shows its file in the file manager.
+    Q_INVOKABLE void showInFolder(const QString& recordingID);
     Q_INVOKABLE void retry(const QString& recordingID);
     Q_INVOKABLE void copyText(const QString& text) { m_to.clipboard.copy(text.toStdString()); }
 
@@ -127,7 +136,6 @@ Q_SIGNALS:
     void editorChanged();
     void emptyStateChanged();
     void statusLineChanged();
-    void undoChanged();
     void copiedChanged();
     void playingChanged();
     void stateChanged();
@@ -137,14 +145,13 @@ Q_SIGNALS:
 private:
     void showNotes();
     void showEditor();
-    void lookAtTrashed();
+    Task<> show(Recording recording);
     Task<> exportTo(Uuid id, Eventual<FileChooser::Answer> chosen);
 
     Neighbours m_to;
     NoteListModel m_notes;
     std::unique_ptr<NoteEditor> m_editor;
-    std::optional<Uuid> m_trashed; // a moment ago, here
-    Timer m_trashedEnd;
+    SelectedNotes m_selected;
     TaskScope m_tasks;
 };
 

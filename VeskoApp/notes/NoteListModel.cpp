@@ -119,6 +119,15 @@ void NoteListModel::setProjects(std::unordered_map<Uuid, QString> names)
     tellOfAll();
 }
 
+void NoteListModel::setChosen(const std::set<Uuid>& ids)
+{
+    if (m_chosen == ids)
+        return;
+    m_chosen = ids;
+    if (!m_notes.empty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), { chosenRole });
+}
+
 void NoteListModel::tellOfAll()
 {
     if (!m_notes.empty())
@@ -165,6 +174,8 @@ QVariant NoteListModel::data(const QModelIndex& index, int role) const
         return m_search ? marked(shownTitle(note), *m_search) : shownTitle(note).toHtmlEscaped();
     case markedWordsRole:
         return m_search ? marked(words(note), *m_search) : words(note).toHtmlEscaped();
+    case chosenRole:
+        return m_chosen.contains(note.id);
     case detailRole: {
         QStringList parts;
         for (const auto part : { statusRole, momentRole, wordsRole, projectRole })
@@ -182,7 +193,7 @@ QHash<int, QByteArray> NoteListModel::roleNames() const
     return { { idRole, "noteID" }, { titleRole, "title" }, { iconRole, "iconName" },
         { detailRole, "detail" }, { statusRole, "status" }, { momentRole, "moment" },
         { wordsRole, "words" }, { projectRole, "project" }, { markedTitleRole, "markedTitle" },
-        { markedWordsRole, "markedWords" } };
+        { markedWordsRole, "markedWords" }, { chosenRole, "chosen" } };
 }
 
 } // namespace vesko

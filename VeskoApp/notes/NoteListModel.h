@@ -8,6 +8,7 @@
 #include "VeskoCore/library/TextSearch.h"
 
 #include <optional>
+#include <set>
 #include <unordered_map>
 
 namespace vesko {
@@ -29,12 +30,16 @@ public:
         projectRole, // its name
         markedTitleRole, // HTML in which what was searched for stands in <b>, as of the next
         markedWordsRole,
+        chosenRole,
     };
 
     // What is searched for is marked; without letters, nothing is.
     void setQuery(const std::string& query);
     // Names of the projects that a row is to name.
     void setProjects(std::unordered_map<Uuid, QString> names);
+
+    // Which rows are selected.
+    void setChosen(const std::set<Uuid>& ids);
 
     void setNotes(SharedArray<Note> notes);
     const SharedArray<Note>& notes() const { return m_notes; }
@@ -53,6 +58,7 @@ private:
     std::string m_query;
     mutable std::optional<TextSearch> m_search; // none without a query
     std::unordered_map<Uuid, QString> m_projects;
+    std::set<Uuid> m_chosen;
 };
 
 } // namespace vesko

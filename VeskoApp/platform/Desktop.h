@@ -21,6 +21,9 @@ public:
     virtual void floatEverywhere(QWindow& window) = 0;
     // Opens the folder in the file manager.
     virtual void openFolder(const std::filesystem::path& folder) = 0;
+    // Shows the file among the others of its folder, in the file manager; or the folder, where that
+    // can't be asked for.
+    virtual void showFile(const std::filesystem::path& file) = 0;
     // Opens that part of the desktop's settings, or the settings where it has no such part. False
     // where it has no settings.
     virtual bool openSettings(SettingsPanel panel) = 0;

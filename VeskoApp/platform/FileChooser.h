@@ -35,6 +35,8 @@ public:
     virtual Eventual<Answer> save(const Question& what, QWindow& above) = 0;
     // The same for a file that is there, which is to be opened: no name is offered.
     virtual Eventual<Answer> open(const Question& what, QWindow& above) = 0;
+    // The same for a folder that is there; `kind` and `pattern` are not asked for.
+    virtual Eventual<Answer> folder(const Question& what, QWindow& above) = 0;
 };
 
 } // namespace vesko

@@ -79,7 +79,7 @@ void AppDelegate::launch(bool background, const Demo& demo)
     m_model.run().onNotPasted = [this](const Uuid& id) { m_captureControl.offerNote(id); };
     m_captureControl.onOpenNote = m_model.notifier().openNote = [this](const Uuid& note) {
         m_model.selection().setSelectedProjectID(std::nullopt);
-        m_model.selection().reveal(note);
+        m_model.selection().reveal({ note });
         showLibrary();
     };
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::observeAccess);

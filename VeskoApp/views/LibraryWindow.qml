@@ -50,7 +50,7 @@ VeskoWindow {
         library: window.library
         onNoteWanted: window.delegate.newNote()
         onRenameWanted: editors.itemAt(0)?.rename()
-        onTrashWanted: editors.itemAt(0)?.askToTrash()
+        onTrashWanted: (several.itemAt(0) ?? editors.itemAt(0))?.askToTrash()
         storage: window.storage
     }
 
@@ -112,7 +112,7 @@ VeskoWindow {
             readonly property string error: window.status.errorMessage === window.library.refusal ? "" : window.status.errorMessage
 
             alarm: error.length > 0
-            text: error || window.library.undoText
+            text: error || window.library.selected.undoText
 
             PushButton {
                 visible: banner.alarm
@@ -124,7 +124,7 @@ VeskoWindow {
                 visible: !banner.alarm
                 text: qsTranslate("Vesko", "Undo")
                 flat: true
-                onClicked: window.library.undo()
+                onClicked: window.library.selected.undo()
             }
             IconButton {
                 visible: banner.alarm
@@ -155,6 +155,20 @@ VeskoWindow {
             }
         }
 
+        Repeater {
+            id: several
+
+            model: window.library.selected.count > 1 ? 1 : 0
+
+            SelectedNotesView {
+                anchors.top: banner.bottom
+                anchors.left: parent?.left
+                anchors.right: parent?.right
+                anchors.bottom: parent?.bottom
+                library: window.library
+            }
+        }
+
         LibraryExchangeView {
             anchors.left: parent.left
             anchors.right: parent.right
@@ -165,7 +179,7 @@ VeskoWindow {
         }
 
         Repeater {
-            model: window.library.canCreate && window.library.editors.length === 0 ? 1 : 0
+            model: window.library.canCreate && window.library.editors.length === 0 && several.count === 0 ? 1 : 0
 
             Column {
                 anchors.centerIn: parent

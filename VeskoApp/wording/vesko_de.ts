@@ -2108,5 +2108,76 @@
         <source>Automatic leaves it to your program or server to find out the language. If it is unavailable, the audio stays saved and you can choose OpenRouter.</source>
         <translation>„Automatisch“ überlässt es Ihrem Programm oder Server, die Sprache herauszufinden. Ist es nicht erreichbar, bleibt der Ton gesichert, und Sie können OpenRouter wählen.</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 notes selected</source>
+        <translation>
+            <numerusform>%1 Notiz ausgewählt</numerusform>
+            <numerusform>%1 Notizen ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %1 notes to Trash?</source>
+        <translation>
+            <numerusform>%1 Notiz in den Papierkorb legen?</numerusform>
+            <numerusform>%1 Notizen in den Papierkorb legen?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 notes and their recordings permanently?</source>
+        <translation>
+            <numerusform>%1 Notiz mit ihren Aufnahmen endgültig löschen?</numerusform>
+            <numerusform>%1 Notizen mit ihren Aufnahmen endgültig löschen?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to Trash</source>
+        <translation>
+            <numerusform>%1 Notiz in den Papierkorb gelegt</numerusform>
+            <numerusform>%1 Notizen in den Papierkorb gelegt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to another project</source>
+        <translation>
+            <numerusform>%1 Notiz in ein anderes Projekt verschoben</numerusform>
+            <numerusform>%1 Notizen in ein anderes Projekt verschoben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Note moved to another project</source>
+        <translation>Notiz in ein anderes Projekt verschoben</translation>
+    </message>
+    <message>
+        <source>Move to project</source>
+        <translation>In Projekt verschieben</translation>
+    </message>
+    <message>
+        <source>Restore notes</source>
+        <translation>Notizen wiederherstellen</translation>
+    </message>
+    <message>
+        <source>You can restore the notes and their recordings from Trash.</source>
+        <translation>Die Notizen und ihre Aufnahmen lassen sich aus dem Papierkorb wiederherstellen.</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>This note is in the Trash</source>
+        <translation>Diese Notiz liegt im Papierkorb</translation>
+    </message>
+    <message>
+        <source>Playback speed</source>
+        <translation>Wiedergabegeschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Position in the recording</source>
+        <translation>Stelle in der Aufnahme</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Im Ordner anzeigen</translation>
+    </message>
 </context>
 </TS>

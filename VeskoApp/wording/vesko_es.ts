@@ -2108,5 +2108,76 @@
         <source>Automatic leaves it to your program or server to find out the language. If it is unavailable, the audio stays saved and you can choose OpenRouter.</source>
         <translation>«Automático» deja que su programa o servidor averigüe el idioma. Si no está disponible, el audio queda guardado y puede elegir OpenRouter.</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 notes selected</source>
+        <translation>
+            <numerusform>%1 nota seleccionada</numerusform>
+            <numerusform>%1 notas seleccionadas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %1 notes to Trash?</source>
+        <translation>
+            <numerusform>¿Mover %1 nota a la papelera?</numerusform>
+            <numerusform>¿Mover %1 notas a la papelera?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 notes and their recordings permanently?</source>
+        <translation>
+            <numerusform>¿Eliminar definitivamente %1 nota y sus grabaciones?</numerusform>
+            <numerusform>¿Eliminar definitivamente %1 notas y sus grabaciones?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to Trash</source>
+        <translation>
+            <numerusform>%1 nota movida a la papelera</numerusform>
+            <numerusform>%1 notas movidas a la papelera</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to another project</source>
+        <translation>
+            <numerusform>%1 nota movida a otro proyecto</numerusform>
+            <numerusform>%1 notas movidas a otro proyecto</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Note moved to another project</source>
+        <translation>Nota movida a otro proyecto</translation>
+    </message>
+    <message>
+        <source>Move to project</source>
+        <translation>Mover a un proyecto</translation>
+    </message>
+    <message>
+        <source>Restore notes</source>
+        <translation>Restaurar notas</translation>
+    </message>
+    <message>
+        <source>You can restore the notes and their recordings from Trash.</source>
+        <translation>Puede restaurar las notas y sus grabaciones desde la papelera.</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
+    <message>
+        <source>This note is in the Trash</source>
+        <translation>Esta nota está en la papelera</translation>
+    </message>
+    <message>
+        <source>Playback speed</source>
+        <translation>Velocidad de reproducción</translation>
+    </message>
+    <message>
+        <source>Position in the recording</source>
+        <translation>Posición en la grabación</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
 </context>
 </TS>

@@ -2108,5 +2108,76 @@
         <source>Automatic leaves it to your program or server to find out the language. If it is unavailable, the audio stays saved and you can choose OpenRouter.</source>
         <translation>« Automatique » laisse votre programme ou votre serveur trouver la langue. S’il n’est pas disponible, le son reste enregistré et vous pouvez choisir OpenRouter.</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 notes selected</source>
+        <translation>
+            <numerusform>%1 note sélectionnée</numerusform>
+            <numerusform>%1 notes sélectionnées</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %1 notes to Trash?</source>
+        <translation>
+            <numerusform>Mettre %1 note à la corbeille ?</numerusform>
+            <numerusform>Mettre %1 notes à la corbeille ?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 notes and their recordings permanently?</source>
+        <translation>
+            <numerusform>Supprimer définitivement %1 note et ses enregistrements ?</numerusform>
+            <numerusform>Supprimer définitivement %1 notes et leurs enregistrements ?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to Trash</source>
+        <translation>
+            <numerusform>%1 note mise à la corbeille</numerusform>
+            <numerusform>%1 notes mises à la corbeille</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to another project</source>
+        <translation>
+            <numerusform>%1 note déplacée vers un autre projet</numerusform>
+            <numerusform>%1 notes déplacées vers un autre projet</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Note moved to another project</source>
+        <translation>Note déplacée vers un autre projet</translation>
+    </message>
+    <message>
+        <source>Move to project</source>
+        <translation>Déplacer vers un projet</translation>
+    </message>
+    <message>
+        <source>Restore notes</source>
+        <translation>Restaurer les notes</translation>
+    </message>
+    <message>
+        <source>You can restore the notes and their recordings from Trash.</source>
+        <translation>Vous pouvez restaurer les notes et leurs enregistrements depuis la corbeille.</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+    <message>
+        <source>This note is in the Trash</source>
+        <translation>Cette note est dans la corbeille</translation>
+    </message>
+    <message>
+        <source>Playback speed</source>
+        <translation>Vitesse de lecture</translation>
+    </message>
+    <message>
+        <source>Position in the recording</source>
+        <translation>Position dans l’enregistrement</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
 </context>
 </TS>

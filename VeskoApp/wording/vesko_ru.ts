@@ -2111,5 +2111,81 @@
         <source>Automatic leaves it to your program or server to find out the language. If it is unavailable, the audio stays saved and you can choose OpenRouter.</source>
         <translation>В режиме «Автоматически» язык определяет ваша программа или ваш сервер. Если они недоступны, звук остаётся сохранённым и можно выбрать OpenRouter.</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 notes selected</source>
+        <translation>
+            <numerusform>Выбрана %1 заметка</numerusform>
+            <numerusform>Выбраны %1 заметки</numerusform>
+            <numerusform>Выбрано %1 заметок</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %1 notes to Trash?</source>
+        <translation>
+            <numerusform>Переместить %1 заметку в корзину?</numerusform>
+            <numerusform>Переместить %1 заметки в корзину?</numerusform>
+            <numerusform>Переместить %1 заметок в корзину?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %1 notes and their recordings permanently?</source>
+        <translation>
+            <numerusform>Удалить %1 заметку с записями навсегда?</numerusform>
+            <numerusform>Удалить %1 заметки с записями навсегда?</numerusform>
+            <numerusform>Удалить %1 заметок с записями навсегда?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to Trash</source>
+        <translation>
+            <numerusform>%1 заметка перемещена в корзину</numerusform>
+            <numerusform>%1 заметки перемещены в корзину</numerusform>
+            <numerusform>%1 заметок перемещено в корзину</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 notes moved to another project</source>
+        <translation>
+            <numerusform>%1 заметка перемещена в другой проект</numerusform>
+            <numerusform>%1 заметки перемещены в другой проект</numerusform>
+            <numerusform>%1 заметок перемещено в другой проект</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Note moved to another project</source>
+        <translation>Заметка перемещена в другой проект</translation>
+    </message>
+    <message>
+        <source>Move to project</source>
+        <translation>Переместить в проект</translation>
+    </message>
+    <message>
+        <source>Restore notes</source>
+        <translation>Восстановить заметки</translation>
+    </message>
+    <message>
+        <source>You can restore the notes and their recordings from Trash.</source>
+        <translation>Заметки и их записи можно восстановить из корзины.</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Папка</translation>
+    </message>
+    <message>
+        <source>This note is in the Trash</source>
+        <translation>Эта заметка в корзине</translation>
+    </message>
+    <message>
+        <source>Playback speed</source>
+        <translation>Скорость воспроизведения</translation>
+    </message>
+    <message>
+        <source>Position in the recording</source>
+        <translation>Место в записи</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Показать в папке</translation>
+    </message>
 </context>
 </TS>

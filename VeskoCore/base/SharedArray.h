@@ -119,6 +119,21 @@ public:
         set(index, std::move(element));
     }
 
+    // The same for all that the predicate says, with one table for them together.
+    template <class Predicate, class Change>
+    void editIf(Predicate predicate, Change change)
+    {
+        auto table = copyOfTable(0);
+        for (auto& shared : table) {
+            if (!predicate(*shared))
+                continue;
+            T element = *shared;
+            change(element);
+            shared = std::make_shared<const T>(std::move(element));
+        }
+        adopt(std::move(table));
+    }
+
     template <class Predicate>
     void removeIf(Predicate predicate)
     {

@@ -10,7 +10,10 @@
 #include "VeskoCore/library/TranscriptResult.h"
 #include "VeskoCore/library/VeskoError.h"
 
+#include <exception>
 #include <filesystem>
+#include <map>
+#include <set>
 
 namespace vesko {
 
@@ -37,21 +40,22 @@ public:
     // does.
     void editNote(const Uuid& id, const std::string& title, const std::string& body,
         const std::optional<std::string>& baseBody);
-    // Moves the note to a project, or out of all. notFound for an unknown one.
-    void assignNote(const Uuid& id, std::optional<Uuid> projectID);
-    // Into the Trash and out of it. libraryBusy while the note is captured or transcribed.
-    void trashNote(const Uuid& id);
-    void restoreNote(const Uuid& id);
-    // Removes a note in the Trash with its audio, from the document and from its backup; notFound
-    // for a note elsewhere. First goes the audio: when that fails, with unsafePath or with the
-    // system's std::system_error, the note stays, without the files that are gone by then. When
-    // only the backup fails, with storage, the note is gone and the backup may still hold it until
-    // the next change.
-    void deletePermanently(const Uuid& id);
+    // What follows is done with all of the notes, in one save, or with none.
+    // Moves each to the project that stands beside it, or out of all. notFound for an unknown one.
+    using Places = std::map<Uuid, std::optional<Uuid>>;
+    void assignNotes(const Places& places);
+    // Into the Trash and out of it. libraryBusy while one of them is captured or transcribed.
+    void trashNotes(const std::set<Uuid>& ids);
+    void restoreNotes(const std::set<Uuid>& ids);
 
-    // Removes for good what was moved to the Trash before that moment, as deletePermanently does,
-    // in one save. A note whose audio can't be removed stays, and the first such failure is thrown
-    // behind the rest. The notes that are gone.
+    // Removes notes in the Trash with their audio, from the document and from its backup, in one
+    // save; notFound, and nothing removed, if one is elsewhere. First goes the audio: a note for
+    // which that fails stays, without the files that are gone by then, and the first such failure,
+    // unsafePath or the system's std::system_error, is thrown behind the rest. When only the backup
+    // fails, with storage, the notes are gone and the backup may still hold them until the next
+    // change.
+    void deletePermanently(const std::set<Uuid>& ids);
+    // The same with all that was moved to the Trash before that moment. The notes that are gone.
     std::vector<Uuid> emptyTrash(Date before);
 
     // Marks each recording of before that moment as one without audio, if its text is there. How
@@ -118,7 +122,12 @@ private:
     std::size_t noteIndex(const Uuid& id) const;
     void requireProject(const std::optional<Uuid>& id) const;
 
-    void setTrash(const Uuid& id, std::optional<Date> date);
+    // Those of the identifiers; notFound unless there is a note for each. Of several notes of one
+    // identifier it is the first.
+    std::set<const Note*> notesOf(const std::set<Uuid>& ids) const;
+    void setTrash(const std::set<Uuid>& ids, std::optional<Date> date);
+    // Those that are gone, and the first failure.
+    std::pair<std::vector<Uuid>, std::exception_ptr> remove(const std::set<Uuid>& ids);
     // The system's error, unless there is no such file.
     void removeAudio(const std::filesystem::path& path);
     // Saves a changed copy of the document and, only when that went well, makes it the document.

@@ -3,7 +3,6 @@
 #include "VeskoCore/library/LibraryStore.h"
 
 #include <algorithm>
-#include <system_error>
 
 namespace vesko {
 
@@ -26,59 +25,54 @@ void LibraryStore::editNote(const Uuid& id, const std::string& title, const std:
     });
 }
 
-void LibraryStore::assignNote(const Uuid& id, std::optional<Uuid> projectID)
+std::set<const Note*> LibraryStore::notesOf(const std::set<Uuid>& ids) const
 {
-    requireProject(projectID);
-    changeNote(noteIndex(id), [&](Note& note) {
-        note.projectID = projectID;
-        note.updatedAt = m_clock.now();
-    });
-}
-
-void LibraryStore::trashNote(const Uuid& id)
-{
-    setTrash(id, m_clock.now());
-}
-
-void LibraryStore::restoreNote(const Uuid& id)
-{
-    setTrash(id, std::nullopt);
-}
-
-void LibraryStore::setTrash(const Uuid& id, std::optional<Date> date)
-{
-    const auto index = noteIndex(id);
-    if (std::ranges::any_of(m_library.notes[index].recordings, isActive))
-        throw VeskoError(VeskoError::libraryBusy);
-    changeNote(index, [&](Note& note) { note.deletedAt = date; });
-}
-
-void LibraryStore::deletePermanently(const Uuid& id)
-{
-    const auto& note = m_library.notes[noteIndex(id)];
-    if (!note.deletedAt)
+    std::set<const Note*> found;
+    auto left = ids;
+    for (const auto& note : m_library.notes)
+        if (left.erase(note.id) > 0)
+            found.insert(&note);
+    if (!left.empty())
         throw VeskoError(VeskoError::notFound);
-    for (const auto& recording : note.recordings)
-        removeAudio(audioURL(recording));
-    Library changed = m_library;
-    changed.notes.removeIf([&](const Note& other) { return other.id == id; });
-    save(std::move(changed));
-    try {
-        m_document.renewBackup();
-    } catch (const std::system_error&) {
-        throw VeskoError(VeskoError::storage);
-    }
+    return found;
 }
 
-void LibraryStore::removeAudio(const std::filesystem::path& path)
+void LibraryStore::assignNotes(const Places& places)
 {
-    try {
-        m_files.unlink(path);
-    } catch (const std::system_error& error) {
-        // A capture that never came to its first sample has no file.
-        if (error.code() != std::errc::no_such_file_or_directory)
-            throw;
+    std::set<Uuid> ids;
+    for (const auto& [id, project] : places) {
+        requireProject(project);
+        ids.insert(id);
     }
+    Library changed = m_library;
+    changed.notes.editIf([moved = notesOf(ids)](const Note& note) { return moved.contains(&note); },
+        [&](Note& note) {
+            note.projectID = places.at(note.id);
+            note.updatedAt = m_clock.now();
+        });
+    save(std::move(changed));
+}
+
+void LibraryStore::trashNotes(const std::set<Uuid>& ids)
+{
+    setTrash(ids, m_clock.now());
+}
+
+void LibraryStore::restoreNotes(const std::set<Uuid>& ids)
+{
+    setTrash(ids, std::nullopt);
+}
+
+void LibraryStore::setTrash(const std::set<Uuid>& ids, std::optional<Date> date)
+{
+    const auto moved = notesOf(ids);
+    for (const Note* note : moved)
+        if (std::ranges::any_of(note->recordings, isActive))
+            throw VeskoError(VeskoError::libraryBusy);
+    Library changed = m_library;
+    changed.notes.editIf([&](const Note& note) { return moved.contains(&note); },
+        [&](Note& note) { note.deletedAt = date; });
+    save(std::move(changed));
 }
 
 } // namespace vesko

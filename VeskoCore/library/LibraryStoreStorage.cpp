@@ -62,12 +62,33 @@ void LibraryStore::clearRemovedAudio()
         std::rethrow_exception(failure);
 }
 
+void LibraryStore::deletePermanently(const std::set<Uuid>& ids)
+{
+    for (const Note* note : notesOf(ids))
+        if (!note->deletedAt)
+            throw VeskoError(VeskoError::notFound);
+    if (const auto failure = remove(ids).second)
+        std::rethrow_exception(failure);
+}
+
 std::vector<Uuid> LibraryStore::emptyTrash(Date before)
+{
+    std::set<Uuid> old;
+    for (const auto& note : m_library.notes)
+        if (note.deletedAt && *note.deletedAt < before)
+            old.insert(note.id);
+    auto [gone, failure] = remove(old);
+    if (failure)
+        std::rethrow_exception(failure);
+    return std::move(gone);
+}
+
+std::pair<std::vector<Uuid>, std::exception_ptr> LibraryStore::remove(const std::set<Uuid>& ids)
 {
     std::exception_ptr failure;
     std::vector<Uuid> gone;
     for (const auto& note : m_library.notes) {
-        if (!note.deletedAt || !(*note.deletedAt < before))
+        if (!ids.contains(note.id))
             continue;
         try {
             for (const auto& recording : note.recordings)
@@ -80,8 +101,8 @@ std::vector<Uuid> LibraryStore::emptyTrash(Date before)
     }
     if (!gone.empty()) {
         Library changed = m_library;
-        changed.notes.removeIf([ids = std::set(gone.begin(), gone.end())](
-                                   const Note& note) { return ids.contains(note.id); });
+        changed.notes.removeIf([went = std::set(gone.begin(), gone.end())](
+                                   const Note& note) { return went.contains(note.id); });
         save(std::move(changed));
         try {
             m_document.renewBackup();
@@ -89,9 +110,18 @@ std::vector<Uuid> LibraryStore::emptyTrash(Date before)
             throw VeskoError(VeskoError::storage);
         }
     }
-    if (failure)
-        std::rethrow_exception(failure);
-    return gone;
+    return { std::move(gone), failure };
+}
+
+void LibraryStore::removeAudio(const std::filesystem::path& path)
+{
+    try {
+        m_files.unlink(path);
+    } catch (const std::system_error& error) {
+        // A capture that never came to its first sample has no file.
+        if (error.code() != std::errc::no_such_file_or_directory)
+            throw;
+    }
 }
 
 } // namespace vesko

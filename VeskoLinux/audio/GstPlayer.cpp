@@ -1,6 +1,7 @@
 #include "VeskoLinux/audio/GstPlayer.h"
 
 #include "VeskoLinux/audio/Playback.h"
+#include "VeskoLinux/audio/Wave.h"
 
 #include <utility>
 
@@ -11,6 +12,7 @@ GstPlayer::GstPlayer() = default;
 GstPlayer::~GstPlayer()
 {
     m_stop.request_stop();
+    m_waveStop.request_stop();
 }
 
 Task<double> GstPlayer::play(std::filesystem::path file)
@@ -37,6 +39,29 @@ Task<double> GstPlayer::play(std::filesystem::path file)
           });
     state.heard = true;
     co_return seconds;
+}
+
+void GstPlayer::seek(double seconds, double rate)
+{
+    m_tasks.spawn(go(seconds, rate));
+}
+
+Task<> GstPlayer::go(double seconds, double rate)
+{
+    co_await m_worker.run([this, seconds, rate] {
+        if (m_playback)
+            m_playback->seek(seconds, rate);
+    });
+}
+
+Task<std::vector<float>> GstPlayer::wave(std::filesystem::path file, std::size_t parts)
+{
+    m_waveStop.request_stop();
+    m_waveStop = {};
+    co_return co_await m_drawing.run(
+        [file = std::move(file), parts, stop = m_waveStop.get_token()] {
+            return loudestParts(file, parts, stop);
+        });
 }
 
 void GstPlayer::stop()

@@ -14,8 +14,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto description
-    = "filesrc name=file ! qtdemux ! aacparse ! faad ! audioconvert ! audioresample"
-      " ! pulsesink client-name=Vesko";
+    = "filesrc name=file ! qtdemux ! aacparse ! faad ! audioconvert ! scaletempo"
+      " ! audioconvert ! audioresample ! pulsesink client-name=Vesko";
 
 std::string takeText(GError* error)
 {
@@ -41,7 +41,7 @@ Playback::Playback(const std::filesystem::path& file, const std::stop_token& sto
     if (std::error_code error; !std::filesystem::is_regular_file(file, error))
         throw std::runtime_error("The audio file is missing");
     if (!loadGstPlugins({ "coreelements", "isomp4", "audioparsers", "faad", "audioconvert",
-            "audioresample", "pulseaudio" }))
+            "audiofx", "audioresample", "pulseaudio" }))
         throw std::runtime_error("GStreamer can't start");
     GError* error = nullptr;
     m_pipeline.reset(gst_parse_launch(description, &error));
@@ -73,6 +73,13 @@ Playback::Playback(const std::filesystem::path& file, const std::stop_token& sto
     if (!gst_element_query_duration(m_pipeline.get(), GST_FORMAT_TIME, &duration) || duration < 0)
         throw std::runtime_error("The audio has no known length");
     m_seconds = static_cast<double>(duration) / GST_SECOND;
+}
+
+void Playback::seek(double seconds, double rate)
+{
+    gst_element_seek(m_pipeline.get(), rate, GST_FORMAT_TIME,
+        static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE), GST_SEEK_TYPE_SET,
+        static_cast<gint64>(seconds * GST_SECOND), GST_SEEK_TYPE_NONE, 0);
 }
 
 void Playback::note(GstMessage* message)

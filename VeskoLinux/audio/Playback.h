@@ -23,6 +23,8 @@ public:
     Playback& operator=(const Playback&) = delete;
 
     double seconds() const { return m_seconds; }
+    // Goes on from there, so many times as fast, at the same pitch; also behind the end.
+    void seek(double seconds, double rate);
 
 private:
     struct Close {

@@ -135,6 +135,11 @@ Eventual<FileChooser::Answer> PortalFileChooser::open(const Question& what, QWin
     return ask("OpenFile", what, {}, above);
 }
 
+Eventual<FileChooser::Answer> PortalFileChooser::folder(const Question& what, QWindow& above)
+{
+    return ask("OpenFile", what, { { QStringLiteral("directory"), true } }, above);
+}
+
 Eventual<FileChooser::Answer> PortalFileChooser::ask(
     const char* method, const Question& what, QVariantMap options, QWindow& above)
 {
@@ -151,8 +156,6 @@ Eventual<FileChooser::Answer> PortalFileChooser::ask(
         SLOT(response(uint, QVariantMap, QDBusMessage)));
     auto call = QDBusMessage::createMethodCall(
         portal, portalPath, fileChooser, QString::fromLatin1(method));
-    const FileFilter filter{ QString::fromStdString(what.kind),
-        { { 0, QString::fromStdString(what.pattern) } } };
     const auto folder = what.file.parent_path().string();
     options.insert(QVariantMap{
         { QStringLiteral("handle_token"), token },
@@ -160,8 +163,12 @@ Eventual<FileChooser::Answer> PortalFileChooser::ask(
         // With its end, as the portal wants it.
         { QStringLiteral("current_folder"),
             QByteArray(folder.c_str(), static_cast<qsizetype>(folder.size()) + 1) },
-        { QStringLiteral("filters"), QVariant::fromValue(QList<FileFilter>{ filter }) },
     });
+    if (!what.pattern.empty()) {
+        const FileFilter filter{ QString::fromStdString(what.kind),
+            { { 0, QString::fromStdString(what.pattern) } } };
+        options.insert(QStringLiteral("filters"), QVariant::fromValue(QList<FileFilter>{ filter }));
+    }
     call << handle(above) << QString::fromStdString(what.title) << options;
     auto* heard
         = new QDBusPendingCallWatcher(bus.asyncCall(call, std::numeric_limits<int>::max()), this);

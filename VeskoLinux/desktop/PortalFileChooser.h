@@ -26,6 +26,7 @@ public:
 
     Eventual<Answer> save(const Question& what, QWindow& above) override;
     Eventual<Answer> open(const Question& what, QWindow& above) override;
+    Eventual<Answer> folder(const Question& what, QWindow& above) override;
 
 private Q_SLOTS:
     void response(uint code, const QVariantMap& results, const QDBusMessage& message);

@@ -2,6 +2,9 @@
 
 #include "VeskoLinux/desktop/SettingsPanels.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QProcess>
@@ -83,6 +86,24 @@ void X11Desktop::floatEverywhere(QWindow& window)
 void X11Desktop::openFolder(const std::filesystem::path& folder)
 {
     QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(folder.string())));
+}
+
+// https://www.freedesktop.org/wiki/Specifications/file-manager-interface/
+void X11Desktop::showFile(const std::filesystem::path& file)
+{
+    const auto manager = QStringLiteral("org.freedesktop.FileManager1");
+    auto call = QDBusMessage::createMethodCall(manager,
+        QStringLiteral("/org/freedesktop/FileManager1"), manager, QStringLiteral("ShowItems"));
+    const auto address = QUrl::fromLocalFile(QString::fromStdString(file.string()));
+    call << QStringList{ address.toString(QUrl::FullyEncoded) } << QString();
+    auto* const heard
+        = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), qGuiApp);
+    QObject::connect(heard, &QDBusPendingCallWatcher::finished, qGuiApp,
+        [this, heard, folder = file.parent_path()] {
+            heard->deleteLater();
+            if (heard->isError())
+                openFolder(folder);
+        });
 }
 
 bool X11Desktop::openSettings(SettingsPanel panel)

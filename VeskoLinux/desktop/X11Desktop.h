@@ -18,6 +18,7 @@ public:
     void bringHere(QWindow& window) override;
     void floatEverywhere(QWindow& window) override;
     void openFolder(const std::filesystem::path& folder) override;
+    void showFile(const std::filesystem::path& file) override;
     bool openSettings(SettingsPanel panel) override;
 
 private:

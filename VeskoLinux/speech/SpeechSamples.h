@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VeskoLinux/media/RecordingSound.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -9,12 +11,10 @@
 
 namespace vesko {
 
-inline constexpr int speechRate = 16'000; // samples a second
+inline constexpr int speechRate = soundRate; // samples a second
 
-// The sound of a recording, AAC in m4a, as one channel of 16-bit samples at speechRate; nothing
-// but these formats is ever parsed. What still plays of a recording that was cut off is given.
-// Blocks; a stop request ends it with what has come so far. Throws std::runtime_error for a file
-// that is absent, no plain file, of no use to the decoder, or longer than an hour.
+// The whole sound of a recording, as decodeRecording gives it; a stop request ends it with what has
+// come so far.
 std::vector<std::int16_t> speechSamples(
     const std::filesystem::path& audio, const std::stop_token& stop);
 

@@ -1,8 +1,10 @@
 #!/usr/bin/python3
 """The library window, driven through the accessibility bus and the keyboard alone."""
 
+import json
 import os
 import signal
+import subprocess
 import sys
 import unittest
 
@@ -13,6 +15,7 @@ from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import Vesko, deployed, install_key  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
 
+SERVICES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "services")
 BUTTON, ITEM, ROW, TEXT = "push button", "menu item", "list item", "text"
 
 
@@ -211,6 +214,148 @@ class LibraryWindow(unittest.TestCase):
         self.vesko.wait_to_find(ROW, "waste")
         until("nothing is offered any more", lambda: not self.vesko.find(
             "status bar", "Moved to Trash"))
+
+    def chosen(self, *names):
+        until(f"just {names} are selected", lambda: all(
+            ("selected" in self.vesko.wait_to_find(ROW, name).states) == (name in names)
+            for name in ("one", "two", "three")))
+
+    def test_several_notes_are_selected_and_moved_and_taken_back(self):
+        for letters in ("one", "two", "three"):
+            self.new_note(letters)
+            self.saved(letters)
+        self.vesko.press(BUTTON, "New project")
+        self.vesko.wait_to_find(TEXT, "Project name")
+        hands.type_letters("garden")
+        hands.tap("return")
+        self.vesko.wait_to_find(ROW, "garden")
+
+        hands.click(*self.vesko.wait_to_find(ROW, "three").centre)
+        self.chosen("three")
+        hands.press("left control")
+        hands.click(*self.vesko.wait_to_find(ROW, "one").centre)
+        self.chosen("three", "one")
+        hands.release("left control")
+        self.vesko.wait_to_find("status bar", "2 notes selected")
+        hands.press("left shift")
+        hands.click(*self.vesko.wait_to_find(ROW, "two").centre)
+        self.chosen("two", "one")
+        hands.release("left shift")
+        hands.tap("escape")
+        self.chosen("two")
+        hands.tap("left shift", "down")
+        self.chosen("two", "one")
+        hands.tap("left control", "a")
+        self.chosen("one", "two", "three")
+        self.vesko.wait_to_find("status bar", "3 notes selected")
+
+        hands.tap("delete")
+        self.vesko.wait_to_find("label", "Move 3 notes to Trash?")
+        hands.tap("return")
+        self.vesko.wait_to_find("status bar", "3 notes moved to Trash")
+        self.assertTrue(all("deletedAt" in note for note in self.notes()))
+        self.vesko.press(BUTTON, "Undo")
+        until("all are back", lambda: not any("deletedAt" in note for note in self.notes()))
+        self.chosen("one", "two", "three")
+
+        self.vesko.press("combo box", "Move to project")
+        until("the projects are shown", lambda: len([
+            node for frame in self.vesko.app.children for node in frame.walk()
+            if (node.role, node.name) == (ROW, "garden")]) > 1)
+        hands.tap("down")
+        hands.tap("down")
+        hands.tap("return")
+        until("all are in the project", lambda: all(note.get("projectID") for note in self.notes()))
+        self.vesko.wait_to_find("status bar", "3 notes moved to another project")
+
+    def test_several_notes_are_exported_to_a_folder(self):
+        for letters in ("alpha", "beta"):
+            self.new_note(letters)
+            self.saved(letters)
+        hands.click(*self.vesko.wait_to_find(ROW, "alpha").centre)
+        hands.tap("left control", "a")
+        self.vesko.wait_to_find("status bar", "2 notes selected")
+        self.vesko.press(BUTTON, "Export Markdown…")
+        self.vesko.wait_to_find(TEXT, "Folder")
+        self.vesko.press(BUTTON, "Save")
+        for name in ("alpha", "beta"):
+            path = os.path.join(os.environ["HOME"], name + ".md")
+            until("it is written", lambda path=path: os.path.exists(path))
+            with open(path, encoding="utf-8") as file:
+                self.assertIn(name, file.read())
+
+    def carry(self, row, x, y):
+        """Drags the row there, and doesn't let go of it."""
+        here, there = row.centre, (x, y)
+        hands.point(*here)
+        hands.press_button()
+        for step in range(1, 11):
+            hands.point(*(a + (b - a) * step / 10 for a, b in zip(here, there)))
+            human_pause(0.02)
+
+    def test_notes_are_dragged_to_a_project_and_to_the_trash(self):
+        for letters in ("one", "two", "three"):
+            self.new_note(letters)
+            self.saved(letters)
+        self.vesko.press(BUTTON, "New project")
+        self.vesko.wait_to_find(TEXT, "Project name")
+        hands.type_letters("garden")
+        hands.tap("return")
+        hands.click(*self.vesko.wait_to_find(ROW, "three").centre)
+        self.chosen("three")
+        for place, dragged in (("garden", ("two",)), ("Trash", ("one", "three"))):
+            if len(dragged) > 1:
+                hands.click(*self.vesko.wait_to_find(ROW, "one").centre)
+                self.chosen("one")
+                hands.press("left control")
+                hands.click(*self.vesko.wait_to_find(ROW, "three").centre)
+                self.chosen("one", "three")
+                hands.release("left control")
+            left, top, width, height = self.vesko.wait_to_find(ROW, place).bounds
+            edge = (left + width // 2, top, 1, 2)
+            before = eyes.pixels(*edge)
+            self.carry(self.vesko.wait_to_find(ROW, dragged[0]), left + width // 2,
+                       top + height // 2)
+            until(f"{place} shows that it takes it", lambda: eyes.pixels(*edge) != before)
+            hands.release_button()
+            key = "projectID" if place == "garden" else "deletedAt"
+            until(f"{dragged} are there", lambda: sorted(
+                note["body"] for note in self.notes() if note.get(key)) == sorted(dragged))
+        self.vesko.wait_to_find("status bar", "2 notes moved to Trash")
+        self.vesko.press(BUTTON, "Undo")
+        until("they are back", lambda: not any("deletedAt" in note for note in self.notes()))
+
+    def test_notes_are_dragged_to_a_file_manager(self):
+        for letters in ("alpha", "beta", "gamma"):
+            self.new_note(letters)
+            self.saved(letters)
+        target = subprocess.Popen(
+            ["/usr/bin/python3", os.path.join(SERVICES, "drop_target.py")],
+            stdout=subprocess.PIPE, text=True)
+        self.addCleanup(target.wait)
+        self.addCleanup(target.kill)
+        self.addCleanup(target.stdout.close)
+        self.assertEqual(target.stdout.readline(), "ready\n")
+        hands.click(*self.vesko.wait_to_find(ROW, "beta").centre)
+        until("beta is selected", lambda: "selected" in self.vesko.wait_to_find(
+            ROW, "beta").states and "selected" not in self.vesko.wait_to_find(ROW, "gamma").states)
+        hands.press("left control")
+        hands.click(*self.vesko.wait_to_find(ROW, "alpha").centre)
+        self.vesko.wait_to_find("status bar", "2 notes selected")
+        hands.release("left control")
+        self.carry(self.vesko.wait_to_find(ROW, "alpha"), 30, 380)
+        self.assertEqual(target.stdout.readline(), "over\n")
+        # It has answered once the next movement comes too.
+        hands.point(32, 384)
+        self.assertEqual(target.stdout.readline(), "over\n")
+        hands.release_button()
+        line = "over"
+        while line == "over":
+            line = target.stdout.readline().strip()
+        files = json.loads(line)
+        self.assertEqual(sorted(files), ["alpha.md", "beta.md"])
+        for name in ("alpha", "beta"):
+            self.assertIn(name, files[name + ".md"])
 
     def test_the_program_tells_what_it_is(self):
         self.vesko.press("button menu" if self.vesko.find("button menu", "Menu") else BUTTON,

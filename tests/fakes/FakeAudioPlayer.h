@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace vesko {
@@ -18,6 +19,8 @@ public:
 
     std::vector<std::filesystem::path> played;
     std::optional<std::filesystem::path> playing;
+    std::vector<std::pair<double, double>> sought; // seconds and rate
+    std::vector<std::filesystem::path> drawn;
 
     Task<double> play(std::filesystem::path file) override
     {
@@ -31,10 +34,18 @@ public:
         }
         co_return length;
     }
+    void seek(double seconds, double rate) override { sought.emplace_back(seconds, rate); }
     void stop() override
     {
         ++m_request;
         playing.reset();
+    }
+    Task<std::vector<float>> wave(std::filesystem::path file, std::size_t parts) override
+    {
+        if (!std::filesystem::exists(file))
+            throw std::runtime_error("no such file");
+        drawn.push_back(file);
+        co_return std::vector<float>(parts, 0.5F);
     }
 
 private:

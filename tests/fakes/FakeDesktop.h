@@ -11,6 +11,7 @@ public:
     std::vector<const QWindow*> broughtHere;
     std::vector<const QWindow*> floating;
     std::vector<std::filesystem::path> openedFolders;
+    std::vector<std::filesystem::path> shownFiles;
     std::vector<SettingsPanel> openedSettings;
     bool hasSettings = true;
 
@@ -20,6 +21,7 @@ public:
     {
         openedFolders.push_back(folder);
     }
+    void showFile(const std::filesystem::path& file) override { shownFiles.push_back(file); }
     bool openSettings(SettingsPanel panel) override
     {
         openedSettings.push_back(panel);

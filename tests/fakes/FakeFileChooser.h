@@ -14,6 +14,7 @@ public:
 
     Eventual<Answer> save(const Question& what, QWindow&) override { return ask(what); }
     Eventual<Answer> open(const Question& what, QWindow&) override { return ask(what); }
+    Eventual<Answer> folder(const Question& what, QWindow&) override { return ask(what); }
 
 private:
     Eventual<Answer> ask(const Question& what)

@@ -1,12 +1,13 @@
 import QtQuick
 
-// Asks for the path of a file of an exchange, where the desktop has no dialog for it.
+// Asks for the path of a file of an exchange, or of a folder, where the desktop has no dialog for it.
 Sheet {
     id: sheet
 
     required property var exchange
     property bool saves: false // and may replace a file
     property bool replaces: false
+    property string fieldName: qsTranslate("Vesko", "File")
     signal chosen(string path)
 
     // Each time anew: the file of the same name may be there by now.
@@ -30,7 +31,7 @@ Sheet {
         id: path
 
         width: sheet.availableWidth
-        name: qsTranslate("Vesko", "File")
+        name: sheet.fieldName
         onTextChanged: sheet.look()
         onAccepted: if (sheet.canAgree) sheet.accept()
     }

@@ -144,6 +144,10 @@ Rectangle {
 
                     required property var modelData
 
+                    function take() {
+                        sidebar.library.selected.dropOnProject(modelData.id);
+                    }
+
                     width: places.width
                     rightPadding: 40
                     text: modelData.name
@@ -191,6 +195,10 @@ Rectangle {
                 height: 14
             }
             ListRow {
+                function take() {
+                    sidebar.library.selected.dropOnTrash();
+                }
+
                 width: parent.width
                 text: qsTranslate("Vesko", "Trash")
                 iconName: "trash"
@@ -209,6 +217,41 @@ Rectangle {
                 iconName: "book"
                 onClicked: sidebar.delegate.openDictionary()
             }
+        }
+    }
+
+    // Notes are dropped on the rows that take them.
+    DropArea {
+        id: drop
+
+        property var row: null
+
+        function look(x, y) {
+            const at = mapToItem(places, x, y);
+            const below = places.childAt(at.x, at.y);
+            row = below?.["take"] ? below : null;
+        }
+
+        anchors.fill: page
+        keys: ["application/x-vesko-notes"]
+        onPositionChanged: drag => look(drag.x, drag.y)
+        onExited: row = null
+        onDropped: drop => {
+            drop.accepted = row !== null;
+            row?.take();
+            row = null;
+        }
+
+        Rectangle {
+            visible: drop.row !== null
+            x: places.x
+            y: drop.row ? drop.row.mapToItem(drop, 0, 0).y : 0
+            width: places.width
+            height: drop.row?.height ?? 0
+            radius: Theme.corner
+            color: "transparent"
+            border.width: 2
+            border.color: Theme.accent
         }
     }
 

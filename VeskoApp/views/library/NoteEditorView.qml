@@ -109,7 +109,7 @@ Item {
             enabled: !view.editor.trashed
             choices: [qsTranslate("Vesko", "No project")].concat(view.library.projects.map(row => row.name))
             currentIndex: Math.max(0, ids.indexOf(view.editor.projectID))
-            onActivated: index => view.library.assign(ids[index])
+            onActivated: index => view.library.selected.assign(ids[index])
         }
         PushButton {
             visible: !view.editor.trashed
@@ -122,7 +122,8 @@ Item {
         Words {
             Layout.fillWidth: true
             Layout.leftMargin: 8
-            text: view.editor.saved ? qsTranslate("Vesko", "Saved on this Mac") : ""
+            text: view.editor.trashed ? qsTranslate("Vesko", "This note is in the Trash")
+                                      : view.editor.saved ? qsTranslate("Vesko", "Saved on this Mac") : ""
             font.pixelSize: Theme.small
             color: Theme.quiet
             elide: Text.ElideRight
@@ -299,7 +300,7 @@ Item {
                 text: view.editor.trashed ? qsTranslate("Vesko", "Restore note") : qsTranslate("Vesko", "Move to Trash…")
                 keys: view.editor.trashed ? "" : "Del"
                 destructive: !view.editor.trashed
-                onTriggered: view.editor.trashed ? view.library.restoreNote() : confirmTrash.get().open()
+                onTriggered: view.editor.trashed ? view.library.selected.restore() : confirmTrash.get().open()
             }
             MenuRow {
                 visible: view.editor.trashed
@@ -320,7 +321,7 @@ Item {
             text: qsTranslate("Vesko", "You can restore the note and its recordings from Trash.")
             agreeText: qsTranslate("Vesko", "Move to Trash")
             destructive: true
-            onAccepted: view.library.trashNote()
+            onAccepted: view.library.selected.trash()
         }
     }
     OnDemand {
@@ -332,7 +333,7 @@ Item {
             agreeText: qsTranslate("Vesko", "Delete permanently")
             destructive: true
             irrevocable: true
-            onAccepted: view.library.deletePermanently()
+            onAccepted: view.library.selected.deletePermanently()
         }
     }
     Connections {

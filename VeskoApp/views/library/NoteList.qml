@@ -70,8 +70,8 @@ Item {
     ListView {
         id: list
 
-        function move(by) {
-            root.library.selectRow(Math.max(0, Math.min(count - 1, root.library.selectedRow + by)));
+        function move(by, modifiers) {
+            root.library.selectRow(Math.max(0, Math.min(count - 1, root.library.selectedRow + by)), modifiers);
         }
 
         anchors.top: search.bottom
@@ -84,6 +84,7 @@ Item {
         clip: true
         spacing: 2
         bottomMargin: 12
+        interactive: !held.active // a mouse drags rows, not the list
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: count > 0
         keyNavigationEnabled: false
@@ -95,14 +96,18 @@ Item {
         T.ScrollBar.vertical: ScrollMark { }
 
         Keys.onPressed: event => {
-            if (ListKeys.move(event, Math.floor(height / 58) - 1, by => move(by))) {
+            if (ListKeys.move(event, Math.floor(height / 58) - 1, by => move(by, event.modifiers), true)) {
                 event.accepted = true;
                 return;
             }
             if (event.matches(StandardKey.Copy))
                 root.library.copyNote();
-            else if (event.matches(StandardKey.Undo) && root.library.undoText)
-                root.library.undo();
+            else if (event.matches(StandardKey.Undo) && root.library.selected.undoText)
+                root.library.selected.undo();
+            else if (event.matches(StandardKey.SelectAll))
+                root.library.selectAll();
+            else if (event.key === Qt.Key_Escape && root.library.selected.count > 1)
+                root.library.selectRow(root.library.selectedRow);
             else if (event.matches(StandardKey.Delete))
                 root.trashWanted();
             else if (event.key === Qt.Key_F2)
@@ -110,6 +115,21 @@ Item {
             else
                 return;
             event.accepted = true;
+        }
+
+        PointHandler {
+            id: held
+
+            acceptedDevices: PointerDevice.Mouse
+        }
+        DragHandler {
+            target: null
+            acceptedDevices: PointerDevice.Mouse
+            onActiveChanged: {
+                const from = centroid.pressPosition;
+                if (active)
+                    root.library.dragRow(list.indexAt(from.x, from.y));
+            }
         }
 
         delegate: ListRow {
@@ -125,10 +145,10 @@ Item {
             detail: row.model.detail
             focusPolicy: Qt.NoFocus
             Accessible.focusable: true
-            chosen: ListView.isCurrentItem
+            chosen: row.model.chosen
             keyboardHere: list.activeFocus && ListView.isCurrentItem
             onClicked: {
-                root.library.selectRow(index);
+                root.library.clickRow(index);
                 list.forceActiveFocus(Qt.MouseFocusReason);
             }
 

@@ -42,12 +42,27 @@ Column {
             color: Theme.quiet
             elide: Text.ElideRight
         }
+        IconButton {
+            visible: row.model.removed.length === 0
+            name: qsTranslate("Vesko", "Show in folder")
+            iconName: "folder"
+            onClicked: row.library.showInFolder(row.model.recordingID)
+        }
         PushButton {
             visible: !row.trashed && row.model.removed.length === 0
             text: row.model.retryText
             flat: true
             enabled: row.idle
             onClicked: confirmRetry.get().open()
+        }
+    }
+    Repeater {
+        model: row.playing ? 1 : 0
+
+        PlaybackBar {
+            x: 44
+            width: row.width - 44
+            playback: row.library.playback
         }
     }
     Words {

@@ -35,7 +35,7 @@ protected:
     }
     void moveToTrash(const Uuid& id)
     {
-        model->notes().trash(note(id), false);
+        model->notes().trash({ id });
         ASSERT_TRUE(eventually([&] { return note(id).deletedAt.has_value(); }));
     }
     // A transcript lands in the note from its first recording, or from one more.

@@ -1,6 +1,8 @@
 // What the library window does with notes and projects.
 
+#include "VeskoApp/library/MarkdownFiles.h"
 #include "tests/app/library/LibraryTest.h"
+#include "tests/fakes/Files.h"
 
 #include <fstream>
 #include <sstream>
@@ -68,9 +70,9 @@ TEST_F(NoteActionsTest, ProjectsAreMadeRenamedAndGivenToNotes)
     ASSERT_TRUE(
         eventually([&] { return model->library().contents().projects[0].name == "Balcony"; }));
     const auto id = write("", "");
-    model->notes().assign(note(id), garden);
+    model->notes().assign({ { id, garden } });
     ASSERT_TRUE(eventually([&] { return note(id).projectID == garden; }));
-    model->notes().assign(note(id), std::nullopt);
+    model->notes().assign({ { id, std::nullopt } });
     ASSERT_TRUE(eventually([&] { return !note(id).projectID; }));
 }
 
@@ -99,13 +101,13 @@ TEST_F(NoteActionsTest, ANoteGoesToTheTrashAndBackAndAway)
     EXPECT_EQ(model->selection().selectedNote(), nullptr);
     model->selection().setShowingTrash(true);
     EXPECT_EQ(model->selection().selectedNote()->id, id);
-    model->notes().restore(note(id));
+    model->notes().restore({ id });
     ASSERT_TRUE(eventually([&] { return !note(id).deletedAt; }));
-    model->notes().trash(note(id), true);
+    model->notes().remove({ id });
     ASSERT_TRUE(eventually(
         [&] { return model->status().errorMessage() == "This item is no longer available."; }));
     moveToTrash(id);
-    model->notes().trash(note(id), true);
+    model->notes().remove({ id });
     EXPECT_TRUE(eventually([&] { return !model->library().note(id); }));
 }
 
@@ -115,7 +117,7 @@ TEST_F(NoteActionsTest, WhatCouldNotBeSavedOfADeletedNoteHoldsUpNoQuit)
     const auto id = write("", "text");
     model->edits().setPending(id, { "", "never saved", "text" });
     moveToTrash(id);
-    model->notes().trash(note(id), true);
+    model->notes().remove({ id });
     ASSERT_TRUE(eventually([&] { return !model->library().note(id); }));
     drainEvents();
     EXPECT_TRUE(awaited(model->prepareToQuit()));
@@ -200,11 +202,11 @@ TEST_F(NoteActionsTest, ExportsAreNamedAfterTheNote)
 {
     Note named;
     const std::string family = "👩‍👩‍👧";
-    std::string longTitle, cut;
+    std::string wideTitle, wideName;
     for (int index = 0; index < 90; ++index) {
-        longTitle += family;
-        if (index < 80)
-            cut += family;
+        wideTitle += family;
+        if (index < 11)
+            wideName += family;
     }
     const struct {
         const char* what;
@@ -213,12 +215,13 @@ TEST_F(NoteActionsTest, ExportsAreNamedAfterTheNote)
     } rows[] = {
         { "a plain title", "Balcony", "Balcony.md" },
         { "with slashes", "a/b//c", "a-b--c.md" },
-        { "more than 80 characters", longTitle, cut + ".md" },
+        { "more than 80 characters", std::string(90, 'a'), std::string(80, 'a') + ".md" },
+        { "more bytes than a folder takes", wideTitle, wideName + ".md" },
         { "no title", "", "Untitled note.md" },
     };
     for (const auto& row : rows) {
         named.title = row.title;
-        EXPECT_EQ(NoteActions::exportName(named), row.name) << row.what;
+        EXPECT_EQ(markdownName(named), row.name) << row.what;
     }
 }
 
@@ -227,13 +230,45 @@ TEST_F(NoteActionsTest, AnExportHoldsWhatIsSaved)
     open();
     const auto garden = makeProject("Garden");
     const auto id = write("Balcony", "tomatoes");
-    model->notes().assign(note(id), garden);
+    model->notes().assign({ { id, garden } });
     ASSERT_TRUE(eventually([&] { return note(id).projectID == garden; }));
     model->edits().setPending(id, { "Balcony", "not saved yet", "tomatoes" });
     const auto file = folder.path() / "Balcony.md";
     model->notes().exportTo(id, file);
     ASSERT_TRUE(eventually([&] { return model->status().message() == "Markdown exported"; }));
     EXPECT_EQ(contentOf(file), note(id).markdown("Garden"));
+}
+
+TEST_F(NoteActionsTest, SeveralNotesAreExportedBesideEachOtherAndReplaceNothing)
+{
+    open();
+    const auto garden = makeProject("Garden");
+    const auto first = write("Balcony", "tomatoes");
+    const auto second = write("Balcony", "basil");
+    const auto third = write("Errands", "bread");
+    write("not exported", "");
+    model->notes().assign({ { second, garden } });
+    ASSERT_TRUE(eventually([&] { return note(second).projectID == garden; }));
+    const auto exports = folder.path() / "exports";
+    std::filesystem::create_directory(exports);
+    putBytes(exports / "Errands.md", "not ours");
+    model->notes().exportInto({ first, second, third }, exports);
+    ASSERT_TRUE(eventually([&] { return model->status().message() == "Markdown exported"; }));
+    EXPECT_EQ(contentOf(exports / "Balcony.md"), note(first).markdown(std::nullopt));
+    EXPECT_EQ(contentOf(exports / "Balcony 2.md"), note(second).markdown("Garden"));
+    EXPECT_EQ(contentOf(exports / "Errands.md"), "not ours");
+    EXPECT_EQ(contentOf(exports / "Errands 2.md"), note(third).markdown(std::nullopt));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(exports), {}), 4);
+}
+
+TEST_F(NoteActionsTest, SeveralNotesThatCannotBeExportedAreToldOnce)
+{
+    open();
+    const auto first = write("Balcony", "tomatoes");
+    const auto second = write("Errands", "bread");
+    model->notes().exportInto({ first, second }, folder.path() / "not there");
+    ASSERT_TRUE(eventually([&] { return !model->status().errorMessage().empty(); }));
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "not there"));
 }
 
 TEST_F(NoteActionsTest, AnExportLeavesTheFilesBesideItAlone)

@@ -191,7 +191,7 @@ TEST_F(LibraryWindowTest, WhatTrashingHidesIsSaved)
     QTextDocument document;
     window->editor()->attach(document);
     QTextCursor(&document).insertText(QStringLiteral("typed"));
-    window->trashNote();
+    window->selected()->trash();
     ASSERT_TRUE(eventually([&] { return !window->editor(); }));
     ASSERT_TRUE(eventually([&] { return note(id).body == "typed"; }));
     EXPECT_TRUE(note(id).deletedAt.has_value());
@@ -252,30 +252,30 @@ TEST_F(LibraryWindowTest, TheActionsAreOnTheSelectedNote)
     ASSERT_TRUE(eventually([&] { return std::filesystem::exists(file); }));
     EXPECT_TRUE(LibraryWindow::replacesFile(path));
     const auto garden = makeProject("Garden");
-    window->assign(text(garden));
+    window->selected()->assign(text(garden));
     ASSERT_TRUE(eventually([&] { return note(id).projectID == garden; }));
     EXPECT_EQ(window->editor()->projectID(), text(garden));
-    window->assign({});
+    window->selected()->assign({});
     ASSERT_TRUE(eventually([&] { return !note(id).projectID; }));
-    window->trashNote();
+    window->selected()->trash();
     ASSERT_TRUE(eventually([&] { return note(id).deletedAt.has_value(); }));
     window->showTrash();
     EXPECT_TRUE(window->editor()->trashed());
-    window->restoreNote();
+    window->selected()->restore();
     ASSERT_TRUE(eventually([&] { return !note(id).deletedAt; }));
     window->showAllNotes();
-    window->trashNote();
+    window->selected()->trash();
     ASSERT_TRUE(eventually([&] { return note(id).deletedAt.has_value(); }));
     window->showTrash();
-    window->deletePermanently();
+    window->selected()->deletePermanently();
     ASSERT_TRUE(eventually([&] { return !model->library().note(id); }));
     EXPECT_NE(model->library().note(other), nullptr);
     // Without a selected note all of them do nothing.
     window->copyNote();
-    window->assign(text(garden));
-    window->trashNote();
-    window->restoreNote();
-    window->deletePermanently();
+    window->selected()->assign(text(garden));
+    window->selected()->trash();
+    window->selected()->restore();
+    window->selected()->deletePermanently();
     EXPECT_EQ(window->exportPath(), QString());
     drainEvents();
     EXPECT_EQ(model->library().contents().notes.size(), 1U);
@@ -287,20 +287,20 @@ TEST_F(LibraryWindowTest, ANoteIsTakenBackFromTheTrashForAWhile)
     const auto id = write("Balcony", "tomatoes");
     write("other", "");
     model->selection().setSelectedNoteID(id);
-    window->trashNote();
-    EXPECT_EQ(window->undoText(), QString()); // until it is there
-    ASSERT_TRUE(eventually([&] { return !window->undoText().isEmpty(); }));
-    EXPECT_EQ(window->undoText(), QStringLiteral("Moved to Trash"));
-    window->undo();
+    window->selected()->trash();
+    EXPECT_EQ(window->selected()->undoText(), QString()); // until it is there
+    ASSERT_TRUE(eventually([&] { return !window->selected()->undoText().isEmpty(); }));
+    EXPECT_EQ(window->selected()->undoText(), QStringLiteral("Moved to Trash"));
+    window->selected()->undo();
     ASSERT_TRUE(eventually([&] { return !note(id).deletedAt; }));
     EXPECT_EQ(model->selection().selectedNoteID(), id);
-    EXPECT_EQ(window->undoText(), QString());
+    EXPECT_EQ(window->selected()->undoText(), QString());
 
-    window->trashNote();
-    ASSERT_TRUE(eventually([&] { return !window->undoText().isEmpty(); }));
+    window->selected()->trash();
+    ASSERT_TRUE(eventually([&] { return !window->selected()->undoText().isEmpty(); }));
     machine.clock.turn(10);
-    EXPECT_EQ(window->undoText(), QString());
-    window->undo();
+    EXPECT_EQ(window->selected()->undoText(), QString());
+    window->selected()->undo();
     drainEvents();
     EXPECT_TRUE(note(id).deletedAt.has_value());
 }
@@ -310,9 +310,49 @@ TEST_F(LibraryWindowTest, WhatCouldNotBeMovedToTheTrashIsNotTakenBack)
     open();
     write("Balcony", "tomatoes");
     breakStore();
-    window->trashNote();
+    window->selected()->trash();
     ASSERT_TRUE(eventually([&] { return !model->status().errorMessage().empty(); }));
-    EXPECT_EQ(window->undoText(), QString());
+    EXPECT_EQ(window->selected()->undoText(), QString());
+}
+
+TEST_F(LibraryWindowTest, RowsAreSelectedWithTheModifiersThatOtherListsKnow)
+{
+    open();
+    for (const char* title : { "d", "c", "b", "a" })
+        write(title, "");
+    const auto chosen = [&] {
+        std::string rows;
+        for (int row = 0; row < window->noteCount(); ++row)
+            rows += window->noteList().index(row).data(NoteListModel::chosenRole).toBool() ? 'x'
+                                                                                           : '.';
+        return rows;
+    };
+    window->selectRow(1);
+    EXPECT_EQ(chosen(), ".x..");
+    EXPECT_EQ(window->editors().size(), 1);
+    window->selectRow(3, Qt::ShiftModifier);
+    EXPECT_EQ(chosen(), ".xxx");
+    EXPECT_EQ(window->editors().size(), 0);
+    EXPECT_EQ(window->selectedRow(), 3);
+    window->selectRow(2, Qt::ControlModifier);
+    EXPECT_EQ(chosen(), ".x.x");
+    window->selectAll();
+    EXPECT_EQ(chosen(), "xxxx");
+    EXPECT_EQ(window->selected()->title(), QStringLiteral("4 notes selected"));
+    window->selectRow(0);
+    EXPECT_EQ(chosen(), "x...");
+    EXPECT_EQ(window->editors().size(), 1);
+}
+
+TEST_F(LibraryWindowTest, WhatIsTypedIsSavedWhenSeveralAreSelected)
+{
+    open();
+    write("other", "");
+    const auto id = write("Balcony", "");
+    window->editor()->setTitle(QStringLiteral("Garden"));
+    window->selectAll();
+    ASSERT_TRUE(eventually([&] { return note(id).title == "Garden"; }));
+    drainEvents();
 }
 
 struct ExportTest : LibraryWindowTest {
@@ -409,6 +449,20 @@ TEST_F(ExportTest, AnAnswerAfterTheWindowsEndIsNobodys)
     window.reset();
     answer(FileChooser::Answer::chosen, folder.path() / "chosen.md");
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "chosen.md"));
+}
+
+TEST_F(LibraryWindowTest, ARecordingIsShownInItsFolder)
+{
+    open();
+    const auto id = write("", "");
+    hear(id, "heard");
+    const auto& recording = note(id).recordings[0];
+    window->showInFolder(text(recording.id));
+    ASSERT_TRUE(eventually([&] { return !machine.desktop.shownFiles.empty(); }));
+    EXPECT_EQ(machine.desktop.shownFiles[0], root() / "recordings" / recording.fileName);
+    window->showInFolder(text(Uuid::random()));
+    drainEvents();
+    EXPECT_EQ(machine.desktop.shownFiles.size(), 1U);
 }
 
 TEST_F(LibraryWindowTest, ARecordingIsPlayedAndTranscribedAgain)

@@ -185,6 +185,106 @@ TEST_F(PlaybackTest, AFailureOfARequestThatWasOvertakenIsSilent)
     EXPECT_EQ(model->status().errorMessage(), "");
 }
 
+TEST_F(PlaybackTest, WhereItIsIsToldWhileItPlays)
+{
+    open();
+    std::vector<double> told;
+    QObject::connect(&model->playback(), &Playback::positionChanged,
+        [&] { told.push_back(model->playback().position()); });
+    EXPECT_EQ(model->playback().seconds(), 0);
+    model->playback().play(first);
+    ASSERT_TRUE(playing(first));
+    EXPECT_EQ(model->playback().seconds(), 3);
+    EXPECT_EQ(model->playback().position(), 0);
+    machine.clock.turn(1);
+    EXPECT_DOUBLE_EQ(model->playback().position(), 1);
+    EXPECT_EQ(told.size(), 11U);
+    machine.clock.turn(2.1);
+    EXPECT_DOUBLE_EQ(model->playback().position(), 3);
+    machine.clock.turn(0.1);
+    EXPECT_EQ(model->playback().position(), 0);
+    told.clear();
+    machine.clock.turn(1);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(PlaybackTest, ItGoesOnFromWhereItIsDraggedTo)
+{
+    open();
+    model->playback().play(first);
+    ASSERT_TRUE(playing(first));
+    machine.clock.turn(2.5);
+    model->playback().seek(1);
+    EXPECT_THAT(machine.player.sought, testing::ElementsAre(testing::Pair(1, 1)));
+    EXPECT_DOUBLE_EQ(model->playback().position(), 1);
+    machine.clock.turn(2.1);
+    EXPECT_EQ(model->playback().playingID(), first.id);
+    machine.clock.turn(0.1);
+    EXPECT_EQ(model->playback().playingID(), std::nullopt);
+    model->playback().seek(1); // nothing plays
+    EXPECT_EQ(machine.player.sought.size(), 1U);
+}
+
+TEST_F(PlaybackTest, NoPlaceIsBeforeTheBeginningOrBehindTheEnd)
+{
+    open();
+    model->playback().play(first);
+    ASSERT_TRUE(playing(first));
+    model->playback().seek(-5);
+    model->playback().seek(50);
+    EXPECT_THAT(
+        machine.player.sought, testing::ElementsAre(testing::Pair(0, 1), testing::Pair(3, 1)));
+    machine.clock.turn(0.2);
+    EXPECT_EQ(model->playback().playingID(), std::nullopt);
+}
+
+TEST_F(PlaybackTest, ItPlaysFasterAndTheNextOneToo)
+{
+    open();
+    model->playback().play(first);
+    ASSERT_TRUE(playing(first));
+    machine.clock.turn(1);
+    model->playback().changeRate();
+    EXPECT_EQ(model->playback().rate(), 1.5);
+    machine.clock.turn(1);
+    EXPECT_DOUBLE_EQ(model->playback().position(), 2.5);
+    model->playback().changeRate();
+    EXPECT_EQ(model->playback().rate(), 2);
+    machine.clock.turn(0.3);
+    EXPECT_EQ(model->playback().playingID(), first.id);
+    machine.clock.turn(0.15);
+    EXPECT_EQ(model->playback().playingID(), std::nullopt);
+    machine.player.sought.clear();
+    model->playback().play(second);
+    ASSERT_TRUE(playing(second));
+    EXPECT_THAT(machine.player.sought, testing::ElementsAre(testing::Pair(0, 2)));
+    model->playback().changeRate();
+    EXPECT_EQ(model->playback().rate(), 1);
+}
+
+TEST_F(PlaybackTest, TheWaveOfWhatPlaysIsDrawnOnce)
+{
+    open();
+    EXPECT_TRUE(model->playback().wave().empty());
+    const auto isDrawn = [&] {
+        return eventually(
+            [&] { return std::cmp_equal(model->playback().wave().size(), Playback::waveParts); });
+    };
+    model->playback().play(first);
+    ASSERT_TRUE(playing(first));
+    ASSERT_TRUE(isDrawn());
+    EXPECT_EQ(model->playback().wave()[0], 0.5);
+    model->playback().stop();
+    EXPECT_TRUE(model->playback().wave().empty());
+    model->playback().play(first);
+    ASSERT_TRUE(playing(first));
+    EXPECT_FALSE(model->playback().wave().empty());
+    model->playback().play(second);
+    ASSERT_TRUE(playing(second));
+    ASSERT_TRUE(isDrawn());
+    EXPECT_THAT(machine.player.drawn, testing::ElementsAre(file(first), file(second)));
+}
+
 TEST_F(PlaybackTest, StoppingWithNothingPlayingDoesNothing)
 {
     open();

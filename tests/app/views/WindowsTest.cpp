@@ -146,7 +146,7 @@ private:
                         "The provider timed out. Your recording is saved. A retry may incur "
                         "another provider charge.");
             }
-        store.trashNote(store.createNote(NoteKind::voice, std::nullopt).id);
+        store.trashNotes({ store.createNote(NoteKind::voice, std::nullopt).id });
         int number = 0;
         for (const auto source : { DictionaryEntry::Source::manual,
                  DictionaryEntry::Source::learned, DictionaryEntry::Source::suggestion })
@@ -177,6 +177,9 @@ TEST_P(WindowsTest, libraryHasRoom)
         look("library-note-" + std::to_string(note));
     }
     lookAtPopups("library");
+    model->selection().selectAll();
+    look("library-several");
+    lookAtPopups("library-several");
     model->selection().setQuery("nothing like it");
     model->selection().setSelectedNoteID({});
     ASSERT_TRUE(eventually([&] { return model->selection().visibleNotes().size() == 0; }));

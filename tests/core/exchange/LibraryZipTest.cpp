@@ -43,7 +43,7 @@ protected:
         const auto recording = store->beginRecording(note.id);
         putBytes(store->audioURL(recording), "sound");
         store->finishRecording(recording.id, 3);
-        store->trashNote(store->createNote(NoteKind::text, std::nullopt).id);
+        store->trashNotes({ store->createNote(NoteKind::text, std::nullopt).id });
         store->saveDictionaryEntry({ .id = Uuid::random(),
             .original = "seeder",
             .replacement = "cedar",

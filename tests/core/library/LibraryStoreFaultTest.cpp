@@ -67,9 +67,10 @@ protected:
                 } },
             { "editNote",
                 [&](LibraryStore& store) { store.editNote(noteID, "x", "y", std::nullopt); } },
-            { "assignNote", [&](LibraryStore& store) { store.assignNote(noteID, project.id); } },
-            { "trashNote", [&](LibraryStore& store) { store.trashNote(spare.id); } },
-            { "restoreNote", [&](LibraryStore& store) { store.restoreNote(spare.id); } },
+            { "assignNote",
+                [&](LibraryStore& store) { store.assignNotes({ { noteID, project.id } }); } },
+            { "trashNote", [&](LibraryStore& store) { store.trashNotes({ spare.id }); } },
+            { "restoreNote", [&](LibraryStore& store) { store.restoreNotes({ spare.id }); } },
             { "createProject", [](LibraryStore& store) { store.createProject("x"); } },
             { "renameProject", [&](LibraryStore& store) { store.renameProject(project.id, "y"); } },
             { "saveDictionaryEntry",
@@ -146,7 +147,7 @@ TEST_F(LibraryStoreFaultTest, ADeletionThatFailsLeavesTheNoteOrOnlyItsBackup)
             for (const auto& recording : { idle, done })
                 putBytes(store.audioURL(recording), "sound");
             store.editNote(noteID, secret, "", std::nullopt);
-            store.trashNote(noteID);
+            store.trashNotes({ noteID });
             const Library before = store.snapshot();
             files.fault = Fault::error;
             files.number = number;
@@ -154,7 +155,7 @@ TEST_F(LibraryStoreFaultTest, ADeletionThatFailsLeavesTheNoteOrOnlyItsBackup)
             files.calls = 0;
             bool storage = false, system = false;
             try {
-                store.deletePermanently(noteID);
+                store.deletePermanently({ noteID });
             } catch (const VeskoError& error) {
                 storage = true;
                 EXPECT_EQ(error.kind(), VeskoError::storage);
@@ -178,7 +179,7 @@ TEST_F(LibraryStoreFaultTest, ADeletionThatFailsLeavesTheNoteOrOnlyItsBackup)
             }
             if (noteStands) {
                 // The deletion can be asked for again.
-                EXPECT_NO_THROW(store.deletePermanently(noteID));
+                EXPECT_NO_THROW(store.deletePermanently({ noteID }));
             } else if (storage) {
                 // The next change takes what the backup may still hold.
                 EXPECT_NO_THROW(store.createProject("x"));

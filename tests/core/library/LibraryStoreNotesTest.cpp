@@ -79,9 +79,9 @@ TEST_F(LibraryStoreNotesTest, EditNoteMovesTheTimeThoughNothingDiffers)
 TEST_F(LibraryStoreNotesTest, EditNoteAndAssignNoteReachIntoTheTrash)
 {
     given();
-    store->trashNote(id);
+    store->trashNotes({ id });
     store->editNote(id, "edited", "", std::nullopt);
-    store->assignNote(id, store->snapshot().projects[0].id);
+    store->assignNotes({ { id, store->snapshot().projects[0].id } });
     EXPECT_EQ(note().title, "edited");
     EXPECT_EQ(note().projectID, store->snapshot().projects[0].id);
     EXPECT_TRUE(note().deletedAt);
@@ -94,7 +94,7 @@ TEST_F(LibraryStoreNotesTest, AssignNoteSetsAndClearsTheProjectAndTakesTheTime)
     for (const auto& to : { std::optional(project), std::optional<Uuid>() }) {
         clock.turn(1min);
         auto expected = note();
-        store->assignNote(id, to);
+        store->assignNotes({ { id, to } });
         expected.projectID = to;
         expected.updatedAt = clock.now();
         EXPECT_EQ(note(), expected);
@@ -106,22 +106,23 @@ TEST_F(LibraryStoreNotesTest, AssignNoteRefusesAnUnknownProjectAndAnUnknownNote)
 {
     given();
     const auto project = store->snapshot().projects[0].id;
-    expectRefused(*store, VeskoError::notFound, [&] { store->assignNote(id, Uuid::random()); });
     expectRefused(
-        *store, VeskoError::notFound, [&] { store->assignNote(Uuid::random(), project); });
+        *store, VeskoError::notFound, [&] { store->assignNotes({ { id, Uuid::random() } }); });
+    expectRefused(
+        *store, VeskoError::notFound, [&] { store->assignNotes({ { Uuid::random(), project } }); });
 }
 
 TEST_F(LibraryStoreNotesTest, TheTrashLeavesEverythingElseAsItWas)
 {
     given();
     const auto before = note();
-    store->trashNote(id);
+    store->trashNotes({ id });
     auto trashed = before;
     trashed.deletedAt = clock.now();
     EXPECT_EQ(note(), trashed);
     EXPECT_EQ(saved(), onDisk(store->snapshot()));
     clock.turn(1min);
-    store->restoreNote(id);
+    store->restoreNotes({ id });
     EXPECT_EQ(note(), before);
     EXPECT_EQ(saved(), onDisk(store->snapshot()));
 }
@@ -130,7 +131,7 @@ TEST_F(LibraryStoreNotesTest, RestoringWhatIsNotInTheTrashClearsNothing)
 {
     given();
     const auto before = store->snapshot();
-    store->restoreNote(id);
+    store->restoreNotes({ id });
     EXPECT_EQ(store->snapshot(), before);
 }
 
@@ -138,8 +139,8 @@ TEST_F(LibraryStoreNotesTest, TheTrashIsClosedToANoteInUse)
 {
     for (const auto status : { RecordingStatus::recording, RecordingStatus::transcribing }) {
         given(status);
-        expectRefused(*store, VeskoError::libraryBusy, [&] { store->trashNote(id); });
-        expectRefused(*store, VeskoError::libraryBusy, [&] { store->restoreNote(id); });
+        expectRefused(*store, VeskoError::libraryBusy, [&] { store->trashNotes({ id }); });
+        expectRefused(*store, VeskoError::libraryBusy, [&] { store->restoreNotes({ id }); });
     }
 }
 
@@ -149,16 +150,62 @@ TEST_F(LibraryStoreNotesTest, AnUnknownNoteIsNotFound)
     const auto unknown = Uuid::random();
     expectRefused(
         *store, VeskoError::notFound, [&] { store->editNote(unknown, "", "", std::nullopt); });
-    expectRefused(*store, VeskoError::notFound, [&] { store->trashNote(unknown); });
-    expectRefused(*store, VeskoError::notFound, [&] { store->restoreNote(unknown); });
-    expectRefused(*store, VeskoError::notFound, [&] { store->deletePermanently(unknown); });
+    expectRefused(*store, VeskoError::notFound, [&] { store->trashNotes({ unknown }); });
+    expectRefused(*store, VeskoError::notFound, [&] { store->restoreNotes({ unknown }); });
+    expectRefused(*store, VeskoError::notFound, [&] { store->deletePermanently({ unknown }); });
+}
+
+TEST_F(LibraryStoreNotesTest, SeveralNotesGoTogetherInOneSave)
+{
+    given();
+    const auto project = store->snapshot().projects[0].id;
+    const auto other = store->createNote(NoteKind::text, std::nullopt).id;
+    const auto stays = store->createNote(NoteKind::text, std::nullopt).id;
+    const auto at = [&](const Uuid& which) {
+        return *std::ranges::find(store->snapshot().notes, which, &Note::id);
+    };
+    const auto document = [&] { return bytesOf(root / "library.json"); };
+    const auto backup = [&] { return bytesOf(root / "library.backup.json"); };
+
+    auto before = document();
+    store->assignNotes({ { id, std::nullopt }, { other, project } });
+    EXPECT_EQ(at(id).projectID, std::nullopt);
+    EXPECT_EQ(at(other).projectID, project);
+    EXPECT_EQ(backup(), before);
+    before = document();
+    store->trashNotes({ id, other });
+    EXPECT_TRUE(at(id).deletedAt && at(other).deletedAt && !at(stays).deletedAt);
+    EXPECT_EQ(backup(), before);
+    before = document();
+    store->restoreNotes({ id, other });
+    EXPECT_TRUE(!at(id).deletedAt && !at(other).deletedAt);
+    EXPECT_EQ(backup(), before);
+    store->trashNotes({ id, other });
+    store->deletePermanently({ id, other });
+    ASSERT_EQ(store->snapshot().notes.size(), 2U);
+    EXPECT_EQ(store->snapshot().notes[1].id, stays);
+    EXPECT_EQ(saved(), onDisk(store->snapshot()));
+}
+
+TEST_F(LibraryStoreNotesTest, WhatOneOfSeveralNotesForbidsHappensToNone)
+{
+    given(RecordingStatus::recording);
+    const auto other = store->createNote(NoteKind::text, std::nullopt).id;
+    expectRefused(*store, VeskoError::libraryBusy, [&] { store->trashNotes({ id, other }); });
+    const auto unknown = Uuid::random();
+    const auto project = store->snapshot().projects[0].id;
+    expectRefused(*store, VeskoError::notFound, [&] { store->trashNotes({ other, unknown }); });
+    expectRefused(*store, VeskoError::notFound,
+        [&] { store->assignNotes({ { other, project }, { unknown, project } }); });
+    store->trashNotes({ other });
+    expectRefused(*store, VeskoError::notFound, [&] { store->deletePermanently({ other, id }); });
 }
 
 TEST_F(LibraryStoreNotesTest, OnlyTheTrashIsDeletedFrom)
 {
     given();
     putBytes(audio(), "sound");
-    expectRefused(*store, VeskoError::notFound, [&] { store->deletePermanently(id); });
+    expectRefused(*store, VeskoError::notFound, [&] { store->deletePermanently({ id }); });
 }
 
 TEST_F(LibraryStoreNotesTest, DeletePermanentlyLeavesNeitherTextNorAudio)
@@ -168,10 +215,10 @@ TEST_F(LibraryStoreNotesTest, DeletePermanentlyLeavesNeitherTextNorAudio)
     const auto kept = root / "recordings" / "another.m4a";
     putBytes(kept, "sound");
     store->editNote(id, "title", "a secret", std::nullopt);
-    store->trashNote(id);
+    store->trashNotes({ id });
     const auto untouched = other();
 
-    store->deletePermanently(id);
+    store->deletePermanently({ id });
 
     ASSERT_EQ(store->snapshot().notes.size(), 1U);
     EXPECT_EQ(other(), untouched);
@@ -187,8 +234,8 @@ TEST_F(LibraryStoreNotesTest, DeletePermanentlyLeavesNeitherTextNorAudio)
 TEST_F(LibraryStoreNotesTest, TheBackupAfterADeletionIsAFileOfItsOwn)
 {
     given();
-    store->trashNote(id);
-    store->deletePermanently(id);
+    store->trashNotes({ id });
+    store->deletePermanently({ id });
     const auto text = bytesOf(root / "library.json");
     putBytes(root / "library.json", "damaged");
     EXPECT_EQ(bytesOf(root / "library.backup.json"), text);
@@ -197,8 +244,8 @@ TEST_F(LibraryStoreNotesTest, TheBackupAfterADeletionIsAFileOfItsOwn)
 TEST_F(LibraryStoreNotesTest, TheNextChangeAfterADeletionKeepsItsBackup)
 {
     given();
-    store->trashNote(id);
-    store->deletePermanently(id);
+    store->trashNotes({ id });
+    store->deletePermanently({ id });
     const auto text = bytesOf(root / "library.json");
     store->createNote(NoteKind::text, std::nullopt);
     EXPECT_EQ(bytesOf(root / "library.backup.json"), text);
@@ -215,7 +262,7 @@ TEST_F(LibraryStoreNotesTest, DeletePermanentlyTakesEveryNoteOfThatIdentifier)
     library.notes = { note, note };
     put(library);
     LibraryStore twins(root, clock);
-    twins.deletePermanently(note.id);
+    twins.deletePermanently({ note.id });
     EXPECT_TRUE(twins.snapshot().notes.empty());
 }
 
@@ -225,7 +272,7 @@ TEST_F(LibraryStoreNotesTest, DeletePermanentlyDoesNotAskWhetherARecordingIsInUs
     putNote(active, [&](Note& note) { note.deletedAt = clock.now(); });
     store.emplace(root, clock);
     store->failRecording(active.id, "");
-    EXPECT_NO_THROW(store->deletePermanently(active.noteID));
+    EXPECT_NO_THROW(store->deletePermanently({ active.noteID }));
 }
 
 // Two recordings in a note in the Trash, of which the second can't be removed.
@@ -264,7 +311,7 @@ TEST_F(LibraryStoreDeletionTest, StopsAtARecordThatNamesAnotherFile)
     given("../library.json");
     const auto before = store->snapshot();
     try {
-        store->deletePermanently(first.noteID);
+        store->deletePermanently({ first.noteID });
         ADD_FAILURE();
     } catch (const VeskoError& error) {
         EXPECT_EQ(error.kind(), VeskoError::unsafePath);
@@ -279,7 +326,7 @@ TEST_F(LibraryStoreDeletionTest, StopsAtALinkAndLeavesWhatItPointsTo)
     putBytes(target, "precious");
     std::filesystem::create_symlink(target, audio(second));
     const auto before = store->snapshot();
-    EXPECT_THROW(store->deletePermanently(first.noteID), VeskoError);
+    EXPECT_THROW(store->deletePermanently({ first.noteID }), VeskoError);
     expectOnlyTheFirstFileGone(before);
     EXPECT_EQ(bytesOf(target), "precious");
 }
@@ -290,7 +337,7 @@ TEST_F(LibraryStoreDeletionTest, StopsWithTheSystemsErrorAtWhatCannotBeRemoved)
     std::filesystem::create_directories(audio(second) / "full");
     const auto before = store->snapshot();
     try {
-        store->deletePermanently(first.noteID);
+        store->deletePermanently({ first.noteID });
         ADD_FAILURE();
     } catch (const std::system_error& error) {
         EXPECT_EQ(error.code(), std::errc::is_a_directory);
@@ -298,7 +345,7 @@ TEST_F(LibraryStoreDeletionTest, StopsWithTheSystemsErrorAtWhatCannotBeRemoved)
     expectOnlyTheFirstFileGone(before);
     // And again, once nothing is in the way.
     std::filesystem::remove_all(audio(second));
-    EXPECT_NO_THROW(store->deletePermanently(first.noteID));
+    EXPECT_NO_THROW(store->deletePermanently({ first.noteID }));
     EXPECT_TRUE(store->snapshot().notes.empty());
 }
 

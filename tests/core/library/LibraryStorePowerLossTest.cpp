@@ -55,7 +55,7 @@ TEST_F(LibraryStorePowerLossTest, EachChangeIsThereOrNot)
     expectOldOrNew([&](LibraryStore& store) {
         store.editNote(recording.noteID, "title", "body", std::nullopt);
     });
-    expectOldOrNew([&](LibraryStore& store) { store.trashNote(recording.noteID); });
+    expectOldOrNew([&](LibraryStore& store) { store.trashNotes({ recording.noteID }); });
     // And with a backup from here on.
     expectOldOrNew([](LibraryStore& store) { store.createProject("Home"); });
 }

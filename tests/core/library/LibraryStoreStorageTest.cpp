@@ -38,7 +38,7 @@ protected:
     Uuid trashed()
     {
         const auto id = heard();
-        store.trashNote(id);
+        store.trashNotes({ id });
         clock.turn(1h);
         return id;
     }

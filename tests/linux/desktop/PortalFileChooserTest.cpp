@@ -302,6 +302,24 @@ TEST_F(PortalFileChooserTest, aPortalThatEndsTakesItsDialogAlong)
     EXPECT_TRUE(eventually([&] { return answer().outcome == Answer::chosen; }));
 }
 
+TEST_F(PortalFileChooserTest, asksForAFolder)
+{
+    tasks.spawn([](PortalFileChooserTest& self) -> Task<> {
+        self.answers.push_back(co_await self.chooser.folder(
+            { "Export", "Save", "/home/me/Documents/", {}, {} }, self.window));
+    }(*this));
+    ASSERT_TRUE(eventually([&] { return !portal->calls.empty(); }));
+    const auto& call = portal->calls.at(0);
+    EXPECT_FALSE(call.saves);
+    EXPECT_EQ(call.options[QStringLiteral("directory")], true);
+    EXPECT_FALSE(call.options.contains(QStringLiteral("filters")));
+    EXPECT_EQ(call.options[QStringLiteral("current_folder")].toByteArray(),
+        QByteArray("/home/me/Documents\0", 19));
+    ASSERT_TRUE(eventually([&] { return clock.armed() == 0; }));
+    portal->respond(call, 0, chose({ QStringLiteral("file:///home/me/Notes") }));
+    EXPECT_EQ(answer(), (Answer{ Answer::chosen, "/home/me/Notes" }));
+}
+
 TEST_F(PortalFileChooserTest, askingAgainClosesTheDialogThatIsOpen)
 {
     open();
