@@ -93,7 +93,7 @@ Item {
         Item {
             DiagnosisSheet {
                 diagnosis: root.delegate.diagnosis
-                onClosed: Qt.callLater(() => root.diagnoses = false)
+                onClosed: root.diagnoses = false
                 Component.onCompleted: open()
             }
         }
