@@ -144,6 +144,10 @@ class Transcribe(unittest.TestCase):
     @unittest.skipIf(subprocess.run([*APART, "true"], check=False).returncode,
                      "no small disk can be made here")
     def test_what_there_is_no_room_for_leaves_no_note(self):
+        settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True,
+                       engine="command",
+                       engineCommand='/bin/sh -c "echo what the engine heard" {wav}')
+
         def on_a_disk_of(size):
             os.makedirs(self.root, exist_ok=True)
             done = subprocess.run(
@@ -157,11 +161,9 @@ class Transcribe(unittest.TestCase):
             return text, code, document.count('"createdAt"'), document.count(".m4a"), done.stderr
 
         text, code, records, _, complaint = on_a_disk_of("1m")
-        self.assertEqual((code, records, complaint), ("0", 2, ""))
-        self.assertTrue(voice.is_understood(voice.COFFEE, text))
+        self.assertEqual((text, code, records, complaint), ("what the engine heard", "0", 2, ""))
         text, code, records, files, complaint = on_a_disk_of("40k")
-        self.assertEqual((code, records, files), ("1", 0, 0))
-        self.assertTrue(voice.is_understood(voice.COFFEE, text))
+        self.assertEqual((text, code, records, files), ("what the engine heard", "1", 0, 0))
         self.assertEqual(complaint, "vesko: No space left on device; nothing was kept\n")
 
 
