@@ -17,7 +17,6 @@ Column {
         text: qsTranslate("Vesko", "Your recordings take %1.").arg(form.storage.size)
     }
     SettingPicker {
-        id: recordings
 
         width: parent.width
         name: qsTranslate("Vesko", "Remove recordings")
@@ -37,7 +36,6 @@ Column {
         text: qsTranslate("Vesko", "Only the audio goes: texts and their history stay, and so does each recording without a text.")
     }
     SettingPicker {
-        id: trash
 
         width: parent.width
         name: qsTranslate("Vesko", "Empty Trash")
@@ -64,7 +62,6 @@ Column {
         destructive: true
         irrevocable: true
         onAccepted: form.storage.setRecordingAge(tag)
-        onRejected: recordings.fit()
     }
     Sheet {
         id: askTrash
@@ -77,6 +74,5 @@ Column {
         destructive: true
         irrevocable: true
         onAccepted: form.storage.setTrashAge(tag)
-        onRejected: trash.fit()
     }
 }
