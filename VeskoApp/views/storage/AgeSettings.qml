@@ -17,7 +17,6 @@ Column {
         text: qsTranslate("Vesko", "Your recordings take %1.").arg(form.storage.size)
     }
     SettingPicker {
-
         width: parent.width
         name: qsTranslate("Vesko", "Remove recordings")
         choices: form.storage.recordingAges
@@ -36,7 +35,6 @@ Column {
         text: qsTranslate("Vesko", "Only the audio goes: texts and their history stay, and so does each recording without a text.")
     }
     SettingPicker {
-
         width: parent.width
         name: qsTranslate("Vesko", "Empty Trash")
         choices: form.storage.trashAges
