@@ -9,7 +9,8 @@
 namespace vesko {
 
 // Asks the X server which window is active: by the window manager's account, and where there is
-// none, X some tens of microseconds. One thread.
+// none, or one that tells of none, the one with the input focus. Each question is a few round trips
+// to the server, some tens of microseconds. One thread.
 class ActiveWindow {
 public:
     ActiveWindow();

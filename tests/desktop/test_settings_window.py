@@ -169,10 +169,12 @@ class SettingsWindow(unittest.TestCase):
         self.vesko.wait_to_find(TEXT, "Recognized term")
 
     def test_every_control_comes_by_tab_and_can_be_seen(self):
-        names = []
+        names, focused = [], None
         for _ in range(60):
             hands.tap("tab")
-            focused = until("something has the keyboard", self.vesko.focused)
+            until("the keyboard has gone on",
+                  lambda here=focused: self.vesko.focused() not in (None, here))
+            focused = self.vesko.focused()
             said = focused.name or focused.description
             self.assertTrue(said, focused)
             if said in names:

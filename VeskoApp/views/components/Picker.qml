@@ -152,7 +152,9 @@ T.ComboBox {
                 control.forceActiveFocus(Qt.PopupFocusReason);
         }
 
-        contentItem: Item {
+        Item {
+            anchors.fill: parent
+
             TextBox {
                 id: search
 
@@ -162,7 +164,7 @@ T.ComboBox {
                 placeholderText: name
                 iconName: "search"
                 onTextChanged: list.go()
-                Keys.forwardTo: list
+                Keys.forwardTo: [list]
             }
             ListView {
                 id: list

@@ -17,8 +17,6 @@ Column {
         text: qsTranslate("Vesko", "Your recordings take %1.").arg(form.storage.size)
     }
     SettingPicker {
-        id: recordings
-
         width: parent.width
         name: qsTranslate("Vesko", "Remove recordings")
         choices: form.storage.recordingAges
@@ -36,8 +34,6 @@ Column {
         text: qsTranslate("Vesko", "Only the audio goes: texts and their history stay, and so does each recording without a text.")
     }
     SettingPicker {
-        id: trash
-
         width: parent.width
         name: qsTranslate("Vesko", "Empty Trash")
         choices: form.storage.trashAges
@@ -68,7 +64,6 @@ Column {
             destructive: true
             irrevocable: true
             onAccepted: form.storage.setRecordingAge(tag)
-            onRejected: recordings.fit()
         }
     }
     OnDemand {
@@ -88,7 +83,6 @@ Column {
             destructive: true
             irrevocable: true
             onAccepted: form.storage.setTrashAge(tag)
-            onRejected: trash.fit()
         }
     }
 }
