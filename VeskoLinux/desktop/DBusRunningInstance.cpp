@@ -1,5 +1,6 @@
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 
+#include "VeskoCore/base/FileLock.h"
 #include "VeskoLinux/desktop/LockHolder.h"
 
 #include <QDBusConnection>
@@ -35,6 +36,17 @@ bool tell(const QDBusConnection& bus, const std::vector<std::string>& addresses)
     }
     call << QVariantMap();
     return bus.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+}
+
+// The kernel's list of locks takes ten milliseconds to read, so it is asked only where it has an
+// answer.
+bool isHeld(const std::filesystem::path& lock)
+{
+    try {
+        return !FileLock::acquire(lock);
+    } catch (const std::system_error&) {
+        return false; // there is no library yet
+    }
 }
 
 std::string unlessOurs(const QString& display)
@@ -121,6 +133,8 @@ bool DBusRunningInstance::claimHere(const std::vector<std::string>& addresses, b
 bool DBusRunningInstance::findElsewhere(
     const std::filesystem::path& lock, const std::vector<std::string>& addresses, bool quiet)
 {
+    if (!isHeld(lock))
+        return false;
     const auto holder = lockHolder(lock);
     if (!holder)
         return false;
