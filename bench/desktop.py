@@ -190,6 +190,7 @@ def wakeups(pid):
 
 def idle(where=""):
     root = os.path.join(os.environ["SESSION_DIR"], "small library")
+    vesko(root).end()  # only the very first start makes a library
     programs = [vesko(root), Started([BARE], "ready")]
     time.sleep(3)  # whatever follows a start is over
     before = [wakeups(program.process.pid) for program in programs]
