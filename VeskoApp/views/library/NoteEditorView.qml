@@ -126,7 +126,7 @@ Item {
                                       : view.editor.saved ? qsTranslate("Vesko", "Saved on this Mac") : ""
             font.pixelSize: Theme.small
             color: Theme.quiet
-            elide: Text.ElideRight
+            wrapMode: Text.Wrap
         }
         IconButton {
             name: view.copied ? qsTranslate("Vesko", "Note copied") : qsTranslate("Vesko", "Copy note")

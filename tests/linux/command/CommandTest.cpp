@@ -306,7 +306,7 @@ TEST_F(CommandTest, theInterfaceIsTheOneDescribed)
     QFile file(QStringLiteral(VESKO_INTERFACE));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const auto described = membersIn(file.readAll());
-    EXPECT_EQ(described.size(), 11);
+    EXPECT_EQ(described.size(), 12);
     EXPECT_EQ(membersIn(pending.reply().arguments().value(0).toByteArray()), described);
     QDBusConnection::disconnectFromBus(QStringLiteral("own"));
 }
