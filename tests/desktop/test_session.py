@@ -12,7 +12,7 @@ import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, clipboard, hands, library, media  # noqa: E402
+from lib import cases, clipboard, hands, library, media, settings  # noqa: E402
 from lib.programs import SERVICES, Mousepad  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import REPOSITORY, Vesko, deployed, install_key  # noqa: E402
@@ -61,6 +61,12 @@ class Host(Told):
 
     def delays(self):
         return json.loads(self.tell("delays"))["delays"]
+
+    def monitors(self):
+        return json.loads(self.tell("monitors"))["monitors"]
+
+    def may_end(self):
+        return json.loads(self.tell("answered"))["answered"]
 
 
 class Session(unittest.TestCase):
@@ -164,6 +170,28 @@ class Session(unittest.TestCase):
                                    recording["duration"], delta=0.3)
             manager.tell("die")
             self.assertEqual(vesko.process.wait(timeout=5), 0)
+
+    def test_the_portal_waits_until_the_recording_and_what_was_typed_are_kept(self):
+        settings.write(**{**settings.read(), "firstLaunchDone": True, "onboardingCompleted": True})
+        with Host() as host, self.vesko(arguments=()) as vesko:
+            until("the portal tells Vesko of the session", host.monitors)
+            vesko.press("push button", "New note")
+            text = vesko.wait_to_find("text", "Note text")
+            hands.click(*text.centre)
+            until("the text has the keyboard", lambda: "focused" in text.states)
+            vesko.begin()
+            human_pause(1.0)
+            hands.type_letters("typed")
+            until("it is typed", lambda: text.text == "typed")
+            host.tell("end ask")
+            until("the session may end", host.may_end, deadline=5)
+            recording = vesko.last_recording()
+            self.assertEqual(recording["status"], "recorded")
+            self.assertAlmostEqual(media.decoded_seconds(recording["path"]),
+                                   recording["duration"], delta=0.3)
+            self.assertIn("typed", [note["body"] for note in library.read(vesko.root)["notes"]])
+            host.tell("end stay")
+            vesko.begin()
 
 
 class SoundServerThatHangs(unittest.TestCase):
