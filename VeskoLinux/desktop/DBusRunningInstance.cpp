@@ -1,6 +1,5 @@
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 
-#include "VeskoCore/base/FileLock.h"
 #include "VeskoLinux/desktop/LockHolder.h"
 
 #include <QDBusConnection>
@@ -36,17 +35,6 @@ bool tell(const QDBusConnection& bus, const std::vector<std::string>& addresses)
     }
     call << QVariantMap();
     return bus.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
-}
-
-// The kernel's list of locks takes ten milliseconds to read, so it is asked only where it has an
-// answer.
-bool isHeld(const std::filesystem::path& lock)
-{
-    try {
-        return !FileLock::acquire(lock);
-    } catch (const std::system_error&) {
-        return false; // there is no library yet
-    }
 }
 
 std::string unlessOurs(const QString& display)
@@ -133,8 +121,6 @@ bool DBusRunningInstance::claimHere(const std::vector<std::string>& addresses, b
 bool DBusRunningInstance::findElsewhere(
     const std::filesystem::path& lock, const std::vector<std::string>& addresses, bool quiet)
 {
-    if (!isHeld(lock))
-        return false;
     const auto holder = lockHolder(lock);
     if (!holder)
         return false;

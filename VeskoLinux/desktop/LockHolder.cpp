@@ -1,10 +1,13 @@
 #include "VeskoLinux/desktop/LockHolder.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
+#include <fcntl.h>
 #include <fstream>
 #include <sstream>
 #include <string_view>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -32,6 +35,19 @@ bool hasOpen(std::int32_t process, const struct stat& file)
             return true;
     }
     return false;
+}
+
+// The kernel's list of locks takes ten milliseconds to read, so it is asked only where it has an
+// answer. Whoever takes the lock in the very moment of this look hears that it is held.
+bool isHeld(const fs::path& path)
+{
+    // Others may keep a file from being opened for as long as they like.
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (file < 0)
+        return false;
+    const bool held = ::flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    ::close(file);
+    return held;
 }
 
 // A line as "1: FLOCK  ADVISORY  WRITE 18885 fe:00:10954232 0 EOF". Whoever waits for a lock has an
@@ -83,6 +99,8 @@ LockHolder described(std::int32_t process)
 
 std::optional<LockHolder> lockHolder(const std::filesystem::path& file)
 {
+    if (!isHeld(file))
+        return std::nullopt;
     struct stat locked;
     if (::stat(file.c_str(), &locked) != 0)
         return std::nullopt;

@@ -15,8 +15,8 @@ struct LockHolder {
 };
 
 // As the kernel tells it. Nothing if nobody holds the lock, or who does can't be seen from here: in
-// a process namespace of its own, or on another machine. Takes ten milliseconds, in which
-// nobody on the machine gets a lock; any thread.
+// a process namespace of its own, or on another machine. Takes ten milliseconds if somebody does,
+// in which nobody on the machine gets a lock; any thread.
 std::optional<LockHolder> lockHolder(const std::filesystem::path& file);
 
 } // namespace vesko

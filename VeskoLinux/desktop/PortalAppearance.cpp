@@ -27,6 +27,7 @@ const auto animationFactor = QStringLiteral("AnimationDurationFactor"); // 0 for
 
 PortalAppearance::PortalAppearance()
 {
+    qRegisterMetaType<QDBusVariant>(); // else Qt may not know it by name, and not find the slot
     QDBusConnection::sessionBus().connect(QString(), portalPath, settings,
         QStringLiteral("SettingChanged"), this,
         SLOT(settingChanged(QString, QString, QDBusVariant)));

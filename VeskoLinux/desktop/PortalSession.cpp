@@ -27,6 +27,9 @@ QDBusMessage question(const QString& method)
 PortalSession::PortalSession()
     : m_watcher(portal, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForRegistration)
 {
+    // By name Qt knows the type only once somebody has asked for its number; until then the slot
+    // would not be found, and never be called.
+    qRegisterMetaType<QDBusObjectPath>();
     QDBusConnection::sessionBus().connect(portal, portalPath, inhibit,
         QStringLiteral("StateChanged"), this, SLOT(stateChanged(QDBusObjectPath, QVariantMap)));
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &PortalSession::watch);

@@ -2,11 +2,15 @@
 
 #include "VeskoLinux/input/X11Connection.h"
 
+#include <algorithm>
+#include <span>
 #include <string_view>
 
 namespace vesko {
 
 namespace {
+
+constexpr std::uint32_t mostSupported = 1024; // names in a window manager's list
 
 xcb_intern_atom_cookie_t ask(const X11Connection& connection, std::string_view name)
 {
@@ -36,6 +40,20 @@ std::optional<std::uint32_t> answer(
     return *static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
 }
 
+// Whether the window manager says that it tells of that.
+bool tells(const X11Connection& connection, xcb_atom_t what)
+{
+    const auto name = answer(connection, ask(connection, "_NET_SUPPORTED"));
+    const auto reply = fromX11(xcb_get_property_reply(connection,
+        xcb_get_property(connection, 0, connection.root(), name, XCB_ATOM_ATOM, 0, mostSupported),
+        nullptr));
+    if (!reply || reply->format != 32)
+        return false;
+    const std::span supported(static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get())),
+        static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof(xcb_atom_t));
+    return std::ranges::find(supported, what) != supported.end();
+}
+
 } // namespace
 
 std::optional<std::uint32_t> activeWindow(const X11Connection& connection)
@@ -54,7 +72,8 @@ std::optional<std::uint32_t> activeWindow(const X11Connection& connection)
     // a later window of somebody else's.
     if (!window || answer(connection, ask(connection, *window, manager)) != window)
         return std::nullopt;
-    return value;
+    // Before the first window it has none to tell of.
+    return !value && tells(connection, active) ? 0 : value;
 }
 
 } // namespace vesko
