@@ -348,10 +348,12 @@ Task<> Capture::keepWithoutTranscription(Uuid recordingID, double duration, std:
 Task<LibrarySession::Outcome<void>> Capture::save(Uuid recordingID, double duration)
 {
     const auto saving = m_saving.emplace();
-    co_await m_audio.finished();
+    // Beside each other: until its file is an ordinary one, it is as whole as it grew.
+    const auto whole = m_audio.finished();
     auto outcome = co_await m_to.library.change([recordingID, duration](LibraryStore& store) {
         store.finishRecording(recordingID, duration);
     });
+    co_await whole;
     m_saving.reset();
     saving.set(outcome.has_value());
     co_return outcome;
