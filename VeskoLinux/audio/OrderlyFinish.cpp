@@ -1,11 +1,13 @@
 #include "VeskoLinux/audio/OrderlyFinish.h"
 
-#include "VeskoCore/base/AtomicFile.h"
+#include "VeskoCore/base/FileSystem.h"
 #include "VeskoCore/base/InputFile.h"
 
 #include <gst/gst.h>
 
 #include <algorithm>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <system_error>
 
 namespace vesko {
@@ -72,7 +74,18 @@ void OrderlyFinish::complete(FileSystem& files, const std::filesystem::path& fil
         bytes.resize(std::max<std::size_t>(bytes.size(), piece.at + piece.bytes.size()));
         bytes.replace(piece.at, piece.bytes.size(), piece.bytes);
     }
-    AtomicFile(files, file).write(bytes);
+    const auto fresh = std::filesystem::path(file) += ".tmp";
+    try {
+        OpenFile whole(files, fresh, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+        writeAll(files, whole, bytes);
+        files.sync(whole);
+        whole.close();
+        files.rename(fresh, file);
+    } catch (...) {
+        std::error_code ignored;
+        std::filesystem::remove(fresh, ignored);
+        throw;
+    }
 }
 
 } // namespace vesko

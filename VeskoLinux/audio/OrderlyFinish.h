@@ -25,8 +25,10 @@ public:
     OrderlyFinish& operator=(const OrderlyFinish&) = delete;
     ~OrderlyFinish();
 
-    // Once the stream has reached its end: returns when the file is on the disk, as an ordinary
-    // one. Throws std::system_error; then it is as playable as it was while it grew.
+    // Once the stream has reached its end: returns when the file is an ordinary one, all of which
+    // is on the disk. A loss of power in the moments after may leave the one that grew in its
+    // place: nobody waits for the folder. Throws std::system_error; then it is as playable as it
+    // was while it grew.
     void complete(FileSystem& files, const std::filesystem::path& file);
 
 private:

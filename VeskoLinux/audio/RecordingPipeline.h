@@ -49,7 +49,7 @@ public:
     // is as whole as it will be.
     std::optional<RecorderFailure> attend();
     // Returns when everything that the microphone has heard until now stands in the file, and it is
-    // an ordinary one and on the disk; or when that has failed.
+    // an ordinary one, as OrderlyFinish makes it; or when that has failed.
     void end();
 
     double capturedSeconds() const;
