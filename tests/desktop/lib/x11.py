@@ -6,8 +6,11 @@ xdotool is no help for this: it presses modifiers of its own.
 import ctypes
 import subprocess
 
+from .waiting import until
+
 CORE_KEYBOARD = 0x100
 KEY_PRESS = 2
+FIRST_BUTTON = 0x100  # in a pointer's mask; the others follow
 
 _x11 = ctypes.CDLL("libX11.so.6")
 _xtest = ctypes.CDLL("libXtst.so.6")
@@ -26,6 +29,7 @@ _x11.XGrabKey.argtypes = [ctypes.c_void_p, ctypes.c_int, ctypes.c_uint, ctypes.c
                           ctypes.c_int, ctypes.c_int, ctypes.c_int]
 _x11.XPending.argtypes = _x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
 _x11.XNextEvent.argtypes = [ctypes.c_void_p, ctypes.c_void_p]
+_x11.XQueryPointer.argtypes = [ctypes.c_void_p, ctypes.c_ulong] + [ctypes.c_void_p] * 7
 _xtest.XTestFakeKeyEvent.argtypes = [ctypes.c_void_p, ctypes.c_uint, ctypes.c_int, ctypes.c_ulong]
 _xtest.XTestFakeButtonEvent.argtypes = _xtest.XTestFakeKeyEvent.argtypes
 _xtest.XTestFakeMotionEvent.argtypes = [
@@ -65,8 +69,21 @@ class Devices:
         self._sync()
 
     def button(self, number, pressed):
+        """A window manager looks at a click before its window does, and the server keeps what the
+        pointer does in the meantime back, but no key: so this waits until it is let through."""
         _xtest.XTestFakeButtonEvent(self._display, number, pressed, 0)
         self._sync()
+        if not pressed:
+            until(f"button {number} is up", lambda: not self._buttons & FIRST_BUTTON << number - 1)
+
+    @property
+    def _buttons(self):
+        root, child = ctypes.c_ulong(), ctypes.c_ulong()
+        places = [ctypes.c_int() for _ in range(4)]
+        mask = ctypes.c_uint()
+        _x11.XQueryPointer(self._display, _x11.XDefaultRootWindow(self._display),
+                           *map(ctypes.byref, (root, child, *places, mask)))
+        return mask.value
 
     def load_layouts(self, layouts):
         subprocess.run(["setxkbmap", "-layout", layouts], check=True)
