@@ -185,7 +185,7 @@ Task<> Capture::start(
     if (m_to.preferences.soundsEnabled.get())
         m_to.cues.prepare();
     std::optional<Recording> recording;
-    std::unique_ptr<OnDeviceRecognizer::Hearing> heard;
+    std::unique_ptr<Hearing> heard;
     std::exception_ptr failure;
     try {
         recording = co_await prepareRecording(noteID, dictation);
@@ -193,7 +193,7 @@ Task<> Capture::start(
         if (m_to.preferences.soundsEnabled.get())
             m_to.cues.play(CaptureCues::Cue::start);
         // Only now: a press that turns out to be an ordinary combination starts no engine.
-        if (frozen.onDevice() && hear)
+        if (hear)
             heard = hear(frozen);
         m_audio.setListener(heard ? heard->listener() : nullptr);
         co_await m_audio.start(std::move(file));

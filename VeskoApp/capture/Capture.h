@@ -7,7 +7,7 @@
 #include "VeskoApp/capture/Phase.h"
 #include "VeskoApp/insertion/TextDelivery.h"
 #include "VeskoApp/library/NoteSelection.h"
-#include "VeskoApp/platform/OnDeviceRecognizer.h"
+#include "VeskoApp/platform/Hearing.h"
 #include "VeskoApp/preferences/ServiceKeys.h"
 #include "VeskoCore/shell/FnShortcutState.h"
 
@@ -27,8 +27,8 @@ struct CapturedRecording {
     std::optional<Destination> destination;
     CaptureSettings settings;
     std::optional<ServiceKey> key; // being fetched while the user speaks
-    // Recognises the recording while it is made; null where nothing does.
-    std::unique_ptr<OnDeviceRecognizer::Hearing> heard;
+    // Works on the recording while it is made; null where nothing does.
+    std::unique_ptr<Hearing> heard;
 };
 
 // Turns a trigger into a recording that stands in the library: the phase, the microphone, the
@@ -99,8 +99,8 @@ public:
     double level() const { return m_level; } // 0 to 1, smoothed
     bool pushToTalk() const { return m_pushToTalk; }
 
-    // Begins to recognise a recording that is about to be made on this machine; null if it can't.
-    std::function<std::unique_ptr<OnDeviceRecognizer::Hearing>(const CaptureSettings&)> hear;
+    // Begins to work on a recording that is about to be made; null where that waits for the file.
+    std::function<std::unique_ptr<Hearing>(const CaptureSettings&)> hear;
     // A recording is whole and saved as such; endProcessing is due in the end.
     std::function<void(CapturedRecording)> onCaptured;
     // The user has to sign in before a dictation; shows where.

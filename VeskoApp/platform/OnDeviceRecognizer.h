@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VeskoApp/platform/SoundListener.h"
+#include "VeskoApp/platform/Hearing.h"
 
 #include <filesystem>
 #include <functional>
@@ -30,14 +30,6 @@ public:
         virtual ~Recognition() = default;
     };
 
-    // Recognises a recording while it is made. Destroying it stops the work at once.
-    class Hearing {
-    public:
-        virtual ~Hearing() = default;
-        // For the recorder, before the recording is started.
-        virtual std::shared_ptr<SoundListener> listener() = 0;
-    };
-
     virtual ~OnDeviceRecognizer() = default;
 
     // Whether the user lets this program recognise speech.
@@ -52,7 +44,8 @@ public:
     // Words that may well be said, for all that begins from now on; empty for none.
     virtual void expect(std::string words) = 0;
 
-    // For a recording that is about to begin, in a language that is supported.
+    // Recognises a recording that is about to begin, in a language that is supported, while it is
+    // made.
     virtual std::unique_ptr<Hearing> hear(const std::string& language) = 0;
     // Reports come from the event loop, never before this returns; a report may destroy the
     // recognition that it comes from. What a hearing of this very recording has heard needs no

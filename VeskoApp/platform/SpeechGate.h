@@ -1,8 +1,10 @@
 #pragma once
 
 #include "VeskoApp/async/Task.h"
+#include "VeskoApp/platform/Hearing.h"
 
 #include <filesystem>
+#include <memory>
 
 namespace vesko {
 
@@ -11,9 +13,14 @@ class SpeechGate {
 public:
     virtual ~SpeechGate() = default;
 
+    // Looks at a recording that is about to begin while it is made.
+    virtual std::unique_ptr<Hearing> hear() = 0;
+
     // False only for silence and steady noise: a word, however short or low, is let through, and so
-    // is a recording that can't be looked at.
-    virtual Task<bool> mayHoldSpeech(std::filesystem::path audio) = 0;
+    // is a recording that can't be looked at. What a hearing of this very recording has heard needs
+    // no second look; null where nobody heard it.
+    virtual Task<bool> mayHoldSpeech(std::filesystem::path audio, std::unique_ptr<Hearing> heard)
+        = 0;
 };
 
 } // namespace vesko

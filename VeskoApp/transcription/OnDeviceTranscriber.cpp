@@ -46,8 +46,7 @@ std::string OnDeviceTranscriber::languageOf(const CaptureSettings& settings) con
     return known ? settings.language : m_recognizer.systemLanguage();
 }
 
-std::unique_ptr<OnDeviceRecognizer::Hearing> OnDeviceTranscriber::listen(
-    const CaptureSettings& settings)
+std::unique_ptr<Hearing> OnDeviceTranscriber::listen(const CaptureSettings& settings)
 {
     const auto tag = languageOf(settings);
     if (!m_recognizer.authorized() || !m_recognizer.supports(tag) || !m_recognizer.available())
@@ -56,8 +55,8 @@ std::unique_ptr<OnDeviceRecognizer::Hearing> OnDeviceTranscriber::listen(
     return m_recognizer.hear(tag);
 }
 
-Task<TranscriptResult> OnDeviceTranscriber::transcribe(std::filesystem::path audio,
-    CaptureSettings settings, std::unique_ptr<OnDeviceRecognizer::Hearing> heard)
+Task<TranscriptResult> OnDeviceTranscriber::transcribe(
+    std::filesystem::path audio, CaptureSettings settings, std::unique_ptr<Hearing> heard)
 {
     if (!m_recognizer.authorized())
         throw CaptureFailure(L10N_KEY("Vesko",

@@ -16,13 +16,13 @@ public:
 
     // Begins to recognise a recording that is about to be made; null if that can't be done, which
     // transcribe() will say.
-    std::unique_ptr<OnDeviceRecognizer::Hearing> listen(const CaptureSettings& settings);
+    std::unique_ptr<Hearing> listen(const CaptureSettings& settings);
     // The text of a recording that stands. The language of the settings is a tag, or "auto", which
     // is the system's own where the recogniser can't tell. Throws CaptureFailure in the user's
     // words, after 65 seconds at the latest, and VeskoError::noSpeech for silence. Destroying the
     // task cancels the recognition.
     Task<TranscriptResult> transcribe(std::filesystem::path audio, CaptureSettings settings,
-        std::unique_ptr<OnDeviceRecognizer::Hearing> heard = nullptr);
+        std::unique_ptr<Hearing> heard = nullptr);
 
 private:
     std::string languageOf(const CaptureSettings& settings) const;

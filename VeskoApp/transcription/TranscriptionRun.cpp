@@ -34,8 +34,10 @@ TranscriptionRun::TranscriptionRun(const Neighbours& neighbours, OpenRouterClien
     });
 }
 
-TranscriptionRun::Hearing TranscriptionRun::listen(const CaptureSettings& settings)
+std::unique_ptr<Hearing> TranscriptionRun::listen(const CaptureSettings& settings)
 {
+    if (!settings.onDevice())
+        return m_to.gate.hear();
     if (m_to.engines.inUse())
         return m_to.onDevice.listen(settings);
     m_tasks.spawn(tellIfMissing());
@@ -80,7 +82,7 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
     std::optional<Service> service;
     if (!settings.onDevice()) {
         service.emplace(m_to.keys.fetch(settings.keySource, captured.key), Eventual<bool>());
-        m_tasks.spawn(lookForSpeech(recording, service->spoken));
+        m_tasks.spawn(lookForSpeech(recording, std::move(captured.heard), service->spoken));
     }
     std::optional<Uuid> attemptID;
     TranscriptResult result;
@@ -127,11 +129,13 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
         onNotPasted(note->id);
 }
 
-Task<> TranscriptionRun::lookForSpeech(Recording recording, Eventual<bool> spoken)
+Task<> TranscriptionRun::lookForSpeech(
+    Recording recording, std::unique_ptr<Hearing> heard, Eventual<bool> spoken)
 {
     bool may = true;
     try {
-        may = co_await m_to.gate.mayHoldSpeech(co_await m_to.library.audioFile(recording));
+        may = co_await m_to.gate.mayHoldSpeech(
+            co_await m_to.library.audioFile(recording), std::move(heard));
     } catch (const std::exception&) {
         // Whoever needs the file will say what is wrong with it.
     }
@@ -140,7 +144,7 @@ Task<> TranscriptionRun::lookForSpeech(Recording recording, Eventual<bool> spoke
 
 // From speech to the final text; once completeAttempt has succeeded the transcript is safe.
 Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attemptID,
-    CaptureSettings settings, std::optional<Service> service, Hearing heard)
+    CaptureSettings settings, std::optional<Service> service, std::unique_ptr<Hearing> heard)
 {
     auto audio = co_await m_to.library.audioFile(recording);
     TranscriptResult result
@@ -164,7 +168,7 @@ Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attem
 
 // With a service's key by OpenRouter, else on this machine.
 Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
-    CaptureSettings settings, std::optional<Service> service, Hearing heard)
+    CaptureSettings settings, std::optional<Service> service, std::unique_ptr<Hearing> heard)
 {
     if (!service) {
         if (!co_await m_to.engines.lookAgain())

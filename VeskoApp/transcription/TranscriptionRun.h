@@ -35,11 +35,10 @@ public:
 
     TranscriptionRun(const Neighbours& neighbours, OpenRouterClient client);
 
-    using Hearing = std::unique_ptr<OnDeviceRecognizer::Hearing>;
-    // Begins to recognise a recording that is about to be made on this machine. Null where only the
-    // file can be; where the engine of the settings isn't there, the user is told before the words
-    // are spoken, and no other hears them.
-    Hearing listen(const CaptureSettings& settings);
+    // Begins to recognise a recording that is about to be made, or for a service to look whether
+    // anybody speaks. Null where only the file can be asked; where the engine of the settings isn't
+    // there, the user is told before the words are spoken, and no other hears them.
+    std::unique_ptr<Hearing> listen(const CaptureSettings& settings);
     // What the capture has just left.
     void start(CapturedRecording captured);
     // Transcribes a stored recording again, with today's settings. False if something is under way.
@@ -59,11 +58,12 @@ private:
         ServiceKey key;
         Eventual<bool> spoken;
     };
-    Task<> lookForSpeech(Recording recording, Eventual<bool> spoken);
+    Task<> lookForSpeech(
+        Recording recording, std::unique_ptr<Hearing> heard, Eventual<bool> spoken);
     Task<TranscriptResult> attempt(Recording recording, Uuid attemptID, CaptureSettings settings,
-        std::optional<Service> service, Hearing heard);
+        std::optional<Service> service, std::unique_ptr<Hearing> heard);
     Task<TranscriptResult> recognize(std::filesystem::path audio, CaptureSettings settings,
-        std::optional<Service> service, Hearing heard);
+        std::optional<Service> service, std::unique_ptr<Hearing> heard);
     Task<KeyOutcome> awaited(ServiceKey key);
     Task<> failed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
 

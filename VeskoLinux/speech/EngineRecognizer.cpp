@@ -88,7 +88,7 @@ void EngineRecognizer::expect(std::string words)
     m_expected = std::move(words);
 }
 
-std::unique_ptr<OnDeviceRecognizer::Hearing> EngineRecognizer::hear(const std::string& language)
+std::unique_ptr<Hearing> EngineRecognizer::hear(const std::string& language)
 {
     auto ticket = std::make_shared<Ticket>(
         Ticket{ .engine = m_engine, .wish = { .language = language, .prompt = m_expected } });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
+#include "tests/fakes/DeafHearing.h"
 
 #include <QObject>
 #include <QTimer>
@@ -48,25 +49,8 @@ public:
     void expect(std::string words) override { expected = std::move(words); }
     std::unique_ptr<Hearing> hear(const std::string& language) override
     {
-        struct Deaf final : Hearing {
-            explicit Deaf(int& count)
-                : hearings(count)
-            {
-                ++hearings;
-            }
-            ~Deaf() override { --hearings; }
-            std::shared_ptr<SoundListener> listener() override
-            {
-                struct Nobody final : SoundListener {
-                    void take(std::span<const std::int16_t>) override { }
-                    void end(bool) override { }
-                };
-                return std::make_shared<Nobody>();
-            }
-            int& hearings;
-        };
         heardLanguages.push_back(language);
-        return std::make_unique<Deaf>(hearings);
+        return std::make_unique<DeafHearing>(hearings);
     }
     std::unique_ptr<Recognition> recognize(const std::filesystem::path& file,
         const std::string& language, std::function<void(const Report&)> to,

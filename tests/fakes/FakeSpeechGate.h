@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoApp/platform/SpeechGate.h"
+#include "tests/fakes/DeafHearing.h"
 
 #include <vector>
 
@@ -12,9 +13,14 @@ public:
     bool finds = true;
     std::vector<std::filesystem::path> audio; // that it was asked about
 
-    Task<bool> mayHoldSpeech(std::filesystem::path of) override
+    std::vector<bool> wasHeard; // of each, whether it was heard while it was made
+    int hearings = 0; // that are alive
+
+    std::unique_ptr<Hearing> hear() override { return std::make_unique<DeafHearing>(hearings); }
+    Task<bool> mayHoldSpeech(std::filesystem::path of, std::unique_ptr<Hearing> heard) override
     {
         audio.push_back(std::move(of));
+        wasHeard.push_back(heard != nullptr);
         co_return finds;
     }
 };

@@ -57,7 +57,7 @@ protected:
     OnDeviceTranscriber transcriber{ recognizer, clock };
     TranscriptResult result;
     std::string outcome;
-    std::unique_ptr<OnDeviceRecognizer::Hearing> hearing; // for the next recognition
+    std::unique_ptr<Hearing> hearing; // for the next recognition
     std::unique_ptr<TaskScope> scope;
 };
 

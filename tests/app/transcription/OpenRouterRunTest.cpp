@@ -81,6 +81,21 @@ TEST_F(OpenRouterRunTest, SilenceIsSentToNobodyAndNeedsNoKey)
     EXPECT_THAT(machine.speechGate.audio, testing::ElementsAre(audioFile()));
 }
 
+TEST_F(OpenRouterRunTest, SpeechIsLookedForWhileTheUserSpeaksAndInTheFileOnARetry)
+{
+    open();
+    say("hello");
+    dictate();
+    EXPECT_THAT(machine.recorder.wasHeard, testing::ElementsAre(true));
+    EXPECT_EQ(machine.speechGate.hearings, 1);
+    finish();
+    EXPECT_EQ(machine.speechGate.hearings, 0);
+    model->run().retry(onlyRecording(), true);
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_THAT(machine.speechGate.wasHeard, testing::ElementsAre(true, false));
+    EXPECT_EQ(machine.recognizer.hearings, 0);
+}
+
 TEST_F(OpenRouterRunTest, TheKeyIsFetchedWhileTheUserSpeaks)
 {
     open();

@@ -34,7 +34,7 @@ struct Ear final : SoundListener {
     std::vector<bool> ends;
 };
 
-class Hearing : public testing::Test {
+class WhatIsHeard : public testing::Test {
 private:
     TemporaryFolder m_folder;
 
@@ -90,7 +90,7 @@ std::string repeated(const std::string& text, int times)
     return all;
 }
 
-TEST_F(Hearing, isTheVerySoundOfTheFile)
+TEST_F(WhatIsHeard, isTheVerySoundOfTheFile)
 {
     const std::string texts[] = { "no", "yes", voice::brother, voice::coffee,
         repeated(voice::brother, 2), repeated(voice::coffee, 3), repeated(voice::brother, 4),
@@ -105,7 +105,7 @@ TEST_F(Hearing, isTheVerySoundOfTheFile)
     }
 }
 
-TEST_F(Hearing, givesTheWordsOfTheFile)
+TEST_F(WhatIsHeard, givesTheWordsOfTheFile)
 {
     EngineRecognizer recognizer(std::make_shared<PocketSphinxEngine>(VESKO_POCKETSPHINX));
     auto hearing = recognizer.hear("en");
@@ -122,14 +122,14 @@ TEST_F(Hearing, givesTheWordsOfTheFile)
     EXPECT_EQ(reports[1].model, "pocketsphinx/en-us");
 }
 
-class HearingWithAFake : public Hearing {
+class HearingWithAFake : public WhatIsHeard {
 protected:
     std::shared_ptr<FakeEngine> engine = std::make_shared<FakeEngine>();
     EngineRecognizer recognizer{ engine };
     std::vector<OnDeviceRecognizer::Report> reports;
 
-    std::unique_ptr<OnDeviceRecognizer::Recognition> recognize(const path& file,
-        const std::string& language, std::unique_ptr<OnDeviceRecognizer::Hearing> heard)
+    std::unique_ptr<OnDeviceRecognizer::Recognition> recognize(
+        const path& file, const std::string& language, std::unique_ptr<Hearing> heard)
     {
         return recognizer.recognize(
             file, language, [this](const auto& report) { reports.push_back(report); },

@@ -1,11 +1,9 @@
 #include "VeskoLinux/speech/VoiceActivity.h"
 
 #include "VeskoLinux/speech/SpeechSamples.h"
-#include "VeskoLinux/speech/VoiceSpeechGate.h"
 #include "tests/fakes/Files.h"
 #include "tests/fakes/TemporaryFolder.h"
 #include "tests/linux/audio/Child.h"
-#include "tests/linux/audio/EventLoop.h"
 #include "tests/linux/speech/Voice.h"
 
 #include <gtest/gtest.h>
@@ -104,18 +102,6 @@ TEST_F(Sounds, ofAWordAtTheVeryEndOrInALongSilenceAreHeard)
     EXPECT_TRUE(mayHoldSpeech(word("en-us+f2", "yes", -10, 0, 10)));
     EXPECT_TRUE(mayHoldSpeech(word("ru", "да", -10, 50, 9)));
     EXPECT_TRUE(mayHoldSpeech(word("ru", "да", -10, 0, 0)));
-}
-
-TEST_F(Sounds, ofRecordingsPassTheGateUnlessTheyAreSilent)
-{
-    VoiceSpeechGate gate;
-    voice::keepSilent(2, in("silence.m4a"));
-    voice::speak({ "yes" }, in("yes.m4a"), 1);
-    putBytes(in("damaged.m4a"), "no sound");
-    EXPECT_FALSE(await(gate.mayHoldSpeech(in("silence.m4a"))));
-    EXPECT_TRUE(await(gate.mayHoldSpeech(in("yes.m4a"))));
-    EXPECT_TRUE(await(gate.mayHoldSpeech(in("damaged.m4a")))) << "others know what is wrong";
-    EXPECT_TRUE(await(gate.mayHoldSpeech(in("missing.m4a"))));
 }
 
 } // namespace
