@@ -43,8 +43,9 @@ def landing(editor, act):
     return (time.monotonic() - began) * 1000
 
 
-def stop_to_text(script=None):
-    """Milliseconds: ours, and by a shell script that copies the words and sends the keys."""
+def stop_to_text(script=None, by_command=False):
+    """Milliseconds: ours from the shortcut or the command, and those of a shell script that copies
+    the words and sends the keys."""
     with OpenRouter() as service:
         service.answer(WORDS)
         binary = deployed(service.url)
@@ -54,7 +55,8 @@ def stop_to_text(script=None):
             for _ in range(ROUNDS):
                 vesko.begin()
                 human_pause(0.5)
-                ours.append(landing(editor, vesko.end))
+                ours.append(landing(editor, (lambda: subprocess.run([binary, "--stop"]))
+                                    if by_command else vesko.end))
                 vesko.wait_for("ready")
                 if script is None:
                     continue
