@@ -54,7 +54,7 @@ def stop_to_text(script=None, by_command=False):
         with Vesko(binary) as vesko, Mousepad() as editor:
             for _ in range(ROUNDS):
                 vesko.begin()
-                human_pause(0.5)
+                human_pause(hands.APART + 0.2)  # else the keys would wait while it is measured
                 ours.append(landing(editor, (lambda: subprocess.run([binary, "--stop"]))
                                     if by_command else vesko.end))
                 vesko.wait_for("ready")
