@@ -61,7 +61,11 @@ def key_press():
 
 
 def in_sway():
-    with Vesko() as vesko:  # says on its first start, once, that there is no shortcut
+    with Vesko() as vesko:  # says at each start that there is no shortcut, until a command has come
+        vesko.wait_for("ready")
+        subprocess.run([BINARY, "--toggle"], check=True)
+        vesko.wait_for("recording")
+        subprocess.run([BINARY, "--cancel"], check=True)
         vesko.wait_for("ready")
         vesko.quit()
     idle(" on sway")
