@@ -223,9 +223,8 @@ Item {
     component RowContent: Item {
         id: content
 
-        required property var model
+        required property var model // gone before this is, when its row goes
         required property bool chosen
-        readonly property var shown: model ?? ({}) // nothing is left of a row that goes
 
         // What was searched for, in the look of what is found.
         function asMarked(html) {
@@ -235,7 +234,7 @@ Item {
         Icon {
             x: 2
             y: 11
-            name: content.shown.iconName ?? ""
+            name: content.model?.iconName ?? ""
             color: content.chosen ? Theme.accent : Theme.quiet
             size: 16
         }
@@ -243,7 +242,7 @@ Item {
             x: 29
             y: 9
             width: project.x - x - (project.width > 0 ? 8 : 0)
-            text: content.asMarked(content.shown.markedTitle)
+            text: content.asMarked(content.model?.markedTitle)
             font.pixelSize: Theme.body
             font.weight: Font.Medium
             color: Theme.text
@@ -254,14 +253,14 @@ Item {
             anchors.right: parent.right
             y: 11
             width: Math.min(implicitWidth, parent.width / 3)
-            text: content.shown.project ?? ""
+            text: content.model?.project ?? ""
             textFormat: Text.PlainText
         }
         RowText {
             x: 29
             y: 30
             width: parent.width - x
-            text: [content.shown.status, content.shown.moment, content.asMarked(content.shown.markedWords)].filter(part => part).join(" · ")
+            text: [content.model?.status, content.model?.moment, content.asMarked(content.model?.markedWords)].filter(part => part).join(" · ")
         }
     }
     // What is the user's own may be longer than a row.
