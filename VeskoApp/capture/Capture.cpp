@@ -386,6 +386,18 @@ bool Capture::beginProcessing()
     return true;
 }
 
+Task<> Capture::resumeProcessing()
+{
+    while (!beginProcessing()) {
+        const Eventual<std::monostate> changed;
+        // Not within the change, of which others have yet to hear.
+        connect(
+            this, &Capture::phaseChanged, this, [changed] { changed.set({}); },
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+        co_await changed;
+    }
+}
+
 // A note and a recording may be half made: what has begun to be stored comes to its end, but nobody
 // waits for the sound server.
 Task<> Capture::giveUpStart()

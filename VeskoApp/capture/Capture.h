@@ -83,8 +83,10 @@ public:
     // What is being done to the recording, from transcribing it on.
     enum class Processing { transcribing, cleaningUp, translating };
     void setProcessing(Processing step);
-    // What followed the recording has ended.
+    // What followed the recording has ended, or waits for the user: another may be captured.
     void endProcessing() { setPhase(Phase::idle); }
+    // Goes on with what waited, once nothing else is under way.
+    Task<> resumeProcessing();
 
     // Ends a running recording and keeps it. False if the program can't end now.
     Task<bool> prepareToQuit();

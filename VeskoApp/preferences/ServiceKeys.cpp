@@ -29,12 +29,4 @@ Task<> ServiceKeys::load(std::string account, std::optional<ServiceKey> early, S
     into.set(std::move(outcome));
 }
 
-Task<std::optional<Secret>> ServiceKeys::find(std::string keySource)
-{
-    auto outcome = co_await fetch(keySource);
-    if (outcome.key && outcome.key->empty())
-        outcome.key.reset();
-    co_return std::move(outcome.key);
-}
-
 } // namespace vesko

@@ -31,8 +31,6 @@ public:
     // Asks for the key of a source. Where it was asked for `early` and was there, that one stands;
     // what was missing then may be there by now.
     ServiceKey fetch(const std::string& keySource, std::optional<ServiceKey> early = std::nullopt);
-    // The same for who goes on without a key: a secret store that can't be asked has none.
-    Task<std::optional<Secret>> find(std::string keySource);
 
 private:
     Task<> load(std::string account, std::optional<ServiceKey> early, ServiceKey into);

@@ -59,7 +59,7 @@ AppModel::AppModel(Platform& platform, LibrarySession::Opening open, const OpenR
           .analytics = m_analytics,
           .status = m_status })
     , m_playback(platform.player, platform.clock, m_library, m_capture, m_status)
-    , m_transform(client, m_keys, m_library)
+    , m_transform(client, m_library)
     , m_language(platform.textLanguage, platform.preferredLanguages, m_preferences, m_status)
     , m_run({ .clock = platform.clock,
                 .capture = m_capture,

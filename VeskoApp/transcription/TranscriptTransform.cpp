@@ -7,19 +7,16 @@
 
 namespace vesko {
 
-TranscriptTransform::TranscriptTransform(
-    OpenRouterClient client, ServiceKeys& keys, LibrarySession& library)
+TranscriptTransform::TranscriptTransform(OpenRouterClient client, LibrarySession& library)
     : m_client(std::move(client))
-    , m_keys(keys)
     , m_library(library)
 {
 }
 
-Task<TranscriptResult> TranscriptTransform::apply(
-    Uuid recordingID, Uuid attemptID, TranscriptResult result, CaptureSettings settings)
+Task<TranscriptResult> TranscriptTransform::apply(Uuid recordingID, Uuid attemptID,
+    TranscriptResult result, CaptureSettings settings, std::optional<Secret> key)
 {
-    const auto key = co_await m_keys.find(settings.keySource);
-    if (!key) {
+    if (!key || key->empty()) {
         result.warning = settings.translateTo
             ? L10N_KEY(
                   "Vesko", "Translation needs an OpenRouter key. The original transcript was kept.")

@@ -3,8 +3,10 @@
 #include "VeskoApp/async/Worker.h"
 #include "VeskoApp/capture/CaptureSettings.h"
 #include "VeskoApp/library/LibrarySession.h"
-#include "VeskoApp/preferences/ServiceKeys.h"
+#include "VeskoCore/base/Secret.h"
 #include "VeskoCore/speech/OpenRouterClient.h"
+
+#include <optional>
 
 namespace vesko {
 
@@ -12,15 +14,14 @@ namespace vesko {
 // whatever the service says, the run goes on with it. Main thread.
 class TranscriptTransform {
 public:
-    TranscriptTransform(OpenRouterClient client, ServiceKeys& keys, LibrarySession& library);
+    TranscriptTransform(OpenRouterClient client, LibrarySession& library);
 
     // The better text, stored with its attempt, or the transcript with a warning.
-    Task<TranscriptResult> apply(
-        Uuid recordingID, Uuid attemptID, TranscriptResult result, CaptureSettings settings);
+    Task<TranscriptResult> apply(Uuid recordingID, Uuid attemptID, TranscriptResult result,
+        CaptureSettings settings, std::optional<Secret> key);
 
 private:
     OpenRouterClient m_client;
-    ServiceKeys& m_keys;
     LibrarySession& m_library;
     Worker m_network;
 };

@@ -159,9 +159,11 @@ Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attem
     if (settings.language == "auto")
         m_to.language.consider(result.rawText, recording);
     if (settings.cleanup || settings.translateTo) {
+        const KeyOutcome loaded = co_await awaited(m_to.keys.fetch(settings.keySource));
         m_to.capture.setProcessing(settings.translateTo ? Capture::Processing::translating
                                                         : Capture::Processing::cleaningUp);
-        result = co_await m_to.transform.apply(recording.id, attemptID, result, settings);
+        result
+            = co_await m_to.transform.apply(recording.id, attemptID, result, settings, loaded.key);
     }
     co_return result;
 }
@@ -193,13 +195,19 @@ Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
 }
 
 // The user hears what keeps a text back: the question for the password may lie behind a window.
+// Until it is answered, the user can dictate on.
 Task<KeyOutcome> TranscriptionRun::awaited(ServiceKey key)
 {
     Timer patience(m_to.clock);
-    patience.start(keysTake, [this] { m_to.status.setMessage(waitsForKey); });
+    patience.start(keysTake, [this] {
+        m_to.status.setMessage(waitsForKey);
+        m_to.capture.endProcessing();
+    });
     KeyOutcome outcome = co_await key;
-    if (!patience.pending())
+    if (!patience.pending()) {
+        co_await m_to.capture.resumeProcessing();
         m_to.status.setMessage(transcribing);
+    }
     co_return outcome;
 }
 

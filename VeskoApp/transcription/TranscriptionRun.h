@@ -12,8 +12,8 @@ namespace vesko {
 
 // From a stored recording to a stored text that is delivered: the attempt, recognition on this
 // machine or by the service, the user's own spellings, what is made of the text, and the failure,
-// which keeps the recording. One run at a time, since the capture's phase goes on meanwhile. Main
-// thread.
+// which keeps the recording. One run at a time, since the capture's phase goes on meanwhile; but
+// those that wait for the user to unlock the secret store do so beside each other. Main thread.
 class TranscriptionRun {
 public:
     // What it reaches; must outlive it.

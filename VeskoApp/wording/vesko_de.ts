@@ -1239,7 +1239,7 @@
     </message>
     <message>
         <source>Copied. This field does not accept automatic paste. Paste it with Command V.</source>
-        <translation>Kopiert. In dieses Feld lässt sich nicht von selbst einfügen. Fügen Sie den Text mit Strg+V ein.</translation>
+        <translation>Kopiert. In dieses Feld lässt sich nicht von selbst einfügen. Fügen Sie den Text mit Strg+V ein, in GVim mit Editieren &gt; Einfügen.</translation>
     </message>
     <message>
         <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>

@@ -1239,7 +1239,7 @@
     </message>
     <message>
         <source>Copied. This field does not accept automatic paste. Paste it with Command V.</source>
-        <translation>Copiado. Este campo no admite el pegado automático. Péguelo con Ctrl+V.</translation>
+        <translation>Copiado. Este campo no admite el pegado automático. Péguelo con Ctrl+V, en GVim con Editar &gt; Pegar.</translation>
     </message>
     <message>
         <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>

@@ -1239,7 +1239,7 @@
     </message>
     <message>
         <source>Copied. This field does not accept automatic paste. Paste it with Command V.</source>
-        <translation>Copié. Ce champ n’accepte pas le collage automatique. Collez avec Ctrl+V.</translation>
+        <translation>Copié. Ce champ n’accepte pas le collage automatique. Collez avec Ctrl+V, dans GVim avec Edition &gt; Coller.</translation>
     </message>
     <message>
         <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>

@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>Copied. This field does not accept automatic paste. Paste it with Command V.</source>
-        <translation>Copied. This field does not accept automatic paste. Paste it with Ctrl+V.</translation>
+        <translation>Copied. This field does not accept automatic paste. Paste it with Ctrl+V, in GVim with Edit &gt; Paste.</translation>
     </message>
     <message>
         <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>

@@ -1265,7 +1265,7 @@
     </message>
     <message>
         <source>Copied. This field does not accept automatic paste. Paste it with Command V.</source>
-        <translation>Скопировано. Это поле не принимает автоматическую вставку. Вставьте текст клавишами Ctrl+V.</translation>
+        <translation>Скопировано. Это поле не принимает автоматическую вставку. Вставьте текст клавишами Ctrl+V, в GVim — через «Правка &gt; Вклеить».</translation>
     </message>
     <message>
         <source>Copied. No active window was known when you started, so Vesko did not paste. Paste it with Command V.</source>

@@ -9,10 +9,10 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, eyes, hands  # noqa: E402
-from lib.dictation import (HIDDEN, MOVED, NO_ELEMENTS, NO_FIELD, WORDS, Cells,  # noqa: E402
-                           Dictations)
+from lib.dictation import (HIDDEN, MOVED, NO_ELEMENTS, NO_FIELD, NO_PASTE, WORDS,  # noqa: E402
+                           Cells, Dictations)
 from lib.programs import (Chromium, Firefox, GnomeTextEditor, Gtk4Window,  # noqa: E402
-                          Kate, Konsole, Qt5Window, SandboxedMousepad,
+                          GVim, Kate, Konsole, Qt5Window, SandboxedMousepad,
                           Writer, tk_window, xterm)
 from lib.waiting import human_pause, until  # noqa: E402
 
@@ -168,6 +168,17 @@ class Sandbox(Dictations):
 
 
 class Untold(Dictations):
+    def test_an_editor_with_keys_of_its_own_is_named_the_way_that_pastes_there(self):
+        with GVim() as editor:
+            hands.type_letters("iab")
+            self.holds(editor, "ab")
+            self.begin()
+            self.end(message=NO_PASTE)
+            self.stays(lambda: editor.text, "ab")
+            editor.choose("Edit", "Paste")
+            hands.type_letters("c")
+            self.holds(editor, "ab" + WORDS + "c")
+
     def test_a_program_that_tells_nothing_of_its_fields(self):
         for program in (tk_window, xterm):
             with self.subTest(program.__name__), program():

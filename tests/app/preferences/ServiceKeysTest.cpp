@@ -67,7 +67,7 @@ TEST_F(ServiceKeysTest, WhatWasMissingEarlyMayBeThereByNow)
     }
 }
 
-TEST_F(ServiceKeysTest, AStoreThatCannotBeAskedIsAFailureAndToOthersNoKey)
+TEST_F(ServiceKeysTest, AStoreThatCannotBeAskedIsAFailure)
 {
     secrets.put("personal", "sk-1");
     secrets.lock();
@@ -75,15 +75,6 @@ TEST_F(ServiceKeysTest, AStoreThatCannotBeAskedIsAFailureAndToOthersNoKey)
     EXPECT_FALSE(outcome.key);
     ASSERT_TRUE(outcome.failure);
     EXPECT_THROW(std::rethrow_exception(outcome.failure), KeychainFailure);
-    EXPECT_FALSE(awaited(keys.find("personal")));
-}
-
-TEST_F(ServiceKeysTest, AnEmptyKeyIsNone)
-{
-    secrets.put("personal", "");
-    EXPECT_FALSE(awaited(keys.find("personal")));
-    secrets.put("personal", "sk-1");
-    EXPECT_EQ(awaited(keys.find("personal")), "sk-1");
 }
 
 TEST_F(ServiceKeysTest, NobodyIsToldWhenTheAskerIsGone)

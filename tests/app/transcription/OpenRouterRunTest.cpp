@@ -193,25 +193,118 @@ TEST_F(OpenRouterRunTest, ASecretStoreThatFailsFailsTheRun)
     EXPECT_EQ(onlyNote().body, "second try");
 }
 
-TEST_F(OpenRouterRunTest, AKeyThatIsLongInComingIsNamed)
+// The store has asked the user for a password, who doesn't answer.
+class AwaitedKeyTest : public OpenRouterRunTest {
+protected:
+    AwaitedKeyTest()
+    {
+        open();
+        machine.secrets.hang();
+    }
+
+    std::string message() const { return model->status().message(); }
+    void dictateUntilTheKeyIsAwaited()
+    {
+        say("hello");
+        dictate();
+        model->capture().toggleDictation();
+        ASSERT_TRUE(reach(Phase::processing));
+        ASSERT_TRUE(eventually([&] {
+            machine.clock.turn(0.5);
+            return message() == waits;
+        }));
+    }
+    void answer()
+    {
+        machine.secrets.answer();
+        awaited(model->preferences().refreshKeys()); // asked after the key, and answered after it
+        drainEvents();
+    }
+    std::vector<std::string> bodies() const
+    {
+        std::vector<std::string> found;
+        for (const Note& note : model->library().contents().notes)
+            found.emplace_back(note.body);
+        return found;
+    }
+
+    static constexpr const char* waits
+        = "Original saved. Waiting for the key from your password store (keyring), which may be "
+          "asking you to unlock it.";
+};
+
+TEST_F(AwaitedKeyTest, ItIsNamed)
 {
-    open();
-    say("hello");
-    machine.secrets.hang();
-    dictate();
-    model->capture().toggleDictation();
-    ASSERT_TRUE(reach(Phase::processing));
-    const auto message = [this] { return model->status().message(); };
-    EXPECT_TRUE(eventually([&] {
-        machine.clock.turn(0.5);
-        return message()
-            == "Original saved. Waiting for the key from your password store (keyring), which may "
-               "be asking you to unlock it.";
-    }));
+    dictateUntilTheKeyIsAwaited();
     machine.secrets.answer();
     EXPECT_TRUE(eventually([&] { return message() == "Original saved. Transcribing…"; }));
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_EQ(onlyNote().body, "hello");
+    EXPECT_EQ(machine.clipboard.text, "hello");
+}
+
+TEST_F(AwaitedKeyTest, TheUserCanDictateOnAndIsAskedOnce)
+{
+    for (int count = 0; count < 3; ++count) {
+        dictateUntilTheKeyIsAwaited();
+        EXPECT_EQ(model->capture().phase(), Phase::idle);
+    }
+    EXPECT_EQ(machine.secrets.loads(), 1);
+    EXPECT_THAT(bodies(), testing::Each(""));
+    machine.secrets.answer();
+    EXPECT_TRUE(eventually([&] {
+        return bodies() == std::vector<std::string>(3, "hello")
+            && model->capture().phase() == Phase::idle;
+    }));
+    EXPECT_EQ(model->status().errorMessage(), "");
+}
+
+TEST_F(AwaitedKeyTest, WhatWaitedLeavesTheRecordingAfterItAlone)
+{
+    dictateUntilTheKeyIsAwaited();
+    dictate();
+    answer();
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
+    EXPECT_EQ(message(), "Recording. Press the shortcut again to finish.");
+    EXPECT_THAT(bodies(), testing::Each(""));
+    say("hello");
+    model->capture().toggleDictation();
+    EXPECT_TRUE(eventually([&] {
+        return bodies() == std::vector<std::string>(2, "hello")
+            && model->capture().phase() == Phase::idle;
+    }));
+}
+
+TEST_F(AwaitedKeyTest, AStoreThatStaysLockedFailsWhatWaitedOnceNothingIsRecorded)
+{
+    dictateUntilTheKeyIsAwaited();
+    dictate();
+    machine.secrets.lock();
+    answer();
+    EXPECT_EQ(model->capture().phase(), Phase::recording);
+    EXPECT_EQ(model->status().errorMessage(), "");
+    model->capture().cancel();
+    EXPECT_TRUE(eventually([&] {
+        return !model->status().errorMessage().empty() && model->capture().phase() == Phase::idle;
+    }));
+    EXPECT_EQ(model->status().message(), "Audio saved. Transcription needs attention.");
+}
+
+TEST_F(AwaitedKeyTest, WhatWaitsIsNotTranscribedTwice)
+{
+    dictateUntilTheKeyIsAwaited();
+    model->run().retry(onlyRecording(), true);
+    ASSERT_TRUE(eventually([&] { return !model->status().errorMessage().empty(); }));
+    EXPECT_EQ(onlyRecording().attempts.size(), 1U);
+    machine.secrets.answer();
+    EXPECT_TRUE(eventually([&] { return onlyNote().body == "hello"; }));
+}
+
+TEST_F(AwaitedKeyTest, QuittingWaitsForNothing)
+{
+    dictateUntilTheKeyIsAwaited();
+    EXPECT_TRUE(awaited(model->prepareToQuit()));
+    machine.secrets.answer();
 }
 
 TEST_F(OpenRouterRunTest, ARefusalOfTheServiceIsPutIntoWords)

@@ -399,6 +399,24 @@ TEST_F(TranscriptTransformTest, AFailedTranscriptIsNotTransformed)
     EXPECT_EQ(server.connections(), 0U);
 }
 
+TEST_F(TranscriptTransformTest, TheUserCanDictateOnWhileTheKeyIsAwaited)
+{
+    open();
+    server.reply(answer("Hello, world."));
+    machine.secrets.hang();
+    dictate();
+    model->capture().toggleDictation();
+    ASSERT_TRUE(reach(Phase::processing));
+    ASSERT_TRUE(eventually([&] {
+        machine.clock.turn(0.5);
+        return model->capture().phase() == Phase::idle;
+    }));
+    EXPECT_EQ(onlyNote().body, "hello world");
+    EXPECT_THAT(model->status().message(), HasSubstr("Waiting for the key"));
+    machine.secrets.answer();
+    EXPECT_TRUE(eventually([&] { return onlyNote().body == "Hello, world."; }));
+}
+
 } // namespace
 
 } // namespace vesko

@@ -17,6 +17,8 @@ NO_WINDOW = ("Copied. No active window was known when you started, so Vesko did 
 HIDDEN = "Copied. Vesko does not paste where letters are hidden, as in a password."
 NO_ELEMENTS = ("Copied. This program does not show its text fields to Vesko. Paste it with Ctrl+V, "
                "in a terminal with Ctrl+Shift+V, in Emacs with Ctrl+Y.")
+NO_PASTE = ("Copied. This field does not accept automatic paste. Paste it with Ctrl+V, in GVim with "
+            "Edit > Paste.")
 UNSEEN = ("Copied. Vesko could not see which field was in use, so it did not paste. Paste it with "
           "Ctrl+V.")
 # Where the windows alone tell who is active, none of them says that none is.

@@ -445,6 +445,29 @@ class Konsole(Program):
         return "".join(line.rstrip() for line in self.field.text.splitlines()).strip()
 
 
+class GVim(Program):
+    """An editor that draws its text itself, and whose tool bar says that it has the keyboard."""
+
+    def __init__(self):
+        self.file = _file("Letter.txt", "")
+        super().__init__(["gvim", "-f", "-u", "NONE", "-c", "set noswapfile",
+                          "-c", "autocmd TextChanged,TextChangedI * silent write", self.file])
+
+    @property
+    def text(self):
+        with open(self.file) as file:
+            return file.read().removesuffix("\n")
+
+    def choose(self, *names):
+        """A row of its menus, without the keyboard."""
+        row = self.app
+        for name in names:
+            row = until(f"it has {name!r}", lambda row=row, name=name: next(
+                (node for node in row.walk()
+                 if node.role in ("menu", "menu item") and node.name == name), None))
+        row.activate()
+
+
 class Unseen:
     """A program that tells nothing of itself, be it the number of its process."""
 
