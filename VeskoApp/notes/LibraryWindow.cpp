@@ -72,6 +72,8 @@ LibraryWindow::LibraryWindow(const Neighbours& neighbours)
         connect(&capture, changed, this, &LibraryWindow::statusLineChanged);
     connect(&m_to.status, &StatusLine::messageChanged, this, &LibraryWindow::statusLineChanged);
     connect(&m_to.notes, &NoteActions::copiedNoteChanged, this, &LibraryWindow::copiedChanged);
+    connect(&m_to.notes, &NoteActions::newNoteBegun, this, &LibraryWindow::newNoteBegun);
+    connect(&m_to.notes, &NoteActions::newNoteEnded, this, &LibraryWindow::newNoteEnded);
     connect(&m_to.playback, &Playback::playingChanged, this, &LibraryWindow::playingChanged);
     showNotes();
 }

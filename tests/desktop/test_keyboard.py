@@ -102,6 +102,18 @@ class Keyboard(unittest.TestCase):
         self.types("three four")
         self.assertEqual(len(self.notes()), 5)
 
+    def test_what_is_typed_at_once_is_the_new_notes(self):
+        self.start(notes=3000)
+        for round in range(10):
+            bodies = {note["id"]: note["body"] for note in self.notes()}
+            self.vesko.tab_to(TEXT, "Note text")
+            hands.tap("left control", "n")
+            hands.type_letters(f"at once {round}")
+            until("it is saved", lambda: len(self.notes()) > len(bodies)
+                  and any(note["body"] == f"at once {round}" for note in self.notes()))
+            self.assertEqual({note["id"]: note["body"] for note in self.notes()
+                              if note["id"] in bodies}, bodies)
+
     def types(self, text):
         # That of the note before may have had the keyboard all the time.
         until("the keyboard is in the text of a new note", lambda: (

@@ -17,9 +17,10 @@ Item {
     // The column of what is read: as wide as the eye finds the next line, in the middle of the rest.
     readonly property int column: Math.min(width - 72, 720)
     readonly property int margin: Math.max(40, Math.round((width - column) / 2))
-    readonly property bool isEmpty: title.length === 0 && body.length === 0 && editor.recordingCount === 0
 
-    function type() {
+    // Goes on after that text, which is the first of the note.
+    function type(text) {
+        body.insert(0, text);
         body.forceActiveFocus(Qt.OtherFocusReason);
     }
     function rename() {
