@@ -7,7 +7,6 @@
 #include "VeskoCore/base/Localized.h"
 
 #include <QFileInfo>
-#include <QGuiApplication>
 
 #include <algorithm>
 #include <utility>
@@ -252,11 +251,6 @@ void LibraryWindow::selectRow(int row, int modifiers)
         m_to.selection.toggle(id);
     else
         m_to.selection.setSelectedNoteID(id);
-}
-
-void LibraryWindow::clickRow(int row)
-{
-    selectRow(row, QGuiApplication::keyboardModifiers());
 }
 
 void LibraryWindow::dragRow(int row)

@@ -104,8 +104,6 @@ public:
     // With the modifiers of the key or the click: Shift extends the selection to that row, Control
     // adds the row or takes it away.
     Q_INVOKABLE void selectRow(int row, int modifiers = 0);
-    // The same for the row that is being clicked, with the modifiers that are held now.
-    Q_INVOKABLE void clickRow(int row);
     // Drags all that are selected, or the row if it isn't, as SelectedNotes::drag does.
     Q_INVOKABLE void dragRow(int row);
     Q_INVOKABLE void selectAll() { m_to.selection.selectAll(); }

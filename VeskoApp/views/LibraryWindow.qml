@@ -50,6 +50,7 @@ VeskoWindow {
         onNoteWanted: window.delegate.newNote()
         onRenameWanted: editors.itemAt(0)?.rename()
         onTrashWanted: (several.itemAt(0) ?? editors.itemAt(0))?.askToTrash()
+        onExportWanted: (several.count > 0 ? window.library.selected : window.library).chooseExport(window)
         storage: window.storage
     }
 

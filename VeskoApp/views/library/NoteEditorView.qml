@@ -62,7 +62,11 @@ Item {
         onActiveFocusChanged: if (!activeFocus) cursorPosition = 0
         onTextEdited: view.editor.title = text
         onAccepted: body.forceActiveFocus(Qt.TabFocusReason)
-        Keys.onMenuPressed: titleMenu.open()
+        Keys.onPressed: event => {
+            event.accepted = ListKeys.isMenu(event);
+            if (event.accepted)
+                titleMenu.open();
+        }
 
         Text {
             anchors.fill: parent
@@ -205,10 +209,12 @@ Item {
             Keys.priority: Keys.BeforeItem
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-            Keys.onMenuPressed: bodyMenu.open()
             Keys.onPressed: event => {
                 if (event.matches(StandardKey.Copy) && body.selectedText.length === 0) {
                     view.library.copyNote();
+                    event.accepted = true;
+                } else if (ListKeys.isMenu(event)) {
+                    bodyMenu.open();
                     event.accepted = true;
                 }
             }
