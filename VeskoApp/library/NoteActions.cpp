@@ -30,8 +30,10 @@ NoteActions::NoteActions(EventClock& clock, LibrarySession& library, NoteSelecti
 
 void NoteActions::newNote()
 {
-    if (m_library.ready())
-        m_tasks.spawn(create());
+    if (!m_library.ready())
+        return;
+    Q_EMIT newNoteBegun();
+    m_tasks.spawn(create());
 }
 
 Task<> NoteActions::create()
@@ -41,10 +43,12 @@ Task<> NoteActions::create()
             LibraryStore& store) { return store.createNote(NoteKind::text, project); });
     if (!made) {
         m_status.report(made.error());
+        Q_EMIT newNoteEnded(false);
         co_return;
     }
     m_analytics.track(UsageEvent::noteCreated);
     m_selection.reveal({ made->id });
+    Q_EMIT newNoteEnded(true);
 }
 
 void NoteActions::assign(LibraryStore::Places places)

@@ -43,6 +43,10 @@ public:
 
 Q_SIGNALS:
     void copiedNoteChanged();
+    // Of newNote(): from now on what is typed is the new note's; and it is selected, or could not be
+    // made.
+    void newNoteBegun();
+    void newNoteEnded(bool made);
 
 private:
     Task<> create();

@@ -7,7 +7,6 @@
 #include "VeskoCore/base/Localized.h"
 
 #include <QFileInfo>
-#include <QGuiApplication>
 
 #include <algorithm>
 #include <utility>
@@ -72,6 +71,8 @@ LibraryWindow::LibraryWindow(const Neighbours& neighbours)
         connect(&capture, changed, this, &LibraryWindow::statusLineChanged);
     connect(&m_to.status, &StatusLine::messageChanged, this, &LibraryWindow::statusLineChanged);
     connect(&m_to.notes, &NoteActions::copiedNoteChanged, this, &LibraryWindow::copiedChanged);
+    connect(&m_to.notes, &NoteActions::newNoteBegun, this, &LibraryWindow::newNoteBegun);
+    connect(&m_to.notes, &NoteActions::newNoteEnded, this, &LibraryWindow::newNoteEnded);
     connect(&m_to.playback, &Playback::playingChanged, this, &LibraryWindow::playingChanged);
     showNotes();
 }
@@ -250,11 +251,6 @@ void LibraryWindow::selectRow(int row, int modifiers)
         m_to.selection.toggle(id);
     else
         m_to.selection.setSelectedNoteID(id);
-}
-
-void LibraryWindow::clickRow(int row)
-{
-    selectRow(row, QGuiApplication::keyboardModifiers());
 }
 
 void LibraryWindow::dragRow(int row)

@@ -104,8 +104,6 @@ public:
     // With the modifiers of the key or the click: Shift extends the selection to that row, Control
     // adds the row or takes it away.
     Q_INVOKABLE void selectRow(int row, int modifiers = 0);
-    // The same for the row that is being clicked, with the modifiers that are held now.
-    Q_INVOKABLE void clickRow(int row);
     // Drags all that are selected, or the row if it isn't, as SelectedNotes::drag does.
     Q_INVOKABLE void dragRow(int row);
     Q_INVOKABLE void selectAll() { m_to.selection.selectAll(); }
@@ -139,6 +137,9 @@ Q_SIGNALS:
     void copiedChanged();
     void playingChanged();
     void stateChanged();
+    // A new note is being made, which is to be typed into; and it is selected, or could not be made.
+    void newNoteBegun();
+    void newNoteEnded(bool made);
     // The desktop has no dialog for an export: the window has to ask for a path.
     void exportPathWanted();
 

@@ -176,7 +176,6 @@ void AppDelegate::openFirstWindow(bool background)
 void AppDelegate::newNote()
 {
     showLibrary();
-    Q_EMIT newNoteBegun();
     m_model.notes().newNote();
 }
 

@@ -94,8 +94,6 @@ public:
 
 Q_SIGNALS:
     void appearanceChanged();
-    // The user wants a new note, to type into it.
-    void newNoteBegun();
     // The user wants the library out into a file, or one in.
     void exportWanted();
     void importWanted();

@@ -11,7 +11,6 @@ VeskoWindow {
     required property var exchange
     required property var storage
     required property var status
-    property bool noteIsComing: false // a new one, which is to be typed into
 
     title: "Vesko"
     width: 1120
@@ -20,11 +19,11 @@ VeskoWindow {
     minimumHeight: 680
     home: list.rows
 
-    Connections {
-        target: window.delegate
-        function onNewNoteBegun() {
-            window.noteIsComing = true;
-        }
+    NewNoteText {
+        library: window.library
+        before: window.before
+        onMade: text => editors.itemAt(0)?.type(text)
+        onFailed: former => (former ?? window.home).forceActiveFocus(Qt.OtherFocusReason)
     }
 
     LibrarySidebar {
@@ -51,6 +50,7 @@ VeskoWindow {
         onNoteWanted: window.delegate.newNote()
         onRenameWanted: editors.itemAt(0)?.rename()
         onTrashWanted: (several.itemAt(0) ?? editors.itemAt(0))?.askToTrash()
+        onExportWanted: (several.count > 0 ? window.library.selected : window.library).chooseExport(window)
         storage: window.storage
     }
 
@@ -139,11 +139,6 @@ VeskoWindow {
             id: editors
 
             model: window.library.editors
-            onItemAdded: (index, item) => {
-                if (window.noteIsComing && item.isEmpty)
-                    item.type();
-                window.noteIsComing = false;
-            }
 
             NoteEditorView {
                 anchors.top: banner.bottom

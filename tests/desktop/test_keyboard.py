@@ -75,6 +75,67 @@ class Keyboard(unittest.TestCase):
         self.assertTrue(any({"focused", "focusable"} <= node.states
                             for node in self.notes_listed()))
 
+    def chosen(self, *places):
+        def found():
+            return [place for place, (_, _, states) in enumerate(self.listed())
+                    if "selected" in states]
+
+        until(f"{places} are selected; it is {found()}", lambda: found() == list(places))
+
+    def test_notes_are_selected_one_by_one(self):
+        self.start(notes=6)
+        hands.click(*self.notes_listed()[0].centre)
+        self.chosen(0)
+        for keys, places in ((("left control", "down"), (0,)), (("left control", "down"), (0,)),
+                             (("left control", "space"), (0, 2)),
+                             (("left control", "end"), (0, 2)),
+                             (("left control", "space"), (0, 2, 5)),
+                             (("left control", "space"), (0, 2)),
+                             (("left control", "space"), (0, 2, 5)),
+                             (("left shift", "up"), (4, 5)), (("up",), (3,))):
+            hands.tap(*keys)
+            self.chosen(*places)
+
+    def test_a_click_means_the_keys_that_were_held_at_its_press(self):
+        self.start(notes=6)
+        hands.click(*self.notes_listed()[0].centre)
+        self.chosen(0)
+        for key, row, places in (("left shift", 2, (0, 1, 2)), ("left control", 4, (0, 1, 2, 4)),
+                                 ("left control", 1, (0, 2, 4))):
+            hands.point(*self.notes_listed()[row].centre)
+            hands.press(key)
+            hands.press_button()
+            hands.release(key)
+            hands.release_button()
+            self.chosen(*places)
+        hands.click(*self.notes_listed()[3].centre)
+        self.chosen(3)
+
+    def test_the_menu_of_notes(self):
+        self.start(notes=4)
+        hands.click(*self.notes_listed()[0].centre)
+        self.chosen(0)
+        hands.click(*self.notes_listed()[2].centre, button=3)
+        self.chosen(2)
+        self.vesko.wait_to_find(ITEM, "Export Markdown…")
+        hands.tap("escape")
+        until("it is closed", lambda: not self.vesko.find(ITEM, "Export Markdown…"))
+        hands.tap("left shift", "down")
+        self.chosen(2, 3)
+        for keys in (("menu",), ("left shift", "f10")):
+            hands.tap(*keys)
+            self.vesko.wait_to_find(ITEM, "Export Markdown…")
+            self.assertIsNone(self.vesko.find(ITEM, "Copy text"))
+            self.chosen(2, 3)
+            hands.tap("escape")
+            until("it is closed", lambda: not self.vesko.find(ITEM, "Export Markdown…"))
+        hands.click(*self.notes_listed()[3].centre, button=3)
+        hands.click(*self.vesko.wait_to_find(ITEM, "Move to Trash…").centre)
+        self.vesko.wait_to_find(BUTTON, "Move to Trash")
+        hands.tap("return")
+        until("both are in the Trash",
+              lambda: sum("deletedAt" in note for note in self.notes()) == 2)
+
     def test_the_sidebar_is_walked(self):
         self.start()
         self.vesko.tab_to(ROW, "All notes")
@@ -101,6 +162,18 @@ class Keyboard(unittest.TestCase):
         hands.tap("left control", "n")
         self.types("three four")
         self.assertEqual(len(self.notes()), 5)
+
+    def test_what_is_typed_at_once_is_the_new_notes(self):
+        self.start(notes=3000)
+        for round in range(10):
+            bodies = {note["id"]: note["body"] for note in self.notes()}
+            self.vesko.tab_to(TEXT, "Note text")
+            hands.tap("left control", "n")
+            hands.type_letters(f"at once {round}")
+            until("it is saved", lambda: len(self.notes()) > len(bodies)
+                  and any(note["body"] == f"at once {round}" for note in self.notes()))
+            self.assertEqual({note["id"]: note["body"] for note in self.notes()
+                              if note["id"] in bodies}, bodies)
 
     def types(self, text):
         # That of the note before may have had the keyboard all the time.

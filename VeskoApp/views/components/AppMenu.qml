@@ -59,6 +59,7 @@ Item {
 
             Shortcut {
                 sequence: keys.modelData.sequence
+                autoRepeat: false
                 onActivated: root.run(keys.modelData)
             }
         }

@@ -2,11 +2,11 @@ pragma Singleton
 
 import QtQuick
 
-// The keys that walk through a list.
+// The keys that walk through a list, and those for the menu of what the keyboard is in.
 QtObject {
     // Whether the key is one of them; if so, `walk` is called with the number of rows to go down.
-    // Shift is no part of them, unless it is `extending` what is selected.
-    function move(event, rowsOfPage: int, walk, extending = false): bool {
+    // Shift and Control are no part of them, unless what is selected is more than where the keyboard is.
+    function move(event, rowsOfPage: int, walk, several = false): bool {
         const page = Math.max(1, rowsOfPage);
         const all = 1e9;
         const steps = {
@@ -17,9 +17,13 @@ QtObject {
             [Qt.Key_PageUp]: -page,
             [Qt.Key_PageDown]: page
         };
-        if (!(event.key in steps) || event.modifiers & ~(Qt.KeypadModifier | (extending ? Qt.ShiftModifier : 0)))
+        if (!(event.key in steps) || event.modifiers & ~(Qt.KeypadModifier | (several ? Qt.ShiftModifier | Qt.ControlModifier : 0)))
             return false;
         walk(steps[event.key]);
         return true;
+    }
+    // Whether the key asks for what the right button shows.
+    function isMenu(event): bool {
+        return event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
     }
 }

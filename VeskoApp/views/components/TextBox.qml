@@ -72,7 +72,11 @@ T.TextField {
         Accessible.ignored: true
     }
 
-    Keys.onMenuPressed: textMenu.open()
+    Keys.onPressed: event => {
+        event.accepted = ListKeys.isMenu(event);
+        if (event.accepted)
+            textMenu.open();
+    }
 
     TextMenu {
         id: textMenu

@@ -154,11 +154,14 @@ Rectangle {
                     iconName: "folder"
                     chosen: sidebar.library.selectedProjectID === modelData.id
                     onClicked: sidebar.library.showProject(modelData.id)
-                    Keys.onMenuPressed: projectMenu.get().popup(project, 20, height)
                     Keys.onPressed: event => {
-                        event.accepted = event.key === Qt.Key_F2;
-                        if (event.accepted)
+                        event.accepted = true;
+                        if (ListKeys.isMenu(event))
+                            projectMenu.get().popup(project, 20, height);
+                        else if (event.key === Qt.Key_F2)
                             dialog.get().ask(modelData.id, modelData.name);
+                        else
+                            event.accepted = false;
                     }
 
                     TapHandler {

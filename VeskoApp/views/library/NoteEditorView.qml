@@ -17,9 +17,10 @@ Item {
     // The column of what is read: as wide as the eye finds the next line, in the middle of the rest.
     readonly property int column: Math.min(width - 72, 720)
     readonly property int margin: Math.max(40, Math.round((width - column) / 2))
-    readonly property bool isEmpty: title.length === 0 && body.length === 0 && editor.recordingCount === 0
 
-    function type() {
+    // Goes on after that text, which is the first of the note.
+    function type(text) {
+        body.insert(0, text);
         body.forceActiveFocus(Qt.OtherFocusReason);
     }
     function rename() {
@@ -61,7 +62,11 @@ Item {
         onActiveFocusChanged: if (!activeFocus) cursorPosition = 0
         onTextEdited: view.editor.title = text
         onAccepted: body.forceActiveFocus(Qt.TabFocusReason)
-        Keys.onMenuPressed: titleMenu.open()
+        Keys.onPressed: event => {
+            event.accepted = ListKeys.isMenu(event);
+            if (event.accepted)
+                titleMenu.open();
+        }
 
         Text {
             anchors.fill: parent
@@ -204,10 +209,12 @@ Item {
             Keys.priority: Keys.BeforeItem
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-            Keys.onMenuPressed: bodyMenu.open()
             Keys.onPressed: event => {
                 if (event.matches(StandardKey.Copy) && body.selectedText.length === 0) {
                     view.library.copyNote();
+                    event.accepted = true;
+                } else if (ListKeys.isMenu(event)) {
+                    bodyMenu.open();
                     event.accepted = true;
                 }
             }

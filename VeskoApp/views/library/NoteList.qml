@@ -14,6 +14,7 @@ Item {
     signal noteWanted
     signal renameWanted // of the selected note, and so with
     signal trashWanted
+    signal exportWanted
 
     Words {
         id: heading
@@ -70,8 +71,33 @@ Item {
     ListView {
         id: list
 
+        property int walked: -1 // where the keyboard is, if it went on alone
+
+        // With Control the keyboard goes alone, and what is selected stays.
         function move(by, modifiers) {
-            root.library.selectRow(Math.max(0, Math.min(count - 1, root.library.selectedRow + by)), modifiers);
+            const to = Math.max(0, Math.min(count - 1, currentIndex + by));
+            if (modifiers & Qt.ControlModifier)
+                walked = to;
+            else
+                select(to, modifiers);
+        }
+        function select(row, modifiers) {
+            walked = -1;
+            root.library.selectRow(row, modifiers);
+        }
+        function toggle() {
+            const here = currentIndex;
+            root.library.selectRow(here, Qt.ControlModifier);
+            walked = here;
+        }
+        // Of all that are selected, or of that row if it isn't.
+        function showMenu(row: int, at: point) {
+            if (row < 0)
+                return;
+            if (!itemAtIndex(row)?.chosen)
+                select(row, 0);
+            forceActiveFocus(Qt.MouseFocusReason);
+            menu.get().popup(list, at.x, at.y);
         }
 
         anchors.top: search.bottom
@@ -89,7 +115,9 @@ Item {
         activeFocusOnTab: count > 0
         keyNavigationEnabled: false
         model: root.library.notes
-        currentIndex: root.library.selectedRow
+        currentIndex: walked < 0 ? root.library.selectedRow : walked
+        onCountChanged: walked = -1
+        onActiveFocusChanged: if (!activeFocus) walked = -1
         highlightMoveDuration: 0
         Accessible.role: Accessible.List
         Accessible.name: root.library.listTitle
@@ -100,14 +128,16 @@ Item {
                 event.accepted = true;
                 return;
             }
-            if (event.matches(StandardKey.Copy))
+            if (ListKeys.isMenu(event))
+                showMenu(currentIndex, mapFromItem(currentItem, 30, currentItem?.height ?? 0));
+            else if (event.matches(StandardKey.Copy))
                 root.library.copyNote();
             else if (event.matches(StandardKey.Undo) && root.library.selected.undoText)
                 root.library.selected.undo();
             else if (event.matches(StandardKey.SelectAll))
                 root.library.selectAll();
             else if (event.key === Qt.Key_Escape && root.library.selected.count > 1)
-                root.library.selectRow(root.library.selectedRow);
+                select(currentIndex, 0);
             else if (event.matches(StandardKey.Delete))
                 root.trashWanted();
             else if (event.key === Qt.Key_F2)
@@ -138,6 +168,7 @@ Item {
             required property int index
             required property string title
             required property var model
+            property int held: 0 // modifiers of the press that a click began with
 
             width: ListView.view.width
             implicitHeight: 56
@@ -148,13 +179,66 @@ Item {
             chosen: row.model.chosen
             keyboardHere: list.activeFocus && ListView.isCurrentItem
             onClicked: {
-                root.library.clickRow(index);
+                list.select(index, held);
                 list.forceActiveFocus(Qt.MouseFocusReason);
+                held = 0;
+            }
+            onCanceled: held = 0
+            Keys.onSpacePressed: event => {
+                event.accepted = event.modifiers === Qt.ControlModifier;
+                if (event.accepted)
+                    list.toggle();
+            }
+
+            MouseArea {
+                anchors.fill: parent
+                acceptedButtons: Qt.LeftButton | Qt.RightButton
+                onPressed: mouse => {
+                    row.held = mouse.modifiers;
+                    mouse.accepted = mouse.button === Qt.RightButton;
+                }
+                onClicked: mouse => list.showMenu(row.index, mapToItem(list, mouse.x, mouse.y))
             }
 
             contentItem: RowContent {
                 model: row.model
                 chosen: row.chosen
+            }
+        }
+    }
+
+    OnDemand {
+        id: menu
+
+        PopupMenu {
+            id: rows
+
+            readonly property bool one: root.library.selected.count === 1
+            readonly property bool trashed: root.library.showingTrash
+
+            title: qsTranslate("Vesko", "Note actions")
+
+            NoteRow {
+                visible: rows.one && !rows.trashed
+                text: qsTranslate("Vesko", "Copy text")
+                keys: "Ctrl+C"
+                onTriggered: root.library.copyNote()
+            }
+            NoteRow {
+                visible: !rows.trashed
+                text: qsTranslate("Vesko", "Export Markdown…")
+                onTriggered: root.exportWanted()
+            }
+            NoteRow {
+                visible: rows.trashed
+                text: rows.one ? qsTranslate("Vesko", "Restore note") : qsTranslate("Vesko", "Restore notes")
+                onTriggered: root.library.selected.restore()
+            }
+            NoteRow {
+                text: rows.trashed ? qsTranslate("Vesko", "Delete permanently…") : qsTranslate("Vesko", "Move to Trash…")
+                keys: "Del"
+                destructive: true
+                onTriggered: root.trashWanted()
             }
         }
     }
@@ -220,6 +304,9 @@ Item {
         }
     }
 
+    component NoteRow: MenuRow {
+        height: visible ? implicitHeight : 0
+    }
     component RowContent: Item {
         id: content
 

@@ -11,7 +11,21 @@ namespace vesko {
 
 namespace {
 
-using NoteActionsTest = LibraryTest;
+class NoteActionsTest : public LibraryTest {
+protected:
+    void listenForNewNotes()
+    {
+        const auto& notes = model->notes();
+        QObject::connect(
+            &notes, &NoteActions::newNoteBegun, &notes, [this] { told.emplace_back("begun"); });
+        QObject::connect(&notes, &NoteActions::newNoteEnded, &notes, [this](bool made) {
+            const bool selected = made && model->selection().selectedNote();
+            told.emplace_back(selected ? "selected" : "failed");
+        });
+    }
+
+    std::vector<std::string> told;
+};
 
 std::string contentOf(const std::filesystem::path& path)
 {
@@ -23,7 +37,9 @@ std::string contentOf(const std::filesystem::path& path)
 TEST_F(NoteActionsTest, NothingHappensUntilTheLibraryIsReady)
 {
     start();
+    listenForNewNotes();
     model->notes().newNote();
+    EXPECT_TRUE(told.empty());
     model->notes().createProject("Garden");
     EXPECT_THROW(awaited(savedEdit(Uuid::random(), { "a", "b", "" })), VeskoError);
     EXPECT_TRUE(model->library().contents().notes.empty());
@@ -39,8 +55,11 @@ TEST_F(NoteActionsTest, ANewNoteIsShownAndSelected)
     model->selection().setSelectedProjectID(garden);
     model->selection().setShowingTrash(true);
     model->selection().setQuery("shopping");
+    listenForNewNotes();
     model->notes().newNote();
+    EXPECT_THAT(told, testing::ElementsAre("begun"));
     ASSERT_TRUE(eventually([&] { return !model->library().contents().notes.empty(); }));
+    EXPECT_THAT(told, testing::ElementsAre("begun", "selected"));
     EXPECT_EQ(onlyNote().kind, NoteKind::text);
     EXPECT_EQ(onlyNote().projectID, garden);
     EXPECT_EQ(model->selection().selectedNoteID(), onlyNote().id);
@@ -54,8 +73,10 @@ TEST_F(NoteActionsTest, ANewNoteThatCannotBeSavedIsNotThere)
     open();
     model->selection().setQuery("shopping");
     breakStore();
+    listenForNewNotes();
     model->notes().newNote();
     ASSERT_TRUE(eventually([&] { return model->status().errorMessage() == storageFailed; }));
+    EXPECT_THAT(told, testing::ElementsAre("begun", "failed"));
     EXPECT_TRUE(model->library().contents().notes.empty());
     EXPECT_EQ(model->selection().query(), "shopping");
     EXPECT_EQ(model->selection().selectedNoteID(), std::nullopt);

@@ -15,7 +15,7 @@ KEYS = {
     "left control": 37, "right control": 105, "left shift": 50, "right shift": 62,
     "left alt": 64, "right alt": 108, "super": 133, "menu": 135, "pause": 127, "scroll lock": 78,
     "home": 110, "end": 115, "left": 113, "right": 114, "delete": 119, "up": 111, "down": 116,
-    "page up": 112, "page down": 117, "f2": 68, "f3": 69, "comma": 59,
+    "page up": 112, "page down": 117, "f2": 68, "f3": 69, "f10": 76, "comma": 59,
 }
 for row, first in (("qwertyuiop", 24), ("asdfghjkl", 38), ("zxcvbnm", 52), ("1234567890", 10)):
     KEYS.update({letter: first + place for place, letter in enumerate(row)})
