@@ -8,6 +8,8 @@
 #include "VeskoApp/shell/ModelInstaller.h"
 #include "VeskoApp/views/Windows.h"
 #include "VeskoApp/wording/InterfaceLanguage.h"
+#include "VeskoApp/wording/Translated.h"
+#include "VeskoCore/base/Localized.h"
 #include "VeskoLinux/audio/GstCueEngine.h"
 #include "VeskoLinux/audio/GstPlayer.h"
 #include "VeskoLinux/audio/GstRecorder.h"
@@ -58,6 +60,7 @@
 #include <span>
 #include <string>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(Vesko_ViewsPlugin)
@@ -199,6 +202,18 @@ bool claim(DBusRunningInstance& runningInstance, const std::vector<std::string>&
     }
 }
 
+// Who starts the program from a menu reads nothing that is written.
+void showNotice(const QString& sentence)
+{
+    if (isatty(STDERR_FILENO))
+        return;
+    QQmlEngine engine;
+    prepareViews(engine);
+    const auto notice = makeNotice(engine, sentence);
+    notice->show();
+    QGuiApplication::exec();
+}
+
 // Everything that must not be lost was kept before the event loop ended. What still waits then, for
 // a sound server that hangs, must not keep the program alive.
 void endSoon(int code)
@@ -237,26 +252,41 @@ int runApplication(
     QGuiApplication application(argc, argv);
     if (chosen)
         qunsetenv("QT_QPA_PLATFORM");
-    const bool isTheOne = claimed.get_future().get();
-    if (const auto& display = runningInstance.elsewhere(); !display.empty())
-        std::cerr << "vesko: Vesko is running already, on the display " << display
-                  << (isTheOne ? ", and can't be told to show its window there.\n"
-                             : background && addresses.empty() ? ".\n"
-                                                               : ", and shows its window there.\n");
-    if (!isTheOne)
-        return 0;
     QGuiApplication::setApplicationName(QStringLiteral("vesko"));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.vesko.Vesko"));
+    const auto languages = preferredLanguages();
+    QTranslator wording;
+    if (wording.load(catalogueOf(interfaceLanguage(languages))))
+        QGuiApplication::installTranslator(&wording);
+
+    bool isTheOne = false;
+    try {
+        isTheOne = claimed.get_future().get();
+    } catch (const std::exception& error) {
+        std::cerr << "vesko: " << error.what() << "\n";
+        showNotice(translated(error.what()));
+        return 1;
+    }
+    const bool quiet = background && addresses.empty();
+    if (const auto& display = runningInstance.elsewhere(); !display.empty()) {
+        std::cerr << "vesko: Vesko is running already, on the display " << display
+                  << (isTheOne       ? ", and can't be told to show its window there.\n"
+                             : quiet ? ".\n"
+                                     : ", and shows its window there.\n");
+        if (!isTheOne && !quiet)
+            showNotice(translated(L10N_KEY("Vesko",
+                                      "Vesko is running already, on the display %1, and shows its "
+                                      "window there."))
+                    .arg(QString::fromStdString(display)));
+    }
+    if (!isTheOne)
+        return 0;
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // The control's parts are loaded while the rest of the machine is asked for.
     QQmlEngine engine;
     prepareViews(engine);
     const auto deployment = Deployment::read(deploymentFolders());
     QGuiApplication::setApplicationVersion(QString::fromStdString(deployment.version));
-    const auto languages = preferredLanguages();
-    QTranslator wording;
-    if (wording.load(catalogueOf(interfaceLanguage(languages))))
-        QGuiApplication::installTranslator(&wording);
 
     GstRecorder recorder;
     GstPlayer player;

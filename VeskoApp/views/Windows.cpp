@@ -246,4 +246,9 @@ std::unique_ptr<QWindow> makeWindow(
     return nullptr;
 }
 
+std::unique_ptr<QWindow> makeNotice(QQmlEngine& engine, const QString& text)
+{
+    return make(engine, QStringLiteral("NoticeWindow"), { { QStringLiteral("text"), text } });
+}
+
 } // namespace vesko

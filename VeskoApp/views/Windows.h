@@ -17,5 +17,7 @@ std::unique_ptr<QWindow> makeCapturePanel(
 // Makes a window, hidden; null for one that does not exist.
 std::unique_ptr<QWindow> makeWindow(
     QQmlEngine& engine, AppWindow kind, Platform& platform, AppModel& model, AppDelegate& delegate);
+// Makes a window that tells one sentence, hidden. Throws as makeCapturePanel().
+std::unique_ptr<QWindow> makeNotice(QQmlEngine& engine, const QString& text);
 
 } // namespace vesko

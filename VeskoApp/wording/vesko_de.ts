@@ -2179,5 +2179,21 @@
         <source>Show in folder</source>
         <translation>Im Ordner anzeigen</translation>
     </message>
+    <message>
+        <source>Vesko is running already, on the display %1, and shows its window there.</source>
+        <translation>Vesko läuft schon, auf dem Bildschirm %1, und zeigt dort sein Fenster.</translation>
+    </message>
+    <message>
+        <source>Vesko is running already, but does not answer</source>
+        <translation>Vesko läuft schon, antwortet aber nicht</translation>
+    </message>
+    <message>
+        <source>Vesko is running already, in another session, but does not answer</source>
+        <translation>Vesko läuft schon, in einer anderen Sitzung, antwortet aber nicht</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
 </context>
 </TS>

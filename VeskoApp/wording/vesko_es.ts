@@ -2179,5 +2179,21 @@
         <source>Show in folder</source>
         <translation>Mostrar en la carpeta</translation>
     </message>
+    <message>
+        <source>Vesko is running already, on the display %1, and shows its window there.</source>
+        <translation>Vesko ya se está ejecutando, en la pantalla %1, y muestra allí su ventana.</translation>
+    </message>
+    <message>
+        <source>Vesko is running already, but does not answer</source>
+        <translation>Vesko ya se está ejecutando, pero no responde</translation>
+    </message>
+    <message>
+        <source>Vesko is running already, in another session, but does not answer</source>
+        <translation>Vesko ya se está ejecutando, en otra sesión, pero no responde</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
 </context>
 </TS>

@@ -2179,5 +2179,21 @@
         <source>Show in folder</source>
         <translation>Afficher dans le dossier</translation>
     </message>
+    <message>
+        <source>Vesko is running already, on the display %1, and shows its window there.</source>
+        <translation>Vesko est déjà en cours d’exécution, sur l’écran %1, et y montre sa fenêtre.</translation>
+    </message>
+    <message>
+        <source>Vesko is running already, but does not answer</source>
+        <translation>Vesko est déjà en cours d’exécution, mais ne répond pas</translation>
+    </message>
+    <message>
+        <source>Vesko is running already, in another session, but does not answer</source>
+        <translation>Vesko est déjà en cours d’exécution, dans une autre session, mais ne répond pas</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
 </context>
 </TS>

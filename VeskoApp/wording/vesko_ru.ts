@@ -2187,5 +2187,21 @@
         <source>Show in folder</source>
         <translation>Показать в папке</translation>
     </message>
+    <message>
+        <source>Vesko is running already, on the display %1, and shows its window there.</source>
+        <translation>Vesko уже работает на экране %1 и показывает там своё окно.</translation>
+    </message>
+    <message>
+        <source>Vesko is running already, but does not answer</source>
+        <translation>Vesko уже работает, но не отвечает</translation>
+    </message>
+    <message>
+        <source>Vesko is running already, in another session, but does not answer</source>
+        <translation>Vesko уже работает в другом сеансе, но не отвечает</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
 </context>
 </TS>

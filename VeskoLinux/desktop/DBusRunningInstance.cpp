@@ -1,5 +1,6 @@
 #include "VeskoLinux/desktop/DBusRunningInstance.h"
 
+#include "VeskoCore/base/Localized.h"
 #include "VeskoLinux/desktop/LockHolder.h"
 
 #include <QDBusConnection>
@@ -115,7 +116,7 @@ bool DBusRunningInstance::claimHere(const std::vector<std::string>& addresses, b
         }
         // It may have ended just now, and then the name is free.
     }
-    throw std::runtime_error("Vesko is running already, but does not answer");
+    throw std::runtime_error(L10N_KEY("Vesko", "Vesko is running already, but does not answer"));
 }
 
 bool DBusRunningInstance::findElsewhere(
@@ -132,7 +133,7 @@ bool DBusRunningInstance::findElsewhere(
         return false;
     if ((!quiet || !addresses.empty()) && !tell(other.connection(), addresses))
         throw std::runtime_error(
-            "Vesko is running already, in another session, but does not answer");
+            L10N_KEY("Vesko", "Vesko is running already, in another session, but does not answer"));
     return true;
 }
 

@@ -11,7 +11,7 @@ import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, eyes, settings  # noqa: E402
+from lib import cases, eyes, hands, settings  # noqa: E402
 from lib.vesko import BINARY, Vesko  # noqa: E402
 from lib.waiting import human_pause, until  # noqa: E402
 
@@ -25,6 +25,18 @@ def visible_windows(display):
     return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "."], text=True,
                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                           env={**os.environ, "DISPLAY": display}).stdout.split()
+
+
+def click_close(display):
+    """Presses the button at the lower right of the only window there."""
+    told = subprocess.run(
+        ["xdotool", "getwindowgeometry", "--shell", *visible_windows(display)], check=True,
+        text=True, stdout=subprocess.PIPE, env={**os.environ, "DISPLAY": display}).stdout
+    place = dict(line.split("=") for line in told.split())
+    x, y = (int(place[start]) + int(place[size]) - 40
+            for start, size in (("X", "WIDTH"), ("Y", "HEIGHT")))
+    subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True,
+                   env={**os.environ, "DISPLAY": display})
 
 
 class SecondStart(unittest.TestCase):
@@ -42,9 +54,18 @@ class SecondStart(unittest.TestCase):
         self.assertEqual((done.returncode, done.stdout), (0, ""))
 
     def elsewhere(self, *before, **environment):
-        """What a start outside of the session says, to its end."""
-        return subprocess.run([*before, BINARY], stderr=subprocess.PIPE, text=True, timeout=20,
-                              env={**os.environ, "VESKO_DATA_ROOT": self.vesko.root, **environment})
+        """A start outside of the session, which shows a window until that is closed."""
+        process = subprocess.Popen(
+            [*before, BINARY], stderr=subprocess.PIPE, text=True,
+            env={**os.environ, "VESKO_DATA_ROOT": self.vesko.root, **environment})
+        self.addCleanup(process.stderr.close)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+    def ends(self, process, code, said):
+        self.assertEqual(process.wait(timeout=20), code)
+        self.assertEqual(process.stderr.read().splitlines()[-1:], said)
 
     def run_without_a_bus(self, log, **environment):
         with open(log, "w") as said:
@@ -57,8 +78,10 @@ class SecondStart(unittest.TestCase):
 
     def other_display(self):
         reader, writer = os.pipe()
-        other = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp"],
-                                 pass_fds=[writer], stderr=subprocess.DEVNULL)
+        # A server that begins anew after its last client is deaf meanwhile.
+        other = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp", "-noreset"],
+            pass_fds=[writer], stderr=subprocess.DEVNULL)
         self.addCleanup(other.wait)
         self.addCleanup(other.kill)
         os.close(writer)
@@ -76,9 +99,21 @@ class SecondStart(unittest.TestCase):
         until("it is in front", lambda: eyes.active_pid() == self.vesko.process.pid)
 
     def test_one_on_another_display_says_where_the_first_is(self):
-        done = self.elsewhere(DISPLAY=self.other_display())
-        self.assertEqual((done.returncode, done.stderr), (0, self.told(SHOWN) + "\n"))
+        second = self.elsewhere(DISPLAY=self.other_display())
+        app = until("it shows a window", lambda: eyes.application(second.pid))
+        until("that says where the first is",
+              lambda: app.find("label", self.told(SHOWN).removeprefix("vesko: ")))
         self.vesko.wait_to_find(*NEW_NOTE)
+        app.find("push button", "Close").activate()
+        self.ends(second, 0, [self.told(SHOWN)])
+
+    def test_one_from_a_terminal_says_so_there(self):
+        reader, writer = os.openpty()
+        with os.fdopen(reader) as said:
+            done = subprocess.run([BINARY], stderr=writer, timeout=20, env={
+                **os.environ, "VESKO_DATA_ROOT": self.vesko.root, "DISPLAY": self.other_display()})
+            os.close(writer)
+            self.assertEqual((done.returncode, said.readline()), (0, self.told(SHOWN) + "\n"))
 
     def test_the_one_at_login_shows_nothing(self):
         self.start("--background")
@@ -87,22 +122,25 @@ class SecondStart(unittest.TestCase):
         self.assertEqual(self.vesko.phase, "ready")
 
     def test_one_on_another_bus_shows_the_first(self):
-        done = self.elsewhere("dbus-run-session", "--", DISPLAY=self.other_display())
-        self.assertEqual(
-            (done.returncode, done.stderr.splitlines()[-1]), (0, self.told(SHOWN)))
+        display = self.other_display()
+        second = self.elsewhere("dbus-run-session", "--", DISPLAY=display)
+        until("it shows a window", lambda: visible_windows(display))
         self.vesko.wait_to_find(*NEW_NOTE)
+        click_close(display)
+        self.ends(second, 0, [self.told(SHOWN)])
 
     def test_one_without_a_bus_shows_the_first(self):
-        done = self.elsewhere(DBUS_SESSION_BUS_ADDRESS=NO_BUS)
-        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.ends(self.elsewhere(DBUS_SESSION_BUS_ADDRESS=NO_BUS), 0, [])
         self.vesko.wait_to_find(*NEW_NOTE)
 
     def test_one_that_hangs_on_another_bus_is_named(self):
         os.kill(self.vesko.process.pid, signal.SIGSTOP)
-        done = self.elsewhere(DBUS_SESSION_BUS_ADDRESS=NO_BUS)
+        second = self.elsewhere(DBUS_SESSION_BUS_ADDRESS=NO_BUS)
+        until("its window is in front", lambda: eyes.active_pid() == second.pid)
         os.kill(self.vesko.process.pid, signal.SIGCONT)
-        self.assertEqual((done.returncode, done.stderr), (1, (
-            "vesko: Vesko is running already, in another session, but does not answer\n")))
+        hands.tap("escape")
+        self.ends(second, 1, [
+            "vesko: Vesko is running already, in another session, but does not answer"])
 
     def test_one_with_another_library_is_on_its_own(self):
         second = self.run_without_a_bus(os.devnull, VESKO_DATA_ROOT=tempfile.mkdtemp())
