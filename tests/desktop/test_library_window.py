@@ -220,7 +220,7 @@ class LibraryWindow(unittest.TestCase):
             ("selected" in self.vesko.wait_to_find(ROW, name).states) == (name in names)
             for name in ("one", "two", "three")))
 
-    def test_several_notes_are_selected_and_moved_and_taken_back(self):
+    def three_notes_and_a_garden(self):
         for letters in ("one", "two", "three"):
             self.new_note(letters)
             self.saved(letters)
@@ -228,6 +228,9 @@ class LibraryWindow(unittest.TestCase):
         self.vesko.wait_to_find(TEXT, "Project name")
         hands.type_letters("garden")
         hands.tap("return")
+
+    def test_several_notes_are_selected_and_moved_and_taken_back(self):
+        self.three_notes_and_a_garden()
         self.vesko.wait_to_find(ROW, "garden")
 
         hands.click(*self.vesko.wait_to_find(ROW, "three").centre)
@@ -284,23 +287,8 @@ class LibraryWindow(unittest.TestCase):
             with open(path, encoding="utf-8") as file:
                 self.assertIn(name, file.read())
 
-    def carry(self, row, x, y):
-        """Drags the row there, and doesn't let go of it."""
-        here, there = row.centre, (x, y)
-        hands.point(*here)
-        hands.press_button()
-        for step in range(1, 11):
-            hands.point(*(a + (b - a) * step / 10 for a, b in zip(here, there)))
-            human_pause(0.02)
-
     def test_notes_are_dragged_to_a_project_and_to_the_trash(self):
-        for letters in ("one", "two", "three"):
-            self.new_note(letters)
-            self.saved(letters)
-        self.vesko.press(BUTTON, "New project")
-        self.vesko.wait_to_find(TEXT, "Project name")
-        hands.type_letters("garden")
-        hands.tap("return")
+        self.three_notes_and_a_garden()
         hands.click(*self.vesko.wait_to_find(ROW, "three").centre)
         self.chosen("three")
         for place, dragged in (("garden", ("two",)), ("Trash", ("one", "three"))):
@@ -314,8 +302,8 @@ class LibraryWindow(unittest.TestCase):
             left, top, width, height = self.vesko.wait_to_find(ROW, place).bounds
             edge = (left + width // 2, top, 1, 2)
             before = eyes.pixels(*edge)
-            self.carry(self.vesko.wait_to_find(ROW, dragged[0]), left + width // 2,
-                       top + height // 2)
+            hands.carry(self.vesko.wait_to_find(ROW, dragged[0]).centre,
+                        (left + width // 2, top + height // 2))
             until(f"{place} shows that it takes it", lambda: eyes.pixels(*edge) != before)
             hands.release_button()
             key = "projectID" if place == "garden" else "deletedAt"
@@ -343,7 +331,7 @@ class LibraryWindow(unittest.TestCase):
         hands.click(*self.vesko.wait_to_find(ROW, "alpha").centre)
         self.vesko.wait_to_find("status bar", "2 notes selected")
         hands.release("left control")
-        self.carry(self.vesko.wait_to_find(ROW, "alpha"), 30, 380)
+        hands.carry(self.vesko.wait_to_find(ROW, "alpha").centre, (30, 380))
         self.assertEqual(target.stdout.readline(), "over\n")
         # It has answered once the next movement comes too.
         hands.point(32, 384)

@@ -130,15 +130,20 @@ def click(x, y, button=1):
     release_button(button)
 
 
-def drag(*places, steps=10):
+def carry(*places, steps=10):
     """Moves the pointer from the first of the places to the last with its button down, as slowly as
-    a hand."""
+    a hand, and doesn't let go."""
     point(*places[0])
     press_button()
     for begin, end in zip(places, places[1:]):
         for step in range(1, steps + 1):
             point(*(a + (b - a) * step / steps for a, b in zip(begin, end)))
             human_pause(0.02)
+
+
+def drag(*places, steps=10):
+    """Carries from the first of the places to the last."""
+    carry(*places, steps=steps)
     release_button()
 
 
