@@ -43,8 +43,8 @@ public:
 
 Q_SIGNALS:
     void copiedNoteChanged();
-    // Of newNote(): from now on what is typed is the new note's; and it is selected, or could not be
-    // made.
+    // Of newNote(): from now on what is typed is the new note's; and it is selected, or could not
+    // be made.
     void newNoteBegun();
     void newNoteEnded(bool made);
 

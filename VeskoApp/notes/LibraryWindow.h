@@ -137,7 +137,8 @@ Q_SIGNALS:
     void copiedChanged();
     void playingChanged();
     void stateChanged();
-    // A new note is being made, which is to be typed into; and it is selected, or could not be made.
+    // A new note is being made, which is to be typed into; and it is selected, or could not be
+    // made.
     void newNoteBegun();
     void newNoteEnded(bool made);
     // The desktop has no dialog for an export: the window has to ask for a path.

@@ -1,6 +1,5 @@
 #!/usr/bin/python3
-"""The windows by keys: everything is reached, nothing is skipped and nobody is trapped, and the
-keyboard is where a user expects it."""
+"""The windows by keys: what each of them does, and that the keyboard is where a user expects it."""
 
 import os
 import sys
@@ -10,21 +9,19 @@ import unittest
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, eyes, hands, library, settings  # noqa: E402
-from lib.service import Account  # noqa: E402
-from lib.vesko import Vesko, deployed  # noqa: E402
+from lib.vesko import Vesko  # noqa: E402
 from lib.waiting import until  # noqa: E402
 
 BUTTON, ITEM, ROW, TEXT, CHOICE = "push button", "menu item", "list item", "text", "combo box"
 
 
 class Keyboard(unittest.TestCase):
-    def start(self, scene="note=1", notes=3, binary=None, **values):
+    def start(self, scene="note=1", notes=3, **values):
         settings.write(**{"provider": "openrouter", "keySource": "personal",
                           "firstLaunchDone": True, "onboardingCompleted": True, **values})
         root = os.path.join(tempfile.mkdtemp(), "library")
         library.write(root, notes, projects=2)
-        self.vesko = Vesko(**({"binary": binary} if binary else {}), root=root,
-                           **({"VESKO_DEMO_SCENE": scene} if scene else {}))
+        self.vesko = Vesko(root=root, VESKO_DEMO_SCENE=scene)
         self.addCleanup(self.vesko.kill)
         self.vesko.wait_for("ready")
         until("a window has the keyboard", lambda: eyes.active_pid() == self.vesko.process.pid)
@@ -256,49 +253,6 @@ class Keyboard(unittest.TestCase):
         until("they are closed", lambda: not self.vesko.find(CHOICE, "Transcribe with"))
         hands.tap("left control", "q")
         self.vesko.process.wait(timeout=15)
-
-    def walk(self, *keys):
-        """What has the keyboard, one after the other, until it is again where it was first."""
-        found, names = [], []
-        while True:
-            before = self.vesko.focused()
-            hands.tap(*keys)
-            focused = until(f"{keys} leads on from {before}",
-                            lambda before=before: (here := self.vesko.focused()) != before and here)
-            if found and focused == found[0]:
-                return names
-            self.assertNotIn(focused, found, "trapped")
-            states = focused.states
-            self.assertLessEqual({"showing", "focusable"}, states, focused)
-            self.assertTrue(focused.name or focused.is_password and focused.description, focused)
-            self.assertLess(len(found), 100)
-            found.append(focused)
-            names.append((focused.role, focused.name or focused.description))
-
-    def test_tab_reaches_everything_forward_and_back(self):
-        service = Account()
-        self.addCleanup(service.stop)
-        for case, reached in (
-                ({"scene": "note=1"},
-                 ["All notes", "Project 2", "Dictionary", "Search notes and transcripts",
-                  "New note", "Note title", "Note text", "Play or stop original recording",
-                  "Retry…", "Original transcript"]),
-                ({"scene": "settings", "cleanupEnabled": True},
-                 ["Transcribe with", "Suggested text models", "Open data folder"]),
-                ({"scene": None, "onboardingCompleted": False,
-                  "binary": deployed(**service.deployment)}, ["Back", "Continue"])):
-            with self.subTest(case=case):
-                self.start(**case)
-                with self.vesko:
-                    if case["scene"] is None:
-                        self.vesko.press(BUTTON, "Get started")
-                        self.vesko.wait_to_find(BUTTON, "Back")
-                    forward = self.walk("tab")
-                    back = self.walk("left shift", "tab")
-                names = [name for _, name in forward]
-                for name in reached:
-                    self.assertIn(name, names)
-                self.assertEqual(sorted(back), sorted(forward))
 
 
 if __name__ == "__main__":

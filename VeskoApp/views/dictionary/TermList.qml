@@ -14,7 +14,7 @@ ListView {
     clip: true
     spacing: 2
     boundsBehavior: Flickable.StopAtBounds
-    activeFocusOnTab: count > 0
+    activeFocusOnTab: count > 0 && !currentItem
     highlightMoveDuration: 0
     cacheBuffer: 400
     model: dictionary.terms
@@ -35,6 +35,7 @@ ListView {
 
         width: ListView.view.width
         height: 54
+        activeFocusOnTab: ListView.isCurrentItem // on the way back it comes after its buttons
         Accessible.role: Accessible.ListItem
         Accessible.focusable: true
         Accessible.name: original + " → " + replacement

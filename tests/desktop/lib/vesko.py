@@ -124,6 +124,25 @@ class Vesko:
             until(f"Tab leads on from {here}", lambda here=here: self.focused() not in (None, here))
         raise AssertionError(f"Tab never came to {name!r}")
 
+    def tab_around(self, *keys):
+        """What has the keyboard, one after the other, until it is again where it was first: role and
+        name of each. Nothing holds it, and each can be told of."""
+        found, names = [], []
+        while True:
+            before = self.focused()
+            hands.tap(*keys)
+            focused = until(f"{keys} leads on from {before}",
+                            lambda before=before: (here := self.focused()) != before and here)
+            if found and focused == found[0]:
+                return names
+            states = focused.states
+            name = focused.name or focused.is_password and focused.description
+            if (focused in found or len(found) > 100 or not name
+                    or not {"showing", "focusable", "enabled"} <= states):
+                raise AssertionError(f"{keys} led from {before} to {focused}, after {names}")
+            found.append(focused)
+            names.append((focused.role, name))
+
     def log(self):
         with open(self.log_path, errors="replace") as file:
             return file.read()
