@@ -2,6 +2,7 @@
 
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/library/LibraryReader.h"
+#include "VeskoCore/library/UnfinishedAudio.h"
 
 #include <algorithm>
 #include <system_error>
@@ -76,6 +77,22 @@ void LibraryStore::open()
         save(std::move(library));
     else
         m_library = std::move(library);
+    settleAudio();
+}
+
+// What was being finished when the program was ended.
+void LibraryStore::settleAudio()
+{
+    for (const auto& note : m_library.notes)
+        for (const auto& recording : note.recordings) {
+            if (recording.status == RecordingStatus::ready || recording.audioRemovedAt)
+                continue;
+            try {
+                settleUnfinishedAudio(m_files, audioURL(recording));
+            } catch (const std::exception&) {
+                // The library opens all the same, and the recording plays as far as it grew.
+            }
+        }
 }
 
 void LibraryStore::save(Library changed)
