@@ -12,8 +12,6 @@ namespace vesko {
 namespace {
 
 constexpr const char* recordingsFolder = "recordings";
-// Parsing takes a multiple of this in memory; a lifetime of dictation stays far below it.
-constexpr std::uint64_t largestDocument = 1ULL << 30;
 
 FileLock claim(FileSystem& files, const std::filesystem::path& root)
 {

@@ -11,7 +11,8 @@ namespace vesko {
 std::filesystem::path unfinishedAudio(const std::filesystem::path& audio);
 
 // After the program was ended in between: what is whole takes its place all the same, and what
-// isn't goes, if there is what grew. Throws std::system_error; then both are left for the next time.
+// isn't goes, if there is what grew. Throws std::system_error; then both are left for the next
+// time.
 void settleUnfinishedAudio(FileSystem& files, const std::filesystem::path& audio);
 
 } // namespace vesko
