@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VeskoCore/exchange/Exchange.h"
+#include "VeskoCore/library/LibraryReader.h"
 #include "VeskoCore/library/LibraryStore.h"
 
 #include <cstdint>
@@ -9,7 +10,7 @@
 namespace vesko {
 
 struct ImportLimits {
-    std::uint64_t document = 512ULL << 20; // bytes, unpacked
+    std::uint64_t document = largestDocument; // bytes, unpacked
     std::uint64_t recording = 256ULL << 20; // each
     std::uint64_t growth = 20; // how many times the archive's own size all recordings may take
 };

@@ -2,6 +2,7 @@
 
 #include "VeskoCore/base/JsonWriter.h"
 #include "VeskoCore/library/LibraryReader.h"
+#include "VeskoCore/library/UnfinishedAudio.h"
 
 #include <algorithm>
 #include <system_error>
@@ -11,8 +12,6 @@ namespace vesko {
 namespace {
 
 constexpr const char* recordingsFolder = "recordings";
-// Parsing takes a multiple of this in memory; a lifetime of dictation stays far below it.
-constexpr std::uint64_t largestDocument = 1ULL << 30;
 
 FileLock claim(FileSystem& files, const std::filesystem::path& root)
 {
@@ -76,6 +75,22 @@ void LibraryStore::open()
         save(std::move(library));
     else
         m_library = std::move(library);
+    settleAudio();
+}
+
+// What was being finished when the program was ended.
+void LibraryStore::settleAudio()
+{
+    for (const auto& note : m_library.notes)
+        for (const auto& recording : note.recordings) {
+            if (recording.status == RecordingStatus::ready || recording.audioRemovedAt)
+                continue;
+            try {
+                settleUnfinishedAudio(m_files, audioURL(recording));
+            } catch (const std::exception&) {
+                // The library opens all the same, and the recording plays as far as it grew.
+            }
+        }
 }
 
 void LibraryStore::save(Library changed)

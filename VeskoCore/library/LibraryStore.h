@@ -117,6 +117,7 @@ private:
     };
 
     void open();
+    void settleAudio();
     // These throw notFound.
     Location location(const Uuid& recordingID) const;
     std::size_t noteIndex(const Uuid& id) const;

@@ -2,6 +2,7 @@
 
 #include "VeskoCore/base/FileSystem.h"
 #include "VeskoCore/base/InputFile.h"
+#include "VeskoCore/library/UnfinishedAudio.h"
 
 #include <gst/gst.h>
 
@@ -74,7 +75,7 @@ void OrderlyFinish::complete(FileSystem& files, const std::filesystem::path& fil
         bytes.resize(std::max<std::size_t>(bytes.size(), piece.at + piece.bytes.size()));
         bytes.replace(piece.at, piece.bytes.size(), piece.bytes);
     }
-    const auto fresh = std::filesystem::path(file) += ".tmp";
+    const auto fresh = unfinishedAudio(file);
     try {
         OpenFile whole(files, fresh, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR);
         writeAll(files, whole, bytes);

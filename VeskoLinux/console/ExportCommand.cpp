@@ -15,12 +15,10 @@ namespace vesko {
 
 namespace {
 
-constexpr std::uint64_t largestLibrary = 1ULL << 30; // as the program opens it
-
 // Without its lock: a document is replaced as a whole, so what is read is one whole state.
 std::optional<Library> savedLibrary(const std::filesystem::path& root)
 {
-    const auto file = InputFile::open(FileSystem::posix(), root / "library.json", largestLibrary);
+    const auto file = InputFile::open(FileSystem::posix(), root / "library.json", largestDocument);
     return file ? std::optional(readLibrary(*file)) : std::nullopt;
 }
 

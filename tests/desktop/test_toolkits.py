@@ -66,8 +66,11 @@ class Gtk4(Dictations):
             self.begin()
             self.end()
             self.holds(window, WORDS)
+            hidden = window.app.find("text box", "hidden")
             hands.tap("tab")
             hands.tap("tab")
+            until("neither the line nor the one below it has the focus", lambda: not any(
+                "focused" in field.states for field in (window.field, hidden)))
             human_pause(0.3)
             self.begin()
             self.end(message=NO_FIELD)

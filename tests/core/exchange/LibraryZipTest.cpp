@@ -346,6 +346,12 @@ TEST_F(LibraryZipTest, aBombIsNotUnpacked)
     expectRefused(*to, ExchangeFailure::tooLarge, {}, { .growth = 0 });
 }
 
+// What is written is read again.
+TEST_F(LibraryZipTest, aDocumentMayBeAsLargeAsThatOfALibrary)
+{
+    EXPECT_EQ(ImportLimits().document, largestDocument);
+}
+
 TEST_F(LibraryZipTest, aRecordingThatGrowsBeyondMeasureIsNotUnpacked)
 {
     const auto from = filled();

@@ -302,6 +302,8 @@ TEST(OpenRouterClientTranscribe, AnAnswerBecomesAResult)
         { "cost of null", R"({"text":"hello","usage":{"cost":null}})", "hello", std::nullopt },
         { "unknown keys", R"({"id":[1,{"a":null}],"text":"hello","usage":{"cost":1,"x":"y"}})",
             "hello", 1.0 },
+        { "numbers that no 64 bits hold",
+            R"({"id":18446744073709551616,"text":"hello","n":[1e400]})", "hello", std::nullopt },
         { "white space around and inside", R"({"text":" \r\n\u00a0 two  words\t\n"})", "two  words",
             std::nullopt },
         { "escapes and other scripts",
