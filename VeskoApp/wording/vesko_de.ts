@@ -2164,6 +2164,18 @@
         <translation>Ordner</translation>
     </message>
     <message>
+        <source>No setting has these words</source>
+        <translation>Keine Einstellung hat diese Wörter</translation>
+    </message>
+    <message>
+        <source>Translation and cleanup</source>
+        <translation>Übersetzung und Bereinigung</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Einstellungen durchsuchen</translation>
+    </message>
+    <message>
         <source>This note is in the Trash</source>
         <translation>Diese Notiz liegt im Papierkorb</translation>
     </message>

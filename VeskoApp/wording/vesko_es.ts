@@ -2164,6 +2164,18 @@
         <translation>Carpeta</translation>
     </message>
     <message>
+        <source>No setting has these words</source>
+        <translation>Ningún ajuste tiene estas palabras</translation>
+    </message>
+    <message>
+        <source>Translation and cleanup</source>
+        <translation>Traducción y limpieza</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Buscar en los ajustes</translation>
+    </message>
+    <message>
         <source>This note is in the Trash</source>
         <translation>Esta nota está en la papelera</translation>
     </message>

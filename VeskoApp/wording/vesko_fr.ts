@@ -2164,6 +2164,18 @@
         <translation>Dossier</translation>
     </message>
     <message>
+        <source>No setting has these words</source>
+        <translation>Aucun réglage ne contient ces mots</translation>
+    </message>
+    <message>
+        <source>Translation and cleanup</source>
+        <translation>Traduction et nettoyage</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Rechercher dans les réglages</translation>
+    </message>
+    <message>
         <source>This note is in the Trash</source>
         <translation>Cette note est dans la corbeille</translation>
     </message>

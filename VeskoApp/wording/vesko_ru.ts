@@ -2172,6 +2172,18 @@
         <translation>Папка</translation>
     </message>
     <message>
+        <source>No setting has these words</source>
+        <translation>Нет настроек с этими словами</translation>
+    </message>
+    <message>
+        <source>Translation and cleanup</source>
+        <translation>Перевод и правка</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Поиск в настройках</translation>
+    </message>
+    <message>
         <source>This note is in the Trash</source>
         <translation>Эта заметка в корзине</translation>
     </message>

@@ -211,7 +211,7 @@ class Keyboard(unittest.TestCase):
                   "New note", "Note title", "Note text", "Play or stop original recording",
                   "Retry…", "Original transcript"]),
                 ({"scene": "settings", "cleanupEnabled": True},
-                 ["Transcribe with", "Suggested text models", "Open data folder"]),
+                 ["Search settings", "Privacy", "Transcribe with", "Save key"]),
                 ({"scene": None, "onboardingCompleted": False,
                   "binary": deployed(**service.deployment)}, ["Back", "Continue"])):
             with self.subTest(case=case):

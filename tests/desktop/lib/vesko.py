@@ -124,6 +124,11 @@ class Vesko:
             until(f"Tab leads on from {here}", lambda here=here: self.focused() not in (None, here))
         raise AssertionError(f"Tab never came to {name!r}")
 
+    def settings_page(self, name):
+        """Goes to that page of the settings window; returns when it is shown."""
+        self.press("list item", name)
+        self.wait_to_find("form", name)
+
     def log(self):
         with open(self.log_path, errors="replace") as file:
             return file.read()
