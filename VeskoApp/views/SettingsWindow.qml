@@ -2,7 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 
-// The settings form.
+// The settings: their pages at the left, with a search over all of them, and the chosen one.
 VeskoWindow {
     id: window
 
@@ -14,73 +14,63 @@ VeskoWindow {
     required property var storage
     required property var notifier
 
-    title: qsTranslate("Vesko", "Vesko Settings")
-    width: 650
-    height: 720
-    minimumWidth: 580
-    minimumHeight: 600
+    // What is set in one place, and can be searched with what is set in the others.
+    readonly property list<SettingsPage> pages: [
+        SettingsPage {
+            name: qsTranslate("Vesko", "Speech recognition")
+            iconName: "microphone"
 
-    onVisibleChanged: {
-        if (visible) {
-            preferences.opened();
-            engines.look();
-            storage.measure();
-        }
-    }
+            Column {
+                width: form.width
+                spacing: 18
 
-    ScrollPage {
-        id: view
-
-        anchors.top: parent.top
-        anchors.bottom: banner.top
-        anchors.left: parent.left
-        anchors.right: parent.right
-        contentHeight: form.height
-        Accessible.role: Accessible.Form
-        Accessible.name: window.title
-
-        Column {
-            id: form
-
-            anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.min(parent.width - 64, 620)
-            topPadding: 24
-            bottomPadding: 24
-            spacing: 18
-
-            AccountLines {
-                width: parent.width
-                account: window.preferences.account
-                signIn: window.preferences.signIn
+                SpeechSection {
+                    width: parent.width
+                    preferences: window.preferences
+                    engines: window.engines
+                }
+                EngineSection {
+                    width: parent.width
+                    visible: window.preferences.onDevice
+                    engines: window.engines
+                    downloads: window.downloads
+                }
+                OpenRouterSection {
+                    last: true
+                    width: parent.width
+                    preferences: window.preferences
+                }
             }
-            SpeechSection {
-                width: parent.width
-                preferences: window.preferences
-                engines: window.engines
-            }
-            EngineSection {
-                width: parent.width
-                visible: window.preferences.onDevice
-                engines: window.engines
-                downloads: window.downloads
-            }
-            OpenRouterSection {
-                width: parent.width
-                preferences: window.preferences
-            }
+        },
+        SettingsPage {
+            name: qsTranslate("Vesko", "Translation and cleanup")
+            iconName: "text"
+
             TextSections {
-                width: parent.width
+                width: form.width
                 catalog: window.catalog
                 preferences: window.preferences
             }
+        },
+        SettingsPage {
+            name: qsTranslate("Vesko", "Capture and insertion")
+            iconName: "waveform"
+
             CaptureSection {
-                width: parent.width
+                last: true
+                width: form.width
                 delegate: window.delegate
                 status: window.status
                 preferences: window.preferences
             }
+        },
+        SettingsPage {
+            name: qsTranslate("Vesko", "Personal dictionary")
+            iconName: "book"
+
             Section {
-                width: parent.width
+                last: true
+                width: form.width
                 title: qsTranslate("Vesko", "Personal dictionary")
 
                 SettingSwitch {
@@ -109,8 +99,14 @@ VeskoWindow {
                     onClicked: window.delegate.openDictionary()
                 }
             }
+        },
+        SettingsPage {
+            name: qsTranslate("Vesko", "Permissions")
+            iconName: "check-circle"
+
             Section {
-                width: parent.width
+                last: true
+                width: form.width
                 title: qsTranslate("Vesko", "Permissions")
 
                 PermissionList {
@@ -127,13 +123,25 @@ VeskoWindow {
                     onClicked: window.preferences.openPrivacySettings()
                 }
             }
+        },
+        SettingsPage {
+            name: qsTranslate("Vesko", "Availability and storage")
+            iconName: "folder"
+
             StorageSection {
-                width: parent.width
+                last: true
+                width: form.width
                 storage: window.storage
                 preferences: window.preferences
             }
+        },
+        SettingsPage {
+            name: qsTranslate("Vesko", "Privacy")
+            iconName: "info"
+
             Section {
-                width: parent.width
+                last: true
+                width: form.width
                 title: qsTranslate("Vesko", "Privacy")
 
                 SettingSwitch {
@@ -154,6 +162,124 @@ VeskoWindow {
                     text: window.preferences.analyticsNote
                 }
             }
+        },
+        SettingsPage {
+            name: qsTranslate("Vesko", "Account")
+            iconName: "circle"
+            offered: window.preferences.account.available
+
+            AccountLines {
+                last: true
+                width: form.width
+                account: window.preferences.account
+                signIn: window.preferences.signIn
+            }
+        }
+    ]
+    property SettingsPage current: pages[0]
+    property Item shown: null // of the current page
+    property Item wanted: null // has the keyboard once it has its place
+
+    function place() {
+        const next = current.get();
+        if (next === shown)
+            return;
+        if (shown)
+            shown.parent = null;
+        shown = next;
+        shown.parent = form;
+        view.contentY = 0;
+    }
+    function goTo(page: SettingsPage, row: Item) {
+        search.clear();
+        current = page;
+        wanted = row;
+        update();
+    }
+
+    title: qsTranslate("Vesko", "Vesko Settings")
+    width: 860
+    height: 720
+    minimumWidth: 560
+    minimumHeight: 600
+
+    onVisibleChanged: {
+        if (visible) {
+            preferences.opened();
+            engines.look();
+            storage.measure();
+        }
+    }
+    onCurrentChanged: place()
+    Component.onCompleted: place()
+    onFrameSwapped: {
+        if (!wanted)
+            return;
+        const row = wanted;
+        wanted = null;
+        const control = row.activeFocusOnTab ? row : row.nextItemInFocusChain(); // what the row is set by
+        control.forceActiveFocus(Qt.TabFocusReason);
+        view.reveal(row, Qt.rect(0, 0, row.width, row.height));
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Find]
+        onActivated: search.forceActiveFocus(Qt.ShortcutFocusReason)
+    }
+    TextBox {
+        id: search
+
+        anchors.left: parent.left
+        anchors.right: sidebar.narrow ? parent.right : sidebar.right
+        anchors.top: parent.top
+        anchors.margins: 8
+        z: 1
+        name: qsTranslate("Vesko", "Search settings")
+        placeholderText: name
+        iconName: "search"
+        onAccepted: sidebar.chooseFirst()
+        Keys.onDownPressed: sidebar.move(1)
+        Keys.onEscapePressed: clear()
+    }
+    Rectangle {
+        anchors.top: parent.top
+        anchors.bottom: sidebar.top
+        anchors.left: sidebar.left
+        anchors.right: sidebar.narrow ? parent.right : sidebar.right
+        color: Theme.sidebar
+    }
+    SettingsSidebar {
+        id: sidebar
+
+        anchors.top: search.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        width: implicitWidth
+        narrow: window.width < 720
+        pages: window.pages
+        current: window.current
+        search: search.text
+        onPageChosen: page => window.current = page
+        onRowChosen: (page, row) => window.goTo(page, row)
+    }
+    ScrollPage {
+        id: view
+
+        anchors.top: sidebar.narrow ? search.bottom : parent.top
+        anchors.bottom: banner.top
+        anchors.left: sidebar.right
+        anchors.right: parent.right
+        contentHeight: form.height
+        Accessible.role: Accessible.Form
+        Accessible.name: window.current.name
+
+        Column {
+            id: form
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(parent.width - 48, 620)
+            topPadding: 24
+            bottomPadding: 24
         }
     }
 
@@ -165,7 +291,7 @@ VeskoWindow {
         readonly property string error: window.status.errorMessage
 
         anchors.bottom: parent.bottom
-        anchors.left: parent.left
+        anchors.left: sidebar.right
         anchors.right: parent.right
         anchors.margins: visible ? 12 : 0
         height: visible ? implicitHeight : 0

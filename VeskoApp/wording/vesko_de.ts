@@ -2195,5 +2195,17 @@
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>No setting has these words</source>
+        <translation>Keine Einstellung hat diese Wörter</translation>
+    </message>
+    <message>
+        <source>Translation and cleanup</source>
+        <translation>Übersetzung und Bereinigung</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Einstellungen durchsuchen</translation>
+    </message>
 </context>
 </TS>

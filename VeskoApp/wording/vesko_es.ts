@@ -2195,5 +2195,17 @@
         <source>Close</source>
         <translation>Cerrar</translation>
     </message>
+    <message>
+        <source>No setting has these words</source>
+        <translation>Ningún ajuste tiene estas palabras</translation>
+    </message>
+    <message>
+        <source>Translation and cleanup</source>
+        <translation>Traducción y limpieza</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Buscar en los ajustes</translation>
+    </message>
 </context>
 </TS>

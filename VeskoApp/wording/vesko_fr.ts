@@ -2195,5 +2195,17 @@
         <source>Close</source>
         <translation>Fermer</translation>
     </message>
+    <message>
+        <source>No setting has these words</source>
+        <translation>Aucun réglage ne contient ces mots</translation>
+    </message>
+    <message>
+        <source>Translation and cleanup</source>
+        <translation>Traduction et nettoyage</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Rechercher dans les réglages</translation>
+    </message>
 </context>
 </TS>

@@ -2204,5 +2204,17 @@
         <source>Close</source>
         <translation>Закрыть</translation>
     </message>
+    <message>
+        <source>No setting has these words</source>
+        <translation>Нет настроек с этими словами</translation>
+    </message>
+    <message>
+        <source>Translation and cleanup</source>
+        <translation>Перевод и правка</translation>
+    </message>
+    <message>
+        <source>Search settings</source>
+        <translation>Поиск в настройках</translation>
+    </message>
 </context>
 </TS>

@@ -117,8 +117,10 @@ class Accessibility(unittest.TestCase):
 
     def test_the_settings_window(self):
         self.start("settings", provider="openrouter", keySource="personal", cleanupEnabled=True)
-        self.is_told(("combo box", "Transcribe with"), (SWITCH, "Launch at login"),
-                     (BUTTON, "Open data folder"))
+        self.vesko.settings_page("Availability and storage")
+        self.is_told((SWITCH, "Launch at login"), (BUTTON, "Open data folder"))
+        self.vesko.settings_page("Speech recognition")
+        self.is_told(("combo box", "Transcribe with"))
         self.vesko.press("combo box", "Spoken language")
         self.is_told((ROW, "German"))
 

@@ -102,10 +102,12 @@ class AccessibilityBus(unittest.TestCase):
         self.addCleanup(vesko.kill)
         until("the settings have the keyboard",
               lambda: eyes.active_pid() == vesko.process.pid)
+        vesko.settings_page("Permissions")
         return vesko
 
     def test_one_that_comes_late_is_found(self):
         with self.vesko(meanwhile=self.late, VESKO_DEMO_SCENE="settings") as vesko:
+            vesko.settings_page("Permissions")
             self.row_says(vesko, ALLOWED)
             self.lands(vesko)
 
@@ -119,6 +121,7 @@ class AccessibilityBus(unittest.TestCase):
             self.launcher.send_signal(signal.SIGCONT)
 
         with self.vesko(meanwhile=thaw, VESKO_DEMO_SCENE="settings") as vesko:
+            vesko.settings_page("Permissions")
             self.row_says(vesko, ALLOWED)
             self.lands(vesko)
 

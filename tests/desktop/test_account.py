@@ -105,6 +105,7 @@ class Accounts(unittest.TestCase):
     def test_a_user_signs_in_with_an_email_out_again_and_deletes_the_account(self):
         settings.write(firstLaunchDone=True, onboardingCompleted=True)
         with Vesko(self.program(), VESKO_DEMO_SCENE="settings") as vesko:
+            vesko.settings_page("Account")
             code = self.ask_for_code(vesko)
             self.type_into(vesko, "Code", "000000" if code != "000000" else "111111")
             vesko.press("push button", "Sign in")

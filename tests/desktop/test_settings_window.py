@@ -15,6 +15,9 @@ from lib.vesko import Vesko, deployed, forget_key, install_key  # noqa: E402
 from lib.waiting import until  # noqa: E402
 
 BUTTON, TEXT, SWITCH, ROW, CHOICE = ("push button", "text", "check box", "list item", "combo box")
+SPEECH, TEXTS, CAPTURE, TERMS, PERMISSIONS, STORAGE, PRIVACY = PAGES = (
+    "Speech recognition", "Translation and cleanup", "Capture and insertion",
+    "Personal dictionary", "Permissions", "Availability and storage", "Privacy")
 
 
 class SettingsWindow(unittest.TestCase):
@@ -41,14 +44,15 @@ class SettingsWindow(unittest.TestCase):
         return until(f"a {role} called {name!r}", lambda: self.vesko.app.find(role, name))
 
     def test_each_switch(self):
-        for name, key, before in (
-                ("Clean up punctuation and repeated words", "cleanupEnabled", False),
-                ("Also use a single key to start and stop", "fnEnabled", True),
-                ("Show floating capture button", "showFloating", True),
-                ("Play sounds when recording starts and stops", "soundsEnabled", True),
-                ("Paste dictation into the original field", "pasteEnabled", True),
-                ("Use personal dictionary", "dictionaryEnabled", True),
-                ("Learn from corrected dictation", "learnCorrections", True)):
+        for page, name, key, before in (
+                (TEXTS, "Clean up punctuation and repeated words", "cleanupEnabled", False),
+                (CAPTURE, "Also use a single key to start and stop", "fnEnabled", True),
+                (CAPTURE, "Show floating capture button", "showFloating", True),
+                (CAPTURE, "Play sounds when recording starts and stops", "soundsEnabled", True),
+                (CAPTURE, "Paste dictation into the original field", "pasteEnabled", True),
+                (TERMS, "Use personal dictionary", "dictionaryEnabled", True),
+                (TERMS, "Learn from corrected dictation", "learnCorrections", True)):
+            self.vesko.settings_page(page)
             switch = self.find_anywhere(SWITCH, name)
             self.assertEqual("checked" in switch.states, before, name)
             switch.activate()
@@ -63,17 +67,18 @@ class SettingsWindow(unittest.TestCase):
         self.choose("Transcribe with", "On-device")
         self.becomes("provider", "apple")
         until("the model is not asked for", lambda: not self.vesko.find(TEXT, "Speech model ID"))
+        self.vesko.settings_page(TEXTS)
         self.choose("Translate dictation into", "French")
         self.becomes("translateTo", "fr-FR")
+        self.vesko.settings_page(CAPTURE)
         self.choose("Dictation key", "Pause")
         self.becomes("gestureKey", "pause")
 
     def test_what_this_build_cannot_do_is_not_offered(self):
-        self.find_anywhere(SWITCH, "Launch at login")
-        for role, name in (("heading", "Account"), (BUTTON, "Continue with Google"),
-                           (CHOICE, "Use")):
-            self.assertIsNone(self.vesko.find(role, name), name)
         self.vesko.wait_to_find("label", "Key status")
+        for role, name in (("heading", "Account"), (BUTTON, "Continue with Google"),
+                           (CHOICE, "Use"), (ROW, "Account")):
+            self.assertIsNone(self.vesko.find(role, name), name)
 
     def test_vesko_access_is_offered_where_it_was_installed(self):
         self.addCleanup(forget_key)
@@ -95,6 +100,7 @@ class SettingsWindow(unittest.TestCase):
         self.assertEqual(field.text, "mine")
 
     def test_a_suggested_model_is_taken(self):
+        self.vesko.settings_page(TEXTS)
         self.find_anywhere(SWITCH, "Clean up punctuation and repeated words").activate()
         self.becomes("cleanupEnabled", True)
         menu = until("the menu's button", lambda: self.vesko.app.find(
@@ -105,6 +111,7 @@ class SettingsWindow(unittest.TestCase):
         self.becomes("cleanupModel", "qwen/qwen3.8-flash")
 
     def test_the_floating_button_goes_and_comes(self):
+        self.vesko.settings_page(CAPTURE)
         switch = self.find_anywhere(SWITCH, "Show floating capture button")
         switch.activate()
         until("it is hidden", lambda: "showing" not in self.vesko.button.states)
@@ -139,6 +146,7 @@ class SettingsWindow(unittest.TestCase):
                                         VeskoAnalyticsAppKey=service.app_key),
                                VESKO_DEMO_SCENE="settings")
             self.addCleanup(self.vesko.kill)
+            self.vesko.settings_page(PRIVACY)
             switch = self.find_anywhere(SWITCH, "Share anonymous usage analytics")
             for consent in (True, False):
                 switch.activate()
@@ -147,6 +155,7 @@ class SettingsWindow(unittest.TestCase):
 
     def test_it_starts_at_login(self):
         entry = os.path.join(os.environ["XDG_CONFIG_HOME"], "autostart", "vesko.desktop")
+        self.vesko.settings_page(STORAGE)
         switch = self.find_anywhere(SWITCH, "Launch at login")
         self.assertNotIn("checked", switch.states)
         switch.activate()
@@ -156,6 +165,7 @@ class SettingsWindow(unittest.TestCase):
         until("it is not", lambda: not os.path.exists(entry))
 
     def test_the_permissions_are_what_this_session_has(self):
+        self.vesko.settings_page(PERMISSIONS)
         for name in ("Microphone", "Speech Recognition", "Accessibility", "Keyboard"):
             row = self.find_anywhere(ROW, name)
             until(f"{name} is allowed; it says {row.description}",
@@ -165,10 +175,12 @@ class SettingsWindow(unittest.TestCase):
         self.vesko.wait_to_find("status bar", "Microphone access is ready")
 
     def test_the_dictionary_is_opened(self):
+        self.vesko.settings_page(TERMS)
         self.find_anywhere(BUTTON, "Open Dictionary").activate()
         self.vesko.wait_to_find(TEXT, "Recognized term")
 
-    def test_every_control_comes_by_tab_and_can_be_seen(self):
+    def walked(self):
+        """What Tab comes to, once around."""
         names, focused = [], None
         for _ in range(60):
             hands.tap("tab")
@@ -181,9 +193,63 @@ class SettingsWindow(unittest.TestCase):
                 break
             names.append(said)
             self.assertIn("showing", focused.states, said)
-        self.assertIn("Launch at login", names)
-        self.assertIn("Open data folder", names)
-        self.assertGreater(len(names), 20)
+        return names
+
+    def test_every_control_comes_by_tab_and_can_be_seen(self):
+        for page, reached in (
+                (SPEECH, ["Transcribe with", "Speech model ID", "Save key"]),
+                (CAPTURE, ["Show floating capture button", "Preview stop sound"]),
+                (STORAGE, ["Launch at login", "Open data folder", "Remove recordings"])):
+            self.vesko.settings_page(page)
+            names = self.walked()
+            for name in (*reached, *PAGES, "Search settings"):
+                self.assertIn(name, names)
+
+    def comes_to(self, role, name):
+        until(f"the keyboard comes to {name!r}; it is in {self.vesko.focused()}",
+              lambda: (here := self.vesko.focused()) and (here.role, here.name) == (role, name))
+
+    def test_the_pages_are_walked_by_arrows_and_each_has_its_heading(self):
+        self.vesko.tab_to(ROW, SPEECH)
+        for key, page in (("down", TEXTS), ("down", CAPTURE), ("up", TEXTS), ("end", PRIVACY),
+                          ("down", PRIVACY), ("home", SPEECH), ("up", SPEECH)):
+            hands.tap(key)
+            self.comes_to(ROW, page)
+            self.vesko.wait_to_find("form", page)
+            self.vesko.wait_to_find("heading", "Translation" if page == TEXTS else page)
+            self.assertIn("selected", self.vesko.find(ROW, page).states)
+
+    def search(self, text):
+        self.vesko.tab_to(TEXT, "Search settings")
+        hands.type_letters(text)
+
+    def test_a_search_over_all_pages_leads_to_the_row(self):
+        self.search("login")
+        found = self.vesko.wait_to_find(ROW, "Launch at login")
+        self.assertEqual(found.description, STORAGE)
+        self.assertIsNone(self.vesko.find(ROW, SPEECH), "a page stands among what was found")
+        hands.tap("return")
+        self.vesko.wait_to_find("form", STORAGE)
+        self.comes_to(SWITCH, "Launch at login")
+        self.vesko.wait_to_find(ROW, SPEECH)  # the search is over
+
+    def test_a_search_finds_by_the_hint_and_by_the_page(self):
+        for words, row, control in (
+                ("bluetooth clipboard", None, None),
+                ("similar word", "Learn from corrected dictation", SWITCH),
+                ("storage trash", "Empty Trash", CHOICE)):
+            with self.subTest(words):
+                self.search(words)
+                if not row:
+                    self.vesko.wait_to_find("status bar", "No setting has these words")
+                    hands.tap("escape")
+                    self.vesko.wait_to_find(ROW, SPEECH)
+                    continue
+                self.vesko.wait_to_find(ROW, row)
+                hands.tap("down")
+                self.comes_to(ROW, row)
+                hands.tap("return")
+                self.comes_to(control, row)
 
 
 if __name__ == "__main__":

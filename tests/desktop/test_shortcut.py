@@ -37,6 +37,8 @@ class Shortcut(unittest.TestCase):
         self.vesko.wait_for("ready")
         until("the window has the keyboard",
               lambda: eyes.active_pid() == self.vesko.process.pid)
+        if scene == "settings":
+            self.vesko.settings_page("Capture and insertion")
 
     def field(self, text):
         return until(f"the field shows {text!r}",

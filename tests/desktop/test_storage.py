@@ -43,6 +43,7 @@ class Storage(unittest.TestCase):
     def test_old_audio_goes_only_if_wanted_and_the_note_says_so(self):
         self.make()
         vesko = self.start(VESKO_DEMO_SCENE="settings")
+        vesko.settings_page("Availability and storage")
         self.choose(vesko, "Remove recordings", "After 90 days")
         vesko.wait_to_find(LABEL, "Remove the audio of old recordings?")
         vesko.press(BUTTON, "Cancel")
@@ -75,6 +76,7 @@ class Storage(unittest.TestCase):
         kept = document["notes"][1]["id"]
         vesko = self.start(VESKO_DEMO_SCENE="settings")
         self.assertEqual(len(library.read(self.root)["notes"]), 2)
+        vesko.settings_page("Availability and storage")
         self.choose(vesko, "Empty Trash", "After 30 days")
         vesko.wait_to_find(LABEL, "Delete old notes in the Trash?")
         self.assertEqual(len(library.read(self.root)["notes"]), 2)

@@ -37,6 +37,7 @@ Column {
     Section {
         width: parent.width
         title: qsTranslate("Vesko", "Optional AI cleanup")
+        last: true
 
         SettingSwitch {
             width: parent.width

@@ -143,6 +143,11 @@ class Vesko:
             found.append(focused)
             names.append((focused.role, name))
 
+    def settings_page(self, name):
+        """Goes to that page of the settings window; returns when it is shown."""
+        self.press("list item", name)
+        self.wait_to_find("form", name)
+
     def log(self):
         with open(self.log_path, errors="replace") as file:
             return file.read()
