@@ -223,7 +223,7 @@ VeskoWindow {
     }
 
     Shortcut {
-        sequences: [StandardKey.Find]
+        sequence: "Ctrl+F"
         onActivated: search.forceActiveFocus(Qt.ShortcutFocusReason)
     }
     TextBox {

@@ -124,6 +124,8 @@ class LongUse(unittest.TestCase):
             self.close(*shows)
 
     def look_at_models(self):
+        self.vesko.settings_page("Speech recognition")
+        self.vesko.settings_page("Translation and cleanup")
         button = until("the button of the models", lambda: self.vesko.app.find(
             None, "Suggested text models"))
         button.activate()

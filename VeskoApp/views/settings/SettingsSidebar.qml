@@ -7,7 +7,7 @@ import QtQuick
 Rectangle {
     id: sidebar
 
-    required property list<SettingsPage> pages
+    required property var pages
     required property SettingsPage current
     required property string search
     property bool narrow: false
@@ -105,32 +105,27 @@ Rectangle {
                     required property var modelData
 
                     width: rows.width
-                    implicitHeight: lines.implicitHeight + 12
+                    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+                    topPadding: 6
+                    bottomPadding: 6
                     name: modelData.name
                     detail: modelData.page.name
                     onClicked: sidebar.choose(modelData)
 
-                    contentItem: Item {
-                        Column {
-                            id: lines
-
+                    contentItem: Column {
+                        Words {
                             width: parent.width
-                            anchors.verticalCenter: parent.verticalCenter
-
-                            Words {
-                                width: parent.width
-                                text: result.name
-                                wrapMode: Text.Wrap
-                                Accessible.ignored: true
-                            }
-                            Words {
-                                width: parent.width
-                                text: result.detail
-                                color: Theme.quiet
-                                font.pixelSize: Theme.small
-                                wrapMode: Text.Wrap
-                                Accessible.ignored: true
-                            }
+                            text: result.name
+                            wrapMode: Text.Wrap
+                            Accessible.ignored: true
+                        }
+                        Words {
+                            width: parent.width
+                            text: result.detail
+                            color: Theme.quiet
+                            font.pixelSize: Theme.small
+                            wrapMode: Text.Wrap
+                            Accessible.ignored: true
                         }
                     }
                 }
