@@ -101,7 +101,13 @@ class Tab(unittest.TestCase):
 
     def test_the_settings(self):
         self.start("settings", cleanupEnabled=True)
-        self.reaches("Transcribe with", "Suggested text models", "Open data folder")
+        for page, reached in (
+                ("Speech recognition", ("Search settings", "Privacy", "Transcribe with", "Save key")),
+                ("Translation and cleanup", ("Search settings", "Suggested text models")),
+                ("Availability and storage", ("Search settings", "Open data folder"))):
+            with self.subTest(page):
+                self.vesko.settings_page(page)
+                self.reaches(*reached)
 
     def test_each_step_of_the_first_run(self):
         service = Account()
