@@ -16,7 +16,7 @@ Window {
     maximumHeight: height
 
     Shortcut {
-        sequences: ["Ctrl+W", StandardKey.Cancel]
+        sequences: ["Ctrl+W", "Esc"]
         onActivated: window.close()
     }
     Words {
