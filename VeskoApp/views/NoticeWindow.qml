@@ -16,7 +16,7 @@ Window {
     maximumHeight: height
 
     Shortcut {
-        sequences: ["Ctrl+W", "Esc"]
+        sequence: "Ctrl+W"
         onActivated: window.close()
     }
     Words {
@@ -39,5 +39,6 @@ Window {
         prominent: true
         focus: true
         onClicked: window.close()
+        Keys.onEscapePressed: window.close()
     }
 }

@@ -277,7 +277,7 @@ VeskoWindow {
             id: form
 
             anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.min(parent.width - 48, 620)
+            width: Math.min(parent.width - 32, 620)
             topPadding: 24
             bottomPadding: 24
         }

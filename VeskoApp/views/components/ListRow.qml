@@ -11,6 +11,7 @@ T.ItemDelegate {
     property string iconName
     property string name: text
     property string detail // said with the name
+    property int lines: 1 // that the title may take
     property bool keyboardHere: visualFocus
 
     implicitHeight: Theme.control
@@ -30,6 +31,8 @@ T.ItemDelegate {
     Keys.onEnterPressed: clicked()
 
     contentItem: Item {
+        implicitHeight: title.implicitHeight
+
         Icon {
             anchors.verticalCenter: parent.verticalCenter
             name: control.iconName
@@ -37,6 +40,8 @@ T.ItemDelegate {
             size: 17
         }
         Text {
+            id: title
+
             x: control.iconName ? 27 : 0
             width: parent.width - x
             anchors.verticalCenter: parent.verticalCenter
@@ -44,6 +49,8 @@ T.ItemDelegate {
             font: control.font
             color: Theme.text
             elide: Text.ElideRight
+            maximumLineCount: control.lines
+            wrapMode: control.lines > 1 ? Text.Wrap : Text.NoWrap
             textFormat: Text.PlainText
             Accessible.ignored: true
         }

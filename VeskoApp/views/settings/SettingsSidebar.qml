@@ -83,6 +83,8 @@ Rectangle {
                     required property SettingsPage modelData
 
                     width: rows.width
+                    implicitHeight: Math.max(Theme.control, implicitContentHeight + 14)
+                    lines: 2
                     visible: modelData.offered && !sidebar.searching
                     chosen: modelData === sidebar.current
                     iconName: modelData.iconName

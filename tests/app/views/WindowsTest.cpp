@@ -12,6 +12,8 @@
 
 #include <QDir>
 #include <QQmlEngine>
+#include <QQmlListReference>
+#include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
@@ -81,20 +83,20 @@ protected:
     }
     void look(const std::string& name) const { look(*shown, name); }
 
-    // Each sheet, menu and list of choices that the window has, one after the other.
-    void lookAtPopups(const std::string& name) const
+    // Each sheet, menu and list of choices that the window has, one after the other; how many.
+    int lookAtPopups(const std::string& name) const
     {
         int number = 0;
         std::vector<QObject*> popups;
         collectPopups(*shown->contentItem(), popups);
         collectPopups(*shown, popups);
         for (auto* popup : popups) {
-            ASSERT_TRUE(QMetaObject::invokeMethod(popup, "open"));
+            EXPECT_TRUE(QMetaObject::invokeMethod(popup, "open"));
             look(name + "-popup-" + std::to_string(++number));
-            ASSERT_TRUE(QMetaObject::invokeMethod(popup, "close"));
+            EXPECT_TRUE(QMetaObject::invokeMethod(popup, "close"));
             drainEvents();
         }
-        EXPECT_GT(number, 0);
+        return number;
     }
 
     // Those of an object and, if it is an item, of all items in it.
@@ -176,10 +178,10 @@ TEST_P(WindowsTest, libraryHasRoom)
         model->selection().setSelectedNoteID(model->selection().visibleNotes()[note].id);
         look("library-note-" + std::to_string(note));
     }
-    lookAtPopups("library");
+    EXPECT_GT(lookAtPopups("library"), 0);
     model->selection().selectAll();
     look("library-several");
-    lookAtPopups("library-several");
+    EXPECT_GT(lookAtPopups("library-several"), 0);
     model->selection().setQuery("nothing like it");
     model->selection().setSelectedNoteID({});
     ASSERT_TRUE(eventually([&] { return model->selection().visibleNotes().size() == 0; }));
@@ -188,7 +190,7 @@ TEST_P(WindowsTest, libraryHasRoom)
     model->selection().setShowingTrash(true);
     model->selection().setSelectedNoteID(model->selection().visibleNotes()[0].id);
     look("library-trash");
-    lookAtPopups("library-trash");
+    EXPECT_GT(lookAtPopups("library-trash"), 0);
     model->status().report(std::make_exception_ptr(VeskoError(VeskoError::storage)));
     look("library-error");
     shown->resize(smallest);
@@ -220,19 +222,32 @@ TEST_P(WindowsTest, settingsHaveRoom)
     for (const auto* provider : { "apple", "openrouter" }) {
         model->preferences().provider.set(provider);
         for (const auto* size : { "", "-small" }) {
-            shown->resize(*size ? smallest : QSize(650, 720));
+            shown->resize(*size ? smallest : designed);
             // All of the form at once.
             shown->resize(shown->width(), 4200);
             look(std::string("settings-") + provider + size);
         }
     }
+    int popups = 0;
+    const QQmlListReference pages(shown, "pages");
+    for (qsizetype page = 1; page < pages.count(); ++page)
+        for (const auto& size : { designed, smallest }) {
+            ASSERT_TRUE(QQmlProperty(shown, QStringLiteral("current"))
+                    .write(QVariant::fromValue(pages.at(page))));
+            shown->resize(size);
+            look("settings-page" + std::to_string(page) + (size == smallest ? "-small" : ""));
+            popups += lookAtPopups("settings-page" + std::to_string(page));
+        }
+    ASSERT_TRUE(
+        QQmlProperty(shown, QStringLiteral("current")).write(QVariant::fromValue(pages.at(0))));
+    shown->resize(smallest.width(), 4200);
     model->preferences().provider.set("apple");
     for (const auto* engine : { "command", "server", "whisper.cpp/gone" }) {
         model->preferences().engine.set(engine);
         look(std::string("settings-") + (*engine == 'w' ? "without-engine" : engine));
     }
-    shown->resize(650, 720);
-    lookAtPopups("settings");
+    shown->resize(smallest);
+    EXPECT_GT(popups + lookAtPopups("settings"), 0);
 }
 
 TEST_P(WindowsTest, onboardingHasRoom)
