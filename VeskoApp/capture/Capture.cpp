@@ -315,6 +315,7 @@ Task<> Capture::finish(CapturedRecording captured, double duration)
         setPhase(Phase::idle);
         co_return;
     }
+    qCInfo(captureLog, "recording_saved");
     m_to.analytics.track(UsageEvent::recordingSaved);
     onCaptured(std::move(captured));
 }

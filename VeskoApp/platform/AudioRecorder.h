@@ -49,7 +49,7 @@ public:
     // spoken until now is in the file once the value that finished() gives has come.
     virtual double stop() = 0;
     // Comes when the last recording that was stopped is an ordinary, whole file, or could not be
-    // made one. At once when none is under way.
+    // made one in bounded time; then it plays as far as it grew. At once when none is under way.
     virtual Eventual<std::monostate> finished() = 0;
 
     // Called with true when the recording that was started has taken no sound for two seconds, as

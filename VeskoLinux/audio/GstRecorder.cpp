@@ -166,6 +166,8 @@ double GstRecorder::stop()
     const double seconds = pipeline->capturedSeconds();
     pipeline->abandon();
     m_finished = {};
+    // While the worker waits for the server about anything else, the file is as whole as it grew.
+    QTimer::singleShot(m_patience, &m_home, [finished = m_finished] { finished.set({}); });
     m_tasks.spawn(end(std::move(pipeline), m_finished));
     return seconds;
 }

@@ -24,7 +24,8 @@ class RecordingPipeline;
 // Destroying it ends a running recording and waits for its file.
 class GstRecorder final : public AudioRecorder {
 public:
-    // A start that has no sound after this long fails.
+    // A start that has no sound after this long fails; a stop that the sound server or the disk
+    // keeps waiting counts as finished then.
     explicit GstRecorder(std::chrono::milliseconds patience = std::chrono::seconds(6));
     ~GstRecorder() override;
 

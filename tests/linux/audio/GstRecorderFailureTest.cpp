@@ -2,8 +2,11 @@
 
 #include "tests/linux/audio/GstRecorderTest.h"
 
+#include <QCoreApplication>
+
 #include <csignal>
 #include <sys/resource.h>
+#include <thread>
 
 using namespace vesko;
 namespace fs = std::filesystem;
@@ -203,6 +206,23 @@ TEST_F(GstRecorderFailureTest, AStopEndsAStartThatAServerKeepsWaiting)
     server.reset(); // which ends what waits for it
     waitForFile(recorder);
     EXPECT_FALSE(fs::exists(file));
+}
+
+TEST_F(GstRecorderFailureTest, AServerThatHangsWhileItIsAskedHoldsNoStopUp)
+{
+    auto server = std::make_unique<SoundServer>();
+    SoundServer::addMicrophone("other", "vother");
+    GstRecorder recorder(std::chrono::seconds(4));
+    begin(recorder);
+    recordUntil(recorder, 0.5);
+    SoundServer::removeMicrophone("mic"); // the recorder will ask what it hears now
+    for (const double vanished = recorder.currentTime(); recorder.currentTime() < vanished + 0.5;)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    server->hang();
+    QCoreApplication::processEvents(); // now it asks
+    EXPECT_GE(end(recorder), 0.9);
+    EXPECT_GE(seconds(audiofile::decode(file)), 0.5);
+    server.reset(); // which ends what waits for it
 }
 
 TEST_F(GstRecorderFailureTest, AFileThatExistsStaysAsItIs)
