@@ -320,10 +320,17 @@ Task<> Capture::finish(CapturedRecording captured, double duration)
     onCaptured(std::move(captured));
 }
 
-void Capture::cancel()
+bool Capture::cancel()
 {
-    if (m_phase == Phase::recording && m_active)
+    if (m_phase == Phase::recording && m_active) {
         stopWithoutTranscription(L10N_KEY("Vesko", "Recording cancelled. The audio is saved."));
+        return true;
+    }
+    const auto giveUp = m_giveUp;
+    offerToGiveUp(nullptr);
+    if (giveUp)
+        giveUp();
+    return giveUp != nullptr;
 }
 
 void Capture::stopWithoutTranscription(std::string message)
@@ -385,6 +392,20 @@ bool Capture::beginProcessing()
         return false;
     setPhase(Phase::processing);
     return true;
+}
+
+void Capture::offerToGiveUp(std::function<void()> giveUp)
+{
+    const bool could = canGiveUp();
+    m_giveUp = std::move(giveUp);
+    if (could != canGiveUp())
+        Q_EMIT canGiveUpChanged();
+}
+
+void Capture::endProcessing()
+{
+    offerToGiveUp(nullptr);
+    setPhase(Phase::idle);
 }
 
 Task<> Capture::resumeProcessing()

@@ -44,6 +44,8 @@ class Capture : public QObject {
     // Where the words of the running dictation will go, as the user reads it; empty until that is
     // known.
     Q_PROPERTY(QString target READ target NOTIFY targetChanged)
+    // What is being done to the recording can be given up.
+    Q_PROPERTY(bool canGiveUp READ canGiveUp NOTIFY canGiveUpChanged)
     Q_PROPERTY(double elapsed READ elapsed NOTIFY elapsedChanged)
     Q_PROPERTY(double level READ level NOTIFY levelChanged)
 
@@ -71,8 +73,9 @@ public:
     Q_INVOKABLE void toggleDictation();
     // Records into a voice note: the selected note if `append`, else a new one.
     Q_INVOKABLE void recordNote(bool append);
-    // Ends a running recording, which is kept without being transcribed.
-    void cancel();
+    // Ends a running recording, which is kept without being transcribed, or gives up what is being
+    // done to one. False if there is nothing to cancel.
+    Q_INVOKABLE bool cancel();
     void handleFn(FnShortcutAction action);
     // The press that began a capture was a tap: no key can join it any more.
     void fnTapped() { m_fn.settled.set(true); }
@@ -83,8 +86,11 @@ public:
     // What is being done to the recording, from transcribing it on.
     enum class Processing { transcribing, cleaningUp, translating };
     void setProcessing(Processing step);
+    // From now on, and until the processing has ended or goes on without a way back (null), the
+    // user can give it up; endProcessing is due then too.
+    void offerToGiveUp(std::function<void()> giveUp);
     // What followed the recording has ended, or waits for the user: another may be captured.
-    void endProcessing() { setPhase(Phase::idle); }
+    void endProcessing();
     // Goes on with what waited, once nothing else is under way.
     Task<> resumeProcessing();
 
@@ -100,6 +106,7 @@ public:
     double elapsed() const { return m_elapsed; } // seconds
     double level() const { return m_level; } // 0 to 1, smoothed
     bool pushToTalk() const { return m_pushToTalk; }
+    bool canGiveUp() const { return m_giveUp != nullptr; }
 
     // Begins to work on a recording that is about to be made; null where that waits for the file.
     std::function<std::unique_ptr<Hearing>(const CaptureSettings&)> hear;
@@ -113,6 +120,7 @@ Q_SIGNALS:
     void phaseChanged();
     void phaseTitleChanged();
     void targetChanged();
+    void canGiveUpChanged();
     void elapsedChanged();
     void levelChanged();
     void pushToTalkChanged();
@@ -158,6 +166,7 @@ private:
     AudioCapture m_audio;
     Phase m_phase = Phase::idle;
     Processing m_processing = Processing::transcribing;
+    std::function<void()> m_giveUp;
     QString m_target;
     bool m_willPaste = false;
     double m_elapsed = 0;

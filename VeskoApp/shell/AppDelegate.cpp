@@ -291,7 +291,7 @@ RemoteCommands::Program AppDelegate::remoteProgram()
                 capture.toggleDictation();
             },
         .stop = [&capture] { capture.toggleDictation(); },
-        .cancel = [&capture] { capture.cancel(); },
+        .cancel = [&capture] { return capture.cancel(); },
         .show = [this] { applicationShouldHandleReopen(); },
         .quit = [this] { quit(); },
         .gestureKey =

@@ -118,6 +118,8 @@ void RemoteCommands::end(End end)
         else
             m_program.stop();
         end.answer(RemoteAnswer::done);
+    } else if (end.isCancel && m_program.cancel()) {
+        end.answer(RemoteAnswer::done);
     } else {
         end.answer(RemoteAnswer::notNow);
     }

@@ -26,7 +26,9 @@ public:
         std::function<double()> elapsed; // seconds of the recording
         std::function<void()> start; // a dictation, while idle; may refuse by staying idle
         std::function<void()> stop; // while recording
-        std::function<void()> cancel; // while recording; keeps the sound, transcribes nothing
+        // What is recorded is kept and not transcribed, what is being transcribed is given up.
+        // False if there is neither.
+        std::function<bool()> cancel;
         std::function<void()> show;
         std::function<void()> quit;
         std::function<void(bool down)> gestureKey; // went down or up

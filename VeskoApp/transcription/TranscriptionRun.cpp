@@ -53,7 +53,15 @@ Task<> TranscriptionRun::tellIfMissing()
 void TranscriptionRun::start(CapturedRecording captured)
 {
     const bool dictation = captured.dictation;
-    m_tasks.spawn(transcribe(std::move(captured), dictation));
+    begin(std::move(captured), dictation);
+}
+
+void TranscriptionRun::begin(CapturedRecording captured, bool copyWhenDone)
+{
+    m_runs.remove_if([](const Run& run) { return run.tasks.idle(); });
+    auto& run = m_runs.emplace_back();
+    run.captured = std::move(captured);
+    run.tasks.spawn(transcribe(run, copyWhenDone));
 }
 
 bool TranscriptionRun::retry(const Recording& recording, bool copyWhenDone)
@@ -65,24 +73,25 @@ bool TranscriptionRun::retry(const Recording& recording, bool copyWhenDone)
     CapturedRecording again;
     again.recording = recording;
     again.settings = CaptureSettings::from(m_to.preferences, m_to.library.contents());
-    m_tasks.spawn(transcribe(std::move(again), copyWhenDone));
+    begin(std::move(again), copyWhenDone);
     return true;
 }
 
-Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDone)
+Task<> TranscriptionRun::transcribe(Run& run, bool copyWhenDone)
 {
     if (!m_to.library.ready()) {
         m_to.capture.endProcessing();
         co_return;
     }
-    const Recording& recording = captured.recording;
+    const Recording& recording = run.captured.recording;
     if (onStarted)
         onStarted(recording);
-    const CaptureSettings& settings = captured.settings;
-    std::optional<Service> service;
+    offerToGiveUp(run);
+    const CaptureSettings& settings = run.captured.settings;
     if (!settings.onDevice()) {
-        service.emplace(m_to.keys.fetch(settings.keySource, captured.key), Eventual<bool>());
-        m_tasks.spawn(lookForSpeech(recording, std::move(captured.heard), service->spoken));
+        run.service.emplace(
+            m_to.keys.fetch(settings.keySource, run.captured.key), Eventual<bool>());
+        run.tasks.spawn(lookForSpeech(run));
     }
     std::optional<Uuid> attemptID;
     TranscriptResult result;
@@ -100,11 +109,13 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
         if (!begun)
             std::rethrow_exception(begun.error());
         attemptID = begun->id;
-        result = co_await attempt(
-            recording, begun->id, settings, std::move(service), std::move(captured.heard));
+        result = co_await attempt(run, begun->id);
     } catch (...) {
         failure = std::current_exception();
     }
+    m_to.capture.offerToGiveUp(nullptr);
+    run.service.reset(); // the key with it
+    run.captured.key.reset();
     if (failure) {
         co_await failed(recording.id, attemptID, safeMessage(failure));
         co_return;
@@ -112,7 +123,8 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
 
     bool pasted = true;
     if (copyWhenDone)
-        pasted = co_await m_to.delivery.deliver(result.text, settings.paste, captured.destination);
+        pasted
+            = co_await m_to.delivery.deliver(result.text, settings.paste, run.captured.destination);
     else
         m_to.status.setMessage(L10N_KEY("Vesko", "Saved to your note"));
     if (result.warning)
@@ -129,13 +141,13 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
         onNotPasted(note->id);
 }
 
-Task<> TranscriptionRun::lookForSpeech(
-    Recording recording, std::unique_ptr<Hearing> heard, Eventual<bool> spoken)
+Task<> TranscriptionRun::lookForSpeech(Run& run)
 {
+    const auto spoken = run.service->spoken;
     bool may = true;
     try {
         may = co_await m_to.gate.mayHoldSpeech(
-            co_await m_to.library.audioFile(recording), std::move(heard));
+            co_await m_to.library.audioFile(run.captured.recording), std::move(run.captured.heard));
     } catch (const std::exception&) {
         // Whoever needs the file will say what is wrong with it.
     }
@@ -143,12 +155,12 @@ Task<> TranscriptionRun::lookForSpeech(
 }
 
 // From speech to the final text; once completeAttempt has succeeded the transcript is safe.
-Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attemptID,
-    CaptureSettings settings, std::optional<Service> service, std::unique_ptr<Hearing> heard)
+Task<TranscriptResult> TranscriptionRun::attempt(Run& run, Uuid attemptID)
 {
+    const auto& recording = run.captured.recording;
+    const auto& settings = run.captured.settings;
     auto audio = co_await m_to.library.audioFile(recording);
-    TranscriptResult result
-        = co_await recognize(std::move(audio), settings, std::move(service), std::move(heard));
+    TranscriptResult result = co_await recognize(run, std::move(audio));
     result.text = PersonalDictionary::apply(settings.dictionary, result.text);
     const auto stored
         = co_await m_to.library.change([id = recording.id, attemptID, result](LibraryStore& store) {
@@ -159,7 +171,7 @@ Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attem
     if (settings.language == "auto")
         m_to.language.consider(result.rawText, recording);
     if (settings.cleanup || settings.translateTo) {
-        const KeyOutcome loaded = co_await awaited(m_to.keys.fetch(settings.keySource));
+        const KeyOutcome loaded = co_await awaited(run, m_to.keys.fetch(settings.keySource));
         m_to.capture.setProcessing(settings.translateTo ? Capture::Processing::translating
                                                         : Capture::Processing::cleaningUp);
         result
@@ -169,20 +181,20 @@ Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attem
 }
 
 // With a service's key by OpenRouter, else on this machine.
-Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
-    CaptureSettings settings, std::optional<Service> service, std::unique_ptr<Hearing> heard)
+Task<TranscriptResult> TranscriptionRun::recognize(Run& run, std::filesystem::path audio)
 {
-    if (!service) {
+    const auto& settings = run.captured.settings;
+    if (!run.service) {
         if (!co_await m_to.engines.lookAgain())
             throw CaptureFailure(L10N_KEY("Vesko",
                 "The speech engine that you chose isn't there. Choose one in Settings. Your audio "
                 "is saved."));
         co_return co_await m_to.onDevice.transcribe(
-            std::move(audio), std::move(settings), std::move(heard));
+            std::move(audio), settings, std::move(run.captured.heard));
     }
-    if (!co_await service->spoken)
+    if (!co_await run.service->spoken)
         throw VeskoError(VeskoError::noSpeech);
-    const KeyOutcome loaded = co_await awaited(service->key);
+    const KeyOutcome loaded = co_await awaited(run, run.service->key);
     if (loaded.failure)
         std::rethrow_exception(loaded.failure);
     if (!loaded.key || loaded.key->empty())
@@ -196,7 +208,7 @@ Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
 
 // The user hears what keeps a text back: the question for the password may lie behind a window.
 // Until it is answered, the user can dictate on.
-Task<KeyOutcome> TranscriptionRun::awaited(ServiceKey key)
+Task<KeyOutcome> TranscriptionRun::awaited(Run& run, ServiceKey key)
 {
     Timer patience(m_to.clock);
     patience.start(keysTake, [this] {
@@ -206,6 +218,7 @@ Task<KeyOutcome> TranscriptionRun::awaited(ServiceKey key)
     KeyOutcome outcome = co_await key;
     if (!patience.pending()) {
         co_await m_to.capture.resumeProcessing();
+        offerToGiveUp(run);
         m_to.status.setMessage(transcribing);
     }
     co_return outcome;
@@ -225,6 +238,46 @@ Task<> TranscriptionRun::failed(
     qCCritical(captureLog, "transcription_failed");
     if (onFailed)
         onFailed(message);
+    m_to.capture.endProcessing();
+}
+
+void TranscriptionRun::offerToGiveUp(Run& run)
+{
+    m_to.capture.offerToGiveUp([this, &run] {
+        const Uuid recordingID = run.captured.recording.id;
+        m_runs.remove_if([&run](const Run& each) { return &each == &run; });
+        m_tasks.spawn(giveUp(recordingID));
+    });
+}
+
+// The store comes to this behind all that the run has asked of it: an attempt that hasn't ended
+// then never will.
+Task<> TranscriptionRun::giveUp(Uuid recordingID)
+{
+    constexpr auto cancelled
+        = L10N_KEY("Vesko", "Transcription cancelled. The recording is saved.");
+    const auto isHeard = co_await m_to.library.change([recordingID](LibraryStore& store) {
+        std::vector<Uuid> running;
+        bool isReady = false;
+        for (const auto& note : store.snapshot().notes)
+            for (const auto& recording : note.recordings)
+                for (const auto& attempt : recording.attempts) {
+                    if (recording.id != recordingID)
+                        continue;
+                    if (attempt.status == AttemptStatus::running)
+                        running.push_back(attempt.id);
+                    isReady = isReady || attempt.status == AttemptStatus::ready;
+                }
+        for (const auto& attempt : running)
+            store.failAttempt(recordingID, attempt, cancelled);
+        return running.empty() && isReady;
+    });
+    m_to.status.setMessage(isHeard.value_or(false)
+            ? L10N_KEY("Vesko", "Cancelled. The text as it was heard is in its note.")
+            : cancelled);
+    if (!isHeard)
+        m_to.status.report(isHeard.error());
+    qCInfo(captureLog, "transcription_cancelled");
     m_to.capture.endProcessing();
 }
 

@@ -8,12 +8,15 @@
 #include "VeskoApp/transcription/OnDeviceTranscriber.h"
 #include "VeskoApp/transcription/TranscriptTransform.h"
 
+#include <list>
+
 namespace vesko {
 
 // From a stored recording to a stored text that is delivered: the attempt, recognition on this
 // machine or by the service, the user's own spellings, what is made of the text, and the failure,
-// which keeps the recording. One run at a time, since the capture's phase goes on meanwhile; but
-// those that wait for the user to unlock the secret store do so beside each other. Main thread.
+// which keeps the recording, or the user's own end, which keeps all that there is. One run at a
+// time, since the capture's phase goes on meanwhile; but those that wait for the user to unlock the
+// secret store do so beside each other. Main thread.
 class TranscriptionRun {
 public:
     // What it reaches; must outlive it.
@@ -51,21 +54,26 @@ public:
     std::function<void(const std::string& message)> onFailed;
 
 private:
-    Task<> transcribe(CapturedRecording captured, bool copyWhenDone);
-    Task<> tellIfMissing();
     // What a service is asked with, and whether it is asked at all: looked for at the same time.
     struct Service {
         ServiceKey key;
         Eventual<bool> spoken;
     };
-    Task<> lookForSpeech(
-        Recording recording, std::unique_ptr<Hearing> heard, Eventual<bool> spoken);
-    Task<TranscriptResult> attempt(Recording recording, Uuid attemptID, CaptureSettings settings,
-        std::optional<Service> service, std::unique_ptr<Hearing> heard);
-    Task<TranscriptResult> recognize(std::filesystem::path audio, CaptureSettings settings,
-        std::optional<Service> service, std::unique_ptr<Hearing> heard);
-    Task<KeyOutcome> awaited(ServiceKey key);
+    struct Run {
+        CapturedRecording captured;
+        std::optional<Service> service;
+        TaskScope tasks; // last, so that they end before what they use
+    };
+    void begin(CapturedRecording captured, bool copyWhenDone);
+    Task<> transcribe(Run& run, bool copyWhenDone);
+    Task<> tellIfMissing();
+    Task<> lookForSpeech(Run& run);
+    Task<TranscriptResult> attempt(Run& run, Uuid attemptID);
+    Task<TranscriptResult> recognize(Run& run, std::filesystem::path audio);
+    Task<KeyOutcome> awaited(Run& run, ServiceKey key);
     Task<> failed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
+    void offerToGiveUp(Run& run);
+    Task<> giveUp(Uuid recordingID);
 
     Neighbours m_to;
     OpenRouterClient m_client;
@@ -73,6 +81,7 @@ private:
 
     // Last, so that tasks end before what they use.
     Worker m_network;
+    std::list<Run> m_runs; // those that have ended go when the next one comes
     TaskScope m_tasks;
 };
 

@@ -17,6 +17,7 @@ Window {
     property bool menuOpen: false
     readonly property bool live: control.live
     readonly property bool timed: control.elapsed.length > 0
+    readonly property bool canGiveUp: capture.canGiveUp
     // What is said in passing: the hint of the held key, else an error, else what has just
     // happened, else what the button is for while the pointer rests on it.
     readonly property string said: control.fnHintVisible ? qsTranslate("Vesko", "Release Fn to finish")
@@ -50,6 +51,7 @@ Window {
     onAsksChanged: question.setSource(asks ? "LanguageQuestionView.qml" : "", { inquiry: panel.inquiry })
     onLiveChanged: meter.setSource(live ? "CaptureMeter.qml" : "", { control: panel.control })
     onTimedChanged: elapsed.setSource(timed ? "ElapsedTime.qml" : "", { control: panel.control })
+    onCanGiveUpChanged: giveUp.setSource(canGiveUp ? "GiveUpButton.qml" : "", { capture: panel.capture })
     onSaidChanged: if (said && !above.item) above.setSource("PanelMessage.qml", { panel: panel })
     onMenuOpenChanged: menu.setSource(menuOpen ? "PanelMenu.qml" : "", { panel: panel })
     onShapesChanged: control.cut(shapes)
@@ -127,7 +129,7 @@ Window {
 
         x: panel.control.atLeft ? orb.width + 6 : orb.x - width - 6
         y: orb.y + (orb.height - height) / 2
-        width: phaseWords.implicitWidth + (elapsed.item ? elapsed.width + 8 : 0) + 24
+        width: phaseWords.implicitWidth + (elapsed.item ? elapsed.width + 8 : 0) + (giveUp.item ? 20 : 0) + 24
         height: 30
         radius: 15
 
@@ -152,6 +154,13 @@ Window {
 
             anchors.left: phaseWords.right
             anchors.leftMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+        }
+        Loader {
+            id: giveUp
+
+            anchors.right: parent.right
+            anchors.rightMargin: 4
             anchors.verticalCenter: parent.verticalCenter
         }
     }

@@ -2164,6 +2164,18 @@
         <translation>Ordner</translation>
     </message>
     <message>
+        <source>Cancel transcription</source>
+        <translation>Transkription abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancelled. The text as it was heard is in its note.</source>
+        <translation>Abgebrochen. Der Text, wie er gehört wurde, steht in seiner Notiz.</translation>
+    </message>
+    <message>
+        <source>Transcription cancelled. The recording is saved.</source>
+        <translation>Transkription abgebrochen. Die Aufnahme ist gespeichert.</translation>
+    </message>
+    <message>
         <source>This note is in the Trash</source>
         <translation>Diese Notiz liegt im Papierkorb</translation>
     </message>

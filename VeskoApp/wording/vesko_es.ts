@@ -2164,6 +2164,18 @@
         <translation>Carpeta</translation>
     </message>
     <message>
+        <source>Cancel transcription</source>
+        <translation>Cancelar la transcripción</translation>
+    </message>
+    <message>
+        <source>Cancelled. The text as it was heard is in its note.</source>
+        <translation>Cancelado. El texto, tal como se oyó, está en su nota.</translation>
+    </message>
+    <message>
+        <source>Transcription cancelled. The recording is saved.</source>
+        <translation>Transcripción cancelada. La grabación está guardada.</translation>
+    </message>
+    <message>
         <source>This note is in the Trash</source>
         <translation>Esta nota está en la papelera</translation>
     </message>

@@ -2164,6 +2164,18 @@
         <translation>Dossier</translation>
     </message>
     <message>
+        <source>Cancel transcription</source>
+        <translation>Annuler la transcription</translation>
+    </message>
+    <message>
+        <source>Cancelled. The text as it was heard is in its note.</source>
+        <translation>Annulé. Le texte, tel qu’il a été entendu, se trouve dans sa note.</translation>
+    </message>
+    <message>
+        <source>Transcription cancelled. The recording is saved.</source>
+        <translation>Transcription annulée. L’enregistrement est conservé.</translation>
+    </message>
+    <message>
         <source>This note is in the Trash</source>
         <translation>Cette note est dans la corbeille</translation>
     </message>

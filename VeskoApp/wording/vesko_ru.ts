@@ -2173,6 +2173,18 @@
         <translation>Папка</translation>
     </message>
     <message>
+        <source>Cancel transcription</source>
+        <translation>Отменить расшифровку</translation>
+    </message>
+    <message>
+        <source>Cancelled. The text as it was heard is in its note.</source>
+        <translation>Отменено. Текст в том виде, как он был услышан, есть в заметке.</translation>
+    </message>
+    <message>
+        <source>Transcription cancelled. The recording is saved.</source>
+        <translation>Расшифровка отменена. Запись сохранена.</translation>
+    </message>
+    <message>
         <source>This note is in the Trash</source>
         <translation>Эта заметка в корзине</translation>
     </message>

@@ -199,6 +199,22 @@ class FloatingControl(BesideAnEditor):
         self.vesko.wait_for_text("Ready")
         self.writes_on()
 
+    def test_a_transcription_is_cancelled_by_its_button(self):
+        self.service.hold()
+        self.click()
+        self.vesko.wait_for("recording")
+        self.click()
+        cancel = until("it can be cancelled",
+                       lambda: self.vesko.panel.find("push button", "Cancel transcription"))
+        cases.picture("transcription that can be cancelled")
+        hands.click(*cancel.centre)
+        self.vesko.wait_for_text("Transcription cancelled. The recording is saved.")
+        self.vesko.wait_for("ready")
+        self.service.release()
+        recording = self.vesko.last_recording()
+        self.assertEqual([each["status"] for each in recording["attempts"]], ["failed"])
+        self.writes_on()
+
     def ink(self):
         """How many points of the control's middle are drawn upon, however faintly."""
         x, y = self.vesko.button.centre

@@ -30,6 +30,7 @@ protected:
     Phase phase = Phase::idle;
     bool ready = true;
     bool admits = true;
+    bool canGiveUp = false;
     bool hasShortcut = true;
     std::vector<std::string> done;
     RemoteCommands commands{ control, clock,
@@ -50,8 +51,12 @@ protected:
                 },
             .cancel =
                 [this] {
-                    done.emplace_back("cancel");
-                    become(Phase::processing);
+                    const bool can = phase == Phase::recording || canGiveUp;
+                    if (can) {
+                        done.emplace_back("cancel");
+                        become(std::exchange(canGiveUp, false) ? Phase::idle : Phase::processing);
+                    }
+                    return can;
                 },
             .show = [this] { done.emplace_back("show"); },
             .quit = [this] { done.emplace_back("quit"); },
@@ -180,6 +185,15 @@ TEST_F(RemoteCommandsTest, whatCannotBeDoneNowChangesNothing)
         EXPECT_THAT(*control.call(row.command), Optional(RemoteAnswer::notNow)) << row.described;
     }
     EXPECT_THAT(done, ElementsAre());
+}
+
+TEST_F(RemoteCommandsTest, aCancelGivesUpWhatIsBeingTranscribed)
+{
+    phase = Phase::processing;
+    EXPECT_THAT(*control.call(RemoteCommand::cancel), Optional(RemoteAnswer::notNow));
+    canGiveUp = true;
+    EXPECT_THAT(*control.call(RemoteCommand::cancel), Optional(RemoteAnswer::done));
+    EXPECT_THAT(done, ElementsAre("cancel"));
 }
 
 TEST_F(RemoteCommandsTest, itIsShownAndQuit)

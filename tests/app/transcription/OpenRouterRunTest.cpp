@@ -300,6 +300,24 @@ TEST_F(AwaitedKeyTest, WhatWaitsIsNotTranscribedTwice)
     EXPECT_TRUE(eventually([&] { return onlyNote().body == "hello"; }));
 }
 
+TEST_F(AwaitedKeyTest, ACancelReachesWhatIsUnderWayAndNotWhatWaits)
+{
+    dictateUntilTheKeyIsAwaited();
+    EXPECT_FALSE(model->capture().cancel()) << "nothing is under way";
+    say("hello");
+    dictate();
+    model->capture().toggleDictation();
+    ASSERT_TRUE(eventually([&] { return model->capture().canGiveUp(); }));
+    ASSERT_TRUE(model->capture().cancel());
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(message(), "Transcription cancelled. The recording is saved.");
+    answer();
+    EXPECT_TRUE(eventually([&] {
+        return bodies() == std::vector<std::string>{ "hello", "" }
+        && model->capture().phase() == Phase::idle;
+    }));
+}
+
 TEST_F(AwaitedKeyTest, QuittingWaitsForNothing)
 {
     dictateUntilTheKeyIsAwaited();
@@ -424,6 +442,19 @@ TEST_F(OpenRouterRunTest, AChangeOfTheSettingsDoesNotReachARunUnderWay)
     ASSERT_TRUE(reach(Phase::idle));
     EXPECT_THAT(server.requests().back().body, HasSubstr("vendor:second"));
     EXPECT_EQ(server.requests().back().header("Authorization"), "Bearer sk-personal");
+}
+
+TEST_F(OpenRouterRunTest, AnAnswerThatIsGivenUpIsNotAwaited)
+{
+    open();
+    server.stopReading();
+    dictate();
+    model->capture().toggleDictation();
+    ASSERT_TRUE(eventually([&] { return server.connections() == 1; }));
+    ASSERT_TRUE(model->capture().cancel());
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(onlyAttempt().status, AttemptStatus::failed);
+    EXPECT_EQ(onlyAttempt().errorMessage, "Transcription cancelled. The recording is saved.");
 }
 
 TEST_F(OpenRouterRunTest, TheProgramEndsAtOnceWhileAnAnswerIsAwaited)

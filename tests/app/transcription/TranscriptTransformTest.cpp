@@ -334,6 +334,21 @@ TEST_F(TranscriptTransformTest, TheTranscriptIsSafeBeforeAnybodyIsAsked)
     EXPECT_EQ(note.recordings.back().attempts.back().text, "hello world");
 }
 
+TEST_F(TranscriptTransformTest, GivenUpItLeavesTheTextAsItWasHeard)
+{
+    open();
+    server.stopReading();
+    dictate();
+    model->capture().toggleDictation();
+    ASSERT_TRUE(eventually([&] { return server.connections() == 1; }));
+    ASSERT_TRUE(model->capture().cancel());
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(model->status().message(), "Cancelled. The text as it was heard is in its note.");
+    EXPECT_EQ(onlyNote().body, "hello world");
+    EXPECT_EQ(lastRecording().attempts.back().status, AttemptStatus::ready);
+    EXPECT_EQ(machine.clipboard.text, std::nullopt);
+}
+
 TEST_F(TranscriptTransformTest, ATriggerMeanwhileIsDropped)
 {
     open();

@@ -310,6 +310,45 @@ TEST_F(TranscriptionRunTest, ARetryOfARecordingThatIsGoneSaysSo)
     EXPECT_EQ(model->status().message(), needsAttention);
 }
 
+TEST_F(TranscriptionRunTest, ATranscriptionThatIsCancelledKeepsTheRecordingAndPastesNothing)
+{
+    open();
+    EXPECT_FALSE(model->capture().cancel()) << "there is nothing yet";
+    dictateUntilRecognition();
+    EXPECT_TRUE(model->capture().canGiveUp());
+    EXPECT_TRUE(model->capture().cancel());
+    EXPECT_FALSE(model->capture().canGiveUp());
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_FALSE(machine.recognizer.running());
+    EXPECT_EQ(model->status().message(), "Transcription cancelled. The recording is saved.");
+    EXPECT_EQ(model->status().errorMessage(), "");
+    EXPECT_EQ(onlyAttempt().status, AttemptStatus::failed);
+    EXPECT_EQ(onlyAttempt().errorMessage, "Transcription cancelled. The recording is saved.");
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::failed);
+    EXPECT_EQ(machine.clipboard.text, std::nullopt);
+    EXPECT_EQ(machine.pasteKeystroke.sent, 0);
+    EXPECT_TRUE(std::filesystem::exists(audioFile()));
+    EXPECT_FALSE(model->capture().cancel()) << "there is nothing any more";
+
+    machine.recognizer.hears = "now";
+    model->run().retry(onlyRecording(), true);
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(onlyNote().body, "now");
+}
+
+TEST_F(TranscriptionRunTest, ACancelThatComesWithTheTranscriptNeverLosesIt)
+{
+    open();
+    dictateUntilRecognition();
+    hear("it came");
+    model->capture().cancel();
+    ASSERT_TRUE(reach(Phase::idle));
+    const bool kept = onlyAttempt().status == AttemptStatus::ready;
+    EXPECT_EQ(onlyNote().body, kept ? "it came" : "");
+    EXPECT_NE(onlyAttempt().status, AttemptStatus::running);
+    EXPECT_EQ(machine.pasteKeystroke.sent, 0);
+}
+
 // The lines that the log took while the test ran.
 std::vector<std::string>& logged()
 {
@@ -351,19 +390,23 @@ TEST_F(TranscriptionRunTest, TheLogTellsTheEventsAndNeverTheWords)
             "app.vesko.capture " + info + " library_ready",
             "app.vesko.insertion " + info + " capture_ok role=AXTextArea",
             "app.vesko.capture " + info + " capture_started",
+            "app.vesko.capture " + info + " recording_saved",
             "app.vesko.insertion " + info
                 + " paste_sent role=AXTextArea notes=cursor_moved,text_changed",
             "app.vesko.capture " + info + " transcription_saved",
             "app.vesko.insertion " + info + " capture_ok role=AXTextArea",
             "app.vesko.capture " + info + " capture_started",
+            "app.vesko.capture " + info + " recording_saved",
             "app.vesko.capture " + error + " transcription_failed",
             "app.vesko.insertion " + info + " capture_ok role=-",
             "app.vesko.capture " + info + " capture_started",
+            "app.vesko.capture " + info + " recording_saved",
             "app.vesko.insertion " + info
                 + " paste_refused reasons=app_changed,not_writable role=-",
             "app.vesko.capture " + info + " transcription_saved",
             "app.vesko.insertion " + info + " capture_skipped reason=accessibility role=-",
             "app.vesko.capture " + info + " capture_started",
+            "app.vesko.capture " + info + " recording_saved",
             "app.vesko.capture " + info + " transcription_saved"));
 }
 
