@@ -3,6 +3,7 @@
 larger, and when it was left on a screen that is gone."""
 
 import os
+import subprocess
 import sys
 import unittest
 
@@ -13,6 +14,7 @@ from lib.vesko import Vesko  # noqa: E402
 from lib.waiting import until  # noqa: E402
 
 SCREEN = (800, 600)
+PANEL = 60  # at the top
 
 
 class SmallScreen(unittest.TestCase):
@@ -58,6 +60,23 @@ class SmallScreen(unittest.TestCase):
         x, _, width, _ = self.frame()
         self.assertGreater(x + width, SCREEN[0] - 40)  # as near as can be
         vesko.kill()
+
+    def test_a_window_keeps_off_the_panel(self):
+        panel = subprocess.Popen(["xterm", "-geometry", "80x2+0+0"], stderr=subprocess.DEVNULL)
+        self.addCleanup(panel.wait)
+        self.addCleanup(panel.kill)
+        window = until("there is a panel", lambda: eyes.windows(panel.pid))[0]
+        subprocess.run(["xprop", "-id", window, "-f", "_NET_WM_STRUT", "32c", "-set",
+                        "_NET_WM_STRUT", f"0,0,{PANEL},0"], check=True)
+        until("it has its place", lambda: f" {PANEL}, 800, " in subprocess.run(
+            ["xprop", "-root", "_NET_WORKAREA"], stdout=subprocess.PIPE, text=True,
+            check=True).stdout)
+        for scene in ("note=0", "settings"):
+            vesko = self.start(scene, frameVesko=[0.0, 0.0, 800.0, 600.0],
+                               frameVeskoSettings=[20.0, 0.0, 720.0, 600.0])
+            self.is_whole(scene)
+            self.assertGreaterEqual(self.frame()[1], PANEL, scene)
+            vesko.kill()
 
 
 if __name__ == "__main__":
