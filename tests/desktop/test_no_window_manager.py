@@ -12,7 +12,7 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from lib import cases, eyes, settings, voice  # noqa: E402
 from lib.dictation import SENT  # noqa: E402
 from lib.vesko import Vesko  # noqa: E402
-from lib.waiting import until  # noqa: E402
+from lib.waiting import human_pause, until  # noqa: E402
 
 NO_WINDOW = ("Copied. No active window was known when you started, so Vesko did not paste. Paste it "
              "with Ctrl+V.")
@@ -101,6 +101,26 @@ class NoWindowManager(unittest.TestCase):
         subprocess.run(["xdotool", "mousemove", "640", "20"], check=True)
         self.vesko.dictate(lambda: voice.say(voice.BROTHER))
         self.vesko.wait_for_text(NO_WINDOW)
+
+
+class UnderKWin(unittest.TestCase):
+    """Which takes a window that comes without the focus for one that wants it."""
+
+    def test_the_control_demands_no_attention(self):
+        settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True)
+        editor = subprocess.Popen(["mousepad", "--disable-server"])
+        self.addCleanup(editor.kill)
+        manager = subprocess.Popen(["kwin_x11"], stderr=subprocess.DEVNULL)
+        self.addCleanup(manager.wait)
+        self.addCleanup(manager.kill)
+        until("the editor is in use", lambda: eyes.active_pid() == editor.pid)
+        with Vesko() as vesko:
+            control = until("the control is shown", lambda: eyes.windows(vesko.process.pid))[0]
+            until("KWin has told its state", lambda: "_NET_WM_STATE_STAYS_ON_TOP"
+                  in eyes.window_property(control, "_NET_WM_STATE"))
+            human_pause(0.5)  # it would demand it by then
+            self.assertNotIn("DEMANDS_ATTENTION",
+                             eyes.window_property(control, "_NET_WM_STATE"))
 
 
 if __name__ == "__main__":
