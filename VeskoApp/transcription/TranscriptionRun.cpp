@@ -71,6 +71,7 @@ bool TranscriptionRun::retry(const Recording& recording, bool copyWhenDone)
 
 Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDone)
 {
+    const Number run = ++m_runs;
     if (!m_to.library.ready()) {
         m_to.capture.endProcessing();
         co_return;
@@ -101,7 +102,7 @@ Task<> TranscriptionRun::transcribe(CapturedRecording captured, bool copyWhenDon
             std::rethrow_exception(begun.error());
         attemptID = begun->id;
         result = co_await attempt(
-            recording, begun->id, settings, std::move(service), std::move(captured.heard));
+            run, recording, begun->id, settings, std::move(service), std::move(captured.heard));
     } catch (...) {
         failure = std::current_exception();
     }
@@ -143,12 +144,12 @@ Task<> TranscriptionRun::lookForSpeech(
 }
 
 // From speech to the final text; once completeAttempt has succeeded the transcript is safe.
-Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attemptID,
+Task<TranscriptResult> TranscriptionRun::attempt(Number run, Recording recording, Uuid attemptID,
     CaptureSettings settings, std::optional<Service> service, std::unique_ptr<Hearing> heard)
 {
     auto audio = co_await m_to.library.audioFile(recording);
     TranscriptResult result
-        = co_await recognize(std::move(audio), settings, std::move(service), std::move(heard));
+        = co_await recognize(run, std::move(audio), settings, std::move(service), std::move(heard));
     result.text = PersonalDictionary::apply(settings.dictionary, result.text);
     const auto stored
         = co_await m_to.library.change([id = recording.id, attemptID, result](LibraryStore& store) {
@@ -159,7 +160,7 @@ Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attem
     if (settings.language == "auto")
         m_to.language.consider(result.rawText, recording);
     if (settings.cleanup || settings.translateTo) {
-        const KeyOutcome loaded = co_await awaited(m_to.keys.fetch(settings.keySource));
+        const KeyOutcome loaded = co_await awaited(run, m_to.keys.fetch(settings.keySource));
         m_to.capture.setProcessing(settings.translateTo ? Capture::Processing::translating
                                                         : Capture::Processing::cleaningUp);
         result
@@ -169,7 +170,7 @@ Task<TranscriptResult> TranscriptionRun::attempt(Recording recording, Uuid attem
 }
 
 // With a service's key by OpenRouter, else on this machine.
-Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
+Task<TranscriptResult> TranscriptionRun::recognize(Number run, std::filesystem::path audio,
     CaptureSettings settings, std::optional<Service> service, std::unique_ptr<Hearing> heard)
 {
     if (!service) {
@@ -182,7 +183,7 @@ Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
     }
     if (!co_await service->spoken)
         throw VeskoError(VeskoError::noSpeech);
-    const KeyOutcome loaded = co_await awaited(service->key);
+    const KeyOutcome loaded = co_await awaited(run, service->key);
     if (loaded.failure)
         std::rethrow_exception(loaded.failure);
     if (!loaded.key || loaded.key->empty())
@@ -196,7 +197,7 @@ Task<TranscriptResult> TranscriptionRun::recognize(std::filesystem::path audio,
 
 // The user hears what keeps a text back: the question for the password may lie behind a window.
 // Until it is answered, the user can dictate on.
-Task<KeyOutcome> TranscriptionRun::awaited(ServiceKey key)
+Task<KeyOutcome> TranscriptionRun::awaited(Number run, ServiceKey key)
 {
     Timer patience(m_to.clock);
     patience.start(keysTake, [this] {
@@ -204,10 +205,17 @@ Task<KeyOutcome> TranscriptionRun::awaited(ServiceKey key)
         m_to.capture.endProcessing();
     });
     KeyOutcome outcome = co_await key;
-    if (!patience.pending()) {
-        co_await m_to.capture.resumeProcessing();
-        m_to.status.setMessage(transcribing);
-    }
+    const bool goesOn = patience.pending();
+    if (goesOn && (m_waiting.empty() || run < *m_waiting.begin()))
+        co_return outcome;
+    patience.cancel();
+    m_waiting.insert(run);
+    if (goesOn)
+        m_to.capture.endProcessing();
+    while (run != *m_waiting.begin() || !m_to.capture.beginProcessing())
+        co_await m_to.capture.nextPhase();
+    m_waiting.erase(run);
+    m_to.status.setMessage(transcribing);
     co_return outcome;
 }
 

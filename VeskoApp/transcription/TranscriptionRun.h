@@ -8,12 +8,16 @@
 #include "VeskoApp/transcription/OnDeviceTranscriber.h"
 #include "VeskoApp/transcription/TranscriptTransform.h"
 
+#include <cstdint>
+#include <set>
+
 namespace vesko {
 
 // From a stored recording to a stored text that is delivered: the attempt, recognition on this
 // machine or by the service, the user's own spellings, what is made of the text, and the failure,
 // which keeps the recording. One run at a time, since the capture's phase goes on meanwhile; but
-// those that wait for the user to unlock the secret store do so beside each other. Main thread.
+// those that wait for the user to unlock the secret store do so beside each other, and go on in
+// the order in which they began, before any that began later. Main thread.
 class TranscriptionRun {
 public:
     // What it reaches; must outlive it.
@@ -51,6 +55,8 @@ public:
     std::function<void(const std::string& message)> onFailed;
 
 private:
+    using Number = std::uint64_t; // of a run; the later one is larger
+
     Task<> transcribe(CapturedRecording captured, bool copyWhenDone);
     Task<> tellIfMissing();
     // What a service is asked with, and whether it is asked at all: looked for at the same time.
@@ -60,16 +66,18 @@ private:
     };
     Task<> lookForSpeech(
         Recording recording, std::unique_ptr<Hearing> heard, Eventual<bool> spoken);
-    Task<TranscriptResult> attempt(Recording recording, Uuid attemptID, CaptureSettings settings,
-        std::optional<Service> service, std::unique_ptr<Hearing> heard);
-    Task<TranscriptResult> recognize(std::filesystem::path audio, CaptureSettings settings,
-        std::optional<Service> service, std::unique_ptr<Hearing> heard);
-    Task<KeyOutcome> awaited(ServiceKey key);
+    Task<TranscriptResult> attempt(Number run, Recording recording, Uuid attemptID,
+        CaptureSettings settings, std::optional<Service> service, std::unique_ptr<Hearing> heard);
+    Task<TranscriptResult> recognize(Number run, std::filesystem::path audio,
+        CaptureSettings settings, std::optional<Service> service, std::unique_ptr<Hearing> heard);
+    Task<KeyOutcome> awaited(Number run, ServiceKey key);
     Task<> failed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
 
     Neighbours m_to;
     OpenRouterClient m_client;
     QObject m_home; // what it hears of
+    Number m_runs = 0;
+    std::set<Number> m_waiting; // they have their key, and something else is under way
 
     // Last, so that tasks end before what they use.
     Worker m_network;
