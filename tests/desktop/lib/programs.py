@@ -115,13 +115,9 @@ class Program:
         return self.field.text
 
     def asks_for_password(self):
-        """The field of a window that has come to the front, and the focus is in it."""
-        def secret():
-            window = next((each for each in self.app.children if "active" in each.states), None)
-            return window and next((node for node in window.walk() if node.is_password
-                                    and "focused" in node.states), None)
-
-        return until("it asks for a password", secret)
+        """Its field for one, in a window that has come to the front."""
+        return until("it asks for a password",
+                     lambda: self.app.find("password text", state="focused"))
 
     def raise_window(self):
         eyes.raise_window(self.pid)
@@ -417,17 +413,16 @@ class Thunderbird(RichChat, Program):
         with open(os.path.join(profile, "user.js"), "w") as file:
             file.write(settings)
         super().__init__(["thunderbird", "--no-remote", "--profile", profile])
-        # It listens to its keys a while after it shows its window.
-        until("its window is ready", lambda: self.app.find("entry", "Search"))
-        until("the letter is open", self._written_to, deadline=30, every=1)
+        until("its folders are there", lambda: self.app.find("tree item", state="selected"))
+        # Once: a letter that is slow to open opens twice for who asks again.
+        self.app.find("push button", "New Message").activate()
+        until("the letter is open", self._written_to, deadline=30)
         self.focus("document web", "Message body")
 
-    def _written_to(self):
+    @staticmethod
+    def _written_to():
         window = eyes.active_window()
-        if window and "Write:" in eyes.title(window):
-            return True
-        hands.tap("left control", "n")
-        return False
+        return window and "Write:" in eyes.title(window)
 
 
 # Asked for letters with the start.
