@@ -35,6 +35,6 @@ class PostOffice:
             with caller, caller.makefile("rb") as said:
                 caller.sendall(b"+OK\r\n")
                 for line in said:
-                    caller.sendall(answers.get(line.split()[0], b"-ERR\r\n"))
+                    caller.sendall(answers.get(line[:4], b"-ERR\r\n"))
         except OSError:
             pass  # the caller has gone
