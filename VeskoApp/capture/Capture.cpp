@@ -408,16 +408,13 @@ void Capture::endProcessing()
     setPhase(Phase::idle);
 }
 
-Task<> Capture::resumeProcessing()
+Eventual<std::monostate> Capture::nextPhase()
 {
-    while (!beginProcessing()) {
-        const Eventual<std::monostate> changed;
-        // Not within the change, of which others have yet to hear.
-        connect(
-            this, &Capture::phaseChanged, this, [changed] { changed.set({}); },
-            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
-        co_await changed;
-    }
+    const Eventual<std::monostate> changed;
+    connect(
+        this, &Capture::phaseChanged, this, [changed] { changed.set({}); },
+        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    return changed;
 }
 
 // A note and a recording may be half made: what has begun to be stored comes to its end, but nobody

@@ -91,8 +91,8 @@ public:
     void offerToGiveUp(std::function<void()> giveUp);
     // What followed the recording has ended, or waits for the user: another may be captured.
     void endProcessing();
-    // Goes on with what waited, once nothing else is under way.
-    Task<> resumeProcessing();
+    // Given with the next change of the phase, once everyone else has heard of it.
+    Eventual<std::monostate> nextPhase();
 
     // Ends a running recording and keeps it. False if the program can't end now.
     Task<bool> prepareToQuit();

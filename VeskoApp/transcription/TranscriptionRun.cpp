@@ -216,12 +216,26 @@ Task<KeyOutcome> TranscriptionRun::awaited(Run& run, ServiceKey key)
         m_to.capture.endProcessing();
     });
     KeyOutcome outcome = co_await key;
-    if (!patience.pending()) {
-        co_await m_to.capture.resumeProcessing();
-        offerToGiveUp(run);
-        m_to.status.setMessage(transcribing);
-    }
+    const bool goesOn = patience.pending();
+    if (goesOn && !isBehindAnother(run))
+        co_return outcome;
+    patience.cancel();
+    run.waits = true;
+    if (goesOn)
+        m_to.capture.endProcessing();
+    while (isBehindAnother(run) || !m_to.capture.beginProcessing())
+        co_await m_to.capture.nextPhase();
+    run.waits = false;
+    offerToGiveUp(run);
+    m_to.status.setMessage(transcribing);
     co_return outcome;
+}
+
+bool TranscriptionRun::isBehindAnother(const Run& run) const
+{
+    const auto first = std::ranges::find_if(
+        m_runs, [&run](const Run& each) { return each.waits || &each == &run; });
+    return &*first != &run;
 }
 
 Task<> TranscriptionRun::failed(

@@ -16,7 +16,8 @@ namespace vesko {
 // machine or by the service, the user's own spellings, what is made of the text, and the failure,
 // which keeps the recording, or the user's own end, which keeps all that there is. One run at a
 // time, since the capture's phase goes on meanwhile; but those that wait for the user to unlock the
-// secret store do so beside each other. Main thread.
+// secret store do so beside each other, and go on in the order in which they began, before any that
+// began later. Main thread.
 class TranscriptionRun {
 public:
     // What it reaches; must outlive it.
@@ -62,6 +63,7 @@ private:
     struct Run {
         CapturedRecording captured;
         std::optional<Service> service;
+        bool waits = false; // it has its key, and something else is under way
         TaskScope tasks; // last, so that they end before what they use
     };
     void begin(CapturedRecording captured, bool copyWhenDone);
@@ -71,6 +73,7 @@ private:
     Task<TranscriptResult> attempt(Run& run, Uuid attemptID);
     Task<TranscriptResult> recognize(Run& run, std::filesystem::path audio);
     Task<KeyOutcome> awaited(Run& run, ServiceKey key);
+    bool isBehindAnother(const Run& run) const;
     Task<> failed(Uuid recordingID, std::optional<Uuid> attemptID, std::string message);
     void offerToGiveUp(Run& run);
     Task<> giveUp(Uuid recordingID);
@@ -81,7 +84,7 @@ private:
 
     // Last, so that tasks end before what they use.
     Worker m_network;
-    std::list<Run> m_runs; // those that have ended go when the next one comes
+    std::list<Run> m_runs; // as they began; those that have ended go when the next one comes
     TaskScope m_tasks;
 };
 

@@ -81,7 +81,10 @@ void FocusFollower::noteFocus(const AtspiAddress& element)
 void FocusFollower::noteLoss(const AtspiAddress& element)
 {
     const Program* program = find(element.service);
-    if (program && !program->weighed.empty() && program->weighed.front() == element)
+    const auto among = [&](const std::vector<AtspiAddress>& elements) {
+        return std::ranges::find(elements, element) != elements.end();
+    };
+    if (program && (among(program->weighed) || among(program->news)))
         m_tasks.spawn(weighLoss(element));
 }
 
@@ -89,6 +92,12 @@ FocusFollower::Program* FocusFollower::find(const QString& service)
 {
     const auto known = std::ranges::find(m_programs, service, &Program::service);
     return known == m_programs.end() ? nullptr : &*known;
+}
+
+bool FocusFollower::isWeighing(const QString& service)
+{
+    const Program* program = find(service);
+    return program && program->weighing;
 }
 
 FocusFollower::Program& FocusFollower::latest(const QString& service)
@@ -125,7 +134,9 @@ Task<> FocusFollower::weighNews(QString service)
 
 Task<> FocusFollower::weighLoss(AtspiAddress element)
 {
-    co_await sleepFor(m_clock, settling);
+    do {
+        co_await sleepFor(m_clock, settling);
+    } while (isWeighing(element.service)); // and may count what had the focus when it was asked
     const QDeadlineTimer deadline(weighLimit);
     const auto kinds = co_await m_search.kindsOf({ element }, deadline);
     if (!kinds.front() || kinds.front()->is(ATSPI_STATE_FOCUSED)

@@ -44,6 +44,7 @@ private:
     void noteFocus(const AtspiAddress& element);
     void noteLoss(const AtspiAddress& element);
     Program* find(const QString& service);
+    bool isWeighing(const QString& service);
     Program& latest(const QString& service);
     Task<> weighNews(QString service);
     Task<> weighLoss(AtspiAddress element);

@@ -8,10 +8,10 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from lib import cases, hands  # noqa: E402
-from lib.dictation import MOVED, NO_ELEMENTS, NOT_SEEN, WORDS, Cells, Dictations  # noqa: E402
+from lib.dictation import HIDDEN, MOVED, NO_ELEMENTS, NOT_SEEN, WORDS, Cells, Dictations  # noqa: E402
 from lib.programs import (DrawingPage, FeatherPad, GnomeTextEditor, Gtk4Window,  # noqa: E402
                           Mousepad, ShadowChromium, ShadowFirefox, Terminal, Thunderbird,
-                          chromium_as_shipped)
+                          ThunderbirdWithPost, Writer, chromium_as_shipped)
 from lib.waiting import human_pause, until  # noqa: E402
 
 
@@ -33,6 +33,38 @@ class GtkTerminal(Cells, Dictations):
 
 class Letter(Cells, Dictations):
     make_program = Thunderbird
+
+
+class PasswordDialogs(Dictations):
+    def never_into(self, program):
+        with program:
+            secret = program.ask_for_password()
+            before = program.text, secret.text
+            self.begin()
+            self.end(message=HIDDEN)
+            self.stays(lambda: (program.text, secret.text), before)
+
+    def not_after_moving_into(self, program):
+        with program:
+            before = program.text
+            self.begin()
+            self.end_and_hold()
+            secret = program.ask_for_password()
+            empty = secret.text
+            self.released(message=MOVED)
+            self.stays(lambda: (program.text, secret.text), (before, empty))
+
+    def test_never_into_the_one_of_a_mail_program(self):
+        self.never_into(ThunderbirdWithPost())
+
+    def test_not_after_moving_into_the_one_of_a_mail_program(self):
+        self.not_after_moving_into(ThunderbirdWithPost())
+
+    def test_never_into_the_one_of_a_word_processor(self):
+        self.never_into(Writer())
+
+    def test_not_after_moving_into_the_one_of_a_word_processor(self):
+        self.not_after_moving_into(Writer())
 
 
 class SearchBar(Dictations):

@@ -203,9 +203,9 @@ protected:
     }
 
     std::string message() const { return model->status().message(); }
-    void dictateUntilTheKeyIsAwaited()
+    void dictateUntilTheKeyIsAwaited(const std::string& text = "hello")
     {
-        say("hello");
+        say(text);
         dictate();
         model->capture().toggleDictation();
         ASSERT_TRUE(reach(Phase::processing));
@@ -273,6 +273,35 @@ TEST_F(AwaitedKeyTest, WhatWaitedLeavesTheRecordingAfterItAlone)
         return bodies() == std::vector<std::string>(2, "hello")
             && model->capture().phase() == Phase::idle;
     }));
+}
+
+TEST_F(AwaitedKeyTest, TextsComeInTheOrderOfTheirRecordings)
+{
+    struct Case {
+        const char* keyComes;
+        bool recording;
+    };
+    const std::vector<std::string> texts{ "first", "second", "third" };
+    std::vector<std::string> all;
+    for (const Case& one : { Case{ "while the last one is recorded", true },
+             Case{ "before the user hears what the last one waits for", false } }) {
+        SCOPED_TRACE(one.keyComes);
+        machine.secrets.hang();
+        for (const auto* text : { "first", "second" })
+            dictateUntilTheKeyIsAwaited(text);
+        say("third");
+        dictate();
+        if (!one.recording)
+            model->capture().toggleDictation();
+        answer();
+        if (one.recording)
+            model->capture().toggleDictation();
+        all.insert(all.end(), texts.begin(), texts.end());
+        // The service answers in the order in which it is asked.
+        EXPECT_TRUE(eventually([&] {
+            return bodies() == all && model->capture().phase() == Phase::idle;
+        })) << testing::PrintToString(bodies());
+    }
 }
 
 TEST_F(AwaitedKeyTest, AStoreThatStaysLockedFailsWhatWaitedOnceNothingIsRecorded)

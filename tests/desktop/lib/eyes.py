@@ -171,11 +171,12 @@ class Node:
         for child in children:
             yield from child.walk()
 
-    def find(self, role=None, name=None):
-        """The first element at or below this one that is of the role and has the name."""
+    def find(self, role=None, name=None, state=None):
+        """The first element at or below this one that is of the role, has the name and is so."""
         for node in self.walk():
             try:
-                if (role is None or node.role == role) and (name is None or node.name == name):
+                if ((role is None or node.role == role) and (name is None or node.name == name)
+                        and (state is None or state in node.states)):
                     return node
             except Gone:
                 continue
@@ -199,6 +200,16 @@ def application(pid):
         except GLib.Error:
             continue
     return None
+
+
+def listeners():
+    """The processes that have asked to be told of events."""
+    registry = Node("org.a11y.atspi.Registry", "/org/a11y/atspi/registry")
+    try:
+        told = registry._ask("org.a11y.atspi.Registry", "GetRegisteredEvents")[0]
+        return {Node(owner, registry.path).pid for owner, *_ in told}
+    except (Gone, GLib.Error):
+        return set()
 
 
 def claiming_to_be_active():

@@ -6,6 +6,7 @@ import subprocess
 import tempfile
 
 from . import eyes, hands, kwin, sway
+from .post import PostOffice
 from .waiting import until
 
 SERVICES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../services")
@@ -113,6 +114,11 @@ class Program:
     def text(self):
         return self.field.text
 
+    def asks_for_password(self):
+        """Its field for one, in a window that has come to the front."""
+        return until("it asks for a password",
+                     lambda: self.app.find("password text", state="focused"))
+
     def raise_window(self):
         eyes.raise_window(self.pid)
 
@@ -218,6 +224,12 @@ class Writer(Program):
     def return_to(self):
         self.raise_window()
         until("a paragraph has the focus", lambda: eyes.focused(self.app))
+
+    def ask_for_password(self):
+        """Opens the dialog that protects the changes; gives its field."""
+        menu = self.app.find("menu", "Track Changes")
+        menu.find("check menu item", "Protect...").activate()
+        return self.asks_for_password()
 
 
 class SandboxedMousepad(Program):
@@ -396,22 +408,52 @@ user_pref("app.donation.eoy.version.viewed", 999);
 class Thunderbird(RichChat, Program):
     """A letter that is being written, which is made of paragraphs."""
 
-    def __init__(self):
+    def __init__(self, settings=THUNDERBIRD_SETTINGS):
         profile = tempfile.mkdtemp()
         with open(os.path.join(profile, "user.js"), "w") as file:
-            file.write(THUNDERBIRD_SETTINGS)
+            file.write(settings)
         super().__init__(["thunderbird", "--no-remote", "--profile", profile])
-        # It listens to its keys a while after it shows its window.
-        until("its window is ready", lambda: self.app.find("entry", "Search"))
-        until("the letter is open", self._written_to, deadline=30, every=1)
+        until("its folders are there", lambda: self.app.find("tree item", state="selected"))
+        # Once: a letter that is slow to open opens twice for who asks again.
+        self.app.find("push button", "New Message").activate()
+        until("the letter is open", self._written_to, deadline=30)
         self.focus("document web", "Message body")
 
-    def _written_to(self):
+    @staticmethod
+    def _written_to():
         window = eyes.active_window()
-        if window and "Write:" in eyes.title(window):
-            return True
-        hands.tap("left control", "n")
-        return False
+        return window and "Write:" in eyes.title(window)
+
+
+# Asked for letters with the start.
+POST_SETTINGS = """user_pref("mail.accountmanager.accounts", "account1,account2");
+user_pref("mail.account.account2.server", "server2");
+user_pref("mail.account.account2.identities", "id1");
+user_pref("mail.server.server2.type", "pop3");
+user_pref("mail.server.server2.hostname", "localhost");
+user_pref("mail.server.server2.port", {port});
+user_pref("mail.server.server2.name", "Post");
+user_pref("mail.server.server2.userName", "somebody");
+user_pref("mail.server.server2.authMethod", 3);
+user_pref("mail.server.server2.socketType", 0);
+user_pref("mail.server.server2.login_at_startup", true);
+"""
+
+
+class ThunderbirdWithPost(Thunderbird):
+    """A letter, and a server for which a password is asked once it greets."""
+
+    def __init__(self):
+        self.office = PostOffice()
+        super().__init__(THUNDERBIRD_SETTINGS + POST_SETTINGS.format(port=self.office.port))
+
+    def ask_for_password(self):
+        self.office.greet()
+        return self.asks_for_password()
+
+    def kill(self):
+        super().kill()
+        self.office.close()
 
 
 class ChatWindow(Program):
