@@ -41,9 +41,7 @@ QVariant NoteDrag::retrieveData(const QString& format, QMetaType) const
     try {
         for (const auto& file :
             writeMarkdownFiles(m_library, m_ids, m_folder->path().toStdString()))
-            m_addresses += QUrl::fromLocalFile(QString::fromStdString(file.string()))
-                               .toEncoded(QUrl::FullyEncoded)
-                + "\r\n";
+            m_addresses.append(QUrl::fromLocalFile(QString::fromStdString(file.string())));
     } catch (const std::exception&) {
         m_addresses.clear();
         m_onFailure(std::current_exception());

@@ -4,6 +4,7 @@
 
 #include <QMimeData>
 #include <QTemporaryDir>
+#include <QVariantList>
 
 #include <functional>
 #include <memory>
@@ -36,7 +37,7 @@ private:
     const std::set<Uuid> m_ids;
     const std::shared_ptr<const QTemporaryDir> m_folder;
     const std::function<void(std::exception_ptr)> m_onFailure;
-    mutable QByteArray m_addresses;
+    mutable QVariantList m_addresses; // a list alone is understood by each Qt
 };
 
 } // namespace vesko
