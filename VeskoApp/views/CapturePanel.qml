@@ -66,6 +66,20 @@ Window {
         property: "highContrast"
         value: panel.delegate.highContrast
     }
+    // Nothing is said while it records: the microphone would hear it.
+    Announcement {
+        text: panel.capture.busy && panel.capture.phaseTitle !== qsTranslate("Vesko", "Starting microphone")
+              ? panel.capture.phaseTitle : ""
+    }
+    Announcement {
+        text: panel.control.news
+    }
+    Announcement {
+        text: panel.status.errorMessage
+    }
+    Announcement {
+        text: panel.asks ? qsTranslate("Vesko", "Which language do you speak?") : ""
+    }
     Face {
         id: orb
 

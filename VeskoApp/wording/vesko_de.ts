@@ -1769,6 +1769,10 @@
         <translation>Nicht in diesem Text</translation>
     </message>
     <message>
+        <source>Notes found: %1</source>
+        <translation>Gefundene Notizen: %1</translation>
+    </message>
+    <message>
         <source>Matches in this text: %1</source>
         <translation>Treffer in diesem Text: %1</translation>
     </message>

@@ -1769,6 +1769,10 @@
         <translation>No está en este texto</translation>
     </message>
     <message>
+        <source>Notes found: %1</source>
+        <translation>Notas encontradas: %1</translation>
+    </message>
+    <message>
         <source>Matches in this text: %1</source>
         <translation>Coincidencias en este texto: %1</translation>
     </message>

@@ -1769,6 +1769,10 @@
         <translation>Absent de ce texte</translation>
     </message>
     <message>
+        <source>Notes found: %1</source>
+        <translation>Notes trouvées : %1</translation>
+    </message>
+    <message>
         <source>Matches in this text: %1</source>
         <translation>Occurrences dans ce texte : %1</translation>
     </message>

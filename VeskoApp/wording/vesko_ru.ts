@@ -1773,6 +1773,10 @@
         <translation>В этом тексте нет</translation>
     </message>
     <message>
+        <source>Notes found: %1</source>
+        <translation>Найдено заметок: %1</translation>
+    </message>
+    <message>
         <source>Matches in this text: %1</source>
         <translation>Найдено в этом тексте: %1</translation>
     </message>
