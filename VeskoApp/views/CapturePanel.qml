@@ -66,13 +66,15 @@ Window {
         property: "highContrast"
         value: panel.delegate.highContrast
     }
-    // Nothing is said while it records: the microphone would hear it.
     Announcement {
-        text: panel.capture.busy && panel.capture.phaseTitle !== qsTranslate("Vesko", "Starting microphone")
-              ? panel.capture.phaseTitle : ""
+        id: announced
     }
-    Announcement {
-        text: panel.control.news
+    Connections {
+        target: panel.control
+        // Nothing is said while it records: the microphone would hear it.
+        function onNewsChanged() {
+            announced.text = panel.capture.recording ? "" : panel.control.news;
+        }
     }
     Announcement {
         text: panel.status.errorMessage

@@ -57,7 +57,11 @@ Item {
             event.accepted = text.length > 0;
             root.library.query = "";
         }
-        Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
+        Keys.onDownPressed: {
+            list.forceActiveFocus(Qt.TabFocusReason);
+            if (list.currentIndex < 0 && list.count > 0)
+                list.select(0, 0);
+        }
 
         Binding on text {
             value: root.library.query
