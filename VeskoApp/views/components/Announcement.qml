@@ -3,31 +3,39 @@ pragma ComponentBehavior: Bound
 import QtQuick
 
 // Says to a screen reader, once, what changes elsewhere than where the keyboard is. Nothing of it can
-// be seen or found. Two lines take turns, so that what is still to be read out isn't overwritten.
+// be seen or found. Its lines take turns, so that none is overwritten before it is read out.
 Item {
     id: announcement
 
     property string text
-    property Line line: second
+    readonly property list<Line> lines: [first, second, third, fourth]
+    property int turn: 0
     property bool ready: false // what is there from the beginning is no news
+
+    function tell(words: string) {
+        if (!words)
+            return;
+        turn = (turn + 1) % lines.length;
+        const line = lines[turn];
+        line.visible = false;
+        line.text = words;
+        line.visible = true;
+    }
 
     Component.onCompleted: ready = true
     onTextChanged: if (ready) tell(text)
-
-    function tell(text: string) {
-        if (!text)
-            return;
-        line = line === first ? second : first;
-        line.visible = false;
-        line.text = text;
-        line.visible = true;
-    }
 
     Line {
         id: first
     }
     Line {
         id: second
+    }
+    Line {
+        id: third
+    }
+    Line {
+        id: fourth
     }
 
     component Line: Item {
