@@ -68,6 +68,22 @@ Window {
         property: "highContrast"
         value: panel.delegate.highContrast
     }
+    Announcement {
+        id: announced
+    }
+    Connections {
+        target: panel.control
+        // Nothing is said while it records: the microphone would hear it.
+        function onNewsChanged() {
+            announced.text = panel.capture.recording ? "" : panel.control.news;
+        }
+    }
+    Announcement {
+        text: panel.status.errorMessage
+    }
+    Announcement {
+        text: panel.asks ? qsTranslate("Vesko", "Which language do you speak?") : ""
+    }
     Face {
         id: orb
 

@@ -10,6 +10,23 @@ VeskoWindow {
     required property var signIn
     required property var status
 
+    // The keyboard stays with the buttons: all that the shown step says is said once.
+    property bool begun: false
+
+    function read() {
+        const words = [onboarding.placeText];
+        collect(steps, words);
+        told.tell(words.join("\n"));
+    }
+    function collect(item, words) {
+        if (!item.visible)
+            return;
+        if (item instanceof Words && item.text)
+            words.push(item.text);
+        for (const child of Array.from(item.children))
+            collect(child, words);
+    }
+
     title: qsTranslate("Vesko", "Welcome to Vesko")
     width: 640
     height: 560
@@ -18,6 +35,19 @@ VeskoWindow {
     minimumHeight: height
     maximumHeight: height
 
+    onActiveChanged: {
+        if (begun || !active)
+            return;
+        begun = true;
+        read();
+    }
+
+    Announcement {
+        id: told
+    }
+    Announcement {
+        text: window.onboarding.notice
+    }
     FocusScope {
         anchors.fill: parent
         focus: true
@@ -45,6 +75,7 @@ VeskoWindow {
                         return;
                     steps.shown = window.onboarding.step;
                     coming.restart();
+                    window.read();
                 }
             }
             NumberAnimation {

@@ -82,6 +82,7 @@ VeskoWindow {
                 SettingSwitch {
                     width: parent.width
                     text: qsTranslate("Vesko", "Learn from corrected dictation")
+                    note: learnNote.text
                     value: window.preferences.learnCorrections
                     onSwitched: on => window.preferences.learnCorrections = on
                 }
@@ -90,6 +91,8 @@ VeskoWindow {
                     text: window.preferences.learningAdvice
                 }
                 SettingNote {
+                    id: learnNote
+
                     width: parent.width
                     text: qsTranslate("Vesko", "Learning watches only the fragment Vesko pasted into the same focused field, for up to two minutes. Return followed by a cleared field is used as its send signal. Similar word corrections are enabled automatically; other replacements are saved as suggestions. For other send buttons, review the last corrections in Dictionary. Nothing is learned from secure or unreadable fields.")
                 }
@@ -154,10 +157,13 @@ VeskoWindow {
                     width: parent.width
                     visible: window.preferences.analyticsConfigured
                     text: qsTranslate("Vesko", "Share anonymous usage analytics")
+                    note: analyticsNote.text
                     value: window.preferences.analyticsEnabled
                     onSwitched: on => window.preferences.analyticsEnabled = on
                 }
                 SettingNote {
+                    id: analyticsNote
+
                     width: parent.width
                     text: window.preferences.analyticsNote
                 }

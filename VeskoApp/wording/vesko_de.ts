@@ -2219,5 +2219,9 @@
         <source>Search settings</source>
         <translation>Einstellungen durchsuchen</translation>
     </message>
+    <message>
+        <source>Notes found: %1</source>
+        <translation>Gefundene Notizen: %1</translation>
+    </message>
 </context>
 </TS>

@@ -2219,5 +2219,9 @@
         <source>Search settings</source>
         <translation>Buscar en los ajustes</translation>
     </message>
+    <message>
+        <source>Notes found: %1</source>
+        <translation>Notas encontradas: %1</translation>
+    </message>
 </context>
 </TS>

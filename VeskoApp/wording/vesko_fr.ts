@@ -2219,5 +2219,9 @@
         <source>Search settings</source>
         <translation>Rechercher dans les réglages</translation>
     </message>
+    <message>
+        <source>Notes found: %1</source>
+        <translation>Notes trouvées : %1</translation>
+    </message>
 </context>
 </TS>

@@ -2228,5 +2228,9 @@
         <source>Search settings</source>
         <translation>Поиск в настройках</translation>
     </message>
+    <message>
+        <source>Notes found: %1</source>
+        <translation>Найдено заметок: %1</translation>
+    </message>
 </context>
 </TS>

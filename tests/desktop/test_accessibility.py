@@ -17,7 +17,7 @@ from lib.waiting import until  # noqa: E402
 BUTTON, ITEM, ROW, TEXT, SWITCH = "push button", "menu item", "list item", "text", "check box"
 CONTROLS = {BUTTON, ITEM, ROW, TEXT, SWITCH, "combo box", "link", "button menu"}
 # What holds controls or is read.
-OTHERS = {"frame", "panel", "list", "form", "popup menu", "dialog", "label", "heading",
+OTHERS = {"frame", "panel", "list", "form", "popup menu", "dialog", "label", "paragraph", "heading",
           "status bar", "notification", "alert", "separator"}
 TERM = {"id": "00000000-0000-4000-8000-000000000001", "original": "one", "replacement": "1",
         "source": "manual", "enabled": True, "createdAt": "2026-01-01T00:00:00Z"}

@@ -10,6 +10,7 @@ Rectangle {
 
     property string text
     property bool alarm: true
+    property string news: alarm ? "" : text // said once; what went wrong, the floating control says
     default property alias actions: actions.data
 
     implicitHeight: row.implicitHeight + 2 * Theme.space
@@ -18,6 +19,10 @@ Rectangle {
     Accessible.role: alarm ? Accessible.AlertMessage : Accessible.StatusBar
     Accessible.name: text
 
+    Announcement {
+        parent: banner.Window.contentItem // while the banner can't be seen, nothing in it can be said
+        text: banner.news
+    }
     RowLayout {
         id: row
 

@@ -29,9 +29,6 @@ T.Dialog {
 
     contentItem: Column {
         spacing: 10
-        Accessible.role: Accessible.Dialog
-        Accessible.name: sheet.title
-        Accessible.description: sheet.text
 
         Words {
             width: sheet.availableWidth

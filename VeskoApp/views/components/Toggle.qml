@@ -9,6 +9,7 @@ T.Switch {
 
     property string name: text
     property string help
+    property string note // what stands below it
 
     implicitWidth: implicitContentWidth
     implicitHeight: Math.max(Theme.control, implicitContentHeight)
@@ -18,7 +19,7 @@ T.Switch {
 
     Accessible.role: Accessible.CheckBox
     Accessible.name: name
-    Accessible.description: help
+    Accessible.description: help || note
     Accessible.checkable: true
     Accessible.checked: checked
     Accessible.onToggleAction: press()

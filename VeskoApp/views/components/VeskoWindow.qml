@@ -11,7 +11,7 @@ Window {
     required property var session
     required property var delegate
     readonly property alias menu: appMenu
-    property Item home // has the keyboard when what had it before is gone
+    property Item home // has the keyboard at first, and when what had it before is gone
     property Item before
 
     // Whether a menu or a sheet has the keyboard.
@@ -28,6 +28,7 @@ Window {
     }
 
     color: Theme.window
+    onActiveChanged: if (active && !before && !isTaken()) home?.forceActiveFocus(Qt.ActiveWindowFocusReason)
     onActiveFocusItemChanged: if (activeFocusItem && activeFocusItem !== contentItem && !isTaken()) before = activeFocusItem
 
     Shortcut {

@@ -103,6 +103,9 @@ Column {
             onClicked: form.dictionary.cancel()
         }
     }
+    Announcement {
+        text: form.terms.message
+    }
     Words {
         width: parent.width
         visible: text.length > 0

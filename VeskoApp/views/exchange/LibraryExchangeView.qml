@@ -18,6 +18,7 @@ Item {
         anchors.fill: parent
         visible: view.exchange.work.length > 0
         alarm: false
+        news: view.exchange.work
         text: `${view.exchange.work} ${Math.floor(view.exchange.progress * 100)} %`
 
         PushButton {

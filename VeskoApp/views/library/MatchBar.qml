@@ -39,7 +39,12 @@ RowLayout {
     spacing: 2
     Component.onCompleted: look()
 
+    Announcement {
+        text: bar.number > 0 ? words.text : ""
+    }
     Words {
+        id: words
+
         Layout.fillWidth: true
         text: bar.count === 0 ? qsTranslate("Vesko", "Not in this text")
             : bar.number === 0 ? qsTranslate("Vesko", "Matches in this text: %1").arg(bar.count)

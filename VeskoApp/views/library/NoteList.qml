@@ -49,12 +49,19 @@ Item {
         enabled: root.library.canCreate
         placeholderText: qsTranslate("Vesko", "Search notes and transcripts")
 
-        onTextEdited: root.library.query = text
+        onTextEdited: {
+            root.library.query = text;
+            typed.restart();
+        }
         Keys.onEscapePressed: event => {
             event.accepted = text.length > 0;
             root.library.query = "";
         }
-        Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
+        Keys.onDownPressed: {
+            list.forceActiveFocus(Qt.TabFocusReason);
+            if (list.currentIndex < 0 && list.count > 0)
+                list.select(0, 0);
+        }
 
         Binding on text {
             value: root.library.query
@@ -68,6 +75,15 @@ Item {
         }
     }
 
+    Timer {
+        id: typed
+
+        interval: 500
+        onTriggered: found.tell(root.library.query ? qsTranslate("Vesko", "Notes found: %1").arg(root.library.noteCount) : "")
+    }
+    Announcement {
+        id: found
+    }
     ListView {
         id: list
 

@@ -23,6 +23,9 @@ Item {
         width: Math.min(360, parent.width - 80)
         spacing: 12
 
+        Announcement {
+            text: view.selected.title
+        }
         Words {
             width: parent.width
             bottomPadding: 8

@@ -40,6 +40,7 @@ Section {
     SettingSwitch {
         width: parent.width
         text: qsTranslate("Vesko", "Also use Fn / Globe to start and stop")
+        note: fnNote.text
         value: section.preferences.fnEnabled
         onSwitched: on => section.preferences.fnEnabled = on
     }
@@ -52,16 +53,21 @@ Section {
         onChosen: tag => section.preferences.gestureKey = tag
     }
     SettingNote {
+        id: fnNote
+
         width: parent.width
         text: qsTranslate("Vesko", "Fn starts recording when pressed. Tap to keep recording, or hold for 0.35 seconds and release to finish. A second tap stops a latched recording. Fn combinations do not send audio for transcription. Set Fn/Globe to Do Nothing in System Settings > Keyboard if macOS opens its own dictation or emoji picker.")
     }
     SettingSwitch {
         width: parent.width
         text: qsTranslate("Vesko", "Show floating capture button")
+        note: floatingNote.text
         value: section.preferences.showFloating
         onSwitched: on => section.preferences.showFloating = on
     }
     SettingNote {
+        id: floatingNote
+
         width: parent.width
         text: qsTranslate("Vesko", "Click it to record. Drag it to move it; a drag never starts a recording. Right-click it for the Vesko menu.")
     }
@@ -94,6 +100,7 @@ Section {
     SettingSwitch {
         width: parent.width
         text: qsTranslate("Vesko", "Paste dictation into the original field")
+        note: pasteNote.text
         value: section.preferences.pasteEnabled
         onSwitched: on => section.preferences.pasteEnabled = on
     }
@@ -101,10 +108,13 @@ Section {
         width: parent.width
         visible: section.preferences.pasteEnabled
         text: qsTranslate("Vesko", "Give the clipboard back after a paste")
+        note: returnNote.text
         value: section.preferences.returnClipboard
         onSwitched: on => section.preferences.returnClipboard = on
     }
     SettingNote {
+        id: returnNote
+
         width: parent.width
         visible: section.preferences.pasteEnabled
         text: qsTranslate("Vesko", "What you had copied before, up to 16 MB, is there again once the field shows the dictated text. Where that can't be seen, the dictated text stays on the clipboard.")
@@ -114,6 +124,8 @@ Section {
         text: section.preferences.pasteAdvice
     }
     SettingNote {
+        id: pasteNote
+
         width: parent.width
         text: qsTranslate("Vesko", "Text is copied after dictation. Automatic paste needs Accessibility access and an unchanged focused field. Secure or unsupported fields use copy only. Vesko never presses Return.")
     }

@@ -75,7 +75,7 @@ Rectangle {
             Keys.onPressed: event => event.accepted = ListKeys.move(event, 8, by => sidebar.move(by))
 
             Repeater {
-                model: sidebar.pages
+                model: sidebar.searching ? [] : Array.from(sidebar.pages).filter(page => page.offered)
 
                 ListRow {
                     id: row
@@ -85,7 +85,6 @@ Rectangle {
                     width: rows.width
                     implicitHeight: Math.max(Theme.control, implicitContentHeight + 14)
                     lines: 2
-                    visible: modelData.offered && !sidebar.searching
                     chosen: modelData === sidebar.current
                     iconName: modelData.iconName
                     name: modelData.name
@@ -132,12 +131,19 @@ Rectangle {
                     }
                 }
             }
-            SettingNote {
-                width: parent.width
-                visible: sidebar.searching && sidebar.found.length === 0
-                text: qsTranslate("Vesko", "No setting has these words")
-                Accessible.role: Accessible.StatusBar
-            }
         }
+    }
+    SettingNote {
+        id: nothing
+
+        x: 8
+        y: 8
+        width: parent.width - 16
+        visible: sidebar.searching && sidebar.found.length === 0
+        text: qsTranslate("Vesko", "No setting has these words")
+        Accessible.role: Accessible.StatusBar
+    }
+    Announcement {
+        text: nothing.visible ? nothing.text : ""
     }
 }

@@ -42,6 +42,7 @@ Column {
         SettingSwitch {
             width: parent.width
             text: qsTranslate("Vesko", "Clean up punctuation and repeated words")
+            note: cleanupNote.text
             value: sections.preferences.cleanupEnabled
             onSwitched: on => sections.preferences.cleanupEnabled = on
         }
@@ -87,6 +88,8 @@ Column {
             }
         }
         SettingNote {
+            id: cleanupNote
+
             width: parent.width
             text: qsTranslate("Vesko", "Adds a separate paid request. With Apple speech, only the transcript is sent for cleanup. The original transcript stays available.")
         }
