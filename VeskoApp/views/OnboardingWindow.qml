@@ -53,20 +53,24 @@ VeskoWindow {
         focus: true
         Keys.onReturnPressed: window.onboarding.goOn()
         Keys.onEnterPressed: window.onboarding.goOn()
+        Keys.onUpPressed: steps.scroll(-40)
+        Keys.onDownPressed: steps.scroll(40)
 
-        Item {
+        ScrollPage {
             id: steps
 
             // Follows the step, as it comes into sight.
             property string shown: "welcome"
 
+            function scroll(by: real) {
+                contentY = Math.max(0, Math.min(contentHeight - height, contentY + by));
+            }
+
             anchors.left: parent.left
             anchors.right: parent.right
             anchors.top: parent.top
             anchors.bottom: footer.top
-            anchors.leftMargin: 52
-            anchors.rightMargin: 52
-            anchors.topMargin: 40
+            contentHeight: step.y + step.height + 24
 
             Connections {
                 target: window.onboarding
@@ -74,6 +78,7 @@ VeskoWindow {
                     if (steps.shown === window.onboarding.step)
                         return;
                     steps.shown = window.onboarding.step;
+                    steps.contentY = 0;
                     coming.restart();
                     window.read();
                 }
@@ -89,87 +94,95 @@ VeskoWindow {
                 easing.type: Easing.OutQuad
             }
 
-            OnboardingWelcome {
-                width: parent.width
-                visible: steps.shown === "welcome"
-            }
-            OnboardingHowTo {
-                width: parent.width
-                visible: steps.shown === "howTo"
-                gestureKey: window.onboarding.gestureKey
-                shortcut: window.delegate.shortcut
-                status: window.status
-            }
             Column {
-                width: parent.width
-                visible: steps.shown === "permissions"
-                spacing: 14
+                id: step
 
-                Words {
-                    width: parent.width
-                    text: qsTranslate("Vesko", "Allow access")
-                    font.pixelSize: Theme.title
-                    font.weight: Font.DemiBold
-                    wrapMode: Text.Wrap
-                    Accessible.role: Accessible.Heading
-                }
-                Words {
-                    width: parent.width
-                    text: qsTranslate("Vesko", "macOS asks once for each. You can change them later in Settings.")
-                    color: Theme.quiet
-                    wrapMode: Text.Wrap
-                }
-                PermissionList {
-                    width: parent.width
-                    permissions: window.onboarding.permissions
-                    onPressed: row => window.onboarding.pressPermission(row)
-                }
-                Words {
-                    width: parent.width
-                    text: window.onboarding.notice
-                    lineHeight: Theme.lineHeight
-                    wrapMode: Text.Wrap
-                    Accessible.role: Accessible.StatusBar
-                }
-            }
-            Column {
-                width: parent.width
-                visible: steps.shown === "account"
-                spacing: 14
+                x: 52
+                y: 40
+                width: steps.width - 2 * x
 
-                Words {
+                OnboardingWelcome {
                     width: parent.width
-                    text: window.onboarding.signedIn ? qsTranslate("Vesko", "You are signed in")
-                                                     : qsTranslate("Vesko", "Create your Vesko account")
-                    font.pixelSize: Theme.title
-                    font.weight: Font.DemiBold
-                    wrapMode: Text.Wrap
-                    Accessible.role: Accessible.Heading
+                    visible: steps.shown === "welcome"
                 }
-                Words {
+                OnboardingHowTo {
                     width: parent.width
-                    visible: !window.onboarding.signedIn
-                    text: qsTranslate("Vesko", "Notes and recordings stay on this Mac.")
-                    color: Theme.quiet
-                    wrapMode: Text.Wrap
+                    visible: steps.shown === "howTo"
+                    gestureKey: window.onboarding.gestureKey
+                    shortcut: window.delegate.shortcut
+                    status: window.status
                 }
-                SignInForm {
+                Column {
                     width: parent.width
-                    topPadding: 8
-                    visible: !window.onboarding.signedIn
-                    signIn: window.signIn
-                }
-                Row {
-                    visible: window.onboarding.signedIn
-                    spacing: 8
+                    visible: steps.shown === "permissions"
+                    spacing: 14
 
-                    Icon {
-                        name: "check-circle"
-                        color: Theme.accent
-                        size: 20
+                    Words {
+                        width: parent.width
+                        text: qsTranslate("Vesko", "Allow access")
+                        font.pixelSize: Theme.title
+                        font.weight: Font.DemiBold
+                        wrapMode: Text.Wrap
+                        Accessible.role: Accessible.Heading
                     }
                     Words {
-                        text: window.onboarding.accountName
+                        width: parent.width
+                        text: qsTranslate("Vesko", "macOS asks once for each. You can change them later in Settings.")
+                        color: Theme.quiet
+                        wrapMode: Text.Wrap
+                    }
+                    PermissionList {
+                        width: parent.width
+                        permissions: window.onboarding.permissions
+                        onPressed: row => window.onboarding.pressPermission(row)
+                    }
+                    Words {
+                        width: parent.width
+                        text: window.onboarding.notice
+                        lineHeight: Theme.lineHeight
+                        wrapMode: Text.Wrap
+                        Accessible.role: Accessible.StatusBar
+                    }
+                }
+                Column {
+                    width: parent.width
+                    visible: steps.shown === "account"
+                    spacing: 14
+
+                    Words {
+                        width: parent.width
+                        text: window.onboarding.signedIn ? qsTranslate("Vesko", "You are signed in")
+                                                         : qsTranslate("Vesko", "Create your Vesko account")
+                        font.pixelSize: Theme.title
+                        font.weight: Font.DemiBold
+                        wrapMode: Text.Wrap
+                        Accessible.role: Accessible.Heading
+                    }
+                    Words {
+                        width: parent.width
+                        visible: !window.onboarding.signedIn
+                        text: qsTranslate("Vesko", "Notes and recordings stay on this Mac.")
+                        color: Theme.quiet
+                        wrapMode: Text.Wrap
+                    }
+                    SignInForm {
+                        width: parent.width
+                        topPadding: 8
+                        visible: !window.onboarding.signedIn
+                        signIn: window.signIn
+                    }
+                    Row {
+                        visible: window.onboarding.signedIn
+                        spacing: 8
+
+                        Icon {
+                            name: "check-circle"
+                            color: Theme.accent
+                            size: 20
+                        }
+                        Words {
+                            text: window.onboarding.accountName
+                        }
                     }
                 }
             }

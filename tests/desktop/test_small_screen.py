@@ -9,7 +9,7 @@ import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, eyes, settings  # noqa: E402
+from lib import cases, eyes, hands, settings  # noqa: E402
 from lib.vesko import Vesko  # noqa: E402
 from lib.waiting import until  # noqa: E402
 
@@ -60,6 +60,23 @@ class SmallScreen(unittest.TestCase):
         x, _, width, _ = self.frame()
         self.assertGreater(x + width, SCREEN[0] - 40)  # as near as can be
         vesko.kill()
+
+    def test_the_first_run_scrolls_to_what_has_the_keyboard(self):
+        vesko = self.start(None, "1.5")
+        vesko.press("push button", "Get started")
+        vesko.press("push button", "Continue")
+        go_on = vesko.wait_to_find("push button", "Start using Vesko")
+        rows = [node for frame in vesko.app.children for node in frame.walk()
+                if node.role == "push button" and node.name.startswith("Review ")]
+        self.assertGreater(len(rows), 2)
+        for _ in range(10):
+            if "focused" in rows[-1].states:
+                break
+            before = vesko.focused()
+            hands.tap("tab")
+            until("Tab leads on", lambda before=before: vesko.focused() not in (None, before))
+        until("the last row stands above the buttons",
+              lambda: rows[-1].centre[1] < go_on.centre[1] - 50)
 
     def test_a_window_keeps_off_the_panel(self):
         panel = subprocess.Popen(["xterm", "-geometry", "80x2+0+0"], stderr=subprocess.DEVNULL)

@@ -32,7 +32,8 @@ TextEdit {
         function onNewNoteEnded(isMade) {
             if (--begun.coming > 0)
                 return;
-            if (isMade)
+            // Whoever has gone on to something else meanwhile stays there.
+            if (isMade && (begun.focus || begun.text))
                 begun.made(begun.text);
             else if (begun.activeFocus)
                 begun.failed(begun.former);
