@@ -81,10 +81,12 @@ void X11Desktop::floatEverywhere(QWindow& window)
         XCB_ATOM_ATOM, 32, states.size(), states.data());
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, atom("_NET_WM_DESKTOP"),
         XCB_ATOM_CARDINAL, 32, 1, &everyWorkspace);
-    // For any other kind that comes without the focus KWin flashes in the taskbar and the switcher.
-    const auto toolbar = atom("_NET_WM_WINDOW_TYPE_TOOLBAR");
+    // KWin goes by the first, and would flash any other kind that comes without the focus; wlroots
+    // gives the focus to what isn't the second.
+    const std::array kinds{ atom("_NET_WM_WINDOW_TYPE_TOOLBAR"),
+        atom("_NET_WM_WINDOW_TYPE_UTILITY") };
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, atom("_NET_WM_WINDOW_TYPE"),
-        XCB_ATOM_ATOM, 32, 1, &toolbar);
+        XCB_ATOM_ATOM, 32, kinds.size(), kinds.data());
 }
 
 void X11Desktop::openFolder(const std::filesystem::path& folder)

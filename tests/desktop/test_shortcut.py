@@ -45,7 +45,7 @@ class Shortcut(unittest.TestCase):
                      lambda: self.vesko.app.find(BUTTON, FIELD + text))
 
     def says(self, text):
-        until(f"the window says {text!r}", lambda: self.vesko.app.find("label", text))
+        until(f"the window says {text!r}", lambda: self.vesko.find(None, text))
 
     def listen(self, shown):
         self.field(shown).activate()
