@@ -48,10 +48,21 @@ Window {
     color: "transparent"
     width: 240
     height: 236
-    onAsksChanged: question.setSource(asks ? "LanguageQuestionView.qml" : "", { inquiry: panel.inquiry })
+    onAsksChanged: {
+        question.setSource(asks ? "LanguageQuestionView.qml" : "", { inquiry: panel.inquiry });
+        if (asks)
+            announced.tell(qsTranslate("Vesko", "Which language do you speak?"));
+    }
     onLiveChanged: meter.setSource(live ? "CaptureMeter.qml" : "", { control: panel.control })
     onTimedChanged: elapsed.setSource(timed ? "ElapsedTime.qml" : "", { control: panel.control })
-    onCanGiveUpChanged: giveUp.setSource(canGiveUp ? "GiveUpButton.qml" : "", { capture: panel.capture })
+    onCanGiveUpChanged: {
+        if (canGiveUp) {
+            lasts.restart();
+        } else {
+            lasts.stop();
+            giveUp.source = "";
+        }
+    }
     onSaidChanged: if (said && !above.item) above.setSource("PanelMessage.qml", { panel: panel })
     onMenuOpenChanged: menu.setSource(menuOpen ? "PanelMenu.qml" : "", { panel: panel })
     onShapesChanged: control.cut(shapes)
@@ -75,14 +86,22 @@ Window {
         target: panel.control
         // Nothing is said while it records: the microphone would hear it.
         function onNewsChanged() {
-            announced.text = panel.capture.recording ? "" : panel.control.news;
+            if (!panel.capture.recording)
+                announced.tell(panel.control.news);
         }
     }
-    Announcement {
-        text: panel.status.errorMessage
+    Connections {
+        target: panel.status
+        function onErrorMessageChanged() {
+            announced.tell(panel.status.errorMessage);
+        }
     }
-    Announcement {
-        text: panel.asks ? qsTranslate("Vesko", "Which language do you speak?") : ""
+    // What takes no longer than a moment needs no way to be given up.
+    Timer {
+        id: lasts
+
+        interval: 500
+        onTriggered: giveUp.setSource("GiveUpButton.qml", { capture: panel.capture })
     }
     Face {
         id: orb
