@@ -86,8 +86,7 @@ Window {
         target: panel.control
         // Nothing is said while it records: the microphone would hear it.
         function onNewsChanged() {
-            if (!panel.capture.recording)
-                announced.tell(panel.control.news);
+            announced.text = panel.capture.recording ? "" : panel.control.news;
         }
     }
     Connections {
