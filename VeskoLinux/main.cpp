@@ -324,7 +324,7 @@ int runApplication(
     AppDelegate delegate(platform, model);
     delegate.windows().make
         = [&](AppWindow kind) { return makeWindow(engine, kind, platform, model, delegate); };
-    delegate.makeCapturePanel = [&] { return makeCapturePanel(engine, model, delegate); };
+    delegate.makeCapturePanel = [&] { return makeCapturePanel(engine, platform, model, delegate); };
     delegate.terminate = [] { QGuiApplication::exit(); };
     const TerminationSignals signals([&delegate] { delegate.quit(); });
     QObject::connect(

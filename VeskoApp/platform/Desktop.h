@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+class QRegion;
 class QWindow;
 
 namespace vesko {
@@ -19,6 +20,11 @@ public:
     // Each time a window has been shown: it stands above all others, on every workspace, and in no
     // list of windows.
     virtual void floatEverywhere(QWindow& window) = 0;
+    // Whether what lies below is seen through what is drawn half transparent.
+    virtual bool blends() const = 0;
+    // Shows no more of the window than that, in the screen's own pixels, and lets what is clicked
+    // beside it through to what lies below. All of it, where the desktop can't.
+    virtual void cut(QWindow& window, const QRegion& visible) = 0;
     // Opens the folder in the file manager.
     virtual void openFolder(const std::filesystem::path& folder) = 0;
     // Shows the file among the others of its folder, in the file manager; or the folder, where that

@@ -11,6 +11,7 @@
 #include <QPainterPath>
 #include <QRegion>
 #include <QScreen>
+#include <QTransform>
 
 #include <algorithm>
 #include <utility>
@@ -96,10 +97,25 @@ void CaptureControl::position()
     m_window->setPosition(QPointF(origin.x, origin.y).toPoint());
 }
 
-QPoint CaptureControl::buttonPlace() const
+QRect CaptureControl::button() const
 {
     return { m_atLeft ? 0 : m_window->width() - buttonSize(),
-        m_atTop ? 0 : m_window->height() - buttonSize() };
+        m_atTop ? 0 : m_window->height() - buttonSize(), buttonSize(), buttonSize() };
+}
+
+QRect CaptureControl::face() const
+{
+    return m_face.translated(m_window->position());
+}
+
+void CaptureControl::stand(const QRect& face)
+{
+    const auto now = button();
+    const auto* const screen = m_window->screen();
+    const bool atLeft = face.center().x() < screen->availableGeometry().center().x();
+    const QPoint at(atLeft ? face.left() : face.right() + 1 - now.width(), face.top());
+    m_window->setPosition(at - now.topLeft());
+    settle();
 }
 
 void CaptureControl::setSides(bool atLeft, bool atTop)
@@ -115,11 +131,11 @@ void CaptureControl::setSides(bool atLeft, bool atTop)
 // side where there is room.
 void CaptureControl::settle()
 {
-    const QRect button(m_window->position() + buttonPlace(), QSize(buttonSize(), buttonSize()));
+    const auto button = this->button().translated(m_window->position());
     const auto* const at = QGuiApplication::screenAt(button.center());
     const QRect screen = (at ? at : m_window->screen())->availableGeometry();
     setSides(button.center().x() < screen.center().x(), button.center().y() < screen.center().y());
-    const QPoint origin = button.topLeft() - buttonPlace();
+    const QPoint origin = button.topLeft() - this->button().topLeft();
     const auto inside = [](int wanted, int from, int room, int size) {
         return std::clamp(wanted, from, from + std::max(0, room - size));
     };
@@ -164,20 +180,32 @@ void CaptureControl::release(const QPointF& at, bool onButton)
 
 void CaptureControl::cut(const QVariantList& shapes)
 {
-    // A Wayland compositor goes on showing what was cut off, as it was last drawn.
-    if (!m_window || m_platform.offer.kind == SessionOffer::Kind::wayland)
+    if (!m_window)
         return;
+    // Cut in the screen's own pixels, its edge is as smooth as the screen: just outside what is
+    // drawn, or where nothing is seen through its soft edge, which would be dark, just inside.
+    const auto scale = m_window->devicePixelRatio();
+    const double out = (m_platform.desktop.blends() ? 1 : -0.5) / scale;
+    const auto toPixels = QTransform::fromScale(scale, scale);
+    const QRect besideButton(0, button().top(), m_window->width(), button().height());
     QRegion visible;
+    m_face = {};
     for (const auto& shape : shapes) {
         const auto part = shape.toMap();
         const auto number
             = [&part](const char* name) { return part[QString::fromLatin1(name)].toDouble(); };
+        const QRectF place(number("x"), number("y"), number("width"), number("height"));
         QPainterPath path;
-        path.addRoundedRect(number("x"), number("y"), number("width"), number("height"),
-            number("radius"), number("radius"));
-        visible += QRegion(path.toFillPolygon().toPolygon());
+        if (!place.isEmpty())
+            path.addRoundedRect(place.adjusted(-out, -out, out, out), number("radius") + out,
+                number("radius") + out);
+        visible += QRegion(path.toFillPolygon(toPixels).toPolygon());
+        if (const auto whole = place.toAlignedRect(); whole.intersects(besideButton))
+            m_face |= whole;
     }
-    m_window->setMask(visible);
+    // A Wayland compositor goes on showing what was cut off, as it was last drawn.
+    if (m_platform.offer.kind != SessionOffer::Kind::wayland)
+        m_platform.desktop.cut(*m_window, visible);
 }
 
 bool CaptureControl::live() const

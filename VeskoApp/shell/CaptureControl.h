@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QPointF>
+#include <QRect>
 #include <QVariant>
 #include <QWindow>
 
@@ -49,6 +50,12 @@ public:
     // corner. The saved place stays.
     void position();
     const QWindow* window() const { return m_window.get(); }
+    // The button and what stands beside it; on the screen.
+    QRect face() const;
+    // Not while something goes on, or while the user presses or drags it.
+    bool movable() const { return m_window && !m_gesture && !live(); }
+    // Puts its face there, for a while: until position().
+    void stand(const QRect& face);
     // Shows what goes on as it is now, and goes on showing it if things may move: to be called when
     // the user's wish for stillness has changed, too.
     void animate();
@@ -99,7 +106,7 @@ Q_SIGNALS:
     void sidesChanged();
 
 private:
-    QPoint buttonPlace() const; // in the window
+    QRect button() const; // in the window
     void setSides(bool atLeft, bool atTop);
     void settle();
     void showFnHint();
@@ -112,6 +119,7 @@ private:
     std::unique_ptr<QWindow> m_window;
     std::optional<PointerGesture> m_gesture;
     QPoint m_startOrigin; // of the window at the press
+    QRect m_face; // in the window
     bool m_atLeft = false;
     bool m_atTop = false;
     bool m_holdingFn = false;

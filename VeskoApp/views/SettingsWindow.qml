@@ -253,6 +253,15 @@ VeskoWindow {
         anchors.left: sidebar.left
         anchors.right: sidebar.narrow ? parent.right : sidebar.right
         color: Theme.sidebar
+
+        // Of the sidebar, which begins below.
+        Rectangle {
+            anchors.right: parent.right
+            width: 1
+            height: parent.height
+            visible: !sidebar.narrow
+            color: Theme.hairline
+        }
     }
     SettingsSidebar {
         id: sidebar

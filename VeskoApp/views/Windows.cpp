@@ -8,6 +8,7 @@
 #include "VeskoApp/settings/GestureKeyNames.h"
 #include "VeskoApp/settings/PreferencesView.h"
 #include "VeskoApp/views/IconProvider.h"
+#include "VeskoApp/views/StepAside.h"
 
 #include <QElapsedTimer>
 #include <QFont>
@@ -210,7 +211,7 @@ void prepareViews(QQmlEngine& engine)
 }
 
 std::unique_ptr<QWindow> makeCapturePanel(
-    QQmlEngine& engine, AppModel& model, AppDelegate& delegate)
+    QQmlEngine& engine, Platform& platform, AppModel& model, AppDelegate& delegate)
 {
     auto panel = make(engine, capturePanel,
         { { QStringLiteral("capture"), handed(model.capture()) },
@@ -220,6 +221,7 @@ std::unique_ptr<QWindow> makeCapturePanel(
             { QStringLiteral("control"), handed(delegate.captureControl()) },
             { QStringLiteral("delegate"), handed(delegate) } });
     panel->setProperty("_q_showWithoutActivating", true);
+    new StepAside(delegate.captureControl(), platform.clock, panel.get());
     return panel;
 }
 

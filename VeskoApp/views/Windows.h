@@ -13,7 +13,7 @@ namespace vesko {
 void prepareViews(QQmlEngine& engine);
 // Makes the floating control, hidden. Throws std::runtime_error when the installation is broken.
 std::unique_ptr<QWindow> makeCapturePanel(
-    QQmlEngine& engine, AppModel& model, AppDelegate& delegate);
+    QQmlEngine& engine, Platform& platform, AppModel& model, AppDelegate& delegate);
 // Makes a window, hidden; null for one that does not exist.
 std::unique_ptr<QWindow> makeWindow(
     QQmlEngine& engine, AppWindow kind, Platform& platform, AppModel& model, AppDelegate& delegate);

@@ -8,6 +8,7 @@
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QProcess>
+#include <QRegion>
 #include <QUrl>
 #include <QWindow>
 
@@ -17,6 +18,8 @@
 #include <cstring>
 #include <memory>
 #include <span>
+#include <vector>
+#include <xcb/shape.h>
 #include <xcb/xcb.h>
 
 namespace vesko {
@@ -87,6 +90,32 @@ void X11Desktop::floatEverywhere(QWindow& window)
         atom("_NET_WM_WINDOW_TYPE_UTILITY") };
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, atom("_NET_WM_WINDOW_TYPE"),
         XCB_ATOM_ATOM, 32, kinds.size(), kinds.data());
+}
+
+// Asked anew each time, as a compositor may come and go. Its selection has the screen's number, and
+// there is one screen everywhere.
+bool X11Desktop::blends() const
+{
+    if (!m_connection)
+        return true;
+    const auto owner = owned(xcb_get_selection_owner_reply(
+        m_connection, xcb_get_selection_owner(m_connection, atom("_NET_WM_CM_S0")), nullptr));
+    return owner && owner->owner != XCB_NONE;
+}
+
+// Qt would cut in points, which are steps on a screen that has several pixels to each.
+void X11Desktop::cut(QWindow& window, const QRegion& visible)
+{
+    if (!m_connection)
+        return;
+    std::vector<xcb_rectangle_t> parts;
+    for (const auto& part : visible)
+        parts.push_back({ static_cast<std::int16_t>(part.x()), static_cast<std::int16_t>(part.y()),
+            static_cast<std::uint16_t>(part.width()), static_cast<std::uint16_t>(part.height()) });
+    xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+        XCB_CLIP_ORDERING_YX_BANDED, static_cast<xcb_window_t>(window.winId()), 0, 0,
+        static_cast<std::uint32_t>(parts.size()), parts.data());
+    xcb_flush(m_connection);
 }
 
 void X11Desktop::openFolder(const std::filesystem::path& folder)

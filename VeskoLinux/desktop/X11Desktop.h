@@ -17,6 +17,8 @@ public:
 
     void bringHere(QWindow& window) override;
     void floatEverywhere(QWindow& window) override;
+    bool blends() const override;
+    void cut(QWindow& window, const QRegion& visible) override;
     void openFolder(const std::filesystem::path& folder) override;
     void showFile(const std::filesystem::path& file) override;
     bool openSettings(SettingsPanel panel) override;

@@ -17,6 +17,11 @@ SCREEN = (800, 600)
 PANEL = 60  # at the top
 
 
+def overlap(one, other):
+    """Whether two places, each as x, y, width and height, have a point in common."""
+    return all(one[i] < other[i] + other[i + 2] and other[i] < one[i] + one[i + 2] for i in (0, 1))
+
+
 class SmallScreen(unittest.TestCase):
     def start(self, scene, scale="1", **stored):
         settings.write(provider="apple", firstLaunchDone=True,
@@ -77,6 +82,20 @@ class SmallScreen(unittest.TestCase):
             until("Tab leads on", lambda before=before: vesko.focused() not in (None, before))
         until("the last row stands above the buttons",
               lambda: rows[-1].centre[1] < go_on.centre[1] - 50)
+
+    def test_the_control_lies_on_nothing_that_can_be_pressed(self):
+        # At 1.5 the first run takes the whole screen, and its buttons stand where the control is.
+        vesko = self.start(None, "1.5")
+        home = (453, 320, 56, 56)  # 24 points from the corner of 533 by 400
+
+        def apart(name):
+            button = vesko.find("push button", name)
+            return button and not overlap(vesko.button.bounds, button.bounds)
+
+        for name in ("Get started", "Continue", "Start using Vesko"):
+            until(f"the control has left \"{name}\"", lambda name=name: apart(name))
+            vesko.press("push button", name)
+        until("it is back where it was", lambda: vesko.button.bounds == home)
 
     def test_a_window_keeps_off_the_panel(self):
         panel = subprocess.Popen(["xterm", "-geometry", "80x2+0+0"], stderr=subprocess.DEVNULL)

@@ -375,9 +375,53 @@ TEST_F(CaptureControlTest, TheWindowIsCutToWhatIsSeen)
     control->cut({ QVariantMap{ { QStringLiteral("x"), 184 }, { QStringLiteral("y"), 180 },
         { QStringLiteral("width"), 56 }, { QStringLiteral("height"), 56 },
         { QStringLiteral("radius"), 28 } } });
-    EXPECT_TRUE(window->mask().contains(QPoint(212, 208)));
-    EXPECT_FALSE(window->mask().contains(QPoint(185, 181)));
-    EXPECT_FALSE(window->mask().contains(QPoint(20, 20)));
+    EXPECT_TRUE(machine.desktop.visible.contains(QPoint(212, 208)));
+    EXPECT_FALSE(machine.desktop.visible.contains(QPoint(185, 181)));
+    EXPECT_FALSE(machine.desktop.visible.contains(QPoint(20, 20)));
+}
+
+TEST_F(CaptureControlTest, ItsSoftEdgeIsKeptWhereWhatLiesBelowIsSeenThroughIt)
+{
+    const QVariantList square{ QVariantMap{ { QStringLiteral("x"), 10 },
+        { QStringLiteral("y"), 180 }, { QStringLiteral("width"), 56 },
+        { QStringLiteral("height"), 56 }, { QStringLiteral("radius"), 0 } } };
+    open();
+    control->cut(square);
+    EXPECT_EQ(machine.desktop.visible.boundingRect(), QRect(9, 179, 58, 58));
+    machine.desktop.seesThrough = false;
+    control->cut(square);
+    EXPECT_EQ(machine.desktop.visible.boundingRect(), QRect(11, 181, 55, 55));
+}
+
+TEST_F(CaptureControlTest, StandsAsideAndComesBack)
+{
+    open();
+    const auto shape = [](int x, int width) {
+        return QVariantMap{ { QStringLiteral("x"), x }, { QStringLiteral("y"), 180 },
+            { QStringLiteral("width"), width }, { QStringLiteral("height"), 56 },
+            { QStringLiteral("radius"), 28 } };
+    };
+    auto message = shape(0, 240);
+    message[QStringLiteral("y")] = 100;
+    message[QStringLiteral("height")] = 72;
+    control->cut({ shape(184, 56), shape(100, 78), message }); // the button, its words, a message
+    EXPECT_EQ(control->face(), QRect(100, 180, 140, 56).translated(corner()));
+    EXPECT_TRUE(control->movable());
+
+    const auto screen = window->screen()->availableGeometry();
+    control->stand({ screen.left() + 24, screen.top() + 24, 140, 56 });
+    EXPECT_EQ(window->position(), screen.topLeft() + QPoint(24, 24));
+    EXPECT_TRUE(control->atLeft());
+    EXPECT_TRUE(control->atTop());
+    EXPECT_EQ(savedOrigin(), std::nullopt);
+
+    control->position();
+    EXPECT_EQ(window->position(), corner());
+    EXPECT_FALSE(control->atLeft());
+    press(100, 100);
+    EXPECT_FALSE(control->movable());
+    release();
+    EXPECT_FALSE(control->movable()); // a dictation has begun
 }
 
 TEST_F(CaptureControlTest, TheNoteThatTheNewsIsAboutCanBeOpenedAsLongAsItIsNews)

@@ -53,7 +53,7 @@ protected:
         prepareViews(engine);
         delegate = std::make_unique<AppDelegate>(machine.all, *model);
         delegate->makeCapturePanel = [this] {
-            auto window = makeCapturePanel(engine, *model, *delegate);
+            auto window = makeCapturePanel(engine, machine.all, *model, *delegate);
             m_panel = qobject_cast<QQuickWindow*>(window.get());
             return window;
         };
