@@ -8,12 +8,15 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
 #include <QPainterPath>
 #include <QRegion>
 #include <QScreen>
 #include <QTransform>
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace vesko {
@@ -26,6 +29,30 @@ constexpr double margin = 24; // points to the edges of the screen
 constexpr double fnHintTime = 2.4; // seconds
 constexpr double frameTime = 0.05; // seconds; smooth enough for so small a thing
 constexpr double newsTime = 8; // seconds
+
+// That are drawn on: half, too, where what lies below is seen through them, else they were dark.
+QRegion pixelsOf(const QPainterPath& path, const QSize& size, bool half)
+{
+    QImage drawn(size, QImage::Format_Alpha8);
+    drawn.fill(0);
+    QPainter painter(&drawn);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(path, Qt::white);
+    painter.end();
+    const auto isPart = [half](uchar alpha) { return half ? alpha > 0 : alpha == 255; };
+    QRegion pixels;
+    for (int y = 0; y < drawn.height(); ++y) {
+        const std::span row(drawn.constScanLine(y), static_cast<std::size_t>(drawn.width()));
+        for (auto end = row.begin(); end != row.end();) {
+            const auto begin = std::find_if(end, row.end(), isPart);
+            end = std::find_if_not(begin, row.end(), isPart);
+            if (begin != end)
+                pixels += QRect(
+                    static_cast<int>(begin - row.begin()), y, static_cast<int>(end - begin), 1);
+        }
+    }
+    return pixels;
+}
 
 } // namespace
 
@@ -182,30 +209,27 @@ void CaptureControl::cut(const QVariantList& shapes)
 {
     if (!m_window)
         return;
-    // Cut in the screen's own pixels, its edge is as smooth as the screen: just outside what is
-    // drawn, or where nothing is seen through its soft edge, which would be dark, just inside.
+    // In the screen's own pixels, for an edge as smooth as the screen.
     const auto scale = m_window->devicePixelRatio();
-    const double out = (m_platform.desktop.blends() ? 1 : -0.5) / scale;
     const auto toPixels = QTransform::fromScale(scale, scale);
+    QPainterPath drawn;
+    drawn.setFillRule(Qt::WindingFill);
     const QRect besideButton(0, button().top(), m_window->width(), button().height());
-    QRegion visible;
     m_face = {};
     for (const auto& shape : shapes) {
         const auto part = shape.toMap();
         const auto number
             = [&part](const char* name) { return part[QString::fromLatin1(name)].toDouble(); };
         const QRectF place(number("x"), number("y"), number("width"), number("height"));
-        QPainterPath path;
-        if (!place.isEmpty())
-            path.addRoundedRect(place.adjusted(-out, -out, out, out), number("radius") + out,
-                number("radius") + out);
-        visible += QRegion(path.toFillPolygon(toPixels).toPolygon());
+        drawn.addRoundedRect(place, number("radius"), number("radius"));
         if (const auto whole = place.toAlignedRect(); whole.intersects(besideButton))
             m_face |= whole;
     }
     // A Wayland compositor goes on showing what was cut off, as it was last drawn.
     if (m_platform.offer.kind != SessionOffer::Kind::wayland)
-        m_platform.desktop.cut(*m_window, visible);
+        m_platform.desktop.cut(*m_window,
+            pixelsOf(toPixels.map(drawn), toPixels.mapRect(QRect({}, m_window->size())).size(),
+                m_platform.desktop.blends()));
 }
 
 bool CaptureControl::live() const

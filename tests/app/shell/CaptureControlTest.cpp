@@ -382,15 +382,15 @@ TEST_F(CaptureControlTest, TheWindowIsCutToWhatIsSeen)
 
 TEST_F(CaptureControlTest, ItsSoftEdgeIsKeptWhereWhatLiesBelowIsSeenThroughIt)
 {
-    const QVariantList square{ QVariantMap{ { QStringLiteral("x"), 10 },
-        { QStringLiteral("y"), 180 }, { QStringLiteral("width"), 56 },
+    const QVariantList square{ QVariantMap{ { QStringLiteral("x"), 10.5 },
+        { QStringLiteral("y"), 100.5 }, { QStringLiteral("width"), 56 },
         { QStringLiteral("height"), 56 }, { QStringLiteral("radius"), 0 } } };
     open();
     control->cut(square);
-    EXPECT_EQ(machine.desktop.visible.boundingRect(), QRect(9, 179, 58, 58));
+    EXPECT_EQ(machine.desktop.visible.boundingRect(), QRect(10, 100, 57, 57));
     machine.desktop.seesThrough = false;
     control->cut(square);
-    EXPECT_EQ(machine.desktop.visible.boundingRect(), QRect(11, 181, 55, 55));
+    EXPECT_EQ(machine.desktop.visible.boundingRect(), QRect(11, 101, 55, 55));
 }
 
 TEST_F(CaptureControlTest, StandsAsideAndComesBack)
