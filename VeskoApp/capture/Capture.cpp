@@ -64,6 +64,8 @@ QString Capture::phaseTitle() const
     }
     switch (m_processing) {
     case Processing::transcribing:
+        if (m_transcribed > 0)
+            return translated(L10N_KEY("Vesko", "Transcribing: %1 %")).arg(m_transcribed);
         return translated(L10N_KEY("Vesko", "Transcribing"));
     case Processing::cleaningUp:
         return translated(L10N_KEY("Vesko", "Cleaning up"));
@@ -78,6 +80,11 @@ void Capture::setProcessing(Processing step)
     assign(*this, m_processing, step, &Capture::phaseTitleChanged);
 }
 
+void Capture::setTranscribed(double share)
+{
+    assign(*this, m_transcribed, static_cast<int>(share * 100), &Capture::phaseTitleChanged);
+}
+
 void Capture::setTarget(const QString& target, bool isField)
 {
     m_willPaste = isField;
@@ -88,8 +95,10 @@ void Capture::setPhase(Phase phase)
 {
     if (phase == Phase::idle)
         setTarget({}, false);
-    if (phase != Phase::processing)
+    if (phase != Phase::processing) {
         m_processing = Processing::transcribing;
+        m_transcribed = 0;
+    }
     assign(*this, m_phase, phase, &Capture::phaseChanged);
 }
 

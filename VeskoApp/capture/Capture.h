@@ -86,6 +86,8 @@ public:
     // What is being done to the recording, from transcribing it on.
     enum class Processing { transcribing, cleaningUp, translating };
     void setProcessing(Processing step);
+    // What share of the recording has become text, 0 to 1.
+    void setTranscribed(double share);
     // From now on, and until the processing has ended or goes on without a way back (null), the
     // user can give it up; endProcessing is due then too.
     void offerToGiveUp(std::function<void()> giveUp);
@@ -166,6 +168,7 @@ private:
     AudioCapture m_audio;
     Phase m_phase = Phase::idle;
     Processing m_processing = Processing::transcribing;
+    int m_transcribed = 0; // per cent
     std::function<void()> m_giveUp;
     QString m_target;
     bool m_willPaste = false;

@@ -20,6 +20,7 @@ public:
         std::optional<std::string> text = {};
         bool isFinal = false;
         bool failed = false;
+        std::optional<double> done = {}; // what share of the recording it has been through, 0 to 1
         std::string model = {}; // who did it, with a final text: "whisper.cpp/base"
         std::optional<std::string> language = {}; // the tag of what was detected
     };

@@ -8,7 +8,6 @@
 #include "VeskoCore/base/Localized.h"
 #include "VeskoCore/shell/StatusIconPlacement.h"
 
-#include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QScreen>
@@ -238,7 +237,6 @@ void AppDelegate::setupStatusItem()
     connect(
         &m_model.library(), &LibrarySession::readyChanged, this, &AppDelegate::showCaptureState);
     connect(&m_model.accounts(), &AccountStore::stateChanged, this, &AppDelegate::showCaptureState);
-    qGuiApp->installEventFilter(this);
     showCaptureState();
 }
 
@@ -322,9 +320,8 @@ bool AppDelegate::canStart() const
 void AppDelegate::showCaptureState()
 {
     const bool recording = m_model.capture().isRecording();
-    const bool dark = qGuiApp->palette().color(QPalette::Window).lightnessF() < 0.5F;
     m_platform.statusItem.show(
-        statusIcon(recording, dark), QStringLiteral("Vesko: ") + m_model.capture().phaseTitle());
+        statusIcon(recording), QStringLiteral("Vesko: ") + m_model.capture().phaseTitle());
     const QString title = recording ? translated(L10N_KEY("Vesko", "Stop dictation"))
         : m_model.capture().phase() == Phase::idle
         ? translated(L10N_KEY("Vesko", "Start dictation"))
@@ -337,14 +334,6 @@ void AppDelegate::observeAccess()
 {
     if (m_model.accounts().signedOut() && !m_model.accounts().admits())
         m_model.capture().onAccountNeeded();
-}
-
-// The icon's strokes follow the desktop's change between light and dark.
-bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
-        showCaptureState();
-    return false;
 }
 
 void AppDelegate::quit()

@@ -99,9 +99,6 @@ Q_SIGNALS:
     void importWanted();
     void statusIconHiddenChanged();
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void setupStatusItem();
     void wireHotkeys();

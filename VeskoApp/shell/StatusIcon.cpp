@@ -10,10 +10,12 @@ namespace vesko {
 namespace {
 
 constexpr double side = 18; // points
+// A panel may be dark on a light desktop, and the other way round, and nobody tells.
+constexpr QColor strokes(0, 134, 175);
 constexpr std::array<double, 5> resting{ 4, 7, 12, 7, 4 };
 constexpr std::array<double, 5> speaking{ 7, 12, 16, 12, 7 };
 
-QPixmap drawn(bool recording, bool dark, int scale)
+QPixmap drawn(bool recording, int scale)
 {
     const auto pixels = static_cast<int>(side) * scale;
     QPixmap pixmap(pixels, pixels);
@@ -21,9 +23,7 @@ QPixmap drawn(bool recording, bool dark, int scale)
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);
-    const QColor colour
-        = dark ? QColor::fromRgbF(0.46F, 0.88F, 0.94F) : QColor::fromRgbF(0, 0.46F, 0.6F);
-    painter.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(strokes, 1.6, Qt::SolidLine, Qt::RoundCap));
     const auto& heights = recording ? speaking : resting;
     for (std::size_t bar = 0; bar < heights.size(); ++bar) {
         const double x = side * static_cast<double>(bar + 1) / 6;
@@ -35,11 +35,11 @@ QPixmap drawn(bool recording, bool dark, int scale)
 
 } // namespace
 
-QIcon statusIcon(bool recording, bool dark)
+QIcon statusIcon(bool recording)
 {
     QIcon icon;
     for (const int scale : { 1, 2, 3 })
-        icon.addPixmap(drawn(recording, dark, scale));
+        icon.addPixmap(drawn(recording, scale));
     return icon;
 }
 

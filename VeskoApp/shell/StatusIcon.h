@@ -4,7 +4,7 @@
 
 namespace vesko {
 
-// The five-line mark, taller while recording; light strokes for a dark desktop.
-QIcon statusIcon(bool recording, bool dark);
+// The five-line mark, taller while recording; to be seen on light and on dark panels.
+QIcon statusIcon(bool recording);
 
 } // namespace vesko

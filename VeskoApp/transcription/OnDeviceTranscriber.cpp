@@ -55,8 +55,8 @@ std::unique_ptr<Hearing> OnDeviceTranscriber::listen(const CaptureSettings& sett
     return m_recognizer.hear(tag);
 }
 
-Task<TranscriptResult> OnDeviceTranscriber::transcribe(
-    std::filesystem::path audio, CaptureSettings settings, std::unique_ptr<Hearing> heard)
+Task<TranscriptResult> OnDeviceTranscriber::transcribe(std::filesystem::path audio,
+    CaptureSettings settings, std::unique_ptr<Hearing> heard, std::function<void(double)> progress)
 {
     if (!m_recognizer.authorized())
         throw CaptureFailure(L10N_KEY("Vesko",
@@ -82,7 +82,9 @@ Task<TranscriptResult> OnDeviceTranscriber::transcribe(
     m_recognizer.expect(expectedWords(settings));
     const auto recognition = m_recognizer.recognize(
         audio, tag,
-        [outcome](const OnDeviceRecognizer::Report& report) {
+        [outcome, progress = std::move(progress)](const OnDeviceRecognizer::Report& report) {
+            if (report.done && progress)
+                progress(*report.done);
             if (report.isFinal && report.text)
                 outcome.set(report);
             else if (report.failed)

@@ -7,6 +7,8 @@
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
 #include "VeskoCore/library/TranscriptResult.h"
 
+#include <functional>
+
 namespace vesko {
 
 // Turns a recording into text on this machine. One recognition at a time; main thread.
@@ -20,9 +22,9 @@ public:
     // The text of a recording that stands. The language of the settings is a tag, or "auto", which
     // is the system's own where the recogniser can't tell. Throws CaptureFailure in the user's
     // words, after 65 seconds at the latest, and VeskoError::noSpeech for silence. Destroying the
-    // task cancels the recognition.
+    // task cancels the recognition. Of a long one, the share that is done is told now and then.
     Task<TranscriptResult> transcribe(std::filesystem::path audio, CaptureSettings settings,
-        std::unique_ptr<Hearing> heard = nullptr);
+        std::unique_ptr<Hearing> heard = nullptr, std::function<void(double)> progress = {});
 
 private:
     std::string languageOf(const CaptureSettings& settings) const;

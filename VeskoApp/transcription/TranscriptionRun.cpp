@@ -189,8 +189,9 @@ Task<TranscriptResult> TranscriptionRun::recognize(Run& run, std::filesystem::pa
             throw CaptureFailure(L10N_KEY("Vesko",
                 "The speech engine that you chose isn't there. Choose one in Settings. Your audio "
                 "is saved."));
-        co_return co_await m_to.onDevice.transcribe(
-            std::move(audio), settings, std::move(run.captured.heard));
+        co_return co_await m_to.onDevice.transcribe(std::move(audio), settings,
+            std::move(run.captured.heard),
+            [this](double done) { m_to.capture.setTranscribed(done); });
     }
     if (!co_await run.service->spoken)
         throw VeskoError(VeskoError::noSpeech);

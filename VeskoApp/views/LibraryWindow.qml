@@ -79,7 +79,9 @@ VeskoWindow {
             anchors.rightMargin: 20
             spacing: Theme.space
 
+            // Where there is no room for its words, its key and the menu do the same.
             PushButton {
+                visible: toolbar.parent.width > 320
                 text: qsTranslate("Vesko", "New note")
                 help: qsTranslate("Vesko", "Create a text note")
                 iconName: "plus"

@@ -781,6 +781,10 @@
         <translation>Transkription läuft</translation>
     </message>
     <message>
+        <source>Transcribing: %1 %</source>
+        <translation>Transkription: %1 %</translation>
+    </message>
+    <message>
         <source>Transcribed</source>
         <translation>Transkribiert</translation>
     </message>

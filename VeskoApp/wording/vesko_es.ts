@@ -781,6 +781,10 @@
         <translation>Transcribiendo</translation>
     </message>
     <message>
+        <source>Transcribing: %1 %</source>
+        <translation>Transcribiendo: %1 %</translation>
+    </message>
+    <message>
         <source>Transcribed</source>
         <translation>Transcrito</translation>
     </message>

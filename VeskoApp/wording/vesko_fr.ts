@@ -781,6 +781,10 @@
         <translation>Transcription en cours</translation>
     </message>
     <message>
+        <source>Transcribing: %1 %</source>
+        <translation>Transcription : %1 %</translation>
+    </message>
+    <message>
         <source>Transcribed</source>
         <translation>Transcrit</translation>
     </message>

@@ -781,6 +781,10 @@
         <translation>Идёт расшифровка</translation>
     </message>
     <message>
+        <source>Transcribing: %1 %</source>
+        <translation>Расшифровка: %1 %</translation>
+    </message>
+    <message>
         <source>Transcribed</source>
         <translation>Расшифровано</translation>
     </message>

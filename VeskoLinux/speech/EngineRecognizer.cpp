@@ -40,13 +40,17 @@ public:
 namespace {
 
 RecognizedSpeech recognizedFile(const std::filesystem::path& audio, PieceRecognition recognition,
-    int longestPiece, const std::stop_token& stop)
+    int longestPiece, const std::stop_token& stop, const std::function<void(double)>& progress)
 {
     const auto samples = speechSamples(audio, stop);
+    std::size_t taken = 0;
     for (const auto piece : speechPieces(samples, longestPiece)) {
         if (stop.stop_requested())
             break;
+        if (taken > 0)
+            progress(static_cast<double>(taken) / static_cast<double>(samples.size()));
         recognition.take(piece);
+        taken += piece.size();
     }
     return std::move(recognition).result();
 }
@@ -142,17 +146,28 @@ std::unique_ptr<OnDeviceRecognizer::Recognition> EngineRecognizer::recognize(
 Task<> EngineRecognizer::run(std::shared_ptr<Ticket> ticket, std::filesystem::path audio,
     std::shared_ptr<Ticket> heard, std::function<void(const Report&)> report)
 {
+    // From the worker; nothing of it comes once the last report is out.
+    const auto progress = [this, ticket, report](double done) {
+        QMetaObject::invokeMethod(
+            &m_home,
+            [ticket, report, done] {
+                if (ticket->wanted)
+                    report({ .done = done });
+            },
+            Qt::QueuedConnection);
+    };
     Report last;
     try {
         std::optional<RecognizedSpeech> speech;
         if (heard)
             speech = co_await heard->heard;
         if (!speech && ticket->wanted)
-            speech = co_await m_worker.run([ticket, audio](const std::stop_token& theEnd) {
-                const std::stop_callback also(theEnd, [&] { ticket->stop.request_stop(); });
-                return recognizedFile(audio, ticket->recognition(), ticket->engine->longestPiece(),
-                    ticket->stop.get_token());
-            });
+            speech
+                = co_await m_worker.run([ticket, audio, progress](const std::stop_token& theEnd) {
+                      const std::stop_callback also(theEnd, [&] { ticket->stop.request_stop(); });
+                      return recognizedFile(audio, ticket->recognition(),
+                          ticket->engine->longestPiece(), ticket->stop.get_token(), progress);
+                  });
         if (speech)
             last = reportOf(std::move(*speech));
     } catch (const std::exception&) {

@@ -5,6 +5,8 @@
 #include "VeskoApp/platform/OnDeviceRecognizer.h"
 #include "VeskoLinux/speech/engines/SpeechEngine.h"
 
+#include <QObject>
+
 #include <memory>
 
 namespace vesko {
@@ -38,6 +40,7 @@ private:
 
     std::shared_ptr<const SpeechEngine> m_engine;
     std::string m_expected;
+    QObject m_home; // what it hears of its worker
     Worker m_worker;
     Worker m_listener;
     TaskScope m_tasks;

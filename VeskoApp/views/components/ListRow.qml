@@ -31,7 +31,7 @@ T.ItemDelegate {
     Keys.onEnterPressed: clicked()
 
     contentItem: Item {
-        implicitHeight: childrenRect.height
+        implicitHeight: Math.max(title.implicitHeight, 17)
 
         Icon {
             anchors.verticalCenter: parent.verticalCenter
@@ -40,6 +40,8 @@ T.ItemDelegate {
             size: 17
         }
         Text {
+            id: title
+
             x: control.iconName ? 27 : 0
             width: parent.width - x
             anchors.verticalCenter: parent.verticalCenter

@@ -127,23 +127,6 @@ TEST_F(AppDelegateTest, WhoHasSignedInMayStart)
     EXPECT_EQ(onboardings(), 2);
 }
 
-TEST_F(AppDelegateTest, TheIconFollowsTheDesktopsAppearance)
-{
-    open();
-    const auto colour
-        = [&] { return machine.statusItem.icon.pixmap(54, 54).toImage().pixelColor(27, 27); };
-    const QPalette before = qGuiApp->palette();
-    QGuiApplication::setPalette(QPalette(QColor(Qt::black)));
-    drainEvents();
-    const QColor dark = colour();
-    QGuiApplication::setPalette(QPalette(QColor(Qt::white)));
-    drainEvents();
-    const QColor light = colour();
-    QGuiApplication::setPalette(before);
-    drainEvents();
-    EXPECT_GT(dark.lightnessF(), light.lightnessF());
-}
-
 TEST_F(AppDelegateTest, TheShortcutTogglesADictation)
 {
     open();

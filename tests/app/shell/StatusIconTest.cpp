@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace vesko {
 
@@ -24,8 +26,8 @@ std::array<int, 5> heights(const QIcon& icon)
 
 TEST(StatusIcon, StandsTallerWhileRecording)
 {
-    const auto resting = heights(statusIcon(false, false));
-    const auto speaking = heights(statusIcon(true, false));
+    const auto resting = heights(statusIcon(false));
+    const auto speaking = heights(statusIcon(true));
     // A round cap adds up to a pixel and a half.
     constexpr std::array<int, 5> restingHeights{ 4, 7, 12, 7, 4 };
     constexpr std::array<int, 5> speakingHeights{ 7, 12, 16, 12, 7 };
@@ -36,14 +38,24 @@ TEST(StatusIcon, StandsTallerWhileRecording)
     }
 }
 
-TEST(StatusIcon, IsLightOnADarkDesktop)
+// https://www.w3.org/TR/WCAG21/#dfn-relative-luminance
+double luminance(const QColor& colour)
 {
-    const auto strokes = [](bool dark) {
-        const QColor colour = statusIcon(true, dark).pixmap(54, 54).toImage().pixelColor(27, 27);
-        return std::array{ colour.red(), colour.green(), colour.blue() };
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
     };
-    EXPECT_EQ(strokes(true), (std::array{ 117, 224, 240 }));
-    EXPECT_EQ(strokes(false), (std::array{ 0, 117, 153 }));
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF())
+        + 0.0722 * linear(colour.blueF());
+}
+
+TEST(StatusIcon, IsSeenOnLightAndOnDarkPanels)
+{
+    const double strokes = luminance(statusIcon(true).pixmap(54, 54).toImage().pixelColor(27, 27));
+    for (const char* panel : { "#000000", "#1e1e1e", "#2b2b2b", "#eeeeee", "#f6f5f4", "#ffffff" }) {
+        const double ground = luminance(QColor(panel));
+        EXPECT_GE((std::max(strokes, ground) + 0.05) / (std::min(strokes, ground) + 0.05), 3)
+            << panel;
+    }
 }
 
 } // namespace

@@ -42,8 +42,8 @@ protected:
     Task<> note(std::string language)
     {
         try {
-            result
-                = co_await transcriber.transcribe("/audio.m4a", in(language), std::move(hearing));
+            result = co_await transcriber.transcribe("/audio.m4a", in(language), std::move(hearing),
+                [this](double share) { done.push_back(share); });
             outcome = "text: " + result.text;
         } catch (const CaptureFailure& failure) {
             outcome = failure.message();
@@ -57,6 +57,7 @@ protected:
     OnDeviceTranscriber transcriber{ recognizer, clock };
     TranscriptResult result;
     std::string outcome;
+    std::vector<double> done; // of the recording, as it was told
     std::unique_ptr<Hearing> hearing; // for the next recognition
     std::unique_ptr<TaskScope> scope;
 };
@@ -81,6 +82,17 @@ TEST_F(OnDeviceTranscriberTest, GivesTheFinalTextWithoutTheSpaceAround)
     EXPECT_FALSE(recognizer.running());
     EXPECT_EQ(clock.armed(), 0U);
     EXPECT_THAT(recognizer.audio, ElementsAre("/audio.m4a"));
+}
+
+TEST_F(OnDeviceTranscriberTest, TellsHowFarItIs)
+{
+    begin();
+    recognizer.report({ .done = 0.25 });
+    recognizer.report({ .done = 0.75 });
+    EXPECT_EQ(outcome, "");
+    recognizer.report({ .text = "Good morning.", .isFinal = true });
+    EXPECT_EQ(outcome, "text: Good morning.");
+    EXPECT_THAT(done, ElementsAre(0.25, 0.75));
 }
 
 TEST_F(OnDeviceTranscriberTest, AutomaticIsTheLanguageOfTheSystem)

@@ -79,6 +79,24 @@ TEST_F(TranscriptTransformTest, WhatIsBeingDoneIsSaid)
     }
 }
 
+TEST_F(TranscriptTransformTest, HowFarTheRecognitionIsIsSaid)
+{
+    choose("cleanupEnabled", false);
+    machine.recognizer.hears.reset();
+    open();
+    const auto title = [this] { return model->capture().phaseTitle().toStdString(); };
+    for (int i = 0; i < 2; ++i) {
+        dictate();
+        model->capture().toggleDictation();
+        ASSERT_TRUE(eventually([&] { return machine.recognizer.running(); }));
+        EXPECT_EQ(title(), "Transcribing");
+        machine.recognizer.report({ .done = 0.429 });
+        EXPECT_EQ(title(), "Transcribing: 42 %");
+        machine.recognizer.report({ .text = "hello", .isFinal = true });
+        ASSERT_TRUE(reach(Phase::idle));
+    }
+}
+
 TEST_F(TranscriptTransformTest, TheCleanedTextIsDeliveredAndTheTranscriptStays)
 {
     open();

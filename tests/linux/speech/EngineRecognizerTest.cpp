@@ -91,12 +91,16 @@ protected:
         return recognizer->recognize(audio, "en",
             [this, name](const Report& report) { reports.push_back(name + said(report)); });
     }
-    // All that is reported until the first report has come.
+    // All that is reported until the text has come, but for how far it is.
     std::vector<std::string> heard(const path& audio, const std::string& language = "en")
     {
         std::vector<std::string> all;
-        const auto recognition = recognizer->recognize(
-            audio, language, [&](const Report& report) { all.push_back(said(report)); });
+        const auto recognition = recognizer->recognize(audio, language, [&](const Report& report) {
+            if (report.done)
+                done.push_back(*report.done);
+            else
+                all.push_back(said(report));
+        });
         EXPECT_THAT(all, IsEmpty()) << "never before it returns";
         runUntil([&] { return !all.empty(); });
         return all;
@@ -104,6 +108,7 @@ protected:
 
     std::unique_ptr<OnDeviceRecognizer> recognizer = withPocketSphinx();
     std::vector<std::string> reports;
+    std::vector<double> done; // of what was heard last
 
 private:
     static inline std::unique_ptr<TemporaryFolder> s_folder;
@@ -135,6 +140,16 @@ TEST_F(WithRecognizer, understandsWhatIsCutIntoPieces)
 {
     EXPECT_THAT(
         heard(three()), ElementsAre(voice::coffee + " " + voice::brother + " " + voice::coffee));
+}
+
+TEST_F(WithRecognizer, tellsHowFarItIsWithWhatIsCutIntoPieces)
+{
+    heard(brother());
+    EXPECT_THAT(done, IsEmpty());
+    heard(three());
+    EXPECT_THAT(done, testing::Not(IsEmpty()));
+    EXPECT_THAT(done, testing::Each(testing::AllOf(testing::Gt(0), testing::Lt(1))));
+    EXPECT_TRUE(std::ranges::is_sorted(done));
 }
 
 // As a microphone hears it from the loudspeakers of its own machine.
