@@ -234,7 +234,8 @@ TEST_F(AtspiFocusedFieldTest, aFocusOutsideFieldsIsNoField)
     m_hands.tap(m_hands.key("Tab"));
     const auto button
         = readUntil([&](const auto& reading) { return !same(field, reading) && reading.role; });
-    EXPECT_EQ(button.role, "push button");
+    // The newer name is that of AT-SPI 2.54.
+    EXPECT_TRUE(button.role == "push button" || button.role == "button") << *button.role;
     EXPECT_EQ(button.value, std::nullopt);
 }
 
