@@ -78,7 +78,7 @@ class Learning(unittest.TestCase):
             self.assertEqual((entry["original"], entry["replacement"]), ("recieve", "receive"))
             self.assertTrue(entry["enabled"])
             self.assertEqual(entry["source"], "learned")
-            self.dictate(program, expected=MEANT)
+            self.paste(program, expected=MEANT)
 
     def learns_nothing(self):
         human_pause(1)  # what would be learned is, within a look or two
