@@ -10,7 +10,8 @@ namespace vesko {
 
 namespace {
 
-Q_LOGGING_CATEGORY(reviewLog, "app.vesko.insertion")
+// Without each edit, unless that is asked for.
+Q_LOGGING_CATEGORY(reviewLog, "app.vesko.insertion.review", QtInfoMsg)
 
 // Seconds.
 constexpr double longestReview = 120;
@@ -108,6 +109,8 @@ void InsertionReview::watch(const Reading& value)
         finish(false);
         return;
     }
+    if (m_review->lastEdited != *fragment)
+        qCDebug(reviewLog, "edit_seen");
     m_review->lastEdited = std::move(*fragment);
     goOnWatching();
 }
