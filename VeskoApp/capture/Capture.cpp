@@ -34,6 +34,8 @@ constexpr const char* noSound = L10N_KEY("Vesko",
     "No sound comes from the microphone. What was said before is kept; the recording goes on when "
     "sound comes again.");
 
+constexpr const char* cancelled = L10N_KEY("Vesko", "Recording cancelled. The audio is saved.");
+
 } // namespace
 
 Q_LOGGING_CATEGORY(captureLog, "app.vesko.capture")
@@ -313,6 +315,7 @@ void Capture::stop()
         m_to.cues.play(CaptureCues::Cue::stop);
     setPhase(Phase::processing);
     m_to.status.setMessage(L10N_KEY("Vesko", "Original saved. Transcribing…"));
+    offerToGiveUp([] { }); // taken up by finish
     m_tasks.spawn(finish(std::move(captured), duration));
 }
 
@@ -321,18 +324,23 @@ Task<> Capture::finish(CapturedRecording captured, double duration)
     const auto saved = co_await save(captured.recording.id, duration);
     if (!saved) {
         m_to.status.report(saved.error());
-        setPhase(Phase::idle);
+        endProcessing();
         co_return;
     }
     qCInfo(captureLog, "recording_saved");
     m_to.analytics.track(UsageEvent::recordingSaved);
+    if (!canGiveUp()) {
+        m_to.status.setMessage(cancelled);
+        setPhase(Phase::idle);
+        co_return;
+    }
     onCaptured(std::move(captured));
 }
 
 bool Capture::cancel()
 {
     if (m_phase == Phase::recording && m_active) {
-        stopWithoutTranscription(L10N_KEY("Vesko", "Recording cancelled. The audio is saved."));
+        stopWithoutTranscription(cancelled);
         return true;
     }
     const auto giveUp = m_giveUp;

@@ -163,15 +163,19 @@ bool FocusDestination::tells(const FieldReading& now) const
         && !now.value->contains(objectCharacter);
 }
 
-Task<std::optional<std::string>> FocusDestination::currentValueIfFocused(FocusedField& fields) const
+Task<std::expected<std::string, FocusDestination::Unread>> FocusDestination::currentValueIfFocused(
+    FocusedField& fields) const
 {
     FieldReading reading = co_await fields.read(pid);
-    const bool focused = reading.trusted && reading.frontmost == pid && reading.element
-        && reading.element->equals(*element);
-    if (!focused || reading.subrole == secureSubrole || !reading.value
+    const bool inFront = reading.trusted && reading.frontmost == pid;
+    const bool same = reading.element && reading.element->equals(*element);
+    if (inFront && !reading.elements && (same ? !reading.value : !reading.element)
+        && reading.subrole != secureSubrole)
+        co_return std::unexpected(Unread::silent);
+    if (!inFront || !same || reading.subrole == secureSubrole || !reading.value
         || utf16Length(*reading.value) > longestWatched)
-        co_return std::nullopt;
-    co_return std::move(reading.value);
+        co_return std::unexpected(Unread::left);
+    co_return *std::move(reading.value);
 }
 
 std::string pasteMessage(const std::vector<std::string>& reasons)

@@ -5,6 +5,7 @@
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
 
+#include <expected>
 #include <string>
 #include <vector>
 
@@ -40,9 +41,14 @@ struct FocusDestination {
     // lost the focus, hides its text, or holds more than can be read.
     Task<PasteProof> lookForPaste(FocusedField& fields, EventClock& clock, std::string text) const;
 
+    // Why a field's text can't be had.
+    enum class Unread : std::uint8_t {
+        left, // it hasn't the focus, or isn't to be watched
+        silent, // its program, which is in front, gave no answer in time
+    };
     // The field's text, if the field has the focus in the active window and is one whose text may
     // be watched: no password, and of 32,768 UTF-16 units at most.
-    Task<std::optional<std::string>> currentValueIfFocused(FocusedField& fields) const;
+    Task<std::expected<std::string, Unread>> currentValueIfFocused(FocusedField& fields) const;
 
 private:
     bool tells(const FieldReading& now) const;

@@ -2,11 +2,16 @@
 
 #include "VeskoCore/insertion/PersonalDictionary.h"
 
+#include <QLoggingCategory>
+
 #include <utility>
 
 namespace vesko {
 
 namespace {
+
+// Without each edit, unless that is asked for.
+Q_LOGGING_CATEGORY(reviewLog, "app.vesko.insertion.review", QtInfoMsg)
 
 // Seconds.
 constexpr double longestReview = 120;
@@ -15,6 +20,12 @@ constexpr double watchInterval = 0.25;
 constexpr double sendTime = 1.5;
 
 constexpr int mostUnequalReads = 5;
+
+// A busy program may have no answer for a moment, and the user goes on in its field all the same.
+bool isLeft(const std::expected<std::string, FocusDestination::Unread>& reading)
+{
+    return !reading && reading.error() == FocusDestination::Unread::left;
+}
 
 } // namespace
 
@@ -66,23 +77,27 @@ Task<> InsertionReview::look(std::shared_ptr<Review> review)
         awaitPaste(value);
 }
 
-void InsertionReview::awaitPaste(const std::optional<std::string>& value)
+void InsertionReview::awaitPaste(const Reading& value)
 {
     if (value == m_review->scope.expectedValue()) {
         m_review->landed = true;
         m_review->lastEdited = m_review->scope.original;
+        qCInfo(reviewLog, "paste_watched");
         goOnWatching();
-    } else if (!value || ++m_review->unequalReads == mostUnequalReads) {
+    } else if (isLeft(value) || ++m_review->unequalReads == mostUnequalReads) {
         stop();
     } else {
         lookAfter(pasteInterval);
     }
 }
 
-void InsertionReview::watch(const std::optional<std::string>& value)
+void InsertionReview::watch(const Reading& value)
 {
     if (!value) {
-        finish(false);
+        if (isLeft(value))
+            finish(false);
+        else
+            goOnWatching();
         return;
     }
     if (value->empty() && inTimeToBeSent()) {
@@ -94,6 +109,8 @@ void InsertionReview::watch(const std::optional<std::string>& value)
         finish(false);
         return;
     }
+    if (m_review->lastEdited != *fragment)
+        qCDebug(reviewLog, "edit_seen");
     m_review->lastEdited = std::move(*fragment);
     goOnWatching();
 }

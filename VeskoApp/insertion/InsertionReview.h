@@ -47,8 +47,10 @@ private:
     void lookAfter(double seconds);
     Task<> look(std::shared_ptr<Review> review);
     Task<> lookAtReturn(std::shared_ptr<Review> review);
-    void awaitPaste(const std::optional<std::string>& value);
-    void watch(const std::optional<std::string>& value);
+    using Reading = std::expected<std::string, FocusDestination::Unread>;
+
+    void awaitPaste(const Reading& value);
+    void watch(const Reading& value);
     void goOnWatching();
     bool inTimeToBeSent() const;
     void finish(bool sent);

@@ -281,7 +281,11 @@ RemoteCommands::Program AppDelegate::remoteProgram()
     return {
         .phase = [&capture] { return capture.phase(); },
         .ready = [this] { return m_model.library().ready(); },
-        .title = [&capture] { return capture.phaseTitle(); },
+        .title =
+            [this, &capture] {
+                const std::string& refusal = m_model.library().refusal();
+                return refusal.empty() ? capture.phaseTitle() : translated(refusal);
+            },
         .elapsed = [&capture] { return capture.elapsed(); },
         .start =
             [this, &capture] {

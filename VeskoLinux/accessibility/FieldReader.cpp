@@ -79,6 +79,8 @@ Task<> FieldReader::describe(FieldReading& reading, AtspiAddress element, FieldP
             element, atspi::text, "GetText", "s", deadline, { 0, int(asked) });
         if (text)
             value = text->first().toString();
+        else
+            reading.elements = false;
     }
     if (!reading.role) {
         const auto name

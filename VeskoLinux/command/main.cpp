@@ -52,7 +52,6 @@ const char* methodOf(Purpose purpose)
 
 int codeOf(Purpose purpose, Bus::Outcome outcome)
 {
-    const bool isEnd = purpose == Purpose::stop || purpose == Purpose::cancel;
     switch (outcome) {
     case Bus::Outcome::done:
         return succeeded;
@@ -60,7 +59,9 @@ int codeOf(Purpose purpose, Bus::Outcome outcome)
         return complain(hasFailed, "it failed; Vesko shows why");
     case Bus::Outcome::notNow:
         return complain(notPossibleNow,
-            isEnd ? "nothing is being recorded" : "Vesko can't start a dictation now");
+            purpose == Purpose::stop         ? "nothing is being recorded"
+                : purpose == Purpose::cancel ? "nothing is being recorded or transcribed"
+                                             : "Vesko can't start a dictation now");
     case Bus::Outcome::absent:
         break;
     }

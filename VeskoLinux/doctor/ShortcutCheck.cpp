@@ -33,6 +33,8 @@ Finding onX11(const std::function<bool()>& isFree)
         = property(name, QStringLiteral("/app/vesko/Vesko"), name, QStringLiteral("HasShortcut"));
     if (held && held->toBool())
         return Finding::fine("Vesko has it");
+    if (qEnvironmentVariableIsEmpty("DISPLAY"))
+        return Finding::fact("there is no display to ask");
     if (!held && isFree())
         return Finding::fine("nobody has it; Vesko takes it when it starts");
     return Finding::wanting("another program has it; X11 doesn't tell which", takenRemedy);

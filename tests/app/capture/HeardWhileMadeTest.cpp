@@ -98,6 +98,19 @@ TEST_F(HeardWhileMadeTest, ACancelledRecordingNoLonger)
     EXPECT_EQ(hearings(), 0);
 }
 
+TEST_F(HeardWhileMadeTest, ARecordingThatIsGivenUpWhileItIsBeingSavedNoLonger)
+{
+    open();
+    dictate();
+    model->capture().toggleDictation();
+    EXPECT_TRUE(model->capture().cancel());
+    ASSERT_TRUE(reach(Phase::idle));
+    EXPECT_EQ(hearings(), 0);
+    EXPECT_EQ(model->status().message(), "Recording cancelled. The audio is saved.");
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::recorded);
+    EXPECT_TRUE(onlyRecording().attempts.empty());
+}
+
 TEST_F(HeardWhileMadeTest, ARecordingThatEndsByItselfNoLonger)
 {
     open();

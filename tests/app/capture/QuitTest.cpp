@@ -119,6 +119,8 @@ TEST_F(QuitTest, ItWaitsForARecordingThatHasJustBeenStopped)
         SCOPED_TRACE(works);
         dictate();
         machine.recorder.finishing.close();
+        if (!works)
+            breakStore();
         model->capture().toggleDictation();
         ASSERT_EQ(model->capture().phase(), Phase::processing);
         std::optional<bool> answer;
@@ -128,8 +130,6 @@ TEST_F(QuitTest, ItWaitsForARecordingThatHasJustBeenStopped)
         }(*model, answer));
         drainEvents();
         EXPECT_EQ(answer, std::nullopt);
-        if (!works)
-            breakStore();
         machine.recorder.finishing.open();
         ASSERT_TRUE(eventually([&] { return answer.has_value(); }));
         EXPECT_EQ(answer, works);

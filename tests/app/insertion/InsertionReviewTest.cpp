@@ -126,6 +126,48 @@ TEST_F(InsertionReviewTest, AFieldOfAnotherProgramOrKindIsLeft)
     }
 }
 
+TEST_F(InsertionReviewTest, AProgramThatHasNoAnswerForAMomentIsAskedAgain)
+{
+    const std::pair<const char*, void (*)(FieldReading&)> cases[]{
+        { "of its fields", [](auto& r) { r.element.reset(); } },
+        { "of the field's text", [](auto& r) { r.value.reset(); } },
+    };
+    for (const auto& [name, change] : cases) {
+        SCOPED_TRACE(name);
+        reports.clear();
+        paste();
+        const FieldReading whole = fields.reading;
+        const auto keepSilent = [&] {
+            change(fields.reading);
+            fields.reading.elements = false;
+        };
+        keepSilent();
+        clock.turn(0.1);
+        fields.reading = whole;
+        clock.turn(0.1);
+        keepSilent();
+        clock.turn(0.25);
+        fields.reading = whole;
+        show("Dear hello world");
+        clock.turn(0.25);
+        fields.reading.frontmost = 99;
+        clock.turn(0.25);
+        EXPECT_THAT(reports, ElementsAre(Report{ { wrldToWorld }, false }));
+        fields.reading = whole;
+    }
+}
+
+TEST_F(InsertionReviewTest, AProgramThatIsSilentFromThePasteOnIsAskedFiveTimes)
+{
+    paste();
+    const auto reads = fields.reads.size();
+    fields.reading.element.reset();
+    fields.reading.elements = false;
+    clock.turn(10);
+    EXPECT_EQ(fields.reads.size(), reads + 5);
+    expectIdle();
+}
+
 TEST_F(InsertionReviewTest, AFieldThatIsLeftUneditedTellsNothing)
 {
     land();

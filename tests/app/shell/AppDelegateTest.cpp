@@ -395,6 +395,20 @@ TEST_F(AppDelegateTest, ScriptsSteerIt)
         testing::ElementsAre("preparing", "recording", "processing", "ready"));
 }
 
+TEST_F(AppDelegateTest, ScriptsReadWhyTheLibraryCouldNotBeOpened)
+{
+    std::filesystem::create_directories(root());
+    putBytes(root() / "library.json", "{");
+    start();
+    launch();
+    ASSERT_TRUE(eventually([&] { return !machine.remoteControl.told.empty(); }));
+    const auto status = machine.remoteControl.status();
+    EXPECT_EQ(status.state, QStringLiteral("unavailable"));
+    EXPECT_EQ(status.title,
+        QStringLiteral("The library could not be read. Your files were preserved. Open the data "
+                       "folder to recover its backup."));
+}
+
 TEST_F(AppDelegateTest, ADictationThatAScriptCancelsIsKeptWithoutATranscript)
 {
     open();

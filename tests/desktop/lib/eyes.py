@@ -87,7 +87,8 @@ class Node:
 
     @property
     def role(self):
-        return self._ask("org.a11y.atspi.Accessible", "GetRoleName")[0]
+        name = self._ask("org.a11y.atspi.Accessible", "GetRoleName")[0]
+        return "push button" if name == "button" else name  # as AT-SPI 2.54 has it
 
     @property
     def is_password(self):

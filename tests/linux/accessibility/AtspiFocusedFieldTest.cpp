@@ -28,6 +28,12 @@ QString text(const char* utf8)
     return QString::fromUtf8(utf8);
 }
 
+// GTK 4 doesn't say of a line that it is one.
+bool isOfAField(const std::optional<std::string>& role)
+{
+    return role == "AXTextField" || role == "AXTextArea";
+}
+
 // A window of the desktop tests.
 QString service(const char* name)
 {
@@ -157,7 +163,7 @@ TEST_F(AtspiFocusedFieldTest, neverReadsAPassword)
     const auto typed
         = readUntil([&](const auto& reading) { return reading.selection != empty.selection; });
     EXPECT_EQ(typed.subrole, "AXSecureTextField");
-    EXPECT_EQ(typed.role, "AXTextField");
+    EXPECT_TRUE(isOfAField(typed.role));
     EXPECT_EQ(typed.value, std::nullopt);
 }
 
@@ -172,11 +178,15 @@ TEST_F(AtspiFocusedFieldTest, neverReadsLettersThatAreHidden)
     const auto hidden = readUntil([&](const auto& reading) { return reading.subrole.has_value(); });
     EXPECT_EQ(hidden.subrole, "AXSecureTextField");
     EXPECT_EQ(hidden.value, std::nullopt);
-    m_hands.tap(m_hands.key("Tab")); // a field that tells nothing, not even that it has the focus
+    // A field that tells nothing, in libadwaita 1.2 not even that it has the focus.
+    m_hands.tap(m_hands.key("Tab"));
+    readUntil([&](const auto& reading) { return reading.trusted && !same(hidden, reading); });
+    m_hands.tap(m_hands.key("s"));
     const auto nothing
-        = readUntil([&](const auto& reading) { return reading.trusted && !reading.element; });
+        = readUntil([&](const auto& reading) { return !reading.element || reading.subrole; });
     EXPECT_TRUE(nothing.elements);
-    EXPECT_FALSE(nothing.focused);
+    EXPECT_EQ(nothing.focused, nothing.element != nullptr);
+    EXPECT_EQ(nothing.value, std::nullopt);
 }
 
 TEST_F(AtspiFocusedFieldTest, aTerminalThatHidesWhatIsTypedIsAPassword)
@@ -217,12 +227,12 @@ TEST_F(AtspiFocusedFieldTest, tellsFieldsOfOneWindowApart)
     const Program program(
         text("zenity"), { text("--forms"), text("--add-entry=one"), text("--add-entry=two") });
     const auto first = fieldOf(program);
-    EXPECT_EQ(first.role, "AXTextField");
+    EXPECT_TRUE(isOfAField(first.role));
     EXPECT_EQ(first.value, "");
     m_hands.tap(m_hands.key("Tab"));
     const auto second = readUntil(
         [&](const auto& reading) { return reading.selection && !same(first, reading); });
-    EXPECT_EQ(second.role, "AXTextField");
+    EXPECT_TRUE(isOfAField(second.role));
     m_hands.chord({ m_hands.key("Shift_L"), m_hands.key("Tab") });
     readUntil([&](const auto& reading) { return same(first, reading); });
 }
@@ -234,7 +244,8 @@ TEST_F(AtspiFocusedFieldTest, aFocusOutsideFieldsIsNoField)
     m_hands.tap(m_hands.key("Tab"));
     const auto button
         = readUntil([&](const auto& reading) { return !same(field, reading) && reading.role; });
-    EXPECT_EQ(button.role, "push button");
+    // The newer name is that of AT-SPI 2.54.
+    EXPECT_TRUE(button.role == "push button" || button.role == "button") << *button.role;
     EXPECT_EQ(button.value, std::nullopt);
 }
 
@@ -247,7 +258,7 @@ TEST_F(AtspiFocusedFieldTest, textToReadIsNotWritable)
             m_hands.tap(m_hands.key("Tab")); // the buttons have the focus first
         return now.value && now.value->starts_with("read me");
     });
-    EXPECT_EQ(reading.role, "text");
+    EXPECT_TRUE(reading.role == "text" || reading.role == "text box") << *reading.role; // GTK 4
 }
 
 TEST_F(AtspiFocusedFieldTest, knowsATerminal)

@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <fstream>
@@ -68,7 +69,11 @@ struct CborSettingsTest : testing::Test {
     static void finish(pid_t child)
     {
         int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
+        pid_t ended = 0;
+        do
+            ended = waitpid(child, &status, 0);
+        while (ended == -1 && errno == EINTR);
+        ASSERT_EQ(ended, child) << std::strerror(errno);
         ASSERT_EQ(status, 0);
     }
 };

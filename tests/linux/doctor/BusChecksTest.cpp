@@ -68,10 +68,20 @@ TEST_F(BusChecks, aNameThatSomebodyHasIsServed)
 
 TEST_F(BusChecks, onX11WhoHasTheShortcutIsVeskoNobodyOrSomebody)
 {
+    qputenv("DISPLAY", ":7");
     EXPECT_EQ(lookAtShortcut(false, [] { return true; }).state, State::fine);
     const auto taken = lookAtShortcut(false, [] { return false; });
     EXPECT_EQ(taken.state, State::wanting);
     EXPECT_THAT(taken.seen, HasSubstr("another program has it"));
+    qunsetenv("DISPLAY");
+}
+
+TEST_F(BusChecks, whereThereIsNoDisplayNobodyIsSaidToHaveTheShortcut)
+{
+    qunsetenv("DISPLAY");
+    const auto found = lookAtShortcut(false, [] { return false; });
+    EXPECT_EQ(found.state, State::fact);
+    EXPECT_THAT(found.seen, HasSubstr("no display"));
 }
 
 TEST_F(BusChecks, aDesktopWithoutShortcutsForProgramsHasCommands)
