@@ -7,7 +7,7 @@ under any layout.
 import os
 import time
 
-from . import sway
+from . import gnome, sway
 from .waiting import human_pause
 
 KEYS = {
@@ -36,7 +36,9 @@ _shortcut_unseen = False
 def _hardware():
     global _devices
     if _devices is None:
-        if os.environ["XDG_SESSION_TYPE"] == "wayland":
+        if gnome.here():
+            from .gnome import Devices
+        elif os.environ["XDG_SESSION_TYPE"] == "wayland":
             from .wayland import Devices
         else:
             from .x11 import Devices
