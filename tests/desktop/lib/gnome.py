@@ -18,6 +18,8 @@ SESSION = REMOTE + ".Session"
 SOURCES = "imports.ui.status.keyboard.getInputSourceManager()"
 CLIPBOARD = "imports.gi.St.Clipboard.get_default()"
 COPIED = "imports.gi.St.ClipboardType.CLIPBOARD"
+KEYS = "org.gnome.settings-daemon.plugins.media-keys"
+OWN_KEY = "/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/test/"
 WINDOWS = "global.get_window_actors().map(actor => actor.meta_window)"
 TIMEOUT = 5000  # milliseconds for one answer
 PAUSE = 0.003  # seconds after each key: without any, the shell loses modifiers
@@ -67,6 +69,28 @@ def place(pid):
 
 def set_key(schema, key, value):
     subprocess.run(["gsettings", "set", schema, key, value], check=True)
+
+
+def _own_keys():
+    """How many keys of others' the shell listens to."""
+    return evaluate("Main.shellDBusService._grabbedAccelerators.size")
+
+
+def bind(keys, command):
+    """The user's own shortcut for that command; another command for the one that was bound before."""
+    script = os.path.join(os.environ["SESSION_DIR"], "shortcut")
+    is_bound = os.path.exists(script)
+    with open(script + ".new", "w") as file:
+        file.write(f"#!/bin/sh\nexec {command}\n")
+    os.chmod(script + ".new", 0o755)
+    os.rename(script + ".new", script)
+    if is_bound:
+        return
+    before = _own_keys()
+    set_key(KEYS, "custom-keybindings", f"['{OWN_KEY}']")
+    for key, value in (("name", "Test"), ("command", script), ("binding", keys)):
+        set_key(f"{KEYS}.custom-keybinding:{OWN_KEY}", key, value)
+    until("the key is bound", lambda: _own_keys() > before)
 
 
 def read_clipboard():
