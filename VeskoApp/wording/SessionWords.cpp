@@ -57,9 +57,10 @@ QString pasteAdvice(const SessionOffer& session)
 {
     if (session.pastes && session.asksToPaste)
         return sentence(L10N_KEY("Vesko",
-                            "%1 asks once whether Vesko may control the keyboard, at the first "
-                            "dictation into another program. Vesko presses the keys that paste, "
-                            "and no others."),
+                            "When you dictate into another program, %1 asks whether Vesko may "
+                            "control the keyboard: once, or each time if it does not remember your "
+                            "answer. Allow it in the window that opens. Vesko presses the keys "
+                            "that paste, and no others."),
             session);
     if (session.pastes)
         return {};

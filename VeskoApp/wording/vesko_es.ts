@@ -1218,8 +1218,8 @@
         <translation>%1 no muestra a ningún programa las teclas que se pulsan en otro.</translation>
     </message>
     <message>
-        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
-        <translation>%1 pregunta una vez si Vesko puede controlar el teclado, con el primer dictado en otro programa. Vesko solo pulsa las teclas para pegar.</translation>
+        <source>When you dictate into another program, %1 asks whether Vesko may control the keyboard: once, or each time if it does not remember your answer. Allow it in the window that opens. Vesko presses the keys that paste, and no others.</source>
+        <translation>Cuando dicta en otro programa, %1 pregunta si Vesko puede controlar el teclado: una vez, o cada vez si no recuerda la respuesta. Permítalo en la ventana que se abre. Vesko pulsa las teclas para pegar y ninguna otra.</translation>
     </message>
     <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
@@ -1272,6 +1272,14 @@
     <message>
         <source>Copied. The paste shortcut could not be sent. Paste it with Command V.</source>
         <translation>Copiado. No se pudo enviar el atajo de pegar. Péguelo con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. The desktop was still asking you whether Vesko may press the keys that paste. Paste it with Command V.</source>
+        <translation>Copiado. El escritorio aún le preguntaba si Vesko puede pulsar las teclas para pegar. Pegue el texto con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko was not allowed to press the keys that paste. Paste it with Command V.</source>
+        <translation>Copiado. No se permitió a Vesko pulsar las teclas para pegar. Pegue el texto con Ctrl+V.</translation>
     </message>
     <message>
         <source>Copied. The session was locked, so Vesko did not paste. Paste it with Command V.</source>

@@ -1225,8 +1225,8 @@
         <translation>%1 не показывает программам клавиши, нажатые в других программах.</translation>
     </message>
     <message>
-        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
-        <translation>%1 один раз спросит, можно ли Vesko управлять клавиатурой, — при первой диктовке в другую программу. Vesko нажимает только клавиши вставки.</translation>
+        <source>When you dictate into another program, %1 asks whether Vesko may control the keyboard: once, or each time if it does not remember your answer. Allow it in the window that opens. Vesko presses the keys that paste, and no others.</source>
+        <translation>Когда вы диктуете в другую программу, %1 спрашивает, можно ли Vesko управлять клавиатурой: один раз или каждый раз, если ответ не запоминается. Разрешите это в открывшемся окне. Vesko нажимает только клавиши для вставки.</translation>
     </message>
     <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
@@ -1255,6 +1255,14 @@
     <message>
         <source>Copied. The paste shortcut could not be sent. Paste it with Command V.</source>
         <translation>Скопировано. Не удалось послать сочетание клавиш для вставки. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. The desktop was still asking you whether Vesko may press the keys that paste. Paste it with Command V.</source>
+        <translation>Скопировано. Рабочий стол ещё спрашивал вас, можно ли Vesko нажать клавиши для вставки. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko was not allowed to press the keys that paste. Paste it with Command V.</source>
+        <translation>Скопировано. Vesko не разрешили нажать клавиши для вставки. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
     <message>
         <source>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Command V.</source>

@@ -7,9 +7,10 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, consent  # noqa: E402
-from lib.dictation import Dictations  # noqa: E402
-from lib.programs import GnomeTextEditor, Mousepad  # noqa: E402
+from lib import cases, consent, hands  # noqa: E402
+from lib.dictation import (ASKED, HIDDEN, MOVED, REFUSED, UNSEEN, WORDS,  # noqa: E402
+                           Dictations)
+from lib.programs import GnomeTextEditor, Gtk4Window, Mousepad, PasswordPrompt  # noqa: E402
 
 
 class Gnome(Dictations):
@@ -18,13 +19,75 @@ class Gnome(Dictations):
             self.begin()
             consent.give(program)
             self.end()
-            self.holds(program, "Where this lands is what matters.")
+            self.holds(program, WORDS)
 
     def test_into_an_editor_of_gtk_3(self):
         self.into(Mousepad())
 
     def test_into_an_editor_of_gtk_4(self):
         self.into(GnomeTextEditor())
+
+    def test_not_after_the_user_said_no(self):
+        with Mousepad() as editor:
+            self.begin()
+            consent.refuse(editor)
+            self.end(message=REFUSED)
+            self.stays(lambda: editor.text, "")
+
+    def test_not_while_the_user_is_still_asked_and_the_question_goes(self):
+        with Mousepad() as editor:
+            self.begin()
+            consent.wait_until_asked()
+            self.end(message=ASKED)
+            consent.wait_until_gone(editor)
+            self.stays(lambda: editor.text, "")
+
+    def test_never_into_a_password_field(self):
+        with PasswordPrompt() as prompt:
+            self.begin()
+            self.end(message=HIDDEN)
+            self.stays(lambda: len(prompt.text), 0)
+            self.assertFalse(consent.is_asked())
+
+    def test_not_after_the_focus_moved_to_another_field(self):
+        with Gtk4Window() as window:
+            self.begin()
+            consent.give(window)
+            self.end_and_hold()
+            first, second = window.field, window.tab_to("hidden")
+            self.released(message=MOVED)
+            self.stays(lambda: (first.text, len(second.text)), ("", 0))
+
+    def test_not_after_another_window_was_raised(self):
+        with Mousepad() as editor, GnomeTextEditor() as other:
+            editor.raise_window()
+            self.begin()
+            consent.give(editor)
+            self.end_and_hold()
+            other.raise_window()
+            self.released(message=MOVED)
+            self.stays(lambda: (editor.text, other.text), ("", ""))
+
+    def test_not_after_the_target_was_closed(self):
+        with Mousepad() as editor:
+            self.begin()
+            consent.give(editor)
+            self.end_and_hold()
+            editor.kill()
+            self.released(message=MOVED)
+
+    def test_without_any_window(self):
+        self.begin()
+        self.end(message=UNSEEN)
+
+    def test_with_a_russian_layout(self):
+        with Mousepad() as editor:
+            hands.use_layout("ru")
+            self.addCleanup(hands.use_layout, "us")
+            self.begin()
+            consent.give(editor)
+            self.end()
+            self.holds(editor, WORDS)
 
 
 if __name__ == "__main__":

@@ -16,6 +16,11 @@ def is_asked():
     return bool(asking and asking.find("button", "_Share Share"))
 
 
+def wait_until_asked():
+    pid = until("the desktop asks", is_asked) and eyes.owner_pid(ASKING)
+    eyes.wait_for_front(pid)
+
+
 def _press(role, name):
     until(f"the desktop asks, with a {role} {name}",
           lambda: (asking := _dialog()) and asking.find(role, name)).activate()
@@ -25,14 +30,15 @@ def give(program):
     """Says yes, and returns when the program is in front again."""
     _press("switch", "Allow remote interaction")
     _press("button", "_Share Share")
-    _answered(program)
+    wait_until_gone(program)
 
 
 def refuse(program):
     _press("button", "_Cancel Cancel")
-    _answered(program)
+    wait_until_gone(program)
 
 
-def _answered(program):
+def wait_until_gone(program):
+    """Returns when the program is in front again."""
     until("the question is gone", lambda: not is_asked())
     eyes.wait_for_front(program.pid)
