@@ -28,6 +28,11 @@ QString shortcutAdvice(const SessionOffer& session)
 {
     if (session.shortcut == SessionOffer::Shortcut::own)
         return {};
+    if (session.keepsShortcuts)
+        return sentence(L10N_KEY("Vesko",
+                            "%1 gives programs no shortcuts of their own, but Vesko can add one to "
+                            "its settings: see “Capture and insertion” in the settings of Vesko."),
+            session);
     return sentence(L10N_KEY("Vesko",
                         "%1 gives programs no shortcuts of their own. In its configuration, let "
                         "keys of your choice run “vesko --toggle”."),

@@ -1214,6 +1214,18 @@
         <translation>%1 gibt Programmen keine eigenen Tastenkürzel. Lassen Sie dort Tasten Ihrer Wahl „vesko --toggle“ ausführen.</translation>
     </message>
     <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>The desktop's settings did not take %1. Choose keys there.</source>
+        <translation>Die Einstellungen der Arbeitsumgebung haben %1 nicht angenommen. Wählen Sie dort Tasten.</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own, but Vesko can add one to its settings: see “Capture and insertion” in the settings of Vesko.</source>
+        <translation>%1 gibt Programmen keine eigenen Tastenkürzel, aber Vesko kann seinen Einstellungen eines hinzufügen: siehe „Aufnehmen und Einfügen“ in den Einstellungen von Vesko.</translation>
+    </message>
+    <message>
         <source>%1 shows no program the keys that are pressed in another one.</source>
         <translation>%1 zeigt keinem Programm die Tasten, die in einem anderen gedrückt werden.</translation>
     </message>

@@ -1214,6 +1214,18 @@
         <translation>%1 no da a los programas atajos propios. En su configuración, haga que las teclas que elija ejecuten «vesko --toggle».</translation>
     </message>
     <message>
+        <source>Add %1</source>
+        <translation>Añadir %1</translation>
+    </message>
+    <message>
+        <source>The desktop's settings did not take %1. Choose keys there.</source>
+        <translation>Los ajustes del escritorio no aceptaron %1. Elija las teclas allí.</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own, but Vesko can add one to its settings: see “Capture and insertion” in the settings of Vesko.</source>
+        <translation>%1 no da a los programas atajos propios, pero Vesko puede añadir uno a sus ajustes: véase «Captura e inserción» en los ajustes de Vesko.</translation>
+    </message>
+    <message>
         <source>%1 shows no program the keys that are pressed in another one.</source>
         <translation>%1 no muestra a ningún programa las teclas que se pulsan en otro.</translation>
     </message>

@@ -1214,6 +1214,18 @@
         <translation>%1 ne donne pas de raccourcis aux programmes. Dans sa configuration, faites exécuter « vesko --toggle » par les touches de votre choix.</translation>
     </message>
     <message>
+        <source>Add %1</source>
+        <translation>Ajouter %1</translation>
+    </message>
+    <message>
+        <source>The desktop's settings did not take %1. Choose keys there.</source>
+        <translation>Les réglages du bureau n’ont pas accepté %1. Choisissez-y des touches.</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own, but Vesko can add one to its settings: see “Capture and insertion” in the settings of Vesko.</source>
+        <translation>%1 ne donne pas de raccourcis propres aux programmes, mais Vesko peut en ajouter un à ses réglages : voir « Capture et insertion » dans les réglages de Vesko.</translation>
+    </message>
+    <message>
         <source>%1 shows no program the keys that are pressed in another one.</source>
         <translation>%1 ne montre à aucun programme les touches pressées dans un autre.</translation>
     </message>

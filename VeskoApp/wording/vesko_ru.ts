@@ -1221,6 +1221,18 @@
         <translation>%1 не даёт программам собственных сочетаний клавиш. Назначьте в его настройках сочетание, которое запускает «vesko --toggle».</translation>
     </message>
     <message>
+        <source>Add %1</source>
+        <translation>Добавить %1</translation>
+    </message>
+    <message>
+        <source>The desktop's settings did not take %1. Choose keys there.</source>
+        <translation>Настройки рабочего стола не приняли %1. Выберите клавиши там.</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own, but Vesko can add one to its settings: see “Capture and insertion” in the settings of Vesko.</source>
+        <translation>%1 не даёт программам собственных сочетаний клавиш, но Vesko может добавить сочетание в его настройки: см. «Запись и вставка» в настройках Vesko.</translation>
+    </message>
+    <message>
         <source>%1 shows no program the keys that are pressed in another one.</source>
         <translation>%1 не показывает программам клавиши, нажатые в других программах.</translation>
     </message>

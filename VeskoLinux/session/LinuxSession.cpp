@@ -2,6 +2,8 @@
 
 #include "VeskoLinux/accessibility/AtspiFocusedField.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
+#include "VeskoLinux/desktop/XdgFolders.h"
+#include "VeskoLinux/gnome/GnomeShortcut.h"
 #include "VeskoLinux/input/SentKeys.h"
 #include "VeskoLinux/input/X11GlobalShortcut.h"
 #include "VeskoLinux/input/X11KeyMonitor.h"
@@ -83,6 +85,7 @@ struct LinuxSession::Parts {
     std::unique_ptr<Clipboard> clipboard;
     std::unique_ptr<GlobalShortcut> shortcut;
     std::unique_ptr<KeyMonitor> keys;
+    std::unique_ptr<DesktopShortcut> desktopShortcut;
 
     virtual ~Parts() = default;
 };
@@ -124,6 +127,8 @@ public:
             shortcut = std::move(own);
         } else {
             shortcut = std::make_unique<NoGlobalShortcut>();
+            if (GnomeShortcut::offered())
+                desktopShortcut = std::make_unique<GnomeShortcut>(programPath());
         }
         m_typist = typistOf(*m_connection);
         if (m_typist == Typist::virtualKeyboard)
@@ -151,6 +156,7 @@ public:
         if (!KGlobalAccelShortcut::offered()) {
             offer.shortcut = SessionOffer::Shortcut::command;
             offer.shortcutLines = linesForConfiguration();
+            offer.keepsShortcuts = desktopShortcut != nullptr;
         }
         offer.allKeys = false;
         offer.floats = QGuiApplication::platformName() == QLatin1String("xcb");
@@ -230,6 +236,11 @@ GlobalShortcut& LinuxSession::shortcut() const
 KeyMonitor& LinuxSession::keys() const
 {
     return *m_parts->keys;
+}
+
+DesktopShortcut* LinuxSession::desktopShortcut() const
+{
+    return m_parts->desktopShortcut.get();
 }
 
 } // namespace vesko

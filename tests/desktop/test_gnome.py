@@ -4,13 +4,19 @@ paste."""
 
 import os
 import sys
+import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, consent, hands  # noqa: E402
+from lib import cases, consent, gnome, hands, settings  # noqa: E402
 from lib.dictation import (ASKED, HIDDEN, MOVED, REFUSED, UNSEEN, WORDS,  # noqa: E402
                            Dictations)
 from lib.programs import GnomeTextEditor, Gtk4Window, Mousepad, PasswordPrompt  # noqa: E402
+from lib.vesko import Vesko  # noqa: E402
+from lib.waiting import until  # noqa: E402
+
+ADVICE = ("GNOME gives programs no shortcuts of their own, but Vesko can add one to its settings: "
+          "see “Capture and insertion” in the settings of Vesko.")
 
 
 class Gnome(Dictations):
@@ -88,6 +94,30 @@ class Gnome(Dictations):
             consent.give(editor)
             self.end()
             self.holds(editor, WORDS)
+
+
+class Shortcut(unittest.TestCase):
+    """The one that Vesko adds to the desktop's settings."""
+
+    def setUp(self):
+        settings.write(firstLaunchDone=True, onboardingCompleted=True, provider="apple")
+        self.vesko = Vesko(VESKO_DEMO_SCENE="settings")
+        self.addCleanup(self.vesko.kill)
+        self.vesko.settings_page("Capture and insertion")
+
+    def test_vesko_adds_one_that_works_and_takes_it_away_again(self):
+        before = gnome.own_keys()
+        self.vesko.wait_to_find("paragraph", ADVICE)
+        self.vesko.press("push button", "Add Super+Alt+Space")
+        until("the shell listens to it", lambda: gnome.own_keys() == before + 1)
+        self.vesko.wait_to_find("push button", "Remove Super+Alt+Space")
+        self.assertIsNone(self.vesko.find("paragraph", ADVICE))
+        hands.tap("super", "left alt", "space")
+        self.vesko.wait_for("recording")
+        self.vesko.press("push button", "Remove Super+Alt+Space")
+        until("the shell listens to it no longer", lambda: gnome.own_keys() == before)
+        self.vesko.wait_to_find("push button", "Add Super+Alt+Space")
+        self.vesko.wait_to_find("paragraph", ADVICE)
 
 
 if __name__ == "__main__":

@@ -71,7 +71,7 @@ def set_key(schema, key, value):
     subprocess.run(["gsettings", "set", schema, key, value], check=True)
 
 
-def _own_keys():
+def own_keys():
     """How many keys of others' the shell listens to."""
     return evaluate("Main.shellDBusService._grabbedAccelerators.size")
 
@@ -86,11 +86,11 @@ def bind(keys, command):
     os.rename(script + ".new", script)
     if is_bound:
         return
-    before = _own_keys()
+    before = own_keys()
     set_key(KEYS, "custom-keybindings", f"['{OWN_KEY}']")
     for key, value in (("name", "Test"), ("command", script), ("binding", keys)):
         set_key(f"{KEYS}.custom-keybinding:{OWN_KEY}", key, value)
-    until("the key is bound", lambda: _own_keys() > before)
+    until("the key is bound", lambda: own_keys() > before)
 
 
 def read_clipboard():

@@ -23,7 +23,7 @@ for row, first in (("qwertyuiop", 24), ("asdfghjkl", 38), ("zxcvbnm", 52), ("123
 # Vesko's shortcut. Presses of it closer together than a quarter of a second count as one, and as
 # commands of the desktop's closer than what a held key takes to repeat; so each is kept apart from
 # the one before, as a hand does.
-SHORTCUT = ("super", "left alt" if gnome.here() else "left shift", "space")
+SHORTCUT = ("super", "left alt", "d") if gnome.here() else ("super", "left shift", "space")
 APART = 0.8 if sway.here() or gnome.here() else 0.3  # seconds
 
 LAYOUTS = ("us", "ru", "gr")

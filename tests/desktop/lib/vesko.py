@@ -57,7 +57,7 @@ class Vesko:
             sway.bind("Mod4+Shift+space", f"{binary} --toggle", "--no-warn", "--no-repeat")
         if gnome.here():
             hands.plug_in()
-            gnome.bind("<Super><Alt>space", f"{binary} --toggle")
+            gnome.bind("<Super><Alt>d", f"{binary} --toggle")
         self.started = time.monotonic()
         with open(self.log_path, "wb") as log:
             self.process = subprocess.Popen([binary, *arguments], cwd=folder, stdout=log,
