@@ -74,12 +74,14 @@ bool PortalPasteKeystroke::offered()
 }
 
 PortalPasteKeystroke::PortalPasteKeystroke(WaylandConnection& connection, const SessionState& state,
-    EventClock& clock, SettingsStore& settings, FocusedField& fields, ShortcutHeld shortcutHeld)
+    EventClock& clock, SettingsStore& settings, FocusedField& fields, ShortcutHeld shortcutHeld,
+    ClipboardTaken clipboardTaken)
     : m_desktop(state)
     , m_clock(clock)
     , m_settings(settings)
     , m_fields(fields)
     , m_shortcutHeld(std::move(shortcutHeld))
+    , m_clipboardTaken(std::move(clipboardTaken))
     , m_requests(clock)
     , m_usersKeymap(connection, [this](const std::string& map) { m_keys.emplace(map); })
     , m_pause(clock)
@@ -105,7 +107,13 @@ void PortalPasteKeystroke::look()
         return;
     }
     if (const auto released = std::exchange(m_released, std::nullopt))
-        released->set({});
+        m_tasks.spawn(awaitClipboard(*released));
+}
+
+Task<> PortalPasteKeystroke::awaitClipboard(Eventual<std::monostate> released)
+{
+    m_hasClipboard = co_await m_clipboardTaken();
+    released.set({});
 }
 
 std::optional<std::string> PortalPasteKeystroke::keyboardTaken() const
@@ -123,7 +131,7 @@ Eventual<std::optional<std::string>> PortalPasteKeystroke::send(const FieldEleme
     if (const auto held = m_shortcutHeld(); held && *held >= now)
         return Eventual<Obstacle>::of("keys_held");
     auto steps = m_keys ? m_keys->steps(element.isTerminal()) : std::vector<KeyStep>();
-    if (steps.empty() || std::exchange(m_busy, true))
+    if (!m_hasClipboard || steps.empty() || std::exchange(m_busy, true))
         return Eventual<Obstacle>::of("event_failed");
     const Eventual<Obstacle> answer;
     m_tasks.spawn(run(std::move(steps), answer));

@@ -35,30 +35,34 @@ public:
     // never, or if nobody tells.
     using ShortcutHeld = std::function<std::optional<double>()>;
 
+    // Whether the compositor has taken what was copied last; comes when that is known.
+    using ClipboardTaken = std::function<Eventual<bool>()>;
+
     // All outlive this.
     PortalPasteKeystroke(WaylandConnection& connection, const SessionState& state,
-        EventClock& clock, SettingsStore& settings, FocusedField& fields,
-        ShortcutHeld shortcutHeld);
+        EventClock& clock, SettingsStore& settings, FocusedField& fields, ShortcutHeld shortcutHeld,
+        ClipboardTaken clipboardTaken);
 
     void prepare() override;
     // A question that the user hasn't answered yet stays, if something of the answer is remembered.
     void release() override;
     // Of the user's keys the desktop tells those of the program's own shortcut alone, and only that
     // one of them is up: the others have a moment to follow it. Keys that are held mix with those
-    // that are sent.
+    // that are sent. Not before the compositor has the clipboard, since keys may overtake it.
     Eventual<std::monostate> keysReleased() override;
     // Of a grabbed keyboard nothing is known. "still_asked" while the user is being asked.
     std::optional<std::string> keyboardTaken() const override;
     // "keys_held" of that shortcut alone. Where nothing was prepared, opening takes up to a second,
     // after which the field is looked at again: "app_changed" if another has the focus by then.
     // "still_asked" if the user is asked meanwhile, "not_allowed" after a no; "event_failed" too if
-    // the desktop has ended what was open.
+    // the desktop has ended what was open, or has not taken the clipboard.
     Eventual<std::optional<std::string>> send(const FieldElement& element) override;
 
 private:
     using Obstacle = std::optional<std::string>;
 
     Task<> run(std::vector<KeyStep> steps, Eventual<Obstacle> answer);
+    Task<> awaitClipboard(Eventual<std::monostate> released);
     Task<> open();
     Task<bool> type(std::vector<KeyStep> steps);
     void close();
@@ -69,6 +73,8 @@ private:
     SettingsStore& m_settings;
     FocusedField& m_fields;
     ShortcutHeld m_shortcutHeld;
+    ClipboardTaken m_clipboardTaken;
+    bool m_hasClipboard = true; // as keysReleased() has found
     PortalRequests m_requests;
     std::optional<PasteKeys> m_keys;
     UsersKeymap m_usersKeymap;

@@ -3,6 +3,7 @@
 #include "VeskoLinux/accessibility/AtspiFocusedField.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
 #include "VeskoLinux/desktop/XdgFolders.h"
+#include "VeskoLinux/desktop/XwaylandClipboard.h"
 #include "VeskoLinux/gnome/GnomeShortcut.h"
 #include "VeskoLinux/input/SentKeys.h"
 #include "VeskoLinux/input/X11GlobalShortcut.h"
@@ -130,18 +131,24 @@ public:
             if (GnomeShortcut::offered())
                 desktopShortcut = std::make_unique<GnomeShortcut>(programPath());
         }
+        PortalPasteKeystroke::ClipboardTaken taken = [] { return Eventual<bool>::of(true); };
+        if (DataControlClipboard::offered(*m_connection)) {
+            clipboard = std::make_unique<DataControlClipboard>(*m_connection);
+        } else if (throughX11()) {
+            auto own = std::make_unique<XwaylandClipboard>(clock);
+            taken = [own = own.get()] { return own->taken(); };
+            clipboard = std::move(own);
+        } else {
+            clipboard = std::make_unique<QtClipboard>();
+        }
         m_typist = typistOf(*m_connection);
         if (m_typist == Typist::virtualKeyboard)
             pasteKeystroke = std::make_unique<VirtualKeyboardPaste>(*m_connection, state);
         else if (m_typist == Typist::portal)
-            pasteKeystroke = std::make_unique<PortalPasteKeystroke>(
-                *m_connection, state, clock, settings, *focusedField, std::move(held));
+            pasteKeystroke = std::make_unique<PortalPasteKeystroke>(*m_connection, state, clock,
+                settings, *focusedField, std::move(held), std::move(taken));
         else
             pasteKeystroke = std::make_unique<NoPasteKeystroke>();
-        if (DataControlClipboard::offered(*m_connection))
-            clipboard = std::make_unique<DataControlClipboard>(*m_connection);
-        else
-            clipboard = std::make_unique<QtClipboard>();
         keys = std::make_unique<NoKeyMonitor>();
     }
     ~Wayland() override
@@ -159,12 +166,15 @@ public:
             offer.keepsShortcuts = desktopShortcut != nullptr;
         }
         offer.allKeys = false;
-        offer.floats = QGuiApplication::platformName() == QLatin1String("xcb");
+        offer.floats = throughX11();
         offer.pastes = m_typist != Typist::nobody;
         offer.asksToPaste = m_typist == Typist::portal;
     }
 
 private:
+    // Whether the program's windows are those of X11.
+    static bool throughX11() { return QGuiApplication::platformName() == QLatin1String("xcb"); }
+
     std::unique_ptr<WaylandConnection> m_connection;
     Typist m_typist = Typist::nobody;
 };

@@ -73,7 +73,7 @@ TEST_F(GnomeShortcutTest, isThereOnceItIsAddedAndGoneOnceItIsRemoved)
     EXPECT_TRUE(m_shortcut.add());
     EXPECT_EQ(m_shortcut.keys(), "Super+Alt+Space");
     EXPECT_EQ(GnomeShortcut::boundKeys(), "Super+Alt+Space");
-    EXPECT_EQ(list().toStdString(), ("['" + folder + "vesko/']").toStdString());
+    EXPECT_EQ(list().toStdString(), "['" + folder.toStdString() + "vesko/']");
     EXPECT_EQ(ours("binding").toStdString(), "'<Super><Alt>space'");
     EXPECT_EQ(ours("command").toStdString(), "\"'/opt/the program/vesko' --toggle\"");
 
@@ -89,10 +89,10 @@ TEST_F(GnomeShortcutTest, leavesTheUsersOwnAlone)
     EXPECT_TRUE(comesToBe("Ctrl+F9"));
     EXPECT_TRUE(m_shortcut.add());
     EXPECT_TRUE(m_shortcut.add()); // again is no second one
-    EXPECT_EQ(
-        list().toStdString(), ("['" + folder + "custom0/', '" + folder + "vesko/']").toStdString());
+    EXPECT_EQ(list().toStdString(),
+        "['" + folder.toStdString() + "custom0/', '" + folder.toStdString() + "vesko/']");
     m_shortcut.remove();
-    EXPECT_EQ(list().toStdString(), ("['" + folder + "custom0/']").toStdString());
+    EXPECT_EQ(list().toStdString(), "['" + folder.toStdString() + "custom0/']");
 }
 
 TEST_F(GnomeShortcutTest, takesNoKeysOfTheUsersOwn)

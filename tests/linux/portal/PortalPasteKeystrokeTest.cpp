@@ -166,8 +166,10 @@ protected:
     bool m_shortcutDown = false;
     std::optional<double> m_shortcutHeld;
     FakeFocusedField m_fields;
+    Eventual<bool> m_clipboardTaken = Eventual<bool>::of(true);
     PortalPasteKeystroke m_paste{ m_connection, m_session, m_clock, m_settings, m_fields,
-        [this] { return m_shortcutDown ? m_clock.uptime() : m_shortcutHeld; } };
+        [this] { return m_shortcutDown ? m_clock.uptime() : m_shortcutHeld; },
+        [this] { return m_clipboardTaken; } };
 };
 
 TEST_F(PortalPasteKeystrokeTest, typesTheShortcutInASessionThatEndsWithIt)
@@ -264,6 +266,23 @@ TEST_F(PortalPasteKeystrokeTest, waitsAMomentForTheFingersOnTheShortcut)
     m_shortcutHeld = m_clock.uptime();
     EXPECT_NEAR(secondsToRelease(), 0.35, 0.02);
     EXPECT_TRUE(paste());
+}
+
+TEST_F(PortalPasteKeystrokeTest, waitsUntilTheCompositorHasTheClipboard)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    m_clipboardTaken = {};
+    Timer later(m_clock);
+    later.start(0.1, [this] { m_clipboardTaken.set(true); });
+    EXPECT_NEAR(secondsToRelease(), 0.1, 0.02);
+    EXPECT_TRUE(paste());
+
+    m_portal.keys.clear();
+    m_clipboardTaken = Eventual<bool>::of(false);
+    EXPECT_EQ(secondsToRelease(), 0.0);
+    EXPECT_EQ(obstacle(), "event_failed");
+    EXPECT_THAT(m_portal.keys, IsEmpty());
 }
 
 TEST_F(PortalPasteKeystrokeTest, typesNothingWhereTheFocusWentMeanwhile)
