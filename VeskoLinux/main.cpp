@@ -315,7 +315,8 @@ int runApplication(
         textLanguage, session.focusedField(), session.pasteKeystroke(), session.clipboard(),
         session.shortcut(), session.keys(), secrets, settings, loginItem, statusItem, notifications,
         browser, runningInstance, runningInstance.control(), desktop, fileChooser, appearance,
-        permissions, doctor, sessionState, languages, root, session.offer() };
+        permissions, doctor, sessionState, languages, root, session.offer(),
+        session.desktopShortcut() };
 
     AppModel model(
         platform, [&library] { return library.get(); },

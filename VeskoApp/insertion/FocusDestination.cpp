@@ -234,6 +234,13 @@ std::string pasteMessage(const std::vector<std::string>& reasons)
     if (first == "secure_field")
         return L10N_KEY(
             "Vesko", "Copied. Vesko does not paste where letters are hidden, as in a password.");
+    if (first == "still_asked")
+        return L10N_KEY("Vesko",
+            "Copied. The desktop was still asking you whether Vesko may press the keys that paste. "
+            "Paste it with Command V.");
+    if (first == "not_allowed")
+        return L10N_KEY("Vesko",
+            "Copied. Vesko was not allowed to press the keys that paste. Paste it with Command V.");
     if (first == "event_failed")
         return L10N_KEY(
             "Vesko", "Copied. The paste shortcut could not be sent. Paste it with Command V.");

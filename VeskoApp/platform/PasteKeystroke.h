@@ -28,8 +28,8 @@ public:
     // released if they are still held after that moment; no other key ever is. The window that has
     // the focus when it comes is the one that send() sends to.
     virtual Eventual<std::monostate> keysReleased() = 0;
-    // Why keys would not reach the window that has the focus: "session_locked" or
-    // "keyboard_grabbed", as below; nothing if they would.
+    // Why keys would not reach the window that has the focus: "session_locked", "keyboard_grabbed"
+    // or "still_asked", as below; nothing if they would.
     virtual std::optional<std::string> keyboardTaken() const = 0;
     // Sends the shortcut that this element's program pastes with, whatever the keyboard layout.
     // Gives why nothing was sent; nothing if it was:
@@ -39,6 +39,8 @@ public:
     //   "keys_held"           the user holds a key that would make it another shortcut
     //   "modifiers_latched"   so would a modifier that is latched or locked without being held
     //   "slow_keys"           the desktop takes only keys for real that are held for a while
+    //   "still_asked"         the desktop asks the user about it, who hasn't answered
+    //   "not_allowed"         the user has answered no
     //   "event_failed"        the keyboard lacks a key of it, or the desktop took none
     // All of this is looked at and the keys are sent in one step, in which no other program can do
     // anything. The user's keys, latches and locks are left as they are.

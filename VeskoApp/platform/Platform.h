@@ -8,6 +8,7 @@
 #include "VeskoApp/platform/Clipboard.h"
 #include "VeskoApp/platform/CueEngine.h"
 #include "VeskoApp/platform/Desktop.h"
+#include "VeskoApp/platform/DesktopShortcut.h"
 #include "VeskoApp/platform/Doctor.h"
 #include "VeskoApp/platform/FileChooser.h"
 #include "VeskoApp/platform/FocusedField.h"
@@ -67,6 +68,7 @@ struct Platform {
     std::vector<std::string> preferredLanguages; // tags, the user's first language first
     std::filesystem::path dataFolder; // where the library is
     SessionOffer offer = {}; // of the session; by default everything
+    DesktopShortcut* desktopShortcut = nullptr; // if the offer has one
 };
 
 } // namespace vesko

@@ -19,10 +19,11 @@ struct SessionOffer {
     // What can be put into the desktop's configuration for that, line by line; empty if there is
     // none that takes such lines.
     std::string shortcutLines;
+    bool keepsShortcuts = false; // the desktop, whose settings the program can add one to
     bool allKeys = true; // keys other than the shortcut are seen, Return among them
     bool floats = true; // a window can stay above others and leave the focus where it is
     bool pastes = true; // a paste shortcut can be typed into other programs
-    bool asksToPaste = false; // the desktop asks the user about that, once
+    bool asksToPaste = false; // the desktop may ask the user about that
 };
 
 } // namespace vesko

@@ -30,6 +30,7 @@ AppDelegate::AppDelegate(Platform& platform, AppModel& model)
     , m_hotkeys(platform.shortcut, platform.keys, platform.clock)
     , m_shortcut({ platform.shortcut, m_hotkeys, model.preferences(), model.status(),
           platform.offer.shortcut == SessionOffer::Shortcut::own })
+    , m_desktopKeys(platform.desktopShortcut)
     , m_diagnosis(platform.doctor)
     , m_windows(platform)
     , m_captureControl(platform, model.capture(), model.library(), model.status())
@@ -64,10 +65,16 @@ void AppDelegate::launch(bool background, const Demo& demo)
     const auto warning = m_hotkeys.start();
     const auto advice = shortcutAdvice(m_platform.offer).toStdString();
     const bool commanded = m_platform.settings.get<bool>(commandedKey).value_or(false);
-    if (advice.empty())
+    const auto adviseOnShortcut = [this, advice, commanded] {
+        const bool has = commanded || !m_desktopKeys.keys().isEmpty();
+        m_model.status().setShortcutMessage(has ? "" : advice);
+    };
+    if (advice.empty()) {
         m_shortcut.tell(warning);
-    else
-        m_model.status().setShortcutMessage(commanded ? "" : advice);
+    } else {
+        connect(&m_desktopKeys, &DesktopKeys::changed, this, adviseOnShortcut);
+        adviseOnShortcut();
+    }
     for (const auto changed : { &LibrarySession::readyChanged, &LibrarySession::openingChanged })
         connect(&m_model.library(), changed, this, &AppDelegate::showCaptureControl,
             Qt::QueuedConnection);

@@ -2,6 +2,7 @@
 
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/capture/Hotkeys.h"
+#include "VeskoApp/capture/DesktopKeys.h"
 #include "VeskoApp/capture/ShortcutChoice.h"
 #include "VeskoApp/onboarding/PermissionRows.h"
 #include "VeskoApp/shell/AppModel.h"
@@ -31,6 +32,7 @@ class AppDelegate : public QObject {
     // Version, build and licence, line by line.
     Q_PROPERTY(QString about READ about CONSTANT)
     Q_PROPERTY(QObject* shortcut READ shortcut CONSTANT)
+    Q_PROPERTY(QObject* desktopKeys READ desktopKeys CONSTANT)
     Q_PROPERTY(QObject* diagnosis READ diagnosis CONSTANT)
     // The desktop has no place for the status icon, or none that can be seen.
     Q_PROPERTY(bool statusIconHidden READ statusIconHidden NOTIFY statusIconHiddenChanged)
@@ -81,6 +83,7 @@ public:
     bool statusIconHidden() const { return m_statusIconHidden; }
     bool highContrast() const { return m_platform.appearance.highContrast(); }
     ShortcutChoice* shortcut() { return &m_shortcut; }
+    DesktopKeys* desktopKeys() { return &m_desktopKeys; }
     DiagnosisView* diagnosis() { return &m_diagnosis; }
     AppWindows& windows() { return m_windows; }
     CaptureControl& captureControl() { return m_captureControl; }
@@ -129,6 +132,7 @@ private:
     AppModel& m_model;
     Hotkeys m_hotkeys;
     ShortcutChoice m_shortcut;
+    DesktopKeys m_desktopKeys;
     DiagnosisView m_diagnosis;
     std::optional<PermissionRows> m_permissions;
     AppWindows m_windows; // goes before what its windows show

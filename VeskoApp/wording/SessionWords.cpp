@@ -28,6 +28,11 @@ QString shortcutAdvice(const SessionOffer& session)
 {
     if (session.shortcut == SessionOffer::Shortcut::own)
         return {};
+    if (session.keepsShortcuts)
+        return sentence(L10N_KEY("Vesko",
+                            "%1 gives programs no shortcuts of their own, but Vesko can add one to "
+                            "its settings: see “Capture and insertion” in the settings of Vesko."),
+            session);
     return sentence(L10N_KEY("Vesko",
                         "%1 gives programs no shortcuts of their own. In its configuration, let "
                         "keys of your choice run “vesko --toggle”."),
@@ -57,9 +62,10 @@ QString pasteAdvice(const SessionOffer& session)
 {
     if (session.pastes && session.asksToPaste)
         return sentence(L10N_KEY("Vesko",
-                            "%1 asks once whether Vesko may control the keyboard, at the first "
-                            "dictation into another program. Vesko presses the keys that paste, "
-                            "and no others."),
+                            "When you dictate into another program, %1 asks whether Vesko may "
+                            "control the keyboard: once, or each time if it does not remember your "
+                            "answer. Allow it in the window that opens. Vesko presses the keys "
+                            "that paste, and no others."),
             session);
     if (session.pastes)
         return {};

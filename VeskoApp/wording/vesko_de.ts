@@ -1222,10 +1222,6 @@
         <translation>%1 zeigt keinem Programm die Tasten, die in einem anderen gedrückt werden.</translation>
     </message>
     <message>
-        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
-        <translation>%1 fragt einmal, ob Vesko die Tastatur steuern darf, beim ersten Diktat in ein anderes Programm. Vesko drückt nur die Tasten zum Einfügen.</translation>
-    </message>
-    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>Unter %1 kann Vesko nicht in andere Programme einfügen. Der Text wird kopiert, und Sie fügen ihn selbst ein.</translation>
     </message>
@@ -2226,6 +2222,30 @@
     <message>
         <source>Notes found: %1</source>
         <translation>Gefundene Notizen: %1</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>The desktop's settings did not take %1. Choose keys there.</source>
+        <translation>Die Einstellungen der Arbeitsumgebung haben %1 nicht angenommen. Wählen Sie dort Tasten.</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own, but Vesko can add one to its settings: see “Capture and insertion” in the settings of Vesko.</source>
+        <translation>%1 gibt Programmen keine eigenen Tastenkürzel, aber Vesko kann seinen Einstellungen eines hinzufügen: siehe „Aufnehmen und Einfügen“ in den Einstellungen von Vesko.</translation>
+    </message>
+    <message>
+        <source>When you dictate into another program, %1 asks whether Vesko may control the keyboard: once, or each time if it does not remember your answer. Allow it in the window that opens. Vesko presses the keys that paste, and no others.</source>
+        <translation>Wenn Sie in ein anderes Programm diktieren, fragt %1, ob Vesko die Tastatur steuern darf: einmal, oder jedes Mal, wenn die Antwort nicht gemerkt wird. Erlauben Sie es in dem Fenster, das sich öffnet. Vesko drückt die Tasten zum Einfügen und keine anderen.</translation>
+    </message>
+    <message>
+        <source>Copied. The desktop was still asking you whether Vesko may press the keys that paste. Paste it with Command V.</source>
+        <translation>Kopiert. Die Arbeitsumgebung fragte Sie noch, ob Vesko die Tasten zum Einfügen drücken darf. Fügen Sie den Text mit Strg+V ein.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko was not allowed to press the keys that paste. Paste it with Command V.</source>
+        <translation>Kopiert. Vesko durfte die Tasten zum Einfügen nicht drücken. Fügen Sie den Text mit Strg+V ein.</translation>
     </message>
 </context>
 </TS>

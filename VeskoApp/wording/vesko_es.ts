@@ -1222,10 +1222,6 @@
         <translation>%1 no muestra a ningún programa las teclas que se pulsan en otro.</translation>
     </message>
     <message>
-        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
-        <translation>%1 pregunta una vez si Vesko puede controlar el teclado, con el primer dictado en otro programa. Vesko solo pulsa las teclas para pegar.</translation>
-    </message>
-    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>En %1 Vesko no puede pegar en otros programas. El texto se copia y usted lo pega.</translation>
     </message>
@@ -2226,6 +2222,30 @@
     <message>
         <source>Notes found: %1</source>
         <translation>Notas encontradas: %1</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>Añadir %1</translation>
+    </message>
+    <message>
+        <source>The desktop's settings did not take %1. Choose keys there.</source>
+        <translation>Los ajustes del escritorio no aceptaron %1. Elija las teclas allí.</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own, but Vesko can add one to its settings: see “Capture and insertion” in the settings of Vesko.</source>
+        <translation>%1 no da a los programas atajos propios, pero Vesko puede añadir uno a sus ajustes: véase «Captura e inserción» en los ajustes de Vesko.</translation>
+    </message>
+    <message>
+        <source>When you dictate into another program, %1 asks whether Vesko may control the keyboard: once, or each time if it does not remember your answer. Allow it in the window that opens. Vesko presses the keys that paste, and no others.</source>
+        <translation>Cuando dicta en otro programa, %1 pregunta si Vesko puede controlar el teclado: una vez, o cada vez si no recuerda la respuesta. Permítalo en la ventana que se abre. Vesko pulsa las teclas para pegar y ninguna otra.</translation>
+    </message>
+    <message>
+        <source>Copied. The desktop was still asking you whether Vesko may press the keys that paste. Paste it with Command V.</source>
+        <translation>Copiado. El escritorio aún le preguntaba si Vesko puede pulsar las teclas para pegar. Pegue el texto con Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko was not allowed to press the keys that paste. Paste it with Command V.</source>
+        <translation>Copiado. No se permitió a Vesko pulsar las teclas para pegar. Pegue el texto con Ctrl+V.</translation>
     </message>
 </context>
 </TS>

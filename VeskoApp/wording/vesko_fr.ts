@@ -1222,10 +1222,6 @@
         <translation>%1 ne montre à aucun programme les touches pressées dans un autre.</translation>
     </message>
     <message>
-        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
-        <translation>%1 demande une fois si Vesko peut contrôler le clavier, à la première dictée dans un autre programme. Vesko n’appuie que sur les touches qui collent.</translation>
-    </message>
-    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>Sous %1, Vesko ne peut pas coller dans d’autres programmes. Le texte est copié et vous le collez vous-même.</translation>
     </message>
@@ -2226,6 +2222,30 @@
     <message>
         <source>Notes found: %1</source>
         <translation>Notes trouvées : %1</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>Ajouter %1</translation>
+    </message>
+    <message>
+        <source>The desktop's settings did not take %1. Choose keys there.</source>
+        <translation>Les réglages du bureau n’ont pas accepté %1. Choisissez-y des touches.</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own, but Vesko can add one to its settings: see “Capture and insertion” in the settings of Vesko.</source>
+        <translation>%1 ne donne pas de raccourcis propres aux programmes, mais Vesko peut en ajouter un à ses réglages : voir « Capture et insertion » dans les réglages de Vesko.</translation>
+    </message>
+    <message>
+        <source>When you dictate into another program, %1 asks whether Vesko may control the keyboard: once, or each time if it does not remember your answer. Allow it in the window that opens. Vesko presses the keys that paste, and no others.</source>
+        <translation>Quand vous dictez dans un autre programme, %1 demande si Vesko peut contrôler le clavier : une fois, ou chaque fois si la réponse n’est pas retenue. Autorisez-le dans la fenêtre qui s’ouvre. Vesko appuie sur les touches qui collent, et sur aucune autre.</translation>
+    </message>
+    <message>
+        <source>Copied. The desktop was still asking you whether Vesko may press the keys that paste. Paste it with Command V.</source>
+        <translation>Copié. Le bureau vous demandait encore si Vesko peut appuyer sur les touches qui collent. Collez le texte avec Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko was not allowed to press the keys that paste. Paste it with Command V.</source>
+        <translation>Copié. Vesko n’a pas été autorisé à appuyer sur les touches qui collent. Collez le texte avec Ctrl+V.</translation>
     </message>
 </context>
 </TS>

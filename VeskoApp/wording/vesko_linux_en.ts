@@ -52,6 +52,14 @@
         <translation>Copied. The paste shortcut could not be sent. Paste it with Ctrl+V.</translation>
     </message>
     <message>
+        <source>Copied. The desktop was still asking you whether Vesko may press the keys that paste. Paste it with Command V.</source>
+        <translation>Copied. The desktop was still asking you whether Vesko may press the keys that paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko was not allowed to press the keys that paste. Paste it with Command V.</source>
+        <translation>Copied. Vesko was not allowed to press the keys that paste. Paste it with Ctrl+V.</translation>
+    </message>
+    <message>
         <source>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Command V.</source>
         <translation>Copied. Paste was sent, but the field does not show the text. If it is missing, paste it with Ctrl+V.</translation>
     </message>

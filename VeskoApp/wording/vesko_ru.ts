@@ -1229,10 +1229,6 @@
         <translation>%1 не показывает программам клавиши, нажатые в других программах.</translation>
     </message>
     <message>
-        <source>%1 asks once whether Vesko may control the keyboard, at the first dictation into another program. Vesko presses the keys that paste, and no others.</source>
-        <translation>%1 один раз спросит, можно ли Vesko управлять клавиатурой, — при первой диктовке в другую программу. Vesko нажимает только клавиши вставки.</translation>
-    </message>
-    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>Здесь, где рабочий стол — %1, Vesko не может вставлять текст в другие программы. Текст копируется, и вы вставляете его сами.</translation>
     </message>
@@ -2235,6 +2231,30 @@
     <message>
         <source>Notes found: %1</source>
         <translation>Найдено заметок: %1</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>Добавить %1</translation>
+    </message>
+    <message>
+        <source>The desktop's settings did not take %1. Choose keys there.</source>
+        <translation>Настройки рабочего стола не приняли %1. Выберите клавиши там.</translation>
+    </message>
+    <message>
+        <source>%1 gives programs no shortcuts of their own, but Vesko can add one to its settings: see “Capture and insertion” in the settings of Vesko.</source>
+        <translation>%1 не даёт программам собственных сочетаний клавиш, но Vesko может добавить сочетание в его настройки: см. «Запись и вставка» в настройках Vesko.</translation>
+    </message>
+    <message>
+        <source>When you dictate into another program, %1 asks whether Vesko may control the keyboard: once, or each time if it does not remember your answer. Allow it in the window that opens. Vesko presses the keys that paste, and no others.</source>
+        <translation>Когда вы диктуете в другую программу, %1 спрашивает, можно ли Vesko управлять клавиатурой: один раз или каждый раз, если ответ не запоминается. Разрешите это в открывшемся окне. Vesko нажимает только клавиши для вставки.</translation>
+    </message>
+    <message>
+        <source>Copied. The desktop was still asking you whether Vesko may press the keys that paste. Paste it with Command V.</source>
+        <translation>Скопировано. Рабочий стол ещё спрашивал вас, можно ли Vesko нажать клавиши для вставки. Вставьте текст клавишами Ctrl+V.</translation>
+    </message>
+    <message>
+        <source>Copied. Vesko was not allowed to press the keys that paste. Paste it with Command V.</source>
+        <translation>Скопировано. Vesko не разрешили нажать клавиши для вставки. Вставьте текст клавишами Ctrl+V.</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,7 @@
 #include "VeskoLinux/accessibility/AtspiFrontmost.h"
 
+#include <atspi/atspi-constants.h>
+
 #include <algorithm>
 
 namespace vesko {
@@ -63,6 +65,7 @@ void AtspiFrontmost::noteWindow(const AtspiAddress& window, bool active)
         if (program->windows.size() < windowLimit
             && std::ranges::find(program->windows, window.path) == program->windows.end())
             program->windows.push_back(window.path);
+        confirmOthers(window.service);
     } else if (program) {
         std::erase(program->windows, window.path);
         if (program->windows.empty())
@@ -84,6 +87,33 @@ Task<> AtspiFrontmost::look(std::optional<QString> service)
         if (!m_telling.contains(window.service))
             noteWindow(window, true);
     }
+}
+
+// A toolkit that destroys its active window may tell nobody that it is active no longer.
+void AtspiFrontmost::confirmOthers(const QString& service)
+{
+    for (const Program& other : m_active) {
+        if (other.service == service)
+            continue;
+        for (const QString& window : other.windows)
+            m_tasks.spawn(confirm({ other.service, window }));
+    }
+}
+
+Task<> AtspiFrontmost::confirm(AtspiAddress window)
+{
+    const QDeadlineTimer deadline(lookLimit);
+    auto state = m_bus.call(window, atspi::accessible, "GetState", "au", deadline);
+    auto role = m_bus.call(window, atspi::accessible, "GetRole", "u", deadline);
+    // Answered after those: then a window that gave no answer is gone. A program that gives none at
+    // all may be in front.
+    auto sign = m_bus.call(
+        { window.service, atspi::rootPath }, atspi::accessible, "GetRole", "u", deadline);
+    const auto stateNow = co_await state;
+    const auto roleNow = co_await role;
+    if (co_await sign
+        && !(stateNow && roleNow && atspi::kind(*stateNow, *roleNow).is(ATSPI_STATE_ACTIVE)))
+        noteWindow(window, false);
 }
 
 Task<> AtspiFrontmost::learnProcess(QString service)

@@ -40,6 +40,8 @@ private:
     void noteEvent(const AtspiAddress& window, bool active);
     Task<> look(std::optional<QString> service);
     Task<> learnProcess(QString service);
+    void confirmOthers(const QString& service);
+    Task<> confirm(AtspiAddress window);
 
     AtspiBus& m_bus;
     FocusSearch& m_search;

@@ -10,6 +10,10 @@ namespace vesko {
 
 bool QtClipboard::setText(const std::string& text)
 {
+    // A compositor takes nothing from a program without the focus, which Qt does not tell.
+    const bool byWayland = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    if (byWayland && !QGuiApplication::focusWindow())
+        return false;
     QClipboard* const clipboard = QGuiApplication::clipboard();
     clipboard->setText(QString::fromStdString(text));
     return clipboard->ownsClipboard();

@@ -6,7 +6,7 @@
 namespace vesko {
 
 // The desktop's clipboard. Needs a QGuiApplication.
-class QtClipboard final : public Clipboard {
+class QtClipboard : public Clipboard {
 public:
     bool setText(const std::string& text) override;
     // On X11 alone: elsewhere only the program in front may read it.

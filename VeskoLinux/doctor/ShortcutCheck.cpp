@@ -2,6 +2,7 @@
 
 #include "VeskoLinux/doctor/Checks.h"
 #include "VeskoLinux/doctor/SessionBus.h"
+#include "VeskoLinux/gnome/GnomeShortcut.h"
 
 #include <QDBusArgument>
 #include <QJsonDocument>
@@ -126,6 +127,13 @@ Finding lookAtShortcut(bool wayland, const std::function<bool()>& isFree)
         return onPlasma(plasma);
     if (const auto socket = qgetenv("SWAYSOCK"); !socket.isEmpty())
         return onSway(socket);
+    if (GnomeShortcut::offered()) {
+        const auto keys = GnomeShortcut::boundKeys();
+        return keys.empty()
+            ? Finding::wanting("no shortcut in GNOME's settings runs Vesko",
+                  "Let Vesko add one, in its settings under \"Capture and insertion\".")
+            : Finding::fine("GNOME's settings run Vesko by " + keys);
+    }
     return Finding::wanting("this desktop gives Vesko no shortcut of its own", commandRemedy);
 }
 

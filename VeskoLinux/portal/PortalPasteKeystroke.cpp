@@ -20,6 +20,7 @@ const std::string tokenKey = "remoteDesktopToken"; // of the settings
 
 constexpr qint64 longestDescription = 64 << 10; // bytes
 constexpr uint keyboard = 1; // of the kinds of devices
+constexpr uint firstThatRemembers = 2; // of the portal's versions
 constexpr uint untilRevoked = 2; // how long the user's answer holds
 constexpr double patience = 5; // seconds for what asks nobody
 constexpr double usersPatience = 30; // seconds for what may ask the user
@@ -73,12 +74,14 @@ bool PortalPasteKeystroke::offered()
 }
 
 PortalPasteKeystroke::PortalPasteKeystroke(WaylandConnection& connection, const SessionState& state,
-    EventClock& clock, SettingsStore& settings, FocusedField& fields, ShortcutHeld shortcutHeld)
+    EventClock& clock, SettingsStore& settings, FocusedField& fields, ShortcutHeld shortcutHeld,
+    ClipboardTaken clipboardTaken)
     : m_desktop(state)
     , m_clock(clock)
     , m_settings(settings)
     , m_fields(fields)
     , m_shortcutHeld(std::move(shortcutHeld))
+    , m_clipboardTaken(std::move(clipboardTaken))
     , m_requests(clock)
     , m_usersKeymap(connection, [this](const std::string& map) { m_keys.emplace(map); })
     , m_pause(clock)
@@ -104,23 +107,31 @@ void PortalPasteKeystroke::look()
         return;
     }
     if (const auto released = std::exchange(m_released, std::nullopt))
-        released->set({});
+        m_tasks.spawn(awaitClipboard(*released));
+}
+
+Task<> PortalPasteKeystroke::awaitClipboard(Eventual<std::monostate> released)
+{
+    m_hasClipboard = co_await m_clipboardTaken();
+    released.set({});
 }
 
 std::optional<std::string> PortalPasteKeystroke::keyboardTaken() const
 {
-    return m_desktop.locked() ? Obstacle("session_locked") : std::nullopt;
+    if (m_desktop.locked())
+        return "session_locked";
+    return m_state == State::opening && m_asked > 0 ? Obstacle("still_asked") : std::nullopt;
 }
 
 Eventual<std::optional<std::string>> PortalPasteKeystroke::send(const FieldElement& element)
 {
-    if (const auto taken = keyboardTaken())
-        return Eventual<Obstacle>::of(taken);
+    if (const auto obstacle = obstacleNow())
+        return Eventual<Obstacle>::of(obstacle);
     const double now = m_clock.uptime();
     if (const auto held = m_shortcutHeld(); held && *held >= now)
         return Eventual<Obstacle>::of("keys_held");
     auto steps = m_keys ? m_keys->steps(element.isTerminal()) : std::vector<KeyStep>();
-    if (steps.empty() || std::exchange(m_busy, true))
+    if (!m_hasClipboard || steps.empty() || std::exchange(m_busy, true))
         return Eventual<Obstacle>::of("event_failed");
     const Eventual<Obstacle> answer;
     m_tasks.spawn(run(std::move(steps), answer));
@@ -137,31 +148,42 @@ void PortalPasteKeystroke::prepare()
 void PortalPasteKeystroke::release()
 {
     m_wanted = false;
-    if (!m_busy && m_state != State::opening)
+    if (m_busy)
+        return;
+    if (m_state != State::opening)
         close();
+    else if (m_asked > 0 && !m_remembers)
+        m_requests.drop();
+}
+
+// A desktop that asks nobody has a moment to open the session.
+PortalPasteKeystroke::Obstacle PortalPasteKeystroke::obstacleNow() const
+{
+    const auto taken = keyboardTaken();
+    const bool atOnce = taken == "still_asked" && m_clock.uptime() < m_asked + unasked;
+    return atOnce ? std::nullopt : taken;
 }
 
 Task<> PortalPasteKeystroke::run(std::vector<KeyStep> steps, Eventual<Obstacle> answer)
 {
     prepare();
-    bool good = m_state == State::open;
     Obstacle obstacle;
     if (m_state == State::opening) {
         const FieldReading meant = co_await m_fields.read(std::nullopt);
-        const double asked = m_clock.uptime();
         co_await m_openingEnds;
-        good = m_state == State::open && m_clock.uptime() - asked < unasked;
         // That has taken its time; the session may be locked by now, or another field have the
         // focus.
         const FieldReading now = co_await m_fields.read(std::nullopt);
-        obstacle = keyboardTaken();
-        if (!obstacle && good && !isSameField(meant, now))
+        obstacle = obstacleNow();
+        if (!obstacle && m_state == State::open && !isSameField(meant, now))
             obstacle = "app_changed";
     }
-    if (!obstacle && !(good && co_await type(std::move(steps))))
+    if (!obstacle && m_state == State::declined)
+        obstacle = "not_allowed";
+    if (!obstacle && !(m_state == State::open && co_await type(std::move(steps))))
         obstacle = "event_failed";
-    close();
     m_busy = false;
+    release();
     answer.set(obstacle);
 }
 
@@ -169,18 +191,21 @@ Task<> PortalPasteKeystroke::open()
 {
     m_state = State::opening;
     m_openingEnds = {};
-    m_state = co_await opened() ? State::open : State::failed;
+    m_asked = 0;
+    m_state = co_await opened();
+    m_pause.cancel();
     if (!m_wanted && !m_busy)
         close();
     m_openingEnds.set({});
 }
 
-Task<bool> PortalPasteKeystroke::opened()
+Task<PortalPasteKeystroke::State> PortalPasteKeystroke::opened()
 {
+    m_remembers = co_await m_requests.version(remoteDesktop) >= firstThatRemembers;
     const auto created = co_await m_requests.ask(remoteDesktop, QStringLiteral("CreateSession"), {},
         { { QStringLiteral("session_handle_token"), QStringLiteral("vesko") } }, patience);
     if (!created)
-        co_return false;
+        co_return State::failed;
     m_session.emplace(created->value(QStringLiteral("session_handle")).toString());
     const auto session = QVariant::fromValue(*m_session);
     QVariantMap wanted{ { QStringLiteral("types"), keyboard },
@@ -189,16 +214,21 @@ Task<bool> PortalPasteKeystroke::opened()
         wanted.insert(QStringLiteral("restore_token"), QString::fromStdString(*token));
     if (!co_await m_requests.ask(
             remoteDesktop, QStringLiteral("SelectDevices"), { session }, wanted, patience))
-        co_return false;
+        co_return State::failed;
+    if (!m_wanted && !m_busy && !m_remembers)
+        co_return State::failed;
+    m_asked = m_clock.uptime();
+    m_pause.start(unasked, [this] { m_openingEnds.set({}); });
     const auto started = co_await m_requests.ask(
         remoteDesktop, QStringLiteral("Start"), { session, QString() }, {}, usersPatience);
     if (!started)
-        co_return false;
+        co_return m_requests.refused() ? State::declined : State::failed;
     // Each token is good for one session, and brings the next one.
     const auto token = started->value(QStringLiteral("restore_token")).toString();
     if (!token.isEmpty())
         m_settings.set(tokenKey, token.toStdString());
-    co_return (started->value(QStringLiteral("devices")).toUInt() & keyboard) != 0;
+    const bool canType = (started->value(QStringLiteral("devices")).toUInt() & keyboard) != 0;
+    co_return canType ? State::open : State::declined;
 }
 
 Task<bool> PortalPasteKeystroke::type(std::vector<KeyStep> steps)

@@ -5,6 +5,8 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
 
 #include <utility>
 
@@ -16,6 +18,9 @@ const auto portal = QStringLiteral("org.freedesktop.portal.Desktop");
 const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto request = QStringLiteral("org.freedesktop.portal.Request");
 const auto responseSignal = QStringLiteral("Response");
+
+constexpr uint refusedByUser = 1; // of the codes of an answer
+constexpr int versionPatience = 5000; // milliseconds
 
 } // namespace
 
@@ -33,6 +38,7 @@ Eventual<PortalRequests::Answer> PortalRequests::ask(const QString& interface,
     const QString& method, QVariantList arguments, QVariantMap options, double patience)
 {
     end(std::nullopt);
+    m_refused = false;
     auto bus = QDBusConnection::sessionBus();
     // The answer may be there before that to the call, so its place is agreed on beforehand.
     const auto token = QStringLiteral("vesko_paste%1").arg(++m_count);
@@ -50,20 +56,43 @@ Eventual<PortalRequests::Answer> PortalRequests::ask(const QString& interface,
         if (heard->isError() && asked == m_request)
             end(std::nullopt);
     });
-    m_patience->start(patience, [this] {
-        auto close
-            = QDBusMessage::createMethodCall(portal, m_request, request, QStringLiteral("Close"));
-        close.setAutoStartService(false);
-        QDBusConnection::sessionBus().send(close);
-        end(std::nullopt);
-    });
+    m_patience->start(patience, [this] { drop(); });
     return m_asked.emplace();
+}
+
+void PortalRequests::drop()
+{
+    if (!m_asked)
+        return;
+    auto close
+        = QDBusMessage::createMethodCall(portal, m_request, request, QStringLiteral("Close"));
+    close.setAutoStartService(false);
+    QDBusConnection::sessionBus().send(close);
+    end(std::nullopt);
+}
+
+Eventual<uint> PortalRequests::version(const QString& interface)
+{
+    auto question = QDBusMessage::createMethodCall(portal, portalPath,
+        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << interface << QStringLiteral("version");
+    const Eventual<uint> told;
+    auto* const answer = new QDBusPendingCallWatcher(
+        QDBusConnection::sessionBus().asyncCall(question, versionPatience), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [answer, told] {
+        answer->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *answer;
+        told.set(reply.isValid() ? reply.value().variant().toUInt() : 0);
+    });
+    return told;
 }
 
 void PortalRequests::response(uint code, const QVariantMap& results, const QDBusMessage& message)
 {
-    if (message.path() == m_request)
-        end(code == 0 ? Answer(results) : std::nullopt);
+    if (message.path() != m_request)
+        return;
+    m_refused = code == refusedByUser;
+    end(code == 0 ? Answer(results) : std::nullopt);
 }
 
 void PortalRequests::end(Answer answer)

@@ -30,8 +30,15 @@ public:
 
     // Calls a method whose last argument is `options`. Drops an earlier request. A dialog that is
     // still open after `patience` seconds is closed.
+    // A person may have said no: then `refused()` is so until the next.
     Eventual<Answer> ask(const QString& interface, const QString& method, QVariantList arguments,
         QVariantMap options, double patience);
+    bool refused() const { return m_refused; }
+    // Takes the request under way back, with its dialog; its answer is nothing.
+    void drop();
+
+    // Of one of the portal's interfaces; 0 if that isn't told within a few seconds.
+    Eventual<uint> version(const QString& interface);
 
 private:
     Q_SLOT void response(uint code, const QVariantMap& results, const QDBusMessage& message);
@@ -40,6 +47,7 @@ private:
     std::unique_ptr<Timer> m_patience;
     int m_count = 0;
     QString m_request; // the path of the one under way; empty: none
+    bool m_refused = false;
     std::optional<Eventual<Answer>> m_asked;
 };
 

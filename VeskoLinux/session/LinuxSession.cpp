@@ -2,6 +2,9 @@
 
 #include "VeskoLinux/accessibility/AtspiFocusedField.h"
 #include "VeskoLinux/desktop/QtClipboard.h"
+#include "VeskoLinux/desktop/XdgFolders.h"
+#include "VeskoLinux/desktop/XwaylandClipboard.h"
+#include "VeskoLinux/gnome/GnomeShortcut.h"
 #include "VeskoLinux/input/SentKeys.h"
 #include "VeskoLinux/input/X11GlobalShortcut.h"
 #include "VeskoLinux/input/X11KeyMonitor.h"
@@ -83,6 +86,7 @@ struct LinuxSession::Parts {
     std::unique_ptr<Clipboard> clipboard;
     std::unique_ptr<GlobalShortcut> shortcut;
     std::unique_ptr<KeyMonitor> keys;
+    std::unique_ptr<DesktopShortcut> desktopShortcut;
 
     virtual ~Parts() = default;
 };
@@ -124,19 +128,27 @@ public:
             shortcut = std::move(own);
         } else {
             shortcut = std::make_unique<NoGlobalShortcut>();
+            if (GnomeShortcut::offered())
+                desktopShortcut = std::make_unique<GnomeShortcut>(programPath());
+        }
+        PortalPasteKeystroke::ClipboardTaken taken = [] { return Eventual<bool>::of(true); };
+        if (DataControlClipboard::offered(*m_connection)) {
+            clipboard = std::make_unique<DataControlClipboard>(*m_connection);
+        } else if (throughX11()) {
+            auto own = std::make_unique<XwaylandClipboard>(clock);
+            taken = [own = own.get()] { return own->taken(); };
+            clipboard = std::move(own);
+        } else {
+            clipboard = std::make_unique<QtClipboard>();
         }
         m_typist = typistOf(*m_connection);
         if (m_typist == Typist::virtualKeyboard)
             pasteKeystroke = std::make_unique<VirtualKeyboardPaste>(*m_connection, state);
         else if (m_typist == Typist::portal)
-            pasteKeystroke = std::make_unique<PortalPasteKeystroke>(
-                *m_connection, state, clock, settings, *focusedField, std::move(held));
+            pasteKeystroke = std::make_unique<PortalPasteKeystroke>(*m_connection, state, clock,
+                settings, *focusedField, std::move(held), std::move(taken));
         else
             pasteKeystroke = std::make_unique<NoPasteKeystroke>();
-        if (DataControlClipboard::offered(*m_connection))
-            clipboard = std::make_unique<DataControlClipboard>(*m_connection);
-        else
-            clipboard = std::make_unique<QtClipboard>();
         keys = std::make_unique<NoKeyMonitor>();
     }
     ~Wayland() override
@@ -151,14 +163,18 @@ public:
         if (!KGlobalAccelShortcut::offered()) {
             offer.shortcut = SessionOffer::Shortcut::command;
             offer.shortcutLines = linesForConfiguration();
+            offer.keepsShortcuts = desktopShortcut != nullptr;
         }
         offer.allKeys = false;
-        offer.floats = QGuiApplication::platformName() == QLatin1String("xcb");
+        offer.floats = throughX11();
         offer.pastes = m_typist != Typist::nobody;
         offer.asksToPaste = m_typist == Typist::portal;
     }
 
 private:
+    // Whether the program's windows are those of X11.
+    static bool throughX11() { return QGuiApplication::platformName() == QLatin1String("xcb"); }
+
     std::unique_ptr<WaylandConnection> m_connection;
     Typist m_typist = Typist::nobody;
 };
@@ -230,6 +246,11 @@ GlobalShortcut& LinuxSession::shortcut() const
 KeyMonitor& LinuxSession::keys() const
 {
     return *m_parts->keys;
+}
+
+DesktopShortcut* LinuxSession::desktopShortcut() const
+{
+    return m_parts->desktopShortcut.get();
 }
 
 } // namespace vesko

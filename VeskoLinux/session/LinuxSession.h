@@ -2,6 +2,7 @@
 
 #include "VeskoApp/async/EventClock.h"
 #include "VeskoApp/platform/Clipboard.h"
+#include "VeskoApp/platform/DesktopShortcut.h"
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoApp/platform/KeyInput.h"
 #include "VeskoApp/platform/PasteKeystroke.h"
@@ -37,6 +38,7 @@ public:
     Clipboard& clipboard() const;
     GlobalShortcut& shortcut() const;
     KeyMonitor& keys() const;
+    DesktopShortcut* desktopShortcut() const; // null: there is none
 
 private:
     struct Parts;

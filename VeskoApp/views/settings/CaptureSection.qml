@@ -7,6 +7,7 @@ Section {
     required property var delegate
     required property var status
     required property var preferences
+    readonly property var keys: section.delegate.desktopKeys
 
     title: qsTranslate("Vesko", "Capture and insertion")
 
@@ -18,10 +19,15 @@ Section {
             visible: !section.preferences.shortcutAdvice
             choice: section.delegate.shortcut
         }
+        PushButton {
+            visible: section.keys.offered
+            text: section.keys.keys ? qsTranslate("Vesko", "Remove %1").arg(section.keys.keys) : qsTranslate("Vesko", "Add %1").arg(section.keys.suggestion)
+            onClicked: section.keys.keys ? section.keys.remove() : section.keys.add()
+        }
     }
     SettingNote {
         width: parent.width
-        text: section.preferences.shortcutAdvice || section.delegate.shortcut.refusal || section.status.shortcutMessage
+        text: section.keys.refusal || (section.keys.keys ? "" : section.preferences.shortcutAdvice) || section.delegate.shortcut.refusal || section.status.shortcutMessage
         color: section.preferences.shortcutAdvice ? Theme.quiet : Theme.alarm
     }
     // To be copied, so it is no note.

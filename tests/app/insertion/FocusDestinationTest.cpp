@@ -372,6 +372,12 @@ TEST(PasteMessage, FollowsTheFirstReason)
             "Copied. Slow keys are switched on in the desktop's settings, so Vesko can't paste. "
             "Paste it with Command V." },
         { { "secure_field", "too_late" }, hidden },
+        { { "still_asked" },
+            "Copied. The desktop was still asking you whether Vesko may press the keys that paste. "
+            "Paste it with Command V." },
+        { { "not_allowed" },
+            "Copied. Vesko was not allowed to press the keys that paste. Paste it with Command "
+            "V." },
         { { "event_failed" },
             "Copied. The paste shortcut could not be sent. Paste it with Command V." },
         { { "not_seen" },

@@ -36,7 +36,8 @@ TEST(SessionWords, nameTheDesktop)
     EXPECT_TRUE(pasteAdvice(little).startsWith(QStringLiteral("On sway Vesko can't paste")));
 
     little.pastes = little.asksToPaste = true;
-    EXPECT_TRUE(pasteAdvice(little).startsWith(QStringLiteral("sway asks once whether")));
+    EXPECT_TRUE(pasteAdvice(little).startsWith(
+        QStringLiteral("When you dictate into another program, sway asks")));
 
     little.desktop.clear();
     EXPECT_TRUE(keysAdvice(little).startsWith(QStringLiteral("This desktop shows no program")));

@@ -3,7 +3,7 @@
 import os
 import unittest
 
-from . import clipboard, eyes, hands, settings
+from . import clipboard, eyes, gnome, hands, settings
 from .programs import Mousepad
 from .service import OpenRouter
 from .vesko import Vesko, deployed, install_key
@@ -24,6 +24,9 @@ UNSEEN = ("Copied. Vesko could not see which field was in use, so it did not pas
 # Where the windows alone tell who is active, none of them says that none is.
 if os.environ["XDG_SESSION_TYPE"] == "wayland":
     NO_WINDOW = UNSEEN
+ASKED = ("Copied. The desktop was still asking you whether Vesko may press the keys that paste. Paste "
+         "it with Ctrl+V.")
+REFUSED = ("Copied. Vesko was not allowed to press the keys that paste. Paste it with Ctrl+V.")
 HELD = "Copied. A key was held down, so Vesko did not paste. Paste it with Ctrl+V."
 NOT_SEEN = ("Copied. Paste was sent, but the field does not show the text. If it is missing, paste "
             "it with Ctrl+V.")
@@ -70,6 +73,8 @@ class Dictations(unittest.TestCase):
     def delivered(self, words=WORDS, message=SENT):
         self.vesko.wait_for_text(message)
         self.vesko.wait_for("ready")
+        if gnome.here():  # the copied text comes to the shell by another road than the message to us
+            until(f"{words!r} is on the clipboard", lambda: clipboard.read() == words)
         self.assertEqual(clipboard.read(), words)
 
     def released(self, **expected):

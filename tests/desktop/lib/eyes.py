@@ -12,7 +12,7 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
-from . import kwin, sway  # noqa: E402
+from . import gnome, kwin, sway  # noqa: E402
 from .waiting import until  # noqa: E402
 
 STATES = {"active": 1, "checked": 4, "editable": 7, "enabled": 8, "focusable": 11, "focused": 12,
@@ -382,6 +382,8 @@ def raise_window(pid):
         sway.raise_window(pid)
     elif kwin.here():
         kwin.raise_window(pid)
+    elif gnome.here():
+        gnome.raise_window(pid)
     else:
         window = until(f"process {pid} shows a window", lambda: windows(pid))[-1]
         subprocess.run(["xdotool", "windowactivate", window], check=True,
@@ -401,5 +403,7 @@ def screenshot(path):
         sway.screenshot(path)
     elif kwin.here():
         kwin.screenshot(path)
+    elif gnome.here():
+        gnome.screenshot(path)
     else:
         subprocess.run(["import", "-window", "root", path], check=True)

@@ -7,7 +7,7 @@ under any layout.
 import os
 import time
 
-from . import sway
+from . import gnome, sway
 from .waiting import human_pause
 
 KEYS = {
@@ -23,8 +23,8 @@ for row, first in (("qwertyuiop", 24), ("asdfghjkl", 38), ("zxcvbnm", 52), ("123
 # Vesko's shortcut. Presses of it closer together than a quarter of a second count as one, and as
 # commands of the desktop's closer than what a held key takes to repeat; so each is kept apart from
 # the one before, as a hand does.
-SHORTCUT = ("super", "left shift", "space")
-APART = 0.8 if sway.here() else 0.3  # seconds
+SHORTCUT = ("super", "left alt", "d") if gnome.here() else ("super", "left shift", "space")
+APART = 0.8 if sway.here() or gnome.here() else 0.3  # seconds
 
 LAYOUTS = ("us", "ru", "gr")
 
@@ -36,7 +36,9 @@ _shortcut_unseen = False
 def _hardware():
     global _devices
     if _devices is None:
-        if os.environ["XDG_SESSION_TYPE"] == "wayland":
+        if gnome.here():
+            from .gnome import Devices
+        elif os.environ["XDG_SESSION_TYPE"] == "wayland":
             from .wayland import Devices
         else:
             from .x11 import Devices

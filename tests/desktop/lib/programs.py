@@ -5,7 +5,7 @@ import signal
 import subprocess
 import tempfile
 
-from . import eyes, hands, kwin, sway
+from . import eyes, gnome, hands, kwin, sway
 from .post import PostOffice
 from .waiting import until
 
@@ -99,7 +99,7 @@ class Program:
 
     def _take_focus(self, field):
         # A program does not know where on the screen of a compositor its windows are.
-        if kwin.here():
+        if kwin.here() or gnome.here():
             field.grab_focus()
         else:
             hands.click(*(self._place_of(field) if sway.here() else field.centre))

@@ -7,7 +7,7 @@ import subprocess
 import tempfile
 import time
 
-from . import eyes, hands, library, sway
+from . import eyes, gnome, hands, library, sway
 from .waiting import until
 
 REPOSITORY = os.path.abspath(os.path.join(os.path.dirname(__file__), "../../.."))
@@ -55,6 +55,9 @@ class Vesko:
                                      f"vesko-{time.monotonic_ns()}")
         if sway.here():
             sway.bind("Mod4+Shift+space", f"{binary} --toggle", "--no-warn", "--no-repeat")
+        if gnome.here():
+            hands.plug_in()
+            gnome.bind("<Super><Alt>d", f"{binary} --toggle")
         self.started = time.monotonic()
         with open(self.log_path, "wb") as log:
             self.process = subprocess.Popen([binary, *arguments], cwd=folder, stdout=log,

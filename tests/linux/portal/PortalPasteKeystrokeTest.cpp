@@ -9,6 +9,7 @@
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusVariant>
 #include <QDBusVirtualObject>
 
 #include <gmock/gmock.h>
@@ -38,11 +39,13 @@ public:
 class FakePortal final : public QDBusVirtualObject {
 public:
     QString silentAt, refusesAt, failsAt; // names of methods
+    uint version = 2;
     double userTakes = 0; // seconds to agree
     std::function<void()> onStart;
     std::vector<std::pair<int, uint>> keys; // as they moved
     QString shownToken; // what it was reminded of
     int opened = 0, closed = 0;
+    int dropped = 0; // questions that were taken back
 
     explicit FakePortal(TestClock& clock)
         : m_clock(clock)
@@ -61,7 +64,10 @@ public:
         if (call.member() == failsAt)
             return m_bus.send(call.createErrorReply(QStringLiteral("app.test.No"), {}));
         if (call.member() == QStringLiteral("Close")) {
-            ++closed;
+            ++(call.path().contains(QStringLiteral("/request/")) ? dropped : closed);
+        } else if (call.member() == QStringLiteral("Get")) {
+            m_bus.send(
+                call.createReply(QVariant::fromValue(QDBusVariant(QVariant::fromValue(version)))));
         } else if (call.member() == QStringLiteral("NotifyKeyboardKeycode")) {
             keys.emplace_back(call.arguments()[2].toInt(), call.arguments()[3].toUInt());
             m_bus.send(call.createReply());
@@ -160,8 +166,10 @@ protected:
     bool m_shortcutDown = false;
     std::optional<double> m_shortcutHeld;
     FakeFocusedField m_fields;
+    Eventual<bool> m_clipboardTaken = Eventual<bool>::of(true);
     PortalPasteKeystroke m_paste{ m_connection, m_session, m_clock, m_settings, m_fields,
-        [this] { return m_shortcutDown ? m_clock.uptime() : m_shortcutHeld; } };
+        [this] { return m_shortcutDown ? m_clock.uptime() : m_shortcutHeld; },
+        [this] { return m_clipboardTaken; } };
 };
 
 TEST_F(PortalPasteKeystrokeTest, typesTheShortcutInASessionThatEndsWithIt)
@@ -233,10 +241,14 @@ TEST_F(PortalPasteKeystrokeTest, typesNothingIfAnythingIsNotAsItShouldBe)
             SCOPED_TRACE(method);
             m_portal.*kind = QString::fromLatin1(method);
             EXPECT_FALSE(paste(0.1));
+            EXPECT_THAT(m_portal.keys, IsEmpty());
             m_portal.*kind = QString();
+            EXPECT_TRUE(until([this] {
+                m_clock.turn(31); // no question stays longer
+                return paste();
+            }));
+            m_portal.keys.clear();
         }
-    EXPECT_THAT(m_portal.keys, IsEmpty());
-    EXPECT_TRUE(paste()); // and it is none the worse for it
 }
 
 TEST_F(PortalPasteKeystrokeTest, waitsAMomentForTheFingersOnTheShortcut)
@@ -254,6 +266,23 @@ TEST_F(PortalPasteKeystrokeTest, waitsAMomentForTheFingersOnTheShortcut)
     m_shortcutHeld = m_clock.uptime();
     EXPECT_NEAR(secondsToRelease(), 0.35, 0.02);
     EXPECT_TRUE(paste());
+}
+
+TEST_F(PortalPasteKeystrokeTest, waitsUntilTheCompositorHasTheClipboard)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.keys.clear();
+    m_clipboardTaken = {};
+    Timer later(m_clock);
+    later.start(0.1, [this] { m_clipboardTaken.set(true); });
+    EXPECT_NEAR(secondsToRelease(), 0.1, 0.02);
+    EXPECT_TRUE(paste());
+
+    m_portal.keys.clear();
+    m_clipboardTaken = Eventual<bool>::of(false);
+    EXPECT_EQ(secondsToRelease(), 0.0);
+    EXPECT_EQ(obstacle(), "event_failed");
+    EXPECT_THAT(m_portal.keys, IsEmpty());
 }
 
 TEST_F(PortalPasteKeystrokeTest, typesNothingWhereTheFocusWentMeanwhile)
@@ -298,10 +327,39 @@ TEST_F(PortalPasteKeystrokeTest, typesNothingBehindADialog)
     EXPECT_TRUE(until([this] { return paste(); }));
     m_portal.keys.clear();
     m_portal.userTakes = 3;
-    EXPECT_FALSE(paste());
+    EXPECT_EQ(obstacle(), "still_asked");
     EXPECT_THAT(m_portal.keys, IsEmpty());
     m_portal.userTakes = 0;
+    EXPECT_TRUE(until([this] { return m_portal.closed == m_portal.opened; }));
     EXPECT_TRUE(paste());
+}
+
+TEST_F(PortalPasteKeystrokeTest, saysThatTheUserHasRefused)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.refusesAt = QStringLiteral("Start");
+    EXPECT_EQ(obstacle(), "not_allowed");
+    m_portal.refusesAt.clear();
+    EXPECT_TRUE(paste());
+}
+
+TEST_F(PortalPasteKeystrokeTest, takesBackAQuestionThatNobodyRemembersTheAnswerOf)
+{
+    EXPECT_TRUE(until([this] { return paste(); }));
+    m_portal.silentAt = QStringLiteral("Start");
+    for (const uint version : { 1U, 2U }) {
+        SCOPED_TRACE(version);
+        m_portal.version = version;
+        m_portal.dropped = 0;
+        const int opened = m_portal.opened;
+        EXPECT_EQ(obstacle(0.05), "still_asked");
+        EXPECT_EQ(m_paste.keyboardTaken().has_value(), version == 2);
+        EXPECT_EQ(m_portal.opened, opened + 1);
+        if (version == 1)
+            EXPECT_TRUE(until([&] { return m_portal.dropped == 1; }));
+        else
+            EXPECT_EQ(m_portal.dropped, 0);
+    }
 }
 
 } // namespace

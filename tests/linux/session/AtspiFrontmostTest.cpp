@@ -80,6 +80,18 @@ TEST_F(AtspiFrontmostTest, isFoundIfItWasThereBefore)
     }));
 }
 
+TEST_F(AtspiFrontmostTest, aWindowThatWentWithoutAWordIsNotInFront)
+{
+    const Program editor(QStringLiteral("mousepad"),
+        { QStringLiteral("--disable-server"), fileWith(QStringLiteral("one")) });
+    EXPECT_TRUE(comesToFront(editor));
+    const Program passing(QStringLiteral("/usr/bin/python3"),
+        { QStringLiteral(VESKO_HANDS "/services/gtk4_passing_window.py") });
+    EXPECT_TRUE(comesToFront(passing));
+    kill(passing.pid(), SIGUSR1);
+    EXPECT_TRUE(comesToFront(editor));
+}
+
 TEST_F(AtspiFrontmostTest, isUnknownWhileTwoProgramsSayThatItIsThem)
 {
     const Program editor(QStringLiteral("mousepad"),
