@@ -1,8 +1,8 @@
 #pragma once
 
 #include "VeskoApp/async/TaskScope.h"
-#include "VeskoApp/capture/Hotkeys.h"
 #include "VeskoApp/capture/DesktopKeys.h"
+#include "VeskoApp/capture/Hotkeys.h"
 #include "VeskoApp/capture/ShortcutChoice.h"
 #include "VeskoApp/onboarding/PermissionRows.h"
 #include "VeskoApp/shell/AppModel.h"
