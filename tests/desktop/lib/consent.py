@@ -13,7 +13,7 @@ def _dialog():
 
 def is_asked():
     asking = _dialog()
-    return bool(asking and asking.find("button", "_Share Share"))
+    return bool(asking and asking.find("push button", "_Share Share"))
 
 
 def wait_until_asked():
@@ -29,12 +29,12 @@ def _press(role, name):
 def give(program):
     """Says yes, and returns when the program is in front again."""
     _press("switch", "Allow remote interaction")
-    _press("button", "_Share Share")
+    _press("push button", "_Share Share")
     wait_until_gone(program)
 
 
 def refuse(program):
-    _press("button", "_Cancel Cancel")
+    _press("push button", "_Cancel Cancel")
     wait_until_gone(program)
 
 
