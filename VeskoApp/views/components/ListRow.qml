@@ -31,7 +31,7 @@ T.ItemDelegate {
     Keys.onEnterPressed: clicked()
 
     contentItem: Item {
-        implicitHeight: Math.max(title.implicitHeight, 17)
+        implicitHeight: Math.max(children[1].implicitHeight, 17)
 
         Icon {
             anchors.verticalCenter: parent.verticalCenter
@@ -40,8 +40,6 @@ T.ItemDelegate {
             size: 17
         }
         Text {
-            id: title
-
             x: control.iconName ? 27 : 0
             width: parent.width - x
             anchors.verticalCenter: parent.verticalCenter
