@@ -79,6 +79,10 @@ Task<> InsertionReview::look(std::shared_ptr<Review> review)
 
 void InsertionReview::awaitPaste(const Reading& value)
 {
+    // An editor that was empty may have kept its empty paragraph behind what was pasted.
+    auto& scope = m_review->scope;
+    if (scope.prefix.empty() && scope.suffix.empty() && value == scope.original + '\n')
+        scope.suffix = '\n';
     if (value == m_review->scope.expectedValue()) {
         m_review->landed = true;
         m_review->lastEdited = m_review->scope.original;

@@ -84,7 +84,7 @@ class Learning(unittest.TestCase):
             self.assertEqual((entry["original"], entry["replacement"]), ("recieve", "receive"))
             self.assertTrue(entry["enabled"])
             self.assertEqual(entry["source"], "learned")
-            self.paste(program, expected=MEANT)
+            self.dictate(program, expected=MEANT)
 
     def learns_nothing(self):
         human_pause(1)  # what would be learned is, within a look or two

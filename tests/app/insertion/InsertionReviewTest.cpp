@@ -80,6 +80,19 @@ TEST_F(InsertionReviewTest, AnEditIsFoundWhenTheTextIsSent)
     EXPECT_EQ(reports.size(), 1U);
 }
 
+TEST_F(InsertionReviewTest, AnEmptyParagraphThatTheEditorKeptBehindThePasteIsNoEdit)
+{
+    paste("");
+    show("hello wrld\n");
+    clock.turn(0.1);
+    show("hello world\n");
+    clock.turn(0.25);
+    review.armSend();
+    show("");
+    clock.turn(0.25);
+    EXPECT_THAT(reports, ElementsAre(Report{ { wrldToWorld }, true }));
+}
+
 TEST_F(InsertionReviewTest, ReturnTakesTheEditThatNoLookHasSeen)
 {
     land("Dear ", " Yours");
