@@ -61,8 +61,9 @@ TEST_F(PermissionRowsTest, aDesktopThatWillAskAboutThePasteIsExplainedBefore)
     make();
     EXPECT_THAT(column("line")[2],
         testing::EndsWith(
-            "stays on. KDE Plasma asks once whether Vesko may control the keyboard, at the first "
-            "dictation into another program. Vesko presses the keys that paste, and no others."));
+            "stays on. When you dictate into another program, KDE Plasma asks whether Vesko may "
+            "control the keyboard: once, or each time if it does not remember your answer. Allow "
+            "it in the window that opens. Vesko presses the keys that paste, and no others."));
 }
 
 TEST_F(PermissionRowsTest, eachIsReadByItself)

@@ -32,7 +32,8 @@ _bus = None
 
 
 def here():
-    return os.environ.get("XDG_CURRENT_DESKTOP") == "GNOME"
+    return (os.environ.get("XDG_CURRENT_DESKTOP") == "GNOME"
+            and os.environ.get("XDG_SESSION_TYPE") == "wayland")
 
 
 def _call(name, path, interface, method, arguments=None):
