@@ -2,8 +2,10 @@
 a test wants it: every program would ask it for this and that."""
 
 import os
+import shutil
 import signal
 import subprocess
+import tempfile
 
 from . import eyes
 from .waiting import until
@@ -14,11 +16,16 @@ PROGRAMS = (("/usr/libexec/xdg-desktop-portal-gtk", "org.freedesktop.impl.portal
 
 class Portal:
     def __init__(self):
+        # Where no desktop is named it takes the dialogs of whatever desktop is installed.
+        choice = tempfile.mkdtemp()
+        shutil.copy("/usr/share/xdg-desktop-portal/portals/gtk.portal", choice)
+        environment = {**os.environ, "XDG_DESKTOP_PORTAL_DIR": choice}
         log = os.path.join(os.environ["SESSION_DIR"], "log", "portal")
         self._processes = []
         for program, name in PROGRAMS:
             with open(log, "ab") as file:
-                self._processes.append(subprocess.Popen([program], stdout=file, stderr=file))
+                self._processes.append(subprocess.Popen(
+                    [program], stdout=file, stderr=file, env=environment))
             until(f"{name} is there", lambda: eyes.owner_pid(name))
 
     def _window(self):
