@@ -203,6 +203,7 @@ class FloatingControl(BesideAnEditor):
         self.service.hold()
         self.click()
         self.vesko.wait_for("recording")
+        human_pause(0.3)  # somebody says something
         self.click()
         cancel = until("it can be cancelled",
                        lambda: self.vesko.panel.find("push button", "Cancel transcription"))
