@@ -8,15 +8,11 @@
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QImage>
-#include <QPainter>
-#include <QPainterPath>
 #include <QRegion>
 #include <QScreen>
-#include <QTransform>
 
 #include <algorithm>
-#include <span>
+#include <cmath>
 #include <utility>
 
 namespace vesko {
@@ -30,26 +26,31 @@ constexpr double fnHintTime = 2.4; // seconds
 constexpr double frameTime = 0.05; // seconds; smooth enough for so small a thing
 constexpr double newsTime = 8; // seconds
 
-// That are drawn on: half, too, where what lies below is seen through them, else they were dark.
-QRegion pixelsOf(const QPainterPath& path, const QSize& size, bool half)
+// The pixels of a rounded rectangle: those that it covers in part, too, where what lies below is
+// seen through them, else they were dark. Row by row, since a painter would take memory that stays.
+QRegion pixelsOf(const QRectF& place, double radius, bool inPart)
 {
-    QImage drawn(size, QImage::Format_Alpha8);
-    drawn.fill(0);
-    QPainter painter(&drawn);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(path, Qt::white);
-    painter.end();
-    const auto isPart = [half](uchar alpha) { return half ? alpha > 0 : alpha == 255; };
+    constexpr double slip = 1e-6; // of what was multiplied
+    const auto inset = [&](double y) {
+        const double beyond
+            = std::max({ place.top() + radius - y, y - (place.bottom() - radius), 0.0 });
+        return radius - std::sqrt(std::max(0.0, radius * radius - beyond * beyond));
+    };
+    const auto first = [inPart](double at) {
+        return static_cast<int>(inPart ? std::floor(at + slip) : std::ceil(at - slip));
+    };
+    const auto last = [inPart](double at) {
+        return static_cast<int>(inPart ? std::ceil(at - slip) : std::floor(at + slip));
+    };
     QRegion pixels;
-    for (int y = 0; y < drawn.height(); ++y) {
-        const std::span row(drawn.constScanLine(y), static_cast<std::size_t>(drawn.width()));
-        for (auto end = row.begin(); end != row.end();) {
-            const auto begin = std::find_if(end, row.end(), isPart);
-            end = std::find_if_not(begin, row.end(), isPart);
-            if (begin != end)
-                pixels += QRect(
-                    static_cast<int>(begin - row.begin()), y, static_cast<int>(end - begin), 1);
-        }
+    for (int y = first(place.top()); y < last(place.bottom()); ++y) {
+        const double upper = inset(std::max<double>(y, place.top()));
+        const double lower = inset(std::min<double>(y + 1, place.bottom()));
+        const double in = inPart ? std::min(upper, lower) : std::max(upper, lower);
+        const int from = first(place.left() + in);
+        const int to = last(place.right() - in);
+        if (from < to)
+            pixels += QRect(from, y, to - from, 1);
     }
     return pixels;
 }
@@ -210,26 +211,24 @@ void CaptureControl::cut(const QVariantList& shapes)
     if (!m_window)
         return;
     // In the screen's own pixels, for an edge as smooth as the screen.
-    const auto scale = m_window->devicePixelRatio();
-    const auto toPixels = QTransform::fromScale(scale, scale);
-    QPainterPath drawn;
-    drawn.setFillRule(Qt::WindingFill);
+    const double scale = m_window->devicePixelRatio();
+    const bool inPart = m_platform.desktop.blends();
     const QRect besideButton(0, button().top(), m_window->width(), button().height());
+    QRegion visible;
     m_face = {};
     for (const auto& shape : shapes) {
         const auto part = shape.toMap();
         const auto number
             = [&part](const char* name) { return part[QString::fromLatin1(name)].toDouble(); };
         const QRectF place(number("x"), number("y"), number("width"), number("height"));
-        drawn.addRoundedRect(place, number("radius"), number("radius"));
+        visible += pixelsOf(
+            { place.topLeft() * scale, place.size() * scale }, number("radius") * scale, inPart);
         if (const auto whole = place.toAlignedRect(); whole.intersects(besideButton))
             m_face |= whole;
     }
     // A Wayland compositor goes on showing what was cut off, as it was last drawn.
     if (m_platform.offer.kind != SessionOffer::Kind::wayland)
-        m_platform.desktop.cut(*m_window,
-            pixelsOf(toPixels.map(drawn), toPixels.mapRect(QRect({}, m_window->size())).size(),
-                m_platform.desktop.blends()));
+        m_platform.desktop.cut(*m_window, visible);
 }
 
 bool CaptureControl::live() const
