@@ -2,6 +2,8 @@
 
 #include "VeskoLinux/gnome/GnomeShortcut.h"
 
+#include "VeskoCore/base/DynamicLibrary.h"
+
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 
@@ -24,21 +26,43 @@ const std::string ourPath
 // The desktop has what is usual elsewhere, with Shift, for the layouts of the keyboard.
 const char* const ourKeys = "<Super><Alt>space";
 
+// Every other desktop does without it.
+struct Gio {
+    DynamicLibrary library{ "libgio-2.0.so.0" };
+    decltype(&g_settings_new) settingsNew = library["g_settings_new"];
+    decltype(&g_settings_new_with_path) settingsNewWithPath = library["g_settings_new_with_path"];
+    decltype(&g_settings_get_string) getString = library["g_settings_get_string"];
+    decltype(&g_settings_set_string) setString = library["g_settings_set_string"];
+    decltype(&g_settings_get_strv) getStrings = library["g_settings_get_strv"];
+    decltype(&g_settings_set_strv) setStrings = library["g_settings_set_strv"];
+    decltype(&g_settings_reset) reset = library["g_settings_reset"];
+    decltype(&g_settings_schema_source_get_default) defaultSource
+        = library["g_settings_schema_source_get_default"];
+    decltype(&g_settings_schema_source_lookup) lookUp = library["g_settings_schema_source_lookup"];
+    decltype(&g_settings_schema_unref) schemaUnref = library["g_settings_schema_unref"];
+};
+
+const Gio& gio()
+{
+    static const Gio loaded;
+    return loaded;
+}
+
 using Settings = std::unique_ptr<GSettings, decltype(&g_object_unref)>;
 
 Settings shortcutList()
 {
-    return { g_settings_new(schema), &g_object_unref };
+    return { gio().settingsNew(schema), &g_object_unref };
 }
 
 Settings shortcutAt(const std::string& path)
 {
-    return { g_settings_new_with_path(customSchema, path.c_str()), &g_object_unref };
+    return { gio().settingsNewWithPath(customSchema, path.c_str()), &g_object_unref };
 }
 
 std::string text(const Settings& settings, const char* key)
 {
-    gchar* const value = g_settings_get_string(settings.get(), key);
+    gchar* const value = gio().getString(settings.get(), key);
     std::string copy = value;
     g_free(value);
     return copy;
@@ -46,7 +70,7 @@ std::string text(const Settings& settings, const char* key)
 
 std::vector<std::string> paths()
 {
-    gchar** const values = g_settings_get_strv(shortcutList().get(), listKey);
+    gchar** const values = gio().getStrings(shortcutList().get(), listKey);
     std::vector<std::string> all;
     for (gchar** value = values; *value; ++value)
         if (**value == '/' && std::string_view(*value).ends_with('/'))
@@ -62,19 +86,19 @@ bool store(const std::vector<std::string>& paths)
     for (const auto& path : paths)
         values.push_back(path.c_str());
     values.push_back(nullptr);
-    return g_settings_set_strv(shortcutList().get(), listKey, values.data()) != FALSE;
+    return gio().setStrings(shortcutList().get(), listKey, values.data()) != FALSE;
 }
 
 // Without these the library ends the program that asks for them.
 bool hasSchemas()
 {
-    auto* const source = g_settings_schema_source_get_default();
+    auto* const source = gio().defaultSource();
     if (!source)
         return false;
     return std::ranges::all_of(std::initializer_list{ schema, customSchema }, [&](const char* id) {
-        auto* const found = g_settings_schema_source_lookup(source, id, TRUE);
+        auto* const found = gio().lookUp(source, id, TRUE);
         if (found)
-            g_settings_schema_unref(found);
+            gio().schemaUnref(found);
         return found != nullptr;
     });
 }
@@ -149,9 +173,9 @@ bool GnomeShortcut::add()
         return false;
     const auto ours = shortcutAt(ourPath);
     all.push_back(ourPath);
-    return g_settings_set_string(ours.get(), "name", "Vesko")
-        && g_settings_set_string(ours.get(), "command", m_command.c_str())
-        && g_settings_set_string(ours.get(), "binding", ourKeys) && store(all);
+    return gio().setString(ours.get(), "name", "Vesko")
+        && gio().setString(ours.get(), "command", m_command.c_str())
+        && gio().setString(ours.get(), "binding", ourKeys) && store(all);
 }
 
 void GnomeShortcut::remove()
@@ -161,7 +185,7 @@ void GnomeShortcut::remove()
         store(all);
     const auto ours = shortcutAt(ourPath);
     for (const char* key : { "name", "command", "binding" })
-        g_settings_reset(ours.get(), key);
+        gio().reset(ours.get(), key);
 }
 
 } // namespace vesko
