@@ -2,9 +2,12 @@
 
 #include "VeskoApp/views/StepAside.h"
 
+#include "tests/app/AppModelTest.h"
+
 #include <QQmlComponent>
 #include <QQmlEngine>
-#include <gtest/gtest.h>
+#include <QQuickItem>
+#include <QScreen>
 
 namespace vesko {
 
@@ -74,6 +77,153 @@ TEST(TakenPlaces, AreThoseThatCanBePressedAndSeen)
 
     EXPECT_EQ(StepAside::taken(*window),
         (std::vector{ QRect(1010, 510, 50, 20), QRect(1100, 640, 50, 10) }));
+}
+
+// The control is in the corner of the screen, and a button of a window of ours below it.
+class StepAsideTest : public AppModelTest {
+protected:
+    void open()
+    {
+        AppModelTest::open();
+        control = std::make_unique<CaptureControl>(
+            machine.all, model->capture(), model->library(), model->status());
+        auto panel = std::make_unique<QWindow>();
+        panel->setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
+        panel->resize(240, 236);
+        control->pointer = [this] { return pointer; };
+        control->setWindow(std::move(panel));
+        control->show(true);
+        connection
+            = QObject::connect(control.get(), &CaptureControl::sidesChanged, [this] { cut(); });
+        cut();
+        home = control->face();
+        aside = std::make_unique<StepAside>(*control, machine.clock, nullptr);
+
+        window.setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        button.setParentItem(window.contentItem());
+        button.setActiveFocusOnTab(true);
+        cover(home);
+        window.show();
+    }
+    ~StepAsideTest() override { QObject::disconnect(connection); }
+
+    // As the control's window says it is drawn: the button alone.
+    void cut()
+    {
+        const auto side = CaptureControl::buttonSize();
+        control->cut({ QVariantMap{ { QStringLiteral("x"), control->atLeft() ? 0 : 240 - side },
+            { QStringLiteral("y"), control->atTop() ? 0 : 236 - side },
+            { QStringLiteral("width"), side }, { QStringLiteral("height"), side } } });
+    }
+    void cover(const QRect& place)
+    {
+        button.setPosition(place.topLeft() - window.position());
+        button.setSize(place.size());
+    }
+    // The user works in the window, and what it shows has come to rest.
+    void workThere()
+    {
+        window.requestActivate();
+        ASSERT_TRUE(eventually([this] { return QGuiApplication::focusWindow() == &window; }));
+        rest();
+    }
+    void rest()
+    {
+        drainEvents();
+        machine.clock.turn(0.2);
+    }
+    void workElsewhere()
+    {
+        other.show();
+        other.requestActivate();
+        ASSERT_TRUE(eventually([this] { return QGuiApplication::focusWindow() == &other; }));
+        rest();
+    }
+    bool isCovering() const
+    {
+        return control->face().intersects(
+            QRect(window.position() + button.position().toPoint(), button.size().toSize()));
+    }
+    void drag(const QPoint& by)
+    {
+        pointer = { 100, 100 };
+        control->press(pointer);
+        pointer += by;
+        control->drag(pointer);
+        control->release(pointer);
+    }
+
+    std::unique_ptr<CaptureControl> control;
+    std::unique_ptr<StepAside> aside;
+    QMetaObject::Connection connection;
+    QPointF pointer;
+    QRect home;
+    QQuickWindow window;
+    QQuickItem button;
+    QWindow other;
+};
+
+TEST_F(StepAsideTest, ItStandsAsideAsLongAsTheUserWorksThere)
+{
+    open();
+    EXPECT_EQ(control->face(), home);
+    workThere();
+    EXPECT_FALSE(isCovering());
+    EXPECT_EQ(machine.settings.value("capturePanelOrigin"), std::nullopt);
+    workElsewhere();
+    EXPECT_EQ(control->face(), home);
+}
+
+TEST_F(StepAsideTest, ItComesBackWhenItsPlaceIsFree)
+{
+    open();
+    workThere();
+    EXPECT_NE(control->face(), home);
+    button.setEnabled(false);
+    Q_EMIT window.frameSwapped();
+    rest();
+    EXPECT_EQ(control->face(), home);
+}
+
+TEST_F(StepAsideTest, ItStaysWhileADictationGoesOn)
+{
+    open();
+    button.setEnabled(false);
+    workThere();
+    dictate();
+    button.setEnabled(true);
+    Q_EMIT window.frameSwapped();
+    rest();
+    EXPECT_EQ(control->face(), home);
+    finish();
+    rest();
+    EXPECT_FALSE(isCovering());
+}
+
+TEST_F(StepAsideTest, ItStaysWhereItIsDraggedTo)
+{
+    open();
+    workThere();
+    drag({ -60, 0 });
+    const auto there = control->face();
+    cover(there);
+    Q_EMIT window.frameSwapped();
+    rest();
+    EXPECT_EQ(control->face(), there);
+}
+
+TEST_F(StepAsideTest, WithoutAFreePlaceItStays)
+{
+    open();
+    std::vector<std::unique_ptr<QQuickItem>> rows;
+    for (int y = 0; y < window.height(); y += 100) {
+        auto& row = *rows.emplace_back(std::make_unique<QQuickItem>(window.contentItem()));
+        row.setPosition(QPointF(0, y));
+        row.setSize(QSizeF(window.width(), 100));
+        row.setActiveFocusOnTab(true);
+    }
+    workThere();
+    EXPECT_EQ(control->face(), home);
 }
 
 } // namespace
