@@ -226,8 +226,9 @@ void CaptureControl::cut(const QVariantList& shapes)
         if (const auto whole = place.toAlignedRect(); whole.intersects(besideButton))
             m_face |= whole;
     }
-    // A Wayland compositor goes on showing what was cut off, as it was last drawn.
-    if (m_platform.offer.kind != SessionOffer::Kind::wayland)
+    // A Wayland compositor goes on showing what was cut off, as it was last drawn. One that is
+    // hidden needs no window yet, least of all while a recording begins.
+    if (m_platform.offer.kind != SessionOffer::Kind::wayland && m_window->isVisible())
         m_platform.desktop.cut(*m_window, visible);
 }
 

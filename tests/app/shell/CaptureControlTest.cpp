@@ -380,6 +380,15 @@ TEST_F(CaptureControlTest, TheWindowIsCutToWhatIsSeen)
     EXPECT_FALSE(machine.desktop.visible.contains(QPoint(20, 20)));
 }
 
+TEST_F(CaptureControlTest, AHiddenOneIsNotCut)
+{
+    open();
+    control->show(false);
+    control->cut(
+        { QVariantMap{ { QStringLiteral("width"), 56 }, { QStringLiteral("height"), 56 } } });
+    EXPECT_TRUE(machine.desktop.visible.isEmpty());
+}
+
 TEST_F(CaptureControlTest, ItsSoftEdgeIsKeptWhereWhatLiesBelowIsSeenThroughIt)
 {
     const QVariantList square{ QVariantMap{ { QStringLiteral("x"), 10.5 },
