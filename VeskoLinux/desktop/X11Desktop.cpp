@@ -45,6 +45,7 @@ X11Desktop::X11Desktop()
         return;
     m_connection = x11->connection();
     m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    m_compositor = atom("_NET_WM_CM_S0");
 }
 
 void X11Desktop::bringHere(QWindow& window)
@@ -99,7 +100,7 @@ bool X11Desktop::blends() const
     if (!m_connection)
         return true;
     const auto owner = owned(xcb_get_selection_owner_reply(
-        m_connection, xcb_get_selection_owner(m_connection, atom("_NET_WM_CM_S0")), nullptr));
+        m_connection, xcb_get_selection_owner(m_connection, m_compositor), nullptr));
     return owner && owner->owner != XCB_NONE;
 }
 

@@ -30,6 +30,7 @@ private:
 
     xcb_connection_t* m_connection = nullptr; // Qt's own, so that requests keep their order
     std::uint32_t m_root = 0;
+    std::uint32_t m_compositor = 0; // the selection of whoever is one
 };
 
 } // namespace vesko
