@@ -23,6 +23,7 @@ Window {
     readonly property string said: control.fnHintVisible ? qsTranslate("Vesko", "Release Fn to finish")
         : status.errorMessage || withTarget(control.news || (rests.elapsed ? control.help : ""))
     readonly property bool pointedAt: pointer.containsMouse
+    readonly property bool restedOn: pointedAt && !pointer.pressed && !menuOpen
     // An error comes first.
     readonly property bool asks: inquiry.question !== undefined && !menuOpen && !status.errorMessage
 
@@ -64,6 +65,7 @@ Window {
         }
     }
     onSaidChanged: if (said && !above.item) above.setSource("PanelMessage.qml", { panel: panel })
+    onRestedOnChanged: rests.elapsed = false
     onMenuOpenChanged: menu.setSource(menuOpen ? "PanelMenu.qml" : "", { panel: panel })
     onShapesChanged: control.cut(shapes)
     onVisibleChanged: if (visible) control.cut(shapes)
@@ -215,9 +217,8 @@ Window {
         property bool elapsed: false
 
         interval: 700
-        running: pointer.containsMouse && !pointer.pressed && !panel.menuOpen
-        onRunningChanged: if (!pointer.containsMouse) elapsed = false
-        onTriggered: elapsed = true
+        running: panel.restedOn
+        onTriggered: rests.elapsed = true
     }
 
     // Made when they are wanted, which most of the time they are not.

@@ -96,6 +96,17 @@ class FloatingControl(BesideAnEditor):
         self.vesko.wait_for("ready")
         self.writes_on()
 
+    def test_it_tells_what_it_is_for_while_the_pointer_rests_on_it(self):
+        x, y = self.vesko.button.centre
+        hands.point(x - 2, y)
+        hands.point(x, y)
+        until("it tells how it is used", lambda: any(
+            words.startswith("Click once to record.") for words in self.vesko.shown()))
+        hands.point(x, y - 300)
+        until("it is silent again", lambda: not any(
+            words.startswith("Click once") for words in self.vesko.shown()))
+        self.nothing_was_recorded()
+
     def test_a_drag_moves_it_and_starts_nothing(self):
         x, y = self.vesko.button.centre
         hands.drag((x, y), (x - 300, y - 200))
