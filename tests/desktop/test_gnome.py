@@ -86,6 +86,15 @@ class Gnome(Dictations):
         self.begin()
         self.end(message=UNSEEN)
 
+    def test_the_control_can_be_clicked_and_leaves_the_focus(self):
+        with Mousepad() as editor:
+            hands.click(*self.vesko.button.centre)
+            self.vesko.wait_for("recording")
+            consent.give(editor)
+            hands.click(*self.vesko.button.centre)
+            self.delivered()
+            self.holds(editor, WORDS)
+
     def test_with_a_russian_layout(self):
         with Mousepad() as editor:
             hands.use_layout("ru")

@@ -20,13 +20,13 @@ CLIPBOARD = "imports.gi.St.Clipboard.get_default()"
 COPIED = "imports.gi.St.ClipboardType.CLIPBOARD"
 KEYS = "org.gnome.settings-daemon.plugins.media-keys"
 OWN_KEY = "/org/gnome/settings-daemon/plugins/media-keys/custom-keybindings/test/"
+POINTER = "global.get_pointer().slice(0, 2)"
 WINDOWS = "global.get_window_actors().map(actor => actor.meta_window)"
 TIMEOUT = 5000  # milliseconds for one answer
 PAUSE = 0.003  # seconds after each key: without any, the shell loses modifiers
 _EVDEV = 8  # a key's number in X less its number in the kernel
 _BUTTONS = {1: 0x110, 2: 0x112, 3: 0x111}  # as the kernel numbers them
 _SHIFT = 50
-_FAR = 5000.0  # further than any screen is wide
 
 _bus = None
 
@@ -130,10 +130,17 @@ class Devices:
         time.sleep(PAUSE)
 
     def point(self, x, y):
-        self._notify("NotifyPointerMotionRelative", "(dd)", -_FAR, -_FAR)
-        self._notify("NotifyPointerMotionRelative", "(dd)", float(x), float(y))
-        until("the pointer is there", lambda: evaluate("global.get_pointer().slice(0, 2)")
-              == [int(x), int(y)])
+        there = [int(x), int(y)]
+        here = evaluate(POINTER)
+        self._notify("NotifyPointerMotionRelative", "(dd)",
+                     *(float(to - at) for to, at in zip(there, here)))
+        until("the pointer is there", lambda: evaluate(POINTER) == there)
+        # A press before the shell has drawn the pointer there can be lost, for any program.
+        evaluate("const stage = global.stage; global.drawn = false; "
+                 "const drawing = stage.connect('after-paint', "
+                 "() => { stage.disconnect(drawing); global.drawn = true; }); "
+                 "stage.queue_redraw(); null")
+        until("the shell has drawn it there", lambda: evaluate("global.drawn"))
 
     def button(self, number, pressed):
         self._notify("NotifyPointerButton", "(ib)", _BUTTONS[number], pressed)
