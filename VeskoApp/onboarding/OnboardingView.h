@@ -26,7 +26,7 @@ class OnboardingView : public QObject {
     Q_PROPERTY(bool defaultEnabled READ defaultEnabled NOTIFY stepChanged)
     Q_PROPERTY(bool signedIn READ signedIn NOTIFY stepChanged)
     Q_PROPERTY(QString accountName READ accountName NOTIFY stepChanged)
-    Q_PROPERTY(QString gestureKey READ gestureKey CONSTANT) // the name on the key
+    Q_PROPERTY(QString gestureKey READ gestureKey CONSTANT) // the name on the key; empty for none
     Q_PROPERTY(QObject* permissions READ permissions CONSTANT)
     Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged) // empty for none
 

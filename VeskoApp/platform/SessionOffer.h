@@ -24,6 +24,10 @@ struct SessionOffer {
     bool floats = true; // a window can stay above others and leave the focus where it is
     bool pastes = true; // a paste shortcut can be typed into other programs
     bool asksToPaste = false; // the desktop may ask the user about that
+
+    // A key can be told to dictate as long as it is held: one that is seen, or one whose press and
+    // release the desktop is configured to pass on.
+    bool hasGesture() const { return allKeys || !shortcutLines.empty(); }
 };
 
 } // namespace vesko

@@ -48,6 +48,7 @@ class PreferencesView : public QObject {
     Q_PROPERTY(QString shortcutLines READ shortcutLines CONSTANT)
     Q_PROPERTY(QString learningAdvice READ learningAdvice CONSTANT)
     Q_PROPERTY(QString pasteAdvice READ pasteAdvice CONSTANT)
+    Q_PROPERTY(QString gestureAdvice READ gestureAdvice CONSTANT)
     Q_PROPERTY(QVariantList gestureKeys READ gestureKeys CONSTANT)
 
     Q_PROPERTY(bool onDevice READ onDevice NOTIFY changed)
@@ -124,6 +125,7 @@ public:
     QString shortcutLines() const;
     QString learningAdvice() const;
     QString pasteAdvice() const;
+    QString gestureAdvice() const;
     QVariantList gestureKeys() const;
 
     bool onDevice() const { return m_to.preferences.provider.get() == "apple"; }

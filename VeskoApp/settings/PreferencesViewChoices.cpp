@@ -115,9 +115,18 @@ QString PreferencesView::pasteAdvice() const
     return vesko::pasteAdvice(m_to.platform.offer);
 }
 
+QString PreferencesView::gestureAdvice() const
+{
+    const auto& offer = m_to.platform.offer;
+    return offer.hasGesture() ? QString() : keysAdvice(offer);
+}
+
 QVariantList PreferencesView::gestureKeys() const
 {
     QVariantList rows;
+    // Else it is the desktop's configuration that names the key.
+    if (!m_to.platform.offer.allKeys)
+        return rows;
     for (const auto key : { GestureKey::fn, GestureKey::rightControl, GestureKey::rightAlt,
              GestureKey::menu, GestureKey::pause, GestureKey::scrollLock })
         if (key != GestureKey::fn || m_to.platform.keys.reportsFn())

@@ -53,7 +53,8 @@ void AppDelegate::launch(bool background, const Demo& demo)
     setupStatusItem();
     observeStatusIcon();
     wireHotkeys();
-    m_captureControl.shortcutWords = [this] { return m_shortcut.words(); };
+    m_captureControl.shortcutWords
+        = [this] { return m_shortcut.offered() ? m_shortcut.words() : m_desktopKeys.keys(); };
     connect(
         &m_shortcut, &ShortcutChoice::changed, &m_captureControl, &CaptureControl::stateChanged);
     m_platform.runningInstance.onActivate = [this] { applicationShouldHandleReopen(); };

@@ -253,12 +253,16 @@ QString CaptureControl::help() const
     if (m_capture.isRecording())
         return translated(
             L10N_KEY("Vesko", "Click once to stop. Drag to move. Right-click for the menu."));
-    if (m_capture.phase() == Phase::idle)
-        return translated(
-            L10N_KEY("Vesko",
-                "Click once to record. Drag to move. Right-click for the menu. Shortcut: %1"))
-            .arg(shortcutWords());
-    return {};
+    if (m_capture.phase() != Phase::idle)
+        return {};
+    const QString keys = shortcutWords();
+    return keys.isEmpty()
+        ? translated(
+              L10N_KEY("Vesko", "Click once to record. Drag to move. Right-click for the menu."))
+        : translated(
+              L10N_KEY("Vesko",
+                  "Click once to record. Drag to move. Right-click for the menu. Shortcut: %1"))
+              .arg(keys);
 }
 
 QString CaptureControl::elapsed() const

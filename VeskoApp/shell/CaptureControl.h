@@ -76,7 +76,7 @@ public:
     std::function<void(const Uuid& id)> onOpenNote;
     // Where the pointer is now.
     std::function<QPointF()> pointer;
-    // What the shortcut is called.
+    // What the shortcut is called; empty without one.
     std::function<QString()> shortcutWords = [] { return QString(); };
     // Cuts the window to what can be seen of it, in rectangles with "x", "y", "width", "height" and
     // "radius": clicks beside these go to what lies below.

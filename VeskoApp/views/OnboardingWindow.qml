@@ -110,6 +110,7 @@ VeskoWindow {
                     visible: steps.shown === "howTo"
                     gestureKey: window.onboarding.gestureKey
                     shortcut: window.delegate.shortcut
+                    desktopKeys: window.delegate.desktopKeys
                     status: window.status
                 }
                 Column {

@@ -172,7 +172,9 @@ std::unique_ptr<QWindow> makeOnboarding(QQmlEngine& engine, QVariantMap properti
     auto& accounts = model.accounts();
     auto view = std::make_unique<OnboardingView>(
         delegate.permissions(),
-        shownName(model.preferences().gestureKey(platform.keys.reportsFn())),
+        platform.offer.allKeys
+            ? shownName(model.preferences().gestureKey(platform.keys.reportsFn()))
+            : QString(),
         OnboardingView::Account{ .flow =
                                      [&accounts] {
                                          return OnboardingFlow{ .accountRequired

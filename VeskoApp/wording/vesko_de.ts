@@ -1817,6 +1817,14 @@
         <translation>Umschalt</translation>
     </message>
     <message>
+        <source>Press %1 and speak</source>
+        <translation>%1 drücken und sprechen</translation>
+    </message>
+    <message>
+        <source>Press again to finish. Vesko pastes into the field you started in.</source>
+        <translation>Nochmals drücken beendet. Vesko fügt den Text in das Feld ein, in dem Sie begonnen haben.</translation>
+    </message>
+    <message>
         <source>Or press %1</source>
         <translation>Oder %1 drücken</translation>
     </message>
@@ -1867,6 +1875,10 @@
     <message>
         <source>This desktop has no accessibility bus, so nothing was turned on. Install the package at-spi2-core, and start the session anew.</source>
         <translation>Dieser Desktop hat keinen Barrierefreiheits-Bus, daher wurde nichts eingeschaltet. Installieren Sie das Paket at-spi2-core und beginnen Sie die Sitzung neu.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu.</source>
+        <translation>Einmal klicken nimmt auf. Ziehen verschiebt. Rechtsklick für das Menü.</translation>
     </message>
     <message>
         <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>

@@ -1817,6 +1817,14 @@
         <translation>Mayús</translation>
     </message>
     <message>
+        <source>Press %1 and speak</source>
+        <translation>Pulse %1 y hable</translation>
+    </message>
+    <message>
+        <source>Press again to finish. Vesko pastes into the field you started in.</source>
+        <translation>Vuelva a pulsar para terminar. Vesko pega en el campo en el que empezó.</translation>
+    </message>
+    <message>
         <source>Or press %1</source>
         <translation>O pulse %1</translation>
     </message>
@@ -1867,6 +1875,10 @@
     <message>
         <source>This desktop has no accessibility bus, so nothing was turned on. Install the package at-spi2-core, and start the session anew.</source>
         <translation>Este escritorio no tiene bus de accesibilidad, así que no se ha activado nada. Instale el paquete at-spi2-core y vuelva a iniciar la sesión.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu.</source>
+        <translation>Un clic para grabar. Arrastre para mover. Clic derecho para el menú.</translation>
     </message>
     <message>
         <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>

@@ -1817,6 +1817,14 @@
         <translation>Maj</translation>
     </message>
     <message>
+        <source>Press %1 and speak</source>
+        <translation>Appuyez sur %1 et parlez</translation>
+    </message>
+    <message>
+        <source>Press again to finish. Vesko pastes into the field you started in.</source>
+        <translation>Appuyez à nouveau pour terminer. Vesko colle dans le champ où vous avez commencé.</translation>
+    </message>
+    <message>
         <source>Or press %1</source>
         <translation>Ou appuyez sur %1</translation>
     </message>
@@ -1867,6 +1875,10 @@
     <message>
         <source>This desktop has no accessibility bus, so nothing was turned on. Install the package at-spi2-core, and start the session anew.</source>
         <translation>Ce bureau n’a pas de bus d’accessibilité, rien n’a donc été activé. Installez le paquet at-spi2-core et relancez la session.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu.</source>
+        <translation>Un clic pour enregistrer. Glissez pour déplacer. Clic droit pour le menu.</translation>
     </message>
     <message>
         <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>

@@ -1821,6 +1821,14 @@
         <translation>Shift</translation>
     </message>
     <message>
+        <source>Press %1 and speak</source>
+        <translation>Нажмите %1 и говорите</translation>
+    </message>
+    <message>
+        <source>Press again to finish. Vesko pastes into the field you started in.</source>
+        <translation>Нажмите ещё раз, чтобы закончить. Vesko вставит текст в поле, с которого вы начали.</translation>
+    </message>
+    <message>
         <source>Or press %1</source>
         <translation>Или нажмите %1</translation>
     </message>
@@ -1871,6 +1879,10 @@
     <message>
         <source>This desktop has no accessibility bus, so nothing was turned on. Install the package at-spi2-core, and start the session anew.</source>
         <translation>На этом рабочем столе нет шины специальных возможностей, поэтому ничего не включено. Установите пакет at-spi2-core и начните сеанс заново.</translation>
+    </message>
+    <message>
+        <source>Click once to record. Drag to move. Right-click for the menu.</source>
+        <translation>Нажмите один раз, чтобы начать запись. Перетащите, чтобы переместить. Меню — по щелчку правой кнопкой.</translation>
     </message>
     <message>
         <source>Click once to record. Drag to move. Right-click for the menu. Shortcut: %1</source>

@@ -17,6 +17,7 @@ from lib.waiting import until  # noqa: E402
 
 ADVICE = ("GNOME gives programs no shortcuts of their own, but Vesko can add one to its settings: "
           "see “Capture and insertion” in the settings of Vesko.")
+NO_KEYS = "GNOME shows no program the keys that are pressed in another one."
 
 
 class Gnome(Dictations):
@@ -108,13 +109,28 @@ class Gnome(Dictations):
 class Shortcut(unittest.TestCase):
     """The one that Vesko adds to the desktop's settings."""
 
-    def setUp(self):
-        settings.write(firstLaunchDone=True, onboardingCompleted=True, provider="apple")
-        self.vesko = Vesko(VESKO_DEMO_SCENE="settings")
+    def start(self, *arguments, done, **environment):
+        settings.write(firstLaunchDone=done, onboardingCompleted=done, provider="apple")
+        self.vesko = Vesko(arguments=arguments, **environment)
         self.addCleanup(self.vesko.kill)
-        self.vesko.settings_page("Capture and insertion")
+
+    def test_the_first_run_adds_it_and_offers_no_key_that_could_not_be_seen(self):
+        before = gnome.own_keys()
+        self.addCleanup(gnome.set_key, gnome.KEYS, "custom-keybindings",
+                        gnome.key(gnome.KEYS, "custom-keybindings"))
+        self.start(done=False)
+        self.vesko.press("push button", "Get started")
+        self.vesko.wait_to_find("push button", "Add Super+Alt+Space")
+        self.assertIsNone(self.vesko.find(None, "Hold the key and speak"))
+        self.vesko.press("push button", "Add Super+Alt+Space")
+        until("the shell listens to it", lambda: gnome.own_keys() == before + 1)
+        self.vesko.wait_to_find(None, "Press Super+Alt+Space and speak")
 
     def test_vesko_adds_one_that_works_and_takes_it_away_again(self):
+        self.start(done=True, VESKO_DEMO_SCENE="settings")
+        self.vesko.settings_page("Capture and insertion")
+        self.vesko.wait_to_find(None, NO_KEYS)
+        self.assertIsNone(self.vesko.find(None, "Also use a single key to start and stop"))
         before = gnome.own_keys()
         self.vesko.wait_to_find("paragraph", ADVICE)
         self.vesko.press("push button", "Add Super+Alt+Space")

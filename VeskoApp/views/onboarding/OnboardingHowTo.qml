@@ -4,9 +4,11 @@ import QtQuick
 Column {
     id: steps
 
-    required property string gestureKey
+    required property string gestureKey // empty where none can be used
     required property var shortcut
+    required property var desktopKeys
     required property var status
+    readonly property string keys: shortcut.offered ? shortcut.words : desktopKeys.keys
 
     spacing: 22
 
@@ -25,6 +27,7 @@ Column {
         OnboardingCard {
             width: parent.width
             lead: 128
+            visible: steps.gestureKey.length > 0
             keys: steps.gestureKey
             title: qsTranslate("Vesko", "Hold Fn and speak")
             text: qsTranslate("Vesko", "Release to finish. Vesko pastes into the field you started in.")
@@ -32,6 +35,7 @@ Column {
         OnboardingCard {
             width: parent.width
             lead: 128
+            visible: steps.gestureKey.length > 0
             keys: steps.gestureKey
             title: qsTranslate("Vesko", "Tap Fn for longer thoughts")
             text: qsTranslate("Vesko", "Recording keeps going hands-free. Tap Fn again to finish.")
@@ -39,17 +43,22 @@ Column {
         OnboardingCard {
             width: parent.width
             lead: 128
-            visible: steps.shortcut.offered
-            keys: steps.shortcut.words
-            title: qsTranslate("Vesko", "Or press %1").arg(steps.shortcut.words)
-            text: qsTranslate("Vesko", "Works the same way when Fn is busy.")
+            visible: steps.keys.length > 0
+            keys: steps.keys
+            title: (steps.gestureKey ? qsTranslate("Vesko", "Or press %1") : qsTranslate("Vesko", "Press %1 and speak")).arg(steps.keys)
+            text: steps.gestureKey ? qsTranslate("Vesko", "Works the same way when Fn is busy.") : qsTranslate("Vesko", "Press again to finish. Vesko pastes into the field you started in.")
         }
         Words {
             width: parent.width
             visible: text.length > 0
-            text: steps.shortcut.refusal || steps.status.shortcutMessage
-            color: Theme.alarm
+            text: steps.desktopKeys.refusal || steps.shortcut.refusal || steps.status.shortcutMessage
+            color: steps.shortcut.offered || steps.desktopKeys.refusal ? Theme.alarm : Theme.text
             wrapMode: Text.Wrap
+        }
+        PushButton {
+            visible: steps.desktopKeys.offered && !steps.desktopKeys.keys
+            text: qsTranslate("Vesko", "Add %1").arg(steps.desktopKeys.suggestion)
+            onClicked: steps.desktopKeys.add()
         }
         ShortcutField {
             visible: steps.shortcut.offered && (steps.status.shortcutMessage.length > 0 || steps.shortcut.listening)

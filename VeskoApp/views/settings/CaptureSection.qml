@@ -45,6 +45,7 @@ Section {
     }
     SettingSwitch {
         width: parent.width
+        visible: !section.preferences.gestureAdvice
         text: qsTranslate("Vesko", "Also use Fn / Globe to start and stop")
         note: fnNote.text
         value: section.preferences.fnEnabled
@@ -52,7 +53,7 @@ Section {
     }
     SettingPicker {
         width: parent.width
-        visible: section.preferences.fnEnabled
+        visible: section.preferences.fnEnabled && choices.length > 0
         name: qsTranslate("Vesko", "Dictation key")
         choices: section.preferences.gestureKeys
         value: section.preferences.gestureKey
@@ -62,7 +63,7 @@ Section {
         id: fnNote
 
         width: parent.width
-        text: qsTranslate("Vesko", "Fn starts recording when pressed. Tap to keep recording, or hold for 0.35 seconds and release to finish. A second tap stops a latched recording. Fn combinations do not send audio for transcription. Set Fn/Globe to Do Nothing in System Settings > Keyboard if macOS opens its own dictation or emoji picker.")
+        text: section.preferences.gestureAdvice || qsTranslate("Vesko", "Fn starts recording when pressed. Tap to keep recording, or hold for 0.35 seconds and release to finish. A second tap stops a latched recording. Fn combinations do not send audio for transcription. Set Fn/Globe to Do Nothing in System Settings > Keyboard if macOS opens its own dictation or emoji picker.")
     }
     SettingSwitch {
         width: parent.width

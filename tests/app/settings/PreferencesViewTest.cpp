@@ -249,6 +249,24 @@ TEST_F(PreferencesViewTest, theKeyOfTheGestureIsChosen)
     EXPECT_EQ(column(view->gestureKeys(), "name").front(), "Function key");
 }
 
+TEST_F(PreferencesViewTest, aKeyIsOfferedOnlyWhereTheSessionShowsOne)
+{
+    open();
+    EXPECT_TRUE(view->gestureAdvice().isEmpty());
+    EXPECT_FALSE(view->gestureKeys().isEmpty());
+    // A desktop whose configuration passes a key of the user's choice on.
+    machine.all.offer.desktop = "sway";
+    machine.all.offer.allKeys = false;
+    machine.all.offer.shortcutLines = "bindsym Pause exec vesko --press";
+    EXPECT_TRUE(view->gestureAdvice().isEmpty());
+    EXPECT_TRUE(view->gestureKeys().isEmpty());
+    // One that passes none on.
+    machine.all.offer.desktop = "GNOME";
+    machine.all.offer.shortcutLines.clear();
+    EXPECT_EQ(view->gestureAdvice().toStdString(),
+        "GNOME shows no program the keys that are pressed in another one.");
+}
+
 TEST_F(PreferencesViewTest, whatTheFormDependsOnFollowsTheSettings)
 {
     open();

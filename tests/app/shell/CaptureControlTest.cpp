@@ -256,6 +256,8 @@ TEST_F(CaptureControlTest, ItSaysWhatAClickDoes)
 {
     open();
     EXPECT_EQ(control->name(), QStringLiteral("Start dictation"));
+    EXPECT_EQ(control->help().toStdString(),
+        "Click once to record. Drag to move. Right-click for the menu.");
     control->shortcutWords = [] { return QStringLiteral("Ctrl+Alt+D"); };
     EXPECT_EQ(control->help().toStdString(),
         "Click once to record. Drag to move. Right-click for the menu. Shortcut: Ctrl+Alt+D");

@@ -72,6 +72,11 @@ def set_key(schema, key, value):
     subprocess.run(["gsettings", "set", schema, key, value], check=True)
 
 
+def key(schema, key):
+    return subprocess.run(["gsettings", "get", schema, key], check=True, stdout=subprocess.PIPE,
+                          text=True).stdout.strip()
+
+
 def own_keys():
     """How many keys of others' the shell listens to."""
     return evaluate("Main.shellDBusService._grabbedAccelerators.size")
