@@ -83,6 +83,21 @@ protected:
     }
     void look(const std::string& name) const { look(*shown, name); }
 
+    // The one that can be seen and has such a property: with "maximumLength" a line that is edited,
+    // with "textDocument" more than a line.
+    QQuickItem& itemWith(const char* property) const
+    {
+        std::vector<QQuickItem*> all{ shown->contentItem() };
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            if (all[i]->isVisible() && all[i]->property("text").toString().startsWith(u"word0")
+                && all[i]->property(property).isValid())
+                return *all[i];
+            for (auto* child : all[i]->childItems())
+                all.push_back(child);
+        }
+        throw std::runtime_error(property);
+    }
+
     // Each sheet, menu and list of choices that the window has, one after the other; how many.
     int lookAtPopups(const std::string& name) const
     {
@@ -195,6 +210,33 @@ TEST_P(WindowsTest, libraryHasRoom)
     look("library-error");
     shown->resize(smallest);
     look("library-small");
+}
+
+TEST_P(WindowsTest, aLongNoteIsReadFromItsBeginningInLinesThatTheEyeFinds)
+{
+    std::string words;
+    for (int number = 0; number < 100; ++number)
+        words += "word" + std::to_string(number) + ' ';
+    const auto note = [&] {
+        LibraryStore store(root(), machine.clock);
+        const auto made = store.createNote(NoteKind::text, std::nullopt);
+        store.editNote(made.id, words, words, std::nullopt);
+        return made.id;
+    }();
+    open();
+    delegate->showLibrary();
+    shown->resize(2400, 1200);
+    model->selection().setSelectedNoteID(note);
+    look("library-wide");
+    auto& title = itemWith("maximumLength");
+    QRectF first;
+    ASSERT_TRUE(QMetaObject::invokeMethod(
+        &title, "positionToRectangle", Q_RETURN_ARG(QRectF, first), Q_ARG(int, 0)));
+    EXPECT_GE(first.x(), 0);
+    EXPECT_GT(title.property("contentWidth").toDouble(), title.width());
+    const auto& text = itemWith("textDocument");
+    EXPECT_LT(text.width(), 750);
+    EXPECT_GT(text.mapToScene({}).x(), 900);
 }
 
 TEST_P(WindowsTest, dictionaryHasRoom)
