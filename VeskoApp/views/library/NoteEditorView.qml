@@ -183,7 +183,7 @@ Item {
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
-        contentHeight: recordings.y + recordings.height + 32
+        contentHeight: recordings.visible ? recordings.y + recordings.height + 32 : body.height + 40
 
         T.TextArea {
             id: body

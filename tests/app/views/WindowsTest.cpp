@@ -237,6 +237,8 @@ TEST_P(WindowsTest, aLongNoteIsReadFromItsBeginningInLinesThatTheEyeFinds)
     const auto& text = itemWith("textDocument");
     EXPECT_LT(text.width(), 750);
     EXPECT_GT(text.mapToScene({}).x(), 900);
+    const auto* const page = text.parentItem()->parentItem();
+    EXPECT_LE(page->property("contentHeight").toDouble(), page->height());
 }
 
 TEST_P(WindowsTest, dictionaryHasRoom)
