@@ -245,7 +245,7 @@ VeskoWindow {
         iconName: "search"
         onAccepted: sidebar.chooseFirst()
         Keys.onDownPressed: sidebar.move(1)
-        Keys.onEscapePressed: clear()
+        Keys.onEscapePressed: text ? clear() : window.close()
     }
     Rectangle {
         anchors.top: parent.top
@@ -276,6 +276,7 @@ VeskoWindow {
         search: search.text
         onPageChosen: page => window.current = page
         onRowChosen: (page, row) => window.goTo(page, row)
+        Keys.onEscapePressed: window.close()
     }
     ScrollPage {
         id: view
@@ -287,6 +288,7 @@ VeskoWindow {
         contentHeight: form.height
         Accessible.role: Accessible.Form
         Accessible.name: window.current.name
+        Keys.onEscapePressed: window.close()
 
         Column {
             id: form

@@ -233,6 +233,26 @@ class SettingsWindow(unittest.TestCase):
         self.comes_to(SWITCH, "Launch at login")
         self.vesko.wait_to_find(ROW, SPEECH)  # the search is over
 
+    def test_escape_ends_a_list_of_choices_then_a_search_then_closes_the_window(self):
+        self.vesko.tab_to(CHOICE, "Transcribe with")
+        hands.tap("space")
+        self.vesko.wait_to_find(ROW, "On-device")
+        hands.tap("escape")
+        until("the list is gone", lambda: not self.vesko.find(ROW, "On-device"))
+        self.search("login")
+        self.vesko.wait_to_find(ROW, "Launch at login")
+        hands.tap("escape")
+        self.vesko.wait_to_find(ROW, SPEECH)
+        self.escape_closes()
+
+    def test_escape_closes_the_window_from_a_page_too(self):
+        self.vesko.tab_to(CHOICE, "Transcribe with")
+        self.escape_closes()
+
+    def escape_closes(self):
+        hands.tap("escape")
+        until("the window is gone", lambda: not self.vesko.find("frame", "Vesko Settings"))
+
     def test_a_search_finds_by_the_hint_and_by_the_page(self):
         for words, row, control in (
                 ("bluetooth clipboard", None, None),

@@ -22,6 +22,10 @@ QtObject {
         walk(steps[event.key]);
         return true;
     }
+    // Whether the key types a letter that begins a word: Escape and Delete have a text as well.
+    function isLetter(event): bool {
+        return /^[^\s\x00-\x1f\x7f]/.test(event.text) && !(event.modifiers & ~Qt.ShiftModifier);
+    }
     // Whether the key asks for what the right button shows.
     function isMenu(event): bool {
         return event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;

@@ -54,7 +54,7 @@ T.ComboBox {
     Keys.onPressed: event => {
         if (ListKeys.move(event, 10, steps => control.walk(steps))) {
             event.accepted = true;
-        } else if (event.text.trim().length > 0 && !(event.modifiers & ~Qt.ShiftModifier)) {
+        } else if (ListKeys.isLetter(event)) {
             event.accepted = true;
             if (searchable) {
                 open();
@@ -196,7 +196,7 @@ T.ComboBox {
                                || event.key === Qt.Key_Space && !search.activeFocus) {
                         event.accepted = true;
                         control.choose(rows.placeOf(list.currentIndex));
-                    } else if (!search.activeFocus && event.text.trim().length > 0) {
+                    } else if (!search.activeFocus && ListKeys.isLetter(event)) {
                         const place = rows.nextFrom(rows.placeOf(list.currentIndex), event.text);
                         if (place >= 0)
                             list.currentIndex = rows.rowOf(place);

@@ -217,6 +217,17 @@ TEST_F(PickerTest, WalksThroughItsChoicesWhileItIsClosed)
     EXPECT_EQ(activations(), 4);
 }
 
+TEST_F(PickerTest, TakesKeysThatTypeNothingForNoLetter)
+{
+    for (const auto key : { Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete }) {
+        press(key);
+        drainEvents();
+        EXPECT_FALSE(open()) << key;
+    }
+    type("g");
+    ASSERT_TRUE(eventually([&] { return open(); }));
+}
+
 TEST_F(PickerTest, GoesToTheNextWithThatLetterWhereThereAreFew)
 {
     window->setProperty("rows", languages().mid(0, 4));
