@@ -8,6 +8,7 @@
 #include "VeskoApp/settings/GestureKeyNames.h"
 #include "VeskoApp/settings/PreferencesView.h"
 #include "VeskoApp/views/IconProvider.h"
+#include "VeskoApp/views/LateListener.h"
 #include "VeskoApp/views/StepAside.h"
 
 #include <QElapsedTimer>
@@ -208,6 +209,7 @@ void prepareViews(QQmlEngine& engine)
         QFont::insertSubstitution(family, QStringLiteral("Noto Color Emoji"));
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
+    new LateListener(&engine);
     // Whoever makes the control soon finds it loaded, or waits for the rest only.
     new QQmlComponent(&engine, sourceOf(capturePanel), QQmlComponent::Asynchronous, &engine);
 }

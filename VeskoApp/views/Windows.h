@@ -8,8 +8,8 @@ class QQmlEngine;
 
 namespace vesko {
 
-// Prepares an engine for the program's windows, and begins to load the floating control beside the
-// caller. None of the others is loaded by it.
+// Prepares an engine for the program's windows, once in a process, and begins to load the floating
+// control beside the caller. None of the others is loaded by it.
 void prepareViews(QQmlEngine& engine);
 // Makes the floating control, hidden. Throws std::runtime_error when the installation is broken.
 std::unique_ptr<QWindow> makeCapturePanel(
