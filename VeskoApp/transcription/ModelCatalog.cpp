@@ -19,14 +19,20 @@ void ModelCatalog::refresh()
         return;
     assign(*this, m_loading, true, &ModelCatalog::loadingChanged);
     assign(*this, m_message, {}, &ModelCatalog::messageChanged);
-    m_tasks.spawn(load());
+    m_tasks->spawn(load());
+}
+
+void ModelCatalog::cancel()
+{
+    m_tasks.emplace();
+    assign(*this, m_loading, false, &ModelCatalog::loadingChanged);
 }
 
 Task<> ModelCatalog::load()
 {
     const LoadedModels loadedSTT, loadedText;
-    m_tasks.spawn(loadModels(m_sttNetwork, true, loadedSTT));
-    m_tasks.spawn(loadModels(m_textNetwork, false, loadedText));
+    m_tasks->spawn(loadModels(m_sttNetwork, true, loadedSTT));
+    m_tasks->spawn(loadModels(m_textNetwork, false, loadedText));
     auto stt = co_await loadedSTT;
     auto text = co_await loadedText;
     std::string message = L10N_KEY(

@@ -25,6 +25,8 @@ public:
 
     // Loads both lists anew, unless that is under way. Both change, or neither.
     Q_INVOKABLE void refresh();
+    // Gives up what refresh() began; the lists stay as they were.
+    Q_INVOKABLE void cancel();
 
     // Empty until loaded.
     const std::vector<ProviderModel>& sttModels() const { return m_sttModels; }
@@ -52,7 +54,7 @@ private:
     // Last, so that tasks end before what they use.
     Worker m_sttNetwork; // the two lists are loaded at the same time
     Worker m_textNetwork;
-    TaskScope m_tasks;
+    std::optional<TaskScope> m_tasks{ std::in_place };
 };
 
 } // namespace vesko

@@ -93,10 +93,19 @@ Column {
             width: parent.width
             text: qsTranslate("Vesko", "Adds a separate paid request. With Apple speech, only the transcript is sent for cleanup. The original transcript stays available.")
         }
-        PushButton {
-            text: sections.preferences.catalogTitle
-            enabled: !sections.catalog.loading
-            onClicked: sections.catalog.refresh()
+        Row {
+            spacing: Theme.space
+
+            PushButton {
+                text: sections.preferences.catalogTitle
+                enabled: !sections.catalog.loading
+                onClicked: sections.catalog.refresh()
+            }
+            PushButton {
+                visible: sections.catalog.loading
+                text: qsTranslate("Vesko", "Cancel")
+                onClicked: sections.catalog.cancel()
+            }
         }
         SettingNote {
             width: parent.width

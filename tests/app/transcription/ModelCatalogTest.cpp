@@ -133,6 +133,19 @@ TEST_F(ModelCatalogTest, BothListsAreLoadedAndShown)
     EXPECT_FALSE(model->catalog().loading());
 }
 
+TEST_F(ModelCatalogTest, LoadingIsGivenUpAndBegunAgain)
+{
+    open();
+    load({ "Whisper" }, { "Text" });
+    refresh();
+    model->catalog().cancel();
+    EXPECT_FALSE(model->catalog().loading());
+    EXPECT_EQ(model->catalog().message(), "");
+    EXPECT_THAT(names(model->catalog().textModels()), ElementsAre("Text"));
+    load({ "Whisper" }, { "Other" });
+    EXPECT_THAT(names(model->catalog().textModels()), ElementsAre("Other"));
+}
+
 TEST_F(ModelCatalogTest, BothAreAskedForAtTheSameTime)
 {
     open();
