@@ -28,6 +28,10 @@ namespace {
 
 constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
 constexpr std::uint32_t fromAnApplication = 1;
+// WM_HINTS: flags first, the leader of the window's group last.
+// https://x.org/releases/X11R7.6/doc/xorg-docs/specs/ICCCM/icccm.html#wm_hints_property
+using WindowHints = std::array<std::uint32_t, 9>;
+constexpr std::uint32_t hasGroup = 64;
 constexpr std::uint32_t mostAbilities = 1024; // of a window manager; real ones name some hundred
 
 template <class T>
@@ -91,6 +95,24 @@ void X11Desktop::floatEverywhere(QWindow& window)
         atom("_NET_WM_WINDOW_TYPE_UTILITY") };
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, atom("_NET_WM_WINDOW_TYPE"),
         XCB_ATOM_ATOM, 32, kinds.size(), kinds.data());
+    makeOwnGroup(id);
+}
+
+// KWin hides such windows while nothing of their group is in use, but not one that is a group of
+// its own.
+void X11Desktop::makeOwnGroup(std::uint32_t window) const
+{
+    const auto hints = owned(xcb_get_property_reply(m_connection,
+        xcb_get_property(m_connection, 0, window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 0,
+            std::tuple_size_v<WindowHints>),
+        nullptr));
+    WindowHints values{};
+    if (hints && xcb_get_property_value_length(hints.get()) == sizeof values)
+        std::memcpy(values.data(), xcb_get_property_value(hints.get()), sizeof values);
+    values.front() |= hasGroup;
+    values.back() = window;
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_HINTS,
+        XCB_ATOM_WM_HINTS, 32, values.size(), values.data());
 }
 
 // Asked anew each time, as a compositor may come and go. Its selection has the screen's number, and

@@ -25,6 +25,7 @@ public:
 
 private:
     bool managerKeepsAbove() const;
+    void makeOwnGroup(std::uint32_t window) const;
     std::uint32_t atom(const char* name) const;
     std::uint32_t cardinal(std::uint32_t window, const char* property, std::uint32_t absent) const;
 

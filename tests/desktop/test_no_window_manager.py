@@ -104,16 +104,27 @@ class NoWindowManager(unittest.TestCase):
 
 
 class UnderKWin(unittest.TestCase):
-    """Which takes a window that comes without the focus for one that wants it."""
-
-    def test_the_control_demands_no_attention(self):
+    def setUp(self):
         settings.write(provider="apple", firstLaunchDone=True, onboardingCompleted=True)
-        editor = subprocess.Popen(["mousepad", "--disable-server"])
-        self.addCleanup(editor.kill)
+        self.editor = subprocess.Popen(["mousepad", "--disable-server"])
+        self.addCleanup(self.editor.kill)
         manager = subprocess.Popen(["kwin_x11"], stderr=subprocess.DEVNULL)
         self.addCleanup(manager.wait)
         self.addCleanup(manager.kill)
-        until("the editor is in use", lambda: eyes.active_pid() == editor.pid)
+        until("the editor is in use", lambda: eyes.active_pid() == self.editor.pid)
+
+    # It hides the tools of a program that is not in use.
+    def test_the_control_stays_when_another_program_is_in_use(self):
+        with Vesko(arguments=()) as vesko:
+            pid = vesko.process.pid
+            until("the library is in use", lambda: eyes.active_pid() == pid)
+            control = next(window for window in eyes.windows(pid) if window != eyes.active_window())
+            eyes.raise_window(self.editor.pid)
+            human_pause(0.5)  # it would be hidden by then
+            self.assertTrue(eyes.viewable(control))
+
+    # It takes a window that comes without the focus for one that wants it.
+    def test_the_control_demands_no_attention(self):
         with Vesko() as vesko:
             control = until("the control is shown", lambda: eyes.windows(vesko.process.pid))[0]
             until("KWin has told its state", lambda: "_NET_WM_STATE_STAYS_ON_TOP"
