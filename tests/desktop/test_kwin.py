@@ -36,6 +36,15 @@ class KWin(unittest.TestCase):
             until("the text stands in the editor", lambda: editor.text == clipboard.read())
             self.assertTrue(voice.is_understood(voice.BROTHER, editor.text))
 
+    def test_the_control_can_be_clicked_and_leaves_the_focus(self):
+        with Mousepad() as editor:
+            hands.click(*self.vesko.button.centre)
+            self.vesko.wait_for("recording")
+            voice.say(voice.BROTHER)
+            hands.click(*self.vesko.button.centre)
+            self.vesko.wait_for_text(SENT)
+            until("the text stands in the editor", lambda: editor.text == clipboard.read())
+
     def test_the_doctor_tells_whose_the_shortcut_is_and_who_types(self):
         report = subprocess.run([BINARY, "--doctor"], stdout=subprocess.PIPE, text=True,
                                 check=False).stdout
