@@ -22,6 +22,7 @@ struct SessionOffer {
     bool keepsShortcuts = false; // the desktop, whose settings the program can add one to
     bool allKeys = true; // keys other than the shortcut are seen, Return among them
     bool floats = true; // a window can stay above others and leave the focus where it is
+    bool copies = true; // text can be copied while another program is in use
     bool pastes = true; // a paste shortcut can be typed into other programs
     bool asksToPaste = false; // the desktop may ask the user about that
 

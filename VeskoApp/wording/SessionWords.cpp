@@ -60,6 +60,11 @@ QString learningAdvice(const SessionOffer& session)
 
 QString pasteAdvice(const SessionOffer& session)
 {
+    if (!session.copies)
+        return sentence(L10N_KEY("Vesko",
+                            "Without Xwayland %1 lets Vesko copy and paste nothing while another "
+                            "program is in use. The text is in your note."),
+            session);
     if (session.pastes && session.asksToPaste)
         return sentence(L10N_KEY("Vesko",
                             "When you dictate into another program, %1 asks whether Vesko may "

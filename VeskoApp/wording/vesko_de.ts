@@ -1222,6 +1222,10 @@
         <translation>%1 zeigt keinem Programm die Tasten, die in einem anderen gedrückt werden.</translation>
     </message>
     <message>
+        <source>Without Xwayland %1 lets Vesko copy and paste nothing while another program is in use. The text is in your note.</source>
+        <translation>Ohne Xwayland lässt %1 Vesko nichts kopieren und einfügen, solange ein anderes Programm benutzt wird. Der Text steht in Ihrer Notiz.</translation>
+    </message>
+    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>Unter %1 kann Vesko nicht in andere Programme einfügen. Der Text wird kopiert, und Sie fügen ihn selbst ein.</translation>
     </message>

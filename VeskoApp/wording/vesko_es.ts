@@ -1222,6 +1222,10 @@
         <translation>%1 no muestra a ningún programa las teclas que se pulsan en otro.</translation>
     </message>
     <message>
+        <source>Without Xwayland %1 lets Vesko copy and paste nothing while another program is in use. The text is in your note.</source>
+        <translation>Sin Xwayland, %1 no deja que Vesko copie ni pegue mientras se usa otro programa. El texto está en su nota.</translation>
+    </message>
+    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>En %1 Vesko no puede pegar en otros programas. El texto se copia y usted lo pega.</translation>
     </message>

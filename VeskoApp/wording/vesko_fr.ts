@@ -1222,6 +1222,10 @@
         <translation>%1 ne montre à aucun programme les touches pressées dans un autre.</translation>
     </message>
     <message>
+        <source>Without Xwayland %1 lets Vesko copy and paste nothing while another program is in use. The text is in your note.</source>
+        <translation>Sans Xwayland, %1 ne laisse Vesko rien copier ni coller tant qu’un autre programme est utilisé. Le texte est dans votre note.</translation>
+    </message>
+    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>Sous %1, Vesko ne peut pas coller dans d’autres programmes. Le texte est copié et vous le collez vous-même.</translation>
     </message>

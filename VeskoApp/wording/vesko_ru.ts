@@ -1229,6 +1229,10 @@
         <translation>%1 не показывает программам клавиши, нажатые в других программах.</translation>
     </message>
     <message>
+        <source>Without Xwayland %1 lets Vesko copy and paste nothing while another program is in use. The text is in your note.</source>
+        <translation>Без Xwayland %1 не даёт Vesko ничего копировать и вставлять, пока используется другая программа. Текст — в вашей заметке.</translation>
+    </message>
+    <message>
         <source>On %1 Vesko can't paste into other programs. Text is copied, and you paste it yourself.</source>
         <translation>Здесь, где рабочий стол — %1, Vesko не может вставлять текст в другие программы. Текст копируется, и вы вставляете его сами.</translation>
     </message>

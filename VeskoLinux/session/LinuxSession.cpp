@@ -140,8 +140,10 @@ public:
             clipboard = std::move(own);
         } else {
             clipboard = std::make_unique<QtClipboard>();
+            m_copies = false;
         }
-        m_typist = typistOf(*m_connection);
+        if (m_copies)
+            m_typist = typistOf(*m_connection);
         if (m_typist == Typist::virtualKeyboard)
             pasteKeystroke = std::make_unique<VirtualKeyboardPaste>(*m_connection, state);
         else if (m_typist == Typist::portal)
@@ -167,6 +169,7 @@ public:
         }
         offer.allKeys = false;
         offer.floats = throughX11();
+        offer.copies = m_copies;
         offer.pastes = m_typist != Typist::nobody;
         offer.asksToPaste = m_typist == Typist::portal;
     }
@@ -176,6 +179,7 @@ private:
     static bool throughX11() { return QGuiApplication::platformName() == QLatin1String("xcb"); }
 
     std::unique_ptr<WaylandConnection> m_connection;
+    bool m_copies = true;
     Typist m_typist = Typist::nobody;
 };
 
@@ -191,6 +195,9 @@ std::string LinuxSession::summary()
     const WaylandConnection connection;
     if (!connection.works())
         return "X11";
+    const bool hasOwn = DataControlClipboard::offered(connection);
+    if (!hasOwn && !qEnvironmentVariableIsSet("DISPLAY"))
+        return "Wayland; nothing can be copied or pasted while another program is in use";
     std::string words = "Wayland; ";
     switch (typistOf(connection)) {
     case Typist::virtualKeyboard:
@@ -203,9 +210,7 @@ std::string LinuxSession::summary()
         words += "nothing can be pasted";
         break;
     }
-    return words
-        + (DataControlClipboard::offered(connection) ? "; clipboard by data-control"
-                                                     : "; clipboard by its own windows");
+    return words + (hasOwn ? "; clipboard by data-control" : "; clipboard by its own windows");
 }
 
 LinuxSession::LinuxSession(EventClock& clock, SettingsStore& settings, const SessionState& state)

@@ -9,7 +9,7 @@ import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from lib import cases, clipboard, eyes, hands, settings  # noqa: E402
+from lib import cases, clipboard, eyes, gnome, hands, settings  # noqa: E402
 from lib.programs import Mousepad  # noqa: E402
 from lib.service import OpenRouter  # noqa: E402
 from lib.vesko import deployed, install_key  # noqa: E402
@@ -44,11 +44,15 @@ class Alone(unittest.TestCase):
             clipboard.write("what was copied before")
             self.command("--start")
             until("Vesko records", lambda: "Recording" in self.command("--status"))
-            human_pause(0.3)
+            human_pause(1.5)  # it would be asked by then whether Vesko may press keys
+            self.assertEqual([window["pid"] for window in gnome.windows()], [editor.pid])
             self.command("--stop")
             until("Vesko says that nothing was copied", lambda: app.find(name=NOT_COPIED))
             self.assertEqual(editor.text, "")
             self.assertEqual(clipboard.read(), "what was copied before")
+            report = subprocess.run([self.binary, "--doctor"], stdout=subprocess.PIPE, text=True,
+                                    check=False).stdout
+            self.assertIn("Wayland; nothing can be copied or pasted while another", report)
 
 
 if __name__ == "__main__":

@@ -39,6 +39,10 @@ TEST(SessionWords, nameTheDesktop)
     EXPECT_TRUE(pasteAdvice(little).startsWith(
         QStringLiteral("When you dictate into another program, sway asks")));
 
+    little.copies = false;
+    EXPECT_TRUE(pasteAdvice(little).startsWith(
+        QStringLiteral("Without Xwayland sway lets Vesko copy and paste nothing")));
+
     little.desktop.clear();
     EXPECT_TRUE(keysAdvice(little).startsWith(QStringLiteral("This desktop shows no program")));
 }
