@@ -184,7 +184,7 @@ Item {
             required property int index
             required property string title
             required property var model
-            property int held: 0 // modifiers of the press that a click began with
+            property int modifiers: 0 // of the press that a click began with
 
             width: ListView.view.width
             implicitHeight: 56
@@ -195,11 +195,11 @@ Item {
             chosen: row.model.chosen
             keyboardHere: list.activeFocus && ListView.isCurrentItem
             onClicked: {
-                list.select(index, held);
+                list.select(index, row.modifiers);
                 list.forceActiveFocus(Qt.MouseFocusReason);
-                held = 0;
+                row.modifiers = 0;
             }
-            onCanceled: held = 0
+            onCanceled: row.modifiers = 0
             Keys.onSpacePressed: event => {
                 event.accepted = event.modifiers === Qt.ControlModifier;
                 if (event.accepted)
@@ -210,7 +210,7 @@ Item {
                 anchors.fill: parent
                 acceptedButtons: Qt.LeftButton | Qt.RightButton
                 onPressed: mouse => {
-                    row.held = mouse.modifiers;
+                    row.modifiers = mouse.modifiers;
                     mouse.accepted = mouse.button === Qt.RightButton;
                 }
                 onClicked: mouse => list.showMenu(row.index, mapToItem(list, mouse.x, mouse.y))
