@@ -102,10 +102,13 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
     // A shortcut key that is still held keeps the field from having the focus.
     co_await keystroke.keysReleased();
     const FieldReading reading = co_await fields.read(pid);
-    if (!reading.element)
-        co_return refused({ reading.trusted ? "field_changed" : "accessibility" });
-    if (!reading.seesFrontmost)
+    if (!reading.trusted && !reading.element)
+        co_return refused({ "accessibility" });
+    const bool silent = reading.frontmost == pid && !reading.elements && !reading.element;
+    if (!reading.seesFrontmost || silent)
         co_return refused({ "front_unknown" }, reading.role);
+    if (!reading.element)
+        co_return refused({ "field_changed" });
     if (!reading.selection)
         co_return refused({ "no_cursor" });
     // Whoever takes the keyboard takes the focus from the field, to which the user is still true.
@@ -169,7 +172,7 @@ Task<std::expected<std::string, FocusDestination::Unread>> FocusDestination::cur
     FieldReading reading = co_await fields.read(pid);
     const bool inFront = reading.trusted && reading.frontmost == pid;
     const bool same = reading.element && reading.element->equals(*element);
-    if (inFront && !reading.elements && (same ? !reading.value : !reading.element)
+    if (inFront && !reading.elements && (same || !reading.element)
         && reading.subrole != secureSubrole)
         co_return std::unexpected(Unread::silent);
     if (!inFront || !same || reading.subrole == secureSubrole || !reading.value
