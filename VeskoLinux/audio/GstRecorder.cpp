@@ -167,15 +167,18 @@ double GstRecorder::stop()
     pipeline->abandon();
     m_finished = {};
     // While the worker waits for the server about anything else, the file is as whole as it grew.
-    QTimer::singleShot(m_patience, &m_home, [finished = m_finished] { finished.set({}); });
+    QTimer::singleShot(
+        m_patience, &m_home, [finished = m_finished, seconds] { finished.set(seconds); });
     m_tasks.spawn(end(std::move(pipeline), m_finished));
     return seconds;
 }
 
-Task<> GstRecorder::end(Pipeline pipeline, Eventual<std::monostate> finished)
+Task<> GstRecorder::end(Pipeline pipeline, Eventual<double> finished)
 {
-    co_await m_worker.run([pipeline] { pipeline->end(); });
-    finished.set({});
+    finished.set(co_await m_worker.run([pipeline] {
+        pipeline->end();
+        return pipeline->capturedSeconds();
+    }));
     // Its last reference goes here, on the worker: letting go of the device takes a moment.
     co_await m_worker.run([pipeline = std::move(pipeline)]() mutable { pipeline.reset(); });
     co_await build(m_next);

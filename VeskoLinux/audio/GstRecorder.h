@@ -37,7 +37,7 @@ public:
     double currentTime() const override;
     double averagePower() const override;
     double stop() override;
-    Eventual<std::monostate> finished() override { return m_finished; }
+    Eventual<double> finished() override { return m_finished; }
 
 private:
     using Pipeline = std::shared_ptr<RecordingPipeline>;
@@ -49,7 +49,7 @@ private:
     Task<> attend(Pipeline pipeline);
     void lookForSound();
     void endedByItself(RecorderFailure failure);
-    Task<> end(Pipeline pipeline, Eventual<std::monostate> finished);
+    Task<> end(Pipeline pipeline, Eventual<double> finished);
 
     std::chrono::milliseconds m_patience;
     QObject m_home; // what other threads post to; outlives them all
@@ -61,7 +61,7 @@ private:
     QTimer m_listen; // while a started recording is under way
     double m_lastSound = 0; // seconds of the recording
     int m_silentLooks = 0; // at which no more sound had come
-    Eventual<std::monostate> m_finished = Eventual<std::monostate>::of({});
+    Eventual<double> m_finished = Eventual<double>::of(0);
     Worker m_worker; // what may wait for the sound server or the disk
     TaskScope m_tasks;
 };

@@ -175,10 +175,11 @@ TEST_F(GstRecorderTest, WhatWasSaidUntilTheStopIsInTheFileHoweverLateItComes)
     standStill(200ms);
     recorder.stop();
     server.goOn();
-    waitForFile(recorder);
+    const double told = waitForFile(recorder);
 
     const auto sound = audiofile::decode(file);
     EXPECT_GE(vesko::seconds(sound), 0.68);
+    EXPECT_NEAR(vesko::seconds(sound), told, 0.1);
     EXPECT_NEAR(decibels(part(sound, 0.1, 0.65)), -20, 0.5);
 }
 
