@@ -1,10 +1,13 @@
 #include "VeskoLinux/audio/GstRecorder.h"
 
+#include "VeskoCore/base/FileSystem.h"
+#include "VeskoLinux/audio/GrowingFile.h"
 #include "VeskoLinux/audio/RecordingPipeline.h"
 
 #include <QTimer>
 
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 namespace vesko {
@@ -13,6 +16,8 @@ namespace {
 
 constexpr auto listenInterval = std::chrono::milliseconds(250);
 constexpr int stalledLooks = 8; // two seconds
+// A loss of power takes no more than these two seconds of what was said.
+constexpr int looksBetweenKeeping = 8;
 
 } // namespace
 
@@ -76,6 +81,7 @@ Task<> GstRecorder::start(std::filesystem::path file)
     if (std::exchange(m_started, true))
         throw std::runtime_error("A recording is already under way");
     const Pipeline pipeline = m_current;
+    m_file = file;
 
     // Unless it begins, and its caller is still there to hear of it, nothing stays behind.
     struct Unbegun {
@@ -104,6 +110,7 @@ Task<> GstRecorder::start(std::filesystem::path file)
     state.begun = true;
     m_lastSound = currentTime();
     m_silentLooks = 0;
+    m_looksUntilKept = looksBetweenKeeping;
     m_listen.start();
 }
 
@@ -115,6 +122,19 @@ void GstRecorder::lookForSound()
     m_silentLooks = comes ? 0 : m_silentLooks + 1;
     if (const bool stalled = m_silentLooks >= stalledLooks; stalled != wasStalled && onStalled)
         onStalled(stalled);
+    if (--m_looksUntilKept == 0)
+        m_tasks.spawn(keepUntilNow());
+}
+
+// On a slow disk the next time is counted from the end of this one.
+Task<> GstRecorder::keepUntilNow()
+{
+    try {
+        co_await m_disk.run([file = m_file] { bringToDisk(FileSystem::posix(), file); });
+    } catch (const std::system_error&) {
+        // Whoever writes there has the same trouble, and tells.
+    }
+    m_looksUntilKept = looksBetweenKeeping;
 }
 
 Task<> GstRecorder::begin(

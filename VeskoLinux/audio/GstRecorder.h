@@ -48,6 +48,7 @@ private:
     Task<> begin(Pipeline pipeline, std::filesystem::path file, Eventual<std::exception_ptr> begun);
     Task<> attend(Pipeline pipeline);
     void lookForSound();
+    Task<> keepUntilNow();
     void endedByItself(RecorderFailure failure);
     Task<> end(Pipeline pipeline, Eventual<double> finished);
 
@@ -61,8 +62,11 @@ private:
     QTimer m_listen; // while a started recording is under way
     double m_lastSound = 0; // seconds of the recording
     int m_silentLooks = 0; // at which no more sound had come
+    std::filesystem::path m_file; // of the recording that was started last
+    int m_looksUntilKept = 0;
     Eventual<double> m_finished = Eventual<double>::of(0);
     Worker m_worker; // what may wait for the sound server or the disk
+    Worker m_disk; // what grows goes there beside the recording, whose end never waits for it
     TaskScope m_tasks;
 };
 
