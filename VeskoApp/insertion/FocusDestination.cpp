@@ -102,13 +102,10 @@ Task<std::vector<std::string>> FocusDestination::attemptPaste(
     // A shortcut key that is still held keeps the field from having the focus.
     co_await keystroke.keysReleased();
     const FieldReading reading = co_await fields.read(pid);
-    if (!reading.trusted && !reading.element)
-        co_return refused({ "accessibility" });
-    const bool silent = reading.frontmost == pid && !reading.elements && !reading.element;
-    if (!reading.seesFrontmost || silent)
-        co_return refused({ "front_unknown" }, reading.role);
     if (!reading.element)
-        co_return refused({ "field_changed" });
+        co_return refused({ reading.trusted ? "field_changed" : "accessibility" });
+    if (!reading.seesFrontmost)
+        co_return refused({ "front_unknown" }, reading.role);
     if (!reading.selection)
         co_return refused({ "no_cursor" });
     // Whoever takes the keyboard takes the focus from the field, to which the user is still true.
