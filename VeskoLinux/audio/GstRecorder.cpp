@@ -16,7 +16,8 @@ namespace {
 
 constexpr auto listenInterval = std::chrono::milliseconds(250);
 constexpr int stalledLooks = 8; // two seconds
-// A loss of power takes no more than these two seconds of what was said.
+// Where the disk keeps up, a loss of power takes little more than these two seconds of what was
+// said.
 constexpr int looksBetweenKeeping = 8;
 
 } // namespace
