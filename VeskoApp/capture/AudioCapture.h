@@ -23,10 +23,10 @@ public:
     }
     // Throws CaptureFailure.
     Task<> start(std::filesystem::path file);
-    // The recorded seconds; 0 when nothing was being recorded.
+    // The recorded seconds, but for what is under way; 0 when nothing was being recorded.
     double stop() { return m_recorder.stop(); }
-    // Comes when the file of the last stop is whole.
-    Eventual<std::monostate> finished() { return m_recorder.finished(); }
+    // Comes when the file of the last stop is whole: the seconds that it holds.
+    Eventual<double> finished() { return m_recorder.finished(); }
     double currentTime() const { return m_recorder.currentTime(); }
     double averagePower() const { return m_recorder.averagePower(); }
 

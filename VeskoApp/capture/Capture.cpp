@@ -16,6 +16,7 @@ namespace {
 
 constexpr double meterInterval = 0.1; // seconds
 constexpr double longestRecording = 300; // seconds
+constexpr double longestUntold = 0.1; // seconds that came after the stop
 constexpr std::size_t longestName = 32; // characters
 
 // As a sentence about the program with that field, whose name is its own.
@@ -375,10 +376,15 @@ Task<LibrarySession::Outcome<void>> Capture::save(Uuid recordingID, double durat
     const auto saving = m_saving.emplace();
     // Beside each other: until its file is an ordinary one, it is as whole as it grew.
     const auto whole = m_audio.finished();
-    auto outcome = co_await m_to.library.change([recordingID, duration](LibraryStore& store) {
-        store.finishRecording(recordingID, duration);
-    });
-    co_await whole;
+    const auto store = [this, recordingID](double seconds) {
+        return m_to.library.change([recordingID, seconds](LibraryStore& library) {
+            library.finishRecording(recordingID, seconds);
+        });
+    };
+    auto outcome = co_await store(duration);
+    const double held = co_await whole;
+    if (outcome && held - duration > longestUntold)
+        outcome = co_await store(held);
     m_saving.reset();
     saving.set(outcome.has_value());
     co_return outcome;

@@ -169,7 +169,7 @@ Task<std::expected<std::string, FocusDestination::Unread>> FocusDestination::cur
     FieldReading reading = co_await fields.read(pid);
     const bool inFront = reading.trusted && reading.frontmost == pid;
     const bool same = reading.element && reading.element->equals(*element);
-    if (inFront && !reading.elements && (same ? !reading.value : !reading.element)
+    if (inFront && !reading.elements && (same || !reading.element)
         && reading.subrole != secureSubrole)
         co_return std::unexpected(Unread::silent);
     if (!inFront || !same || reading.subrole == secureSubrole || !reading.value

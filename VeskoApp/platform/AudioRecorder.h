@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <variant>
 
 namespace vesko {
 
@@ -45,12 +44,14 @@ public:
     // The latest average power in decibels, 0 for full scale, -160 for silence or when idle.
     virtual double averagePower() const = 0;
 
-    // Ends the recording, or forgets what is held before a start; 0 when idle. Seconds. What was
-    // spoken until now is in the file once the value that finished() gives has come.
+    // Ends the recording, or forgets what is held before a start; 0 when idle. Seconds of sound
+    // that have come until now. What was spoken but is still on its way is in the file, too, once
+    // the value that finished() gives has come.
     virtual double stop() = 0;
     // Comes when the last recording that was stopped is an ordinary, whole file, or could not be
     // made one in bounded time; then it plays as far as it grew. At once when none is under way.
-    virtual Eventual<std::monostate> finished() = 0;
+    // The seconds of sound that it holds.
+    virtual Eventual<double> finished() = 0;
 
     // Called with true when the recording that was started has taken no sound for two seconds, as
     // from a source that was suspended or a headset that went to sleep, and with false when sound

@@ -28,7 +28,8 @@ struct FieldReading {
     // False if it can't be told just now whose window is active. Otherwise an absent `frontmost`
     // is an empty desktop.
     bool seesFrontmost = true;
-    // Whether the program tells of what is in its window: many never do, and a busy one not now.
+    // Whether the program tells of what is in its window: many never do, and a busy one not now, or
+    // by half; then the text may stand here in part only.
     bool elements = true;
     std::shared_ptr<const FieldElement> element; // null: no element has the focus
     // Whether the element has the keyboard by its program's account. While a global shortcut is

@@ -3,6 +3,7 @@
 #include "VeskoApp/async/Sleep.h"
 
 #include <QDBusArgument>
+#include <QDBusError>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 
@@ -56,10 +57,12 @@ AtspiAddress atspi::address(const QDBusArgument& structure)
     return address;
 }
 
-AtspiCall::AtspiCall(const QDBusPendingCall& call, const char* signature, QObject& home)
+AtspiCall::AtspiCall(const QDBusPendingCall& call, const char* signature, QObject& home,
+    std::optional<AtspiInquiry> inquiry)
     : m_call(call)
     , m_signature(signature)
     , m_home(home)
+    , m_inquiry(std::move(inquiry))
 {
 }
 
@@ -67,6 +70,7 @@ AtspiCall::AtspiCall(AtspiCall&& other) noexcept
     : m_call(other.m_call)
     , m_signature(other.m_signature)
     , m_home(other.m_home)
+    , m_inquiry(other.m_inquiry)
     , m_watcher(std::exchange(other.m_watcher, nullptr))
 {
 }
@@ -90,6 +94,8 @@ void AtspiCall::await_suspend(std::coroutine_handle<> waiting)
 std::optional<QVariantList> AtspiCall::await_resume() const
 {
     const QDBusMessage reply = m_call.reply();
+    if (m_inquiry && QDBusError(reply).type() == QDBusError::NoReply)
+        m_inquiry->noteUnanswered();
     if (reply.type() != QDBusMessage::ReplyMessage
         || reply.signature() != QLatin1String(m_signature))
         return std::nullopt;
@@ -231,26 +237,26 @@ bool AtspiBus::usable() const
 }
 
 AtspiCall AtspiBus::call(const AtspiAddress& target, const char* interface, const char* method,
-    const char* signature, const QDeadlineTimer& deadline, const QVariantList& arguments)
+    const char* signature, const AtspiInquiry& inquiry, const QVariantList& arguments)
 {
     auto message = QDBusMessage::createMethodCall(
         target.service, target.path, QString::fromLatin1(interface), QString::fromLatin1(method));
     message.setArguments(arguments);
-    const int limit = int(std::clamp<qint64>(deadline.remainingTime(), 1, callLimit));
-    return AtspiCall(m_connection.asyncCall(message, limit), signature, *this);
+    const int limit = int(std::clamp<qint64>(inquiry.remainingTime(), 1, callLimit));
+    return AtspiCall(m_connection.asyncCall(message, limit), signature, *this, inquiry);
 }
 
 AtspiCall AtspiBus::property(const AtspiAddress& target, const char* interface, const char* name,
-    const QDeadlineTimer& deadline)
+    const AtspiInquiry& inquiry)
 {
-    return call(target, "org.freedesktop.DBus.Properties", "Get", "v", deadline,
+    return call(target, "org.freedesktop.DBus.Properties", "Get", "v", inquiry,
         { QString::fromLatin1(interface), QString::fromLatin1(name) });
 }
 
-AtspiCall AtspiBus::processOf(const QString& service, const QDeadlineTimer& deadline)
+AtspiCall AtspiBus::processOf(const QString& service, const AtspiInquiry& inquiry)
 {
     return call({ QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus") },
-        "org.freedesktop.DBus", "GetConnectionUnixProcessID", "u", deadline, { service });
+        "org.freedesktop.DBus", "GetConnectionUnixProcessID", "u", inquiry, { service });
 }
 
 void AtspiBus::stateChanged(const QDBusMessage& message)

@@ -2,13 +2,13 @@
 
 #include "VeskoApp/async/TaskScope.h"
 #include "VeskoLinux/accessibility/AtspiElement.h"
+#include "VeskoLinux/accessibility/AtspiInquiry.h"
 #include "VeskoLinux/accessibility/FieldFacts.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusServiceWatcher>
-#include <QDeadlineTimer>
 #include <QObject>
 #include <QVariantList>
 
@@ -42,7 +42,8 @@ AtspiAddress address(const QDBusArgument& structure);
 // once by making the calls before awaiting the first.
 class AtspiCall {
 public:
-    AtspiCall(const QDBusPendingCall& call, const char* signature, QObject& home);
+    AtspiCall(const QDBusPendingCall& call, const char* signature, QObject& home,
+        std::optional<AtspiInquiry> inquiry = {});
     AtspiCall(AtspiCall&& other) noexcept;
     AtspiCall& operator=(AtspiCall&&) = delete;
     ~AtspiCall();
@@ -55,6 +56,7 @@ private:
     QDBusPendingCall m_call;
     const char* m_signature;
     QObject& m_home;
+    std::optional<AtspiInquiry> m_inquiry;
     QDBusPendingCallWatcher* m_watcher = nullptr;
 };
 
@@ -75,11 +77,11 @@ public:
 
     // `signature` is what the answer must be.
     AtspiCall call(const AtspiAddress& target, const char* interface, const char* method,
-        const char* signature, const QDeadlineTimer& deadline, const QVariantList& arguments = {});
+        const char* signature, const AtspiInquiry& inquiry, const QVariantList& arguments = {});
     AtspiCall property(const AtspiAddress& target, const char* interface, const char* name,
-        const QDeadlineTimer& deadline);
+        const AtspiInquiry& inquiry);
     // Of the bus: "u", the process behind a name.
-    AtspiCall processOf(const QString& service, const QDeadlineTimer& deadline);
+    AtspiCall processOf(const QString& service, const AtspiInquiry& inquiry);
 
     // The element got the focus, or lost it, by its program's account.
     std::function<void(const AtspiAddress&, bool gained)> onFocus;

@@ -55,7 +55,7 @@ Task<> AtspiFocusedField::lookAround()
     const auto process = frontmost();
     if (!process)
         co_return;
-    const auto found = co_await m_search.find(*process, title(), QDeadlineTimer(readLimit));
+    const auto found = co_await m_search.find(*process, title(), AtspiInquiry(readLimit));
     if (found.element && m_follower.heard(*process).empty())
         m_follower.found(*found.element, *process);
 }
@@ -99,26 +99,26 @@ Eventual<FieldReading> AtspiFocusedField::read(std::optional<std::int32_t> proce
 
 Task<> AtspiFocusedField::finish(Eventual<FieldReading> answer, FieldReading reading, Asked asked)
 {
-    const QDeadlineTimer deadline(readLimit);
-    auto seen = co_await look(std::move(asked.heard), deadline);
+    AtspiInquiry inquiry(readLimit); // of the newest look
+    auto seen = co_await look(std::move(asked.heard), inquiry);
     bool elements = seen.has_value();
     for (std::size_t count = 0; reading.frontmost == asked.process && !settled(seen); ++count) {
-        const bool last = count == looks.size() || deadline.hasExpired();
+        const bool last = count == looks.size() || inquiry.hasExpired();
         if (!seen || !seen->probe.kind.focusedField()) {
             const bool silent = !seen || !seen->probe.focused();
             const bool active
-                = !seen || co_await m_search.hasActiveWindow(seen->element.service, deadline);
+                = !seen || co_await m_search.hasActiveWindow(seen->element.service, inquiry);
             // While a shortcut is held down, no element has the focus and no window is active, as
             // seen from their program: then the last one counts. With an active window, a lost
             // focus is a lost focus.
             if (silent && !active && !asked.again)
                 break;
             if (active && (count == 0 || last)) {
-                const auto found = co_await m_search.find(asked.process, asked.title, deadline);
+                const auto found = co_await m_search.find(asked.process, asked.title, inquiry);
                 elements = elements || found.elements;
                 auto there = co_await look(
                     found.element ? std::vector{ *found.element } : std::vector<AtspiAddress>{},
-                    deadline);
+                    inquiry);
                 // A row of a list may have the focus beside the text that has it, too.
                 const bool isField = there && there->probe.kind.focusedField();
                 if (found.element && (silent || isField))
@@ -132,32 +132,38 @@ Task<> AtspiFocusedField::finish(Eventual<FieldReading> answer, FieldReading rea
         if (last)
             break;
         co_await sleepFor(m_clock, looks[count]);
-        if (auto next = co_await look(m_follower.heard(asked.process), deadline))
+        inquiry = inquiry.next();
+        if (auto next = co_await look(m_follower.heard(asked.process), inquiry))
             seen = std::move(next);
         if (asked.again)
             seeFrontmost(reading);
     }
-    if (seen && seen->probe.kind.frameOnly() && !seen->probe.complete()) {
+    elements = elements || seen;
+    // What gave no answer may be the field that has the focus.
+    const bool lastOne = seen && !seen->probe.focused() && !asked.again;
+    const bool unknown
+        = inquiry.unanswered() && !lastOne && !(seen && seen->probe.kind.focusedField());
+    if (unknown || (seen && seen->probe.kind.frameOnly() && !seen->probe.complete())) {
         seen.reset();
         elements = false;
     }
     reading.elements = elements;
     if (seen)
-        co_await m_reader.describe(reading, seen->element, seen->probe, asked.process, deadline);
+        co_await m_reader.describe(reading, seen->element, seen->probe, asked.process, inquiry);
     answer.set(std::move(reading));
 }
 
 Task<std::optional<AtspiFocusedField::Seen>> AtspiFocusedField::look(
-    std::vector<AtspiAddress> heard, QDeadlineTimer deadline)
+    std::vector<AtspiAddress> heard, AtspiInquiry inquiry)
 {
     std::optional<AtspiAddress> element;
     if (heard.size() == 1)
         element = heard.front();
     else if (!heard.empty())
-        element = co_await m_follower.weigh(std::move(heard), deadline);
+        element = co_await m_follower.weigh(std::move(heard), inquiry);
     if (!element)
         co_return std::nullopt;
-    auto probe = co_await m_reader.probe(*element, deadline);
+    auto probe = co_await m_reader.probe(*element, inquiry);
     if (!probe)
         co_return std::nullopt;
     co_return Seen{ *std::move(element), *std::move(probe) };

@@ -9,8 +9,6 @@
 #include "VeskoLinux/accessibility/FocusFollower.h"
 #include "VeskoLinux/accessibility/FocusSearch.h"
 
-#include <QDeadlineTimer>
-
 #include <vector>
 
 namespace vesko {
@@ -39,7 +37,7 @@ private:
 
     Task<> lookAround();
     Task<> finish(Eventual<FieldReading> answer, FieldReading reading, Asked asked);
-    Task<std::optional<Seen>> look(std::vector<AtspiAddress> heard, QDeadlineTimer deadline);
+    Task<std::optional<Seen>> look(std::vector<AtspiAddress> heard, AtspiInquiry inquiry);
     static bool settled(const std::optional<Seen>& seen);
 
     std::optional<std::int32_t> frontmost() const;

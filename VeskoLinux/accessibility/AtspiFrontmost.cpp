@@ -82,8 +82,8 @@ AtspiFrontmost::Program* AtspiFrontmost::find(const QString& service)
 
 Task<> AtspiFrontmost::look(std::optional<QString> service)
 {
-    const QDeadlineTimer deadline(lookLimit);
-    for (const AtspiAddress& window : co_await m_search.activeWindows(service, deadline)) {
+    const AtspiInquiry inquiry(lookLimit);
+    for (const AtspiAddress& window : co_await m_search.activeWindows(service, inquiry)) {
         if (!m_telling.contains(window.service))
             noteWindow(window, true);
     }
@@ -102,13 +102,13 @@ void AtspiFrontmost::confirmOthers(const QString& service)
 
 Task<> AtspiFrontmost::confirm(AtspiAddress window)
 {
-    const QDeadlineTimer deadline(lookLimit);
-    auto state = m_bus.call(window, atspi::accessible, "GetState", "au", deadline);
-    auto role = m_bus.call(window, atspi::accessible, "GetRole", "u", deadline);
+    const AtspiInquiry inquiry(lookLimit);
+    auto state = m_bus.call(window, atspi::accessible, "GetState", "au", inquiry);
+    auto role = m_bus.call(window, atspi::accessible, "GetRole", "u", inquiry);
     // Answered after those: then a window that gave no answer is gone. A program that gives none at
     // all may be in front.
     auto sign = m_bus.call(
-        { window.service, atspi::rootPath }, atspi::accessible, "GetRole", "u", deadline);
+        { window.service, atspi::rootPath }, atspi::accessible, "GetRole", "u", inquiry);
     const auto stateNow = co_await state;
     const auto roleNow = co_await role;
     if (co_await sign
@@ -118,7 +118,7 @@ Task<> AtspiFrontmost::confirm(AtspiAddress window)
 
 Task<> AtspiFrontmost::learnProcess(QString service)
 {
-    const auto reply = co_await m_bus.processOf(service, QDeadlineTimer(lookLimit));
+    const auto reply = co_await m_bus.processOf(service, AtspiInquiry(lookLimit));
     if (Program* const program = find(service); program && reply)
         program->process = static_cast<std::int32_t>(reply->first().toUInt());
 }

@@ -30,15 +30,15 @@ bool FieldProbe::focused() const
     return kind.is(ATSPI_STATE_FOCUSED);
 }
 
-Task<std::optional<FieldProbe>> FieldReader::probe(AtspiAddress element, QDeadlineTimer deadline)
+Task<std::optional<FieldProbe>> FieldReader::probe(AtspiAddress element, AtspiInquiry inquiry)
 {
-    auto states = m_bus.call(element, atspi::accessible, "GetState", "au", deadline);
-    auto role = m_bus.call(element, atspi::accessible, "GetRole", "u", deadline);
-    auto attributes = m_bus.call(element, atspi::accessible, "GetAttributes", "a{ss}", deadline);
-    auto length = m_bus.property(element, atspi::text, "CharacterCount", deadline);
-    auto caret = m_bus.property(element, atspi::text, "CaretOffset", deadline);
-    auto selections = m_bus.call(element, atspi::text, "GetNSelections", "i", deadline);
-    auto selection = m_bus.call(element, atspi::text, "GetSelection", "ii", deadline, { 0 });
+    auto states = m_bus.call(element, atspi::accessible, "GetState", "au", inquiry);
+    auto role = m_bus.call(element, atspi::accessible, "GetRole", "u", inquiry);
+    auto attributes = m_bus.call(element, atspi::accessible, "GetAttributes", "a{ss}", inquiry);
+    auto length = m_bus.property(element, atspi::text, "CharacterCount", inquiry);
+    auto caret = m_bus.property(element, atspi::text, "CaretOffset", inquiry);
+    auto selections = m_bus.call(element, atspi::text, "GetNSelections", "i", inquiry);
+    auto selection = m_bus.call(element, atspi::text, "GetSelection", "ii", inquiry, { 0 });
 
     const auto bits = co_await states;
     const auto number = co_await role;
@@ -60,37 +60,48 @@ Task<std::optional<FieldProbe>> FieldReader::probe(AtspiAddress element, QDeadli
 }
 
 Task<> FieldReader::describe(FieldReading& reading, AtspiAddress element, FieldProbe probe,
-    std::int32_t process, QDeadlineTimer deadline)
+    std::int32_t process, AtspiInquiry inquiry)
 {
     auto program
-        = m_bus.property({ element.service, atspi::rootPath }, atspi::accessible, "Name", deadline);
-    reading.element = std::make_shared<AtspiElement>(
-        element, co_await documentOf(element, probe.kind, deadline), probe.kind.terminal());
+        = m_bus.property({ element.service, atspi::rootPath }, atspi::accessible, "Name", inquiry);
+    const AtspiInquiry first = inquiry.next();
+    auto document = co_await documentOf(element, probe.kind, first);
+    const bool secret = co_await hidden(element, probe, process, first);
+    if (first.unanswered()) { // which field it is, or whether it is a password
+        reading.elements = false;
+        co_return;
+    }
+    reading.element
+        = std::make_shared<AtspiElement>(element, std::move(document), probe.kind.terminal());
     reading.focused = probe.focused();
     reading.role = fieldRole(probe.kind, probe.search);
     const auto asked = std::min<std::int64_t>(probe.length.value_or(0), FieldText::limit);
     std::optional<QString> value;
-    if (co_await hidden(element, probe, process, deadline))
+    if (secret)
         reading.subrole = "AXSecureTextField"; // and its text is never asked for
     else if (probe.length && asked == 0)
         value.emplace();
     else if (probe.length) {
-        const auto text = co_await m_bus.call(
-            element, atspi::text, "GetText", "s", deadline, { 0, int(asked) });
+        const auto text
+            = co_await m_bus.call(element, atspi::text, "GetText", "s", inquiry, { 0, int(asked) });
         if (text)
             value = text->first().toString();
         else
             reading.elements = false;
-    }
+    } else if (inquiry.unanswered())
+        reading.elements = false;
     if (!reading.role) {
         const auto name
-            = co_await m_bus.call(element, atspi::accessible, "GetRoleName", "s", deadline);
+            = co_await m_bus.call(element, atspi::accessible, "GetRoleName", "s", inquiry);
         if (name)
             reading.role = name->first().toString().toStdString();
     }
     if (value && holdsElements(*value)) {
-        if (const auto flat
-            = co_await FlatText::of(m_bus, element, *value, probe.caret, deadline)) {
+        const AtspiInquiry ofParts = inquiry.next();
+        const auto flat = co_await FlatText::of(m_bus, element, *value, probe.caret, ofParts);
+        if (ofParts.unanswered())
+            reading.elements = false;
+        if (flat) {
             value = flat->text;
             probe.caret = flat->caret;
             // What is selected is told in characters of which each may be a paragraph.
@@ -121,7 +132,7 @@ Task<> FieldReader::describe(FieldReading& reading, AtspiAddress element, FieldP
 
 // Whether what is typed there can't be seen by the user either.
 Task<bool> FieldReader::hidden(
-    AtspiAddress element, FieldProbe probe, std::int32_t process, QDeadlineTimer deadline)
+    AtspiAddress element, FieldProbe probe, std::int32_t process, AtspiInquiry inquiry)
 {
     if (probe.kind.password())
         co_return true;
@@ -130,24 +141,24 @@ Task<bool> FieldReader::hidden(
     if (probe.kind.is(ATSPI_STATE_MULTI_LINE) || probe.length.value_or(0) == 0)
         co_return false;
     // Some toolkits give a hidden text to who asks for the text, and only here what is shown.
-    const auto line = co_await m_bus.call(element, atspi::text, "GetStringAtOffset", "sii",
-        deadline, { 0, uint(ATSPI_TEXT_GRANULARITY_LINE) });
+    const auto line = co_await m_bus.call(element, atspi::text, "GetStringAtOffset", "sii", inquiry,
+        { 0, uint(ATSPI_TEXT_GRANULARITY_LINE) });
     co_return line&& hidesLetters(line->first().toString());
 }
 
 Task<std::optional<AtspiAddress>> FieldReader::documentOf(
-    AtspiAddress element, AtspiKind kind, QDeadlineTimer deadline)
+    AtspiAddress element, AtspiKind kind, AtspiInquiry inquiry)
 {
     if (kind.role != ATSPI_ROLE_PARAGRAPH && kind.role != ATSPI_ROLE_HEADING)
         co_return std::nullopt;
-    const auto reply = co_await m_bus.property(element, atspi::accessible, "Parent", deadline);
+    const auto reply = co_await m_bus.property(element, atspi::accessible, "Parent", inquiry);
     if (!reply)
         co_return std::nullopt;
     const auto value = reply->first().value<QDBusVariant>().variant();
     if (!value.canConvert<QDBusArgument>())
         co_return std::nullopt;
     const auto parent = atspi::address(value.value<QDBusArgument>());
-    const auto role = co_await m_bus.call(parent, atspi::accessible, "GetRole", "u", deadline);
+    const auto role = co_await m_bus.call(parent, atspi::accessible, "GetRole", "u", inquiry);
     if (role && role->first().toUInt() == ATSPI_ROLE_DOCUMENT_TEXT)
         co_return parent;
     co_return std::nullopt;

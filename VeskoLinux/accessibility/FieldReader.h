@@ -4,8 +4,6 @@
 #include "VeskoApp/platform/FocusedField.h"
 #include "VeskoLinux/accessibility/AtspiBus.h"
 
-#include <QDeadlineTimer>
-
 #include <cstdint>
 #include <optional>
 #include <utility>
@@ -33,16 +31,16 @@ public:
     }
 
     // Nothing if the element doesn't answer or is gone.
-    Task<std::optional<FieldProbe>> probe(AtspiAddress element, QDeadlineTimer deadline);
+    Task<std::optional<FieldProbe>> probe(AtspiAddress element, AtspiInquiry inquiry);
     // Fills in all but `trusted` and `frontmost`; the element is one of `process`.
     Task<> describe(FieldReading& reading, AtspiAddress element, FieldProbe probe,
-        std::int32_t process, QDeadlineTimer deadline);
+        std::int32_t process, AtspiInquiry inquiry);
 
 private:
     Task<bool> hidden(
-        AtspiAddress element, FieldProbe probe, std::int32_t process, QDeadlineTimer deadline);
+        AtspiAddress element, FieldProbe probe, std::int32_t process, AtspiInquiry inquiry);
     Task<std::optional<AtspiAddress>> documentOf(
-        AtspiAddress element, AtspiKind kind, QDeadlineTimer deadline);
+        AtspiAddress element, AtspiKind kind, AtspiInquiry inquiry);
 
     AtspiBus& m_bus;
 };

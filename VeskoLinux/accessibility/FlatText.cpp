@@ -24,11 +24,11 @@ struct Inside {
 };
 
 // The elements that stand as characters in their parent's text; a leaf of plain text doesn't.
-Task<std::vector<Inside>> elementsIn(AtspiBus& bus, AtspiAddress parent, QDeadlineTimer deadline)
+Task<std::vector<Inside>> elementsIn(AtspiBus& bus, AtspiAddress parent, AtspiInquiry inquiry)
 {
     FocusSearch search(bus);
-    const auto addresses = co_await search.addressesIn({ std::move(parent) }, deadline);
-    const auto kinds = co_await search.kindsOf(addresses, deadline);
+    const auto addresses = co_await search.addressesIn({ std::move(parent) }, inquiry);
+    const auto kinds = co_await search.kindsOf(addresses, inquiry);
     std::vector<Inside> found;
     std::vector<AtspiCall> lengths, carets, attributes, texts;
     for (std::size_t index = 0; index < addresses.size(); ++index) {
@@ -36,14 +36,13 @@ Task<std::vector<Inside>> elementsIn(AtspiBus& bus, AtspiAddress parent, QDeadli
             continue;
         const AtspiAddress& child = addresses[index];
         found.push_back({ .address = child, .text = {}, .caret = {} });
-        lengths.push_back(bus.property(child, atspi::text, "CharacterCount", deadline));
-        carets.push_back(bus.property(child, atspi::text, "CaretOffset", deadline));
-        attributes.push_back(
-            bus.call(child, atspi::accessible, "GetAttributes", "a{ss}", deadline));
+        lengths.push_back(bus.property(child, atspi::text, "CharacterCount", inquiry));
+        carets.push_back(bus.property(child, atspi::text, "CaretOffset", inquiry));
+        attributes.push_back(bus.call(child, atspi::accessible, "GetAttributes", "a{ss}", inquiry));
     }
     for (std::size_t index = 0; index < found.size(); ++index) {
         const auto length = atspi::count(co_await lengths[index]).value_or(0);
-        texts.push_back(bus.call(found[index].address, atspi::text, "GetText", "s", deadline,
+        texts.push_back(bus.call(found[index].address, atspi::text, "GetText", "s", inquiry,
             { 0, int(std::min<std::int64_t>(length, FieldText::limit)) }));
         const auto caret = atspi::count(co_await carets[index]);
         const auto named = co_await attributes[index];
@@ -62,9 +61,9 @@ Task<std::vector<Inside>> elementsIn(AtspiBus& bus, AtspiAddress parent, QDeadli
 
 class Flattening {
 public:
-    Flattening(AtspiBus& bus, QDeadlineTimer deadline)
+    Flattening(AtspiBus& bus, AtspiInquiry inquiry)
         : m_bus(bus)
-        , m_deadline(deadline)
+        , m_inquiry(inquiry)
     {
     }
 
@@ -74,7 +73,7 @@ public:
         if (holdsElements(own)) {
             if (depth == depthLimit)
                 co_return false;
-            inside = co_await elementsIn(m_bus, std::move(element), m_deadline);
+            inside = co_await elementsIn(m_bus, std::move(element), m_inquiry);
             m_elements += inside.size();
             if (std::ssize(inside) != own.count(QChar::ObjectReplacementCharacter)
                 || m_elements > elementLimit)
@@ -111,7 +110,7 @@ private:
     }
 
     AtspiBus& m_bus;
-    QDeadlineTimer m_deadline;
+    AtspiInquiry m_inquiry;
     FlatText m_flat;
     std::size_t m_elements = 0;
 };
@@ -124,10 +123,11 @@ bool holdsElements(const QString& text)
 }
 
 Task<std::optional<FlatText>> FlatText::of(AtspiBus& bus, AtspiAddress element, QString own,
-    std::optional<std::int64_t> caret, QDeadlineTimer deadline)
+    std::optional<std::int64_t> caret, AtspiInquiry inquiry)
 {
-    Flattening flattening(bus, deadline);
-    if (!co_await flattening.add(std::move(element), std::move(own), caret, 0))
+    Flattening flattening(bus, inquiry);
+    if (!co_await flattening.add(std::move(element), std::move(own), caret, 0)
+        || inquiry.unanswered())
         co_return std::nullopt;
     co_return flattening.takeResult();
 }

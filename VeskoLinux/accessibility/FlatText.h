@@ -3,7 +3,6 @@
 #include "VeskoApp/async/Task.h"
 #include "VeskoLinux/accessibility/AtspiBus.h"
 
-#include <QDeadlineTimer>
 #include <QString>
 
 #include <cstdint>
@@ -20,7 +19,7 @@ struct FlatText {
     // `own` is the element's text and `caret` its own place in it. Nothing if the elements inside
     // don't answer to the characters, or are too many or too deep to be read in time.
     static Task<std::optional<FlatText>> of(AtspiBus& bus, AtspiAddress element, QString own,
-        std::optional<std::int64_t> caret, QDeadlineTimer deadline);
+        std::optional<std::int64_t> caret, AtspiInquiry inquiry);
 };
 
 bool holdsElements(const QString& text);

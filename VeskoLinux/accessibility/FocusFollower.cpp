@@ -41,9 +41,9 @@ std::vector<AtspiAddress> FocusFollower::heard(std::int32_t process) const
 }
 
 Task<std::optional<AtspiAddress>> FocusFollower::weigh(
-    std::vector<AtspiAddress> heard, QDeadlineTimer deadline)
+    std::vector<AtspiAddress> heard, AtspiInquiry inquiry)
 {
-    const auto kinds = co_await m_search.kindsOf(heard, deadline);
+    const auto kinds = co_await m_search.kindsOf(heard, inquiry);
     const auto counts = strongestFocus(kinds);
     if (!counts) {
         // A program that hangs keeps what it told.
@@ -52,7 +52,7 @@ Task<std::optional<AtspiAddress>> FocusFollower::weigh(
     }
     // Some name the box whose text has the keyboard.
     if (kinds[*counts]->role == ATSPI_ROLE_COMBO_BOX && !kinds[*counts]->focusedField()) {
-        if (auto inside = co_await m_search.fieldIn(heard[*counts], deadline))
+        if (auto inside = co_await m_search.fieldIn(heard[*counts], inquiry))
             co_return inside;
     }
     co_return heard[*counts];
@@ -126,7 +126,7 @@ Task<> FocusFollower::weighNews(QString service)
             co_return;
         }
         std::ranges::move(std::exchange(program->news, {}), std::back_inserter(program->weighed));
-        const auto counts = co_await weigh(program->weighed, QDeadlineTimer(weighLimit));
+        const auto counts = co_await weigh(program->weighed, AtspiInquiry(weighLimit));
         if ((program = find(service)))
             program->weighed = counts ? std::vector{ *counts } : std::vector<AtspiAddress>{};
     }
@@ -137,10 +137,10 @@ Task<> FocusFollower::weighLoss(AtspiAddress element)
     do {
         co_await sleepFor(m_clock, settling);
     } while (isWeighing(element.service)); // and may count what had the focus when it was asked
-    const QDeadlineTimer deadline(weighLimit);
-    const auto kinds = co_await m_search.kindsOf({ element }, deadline);
+    const AtspiInquiry inquiry(weighLimit);
+    const auto kinds = co_await m_search.kindsOf({ element }, inquiry);
     if (!kinds.front() || kinds.front()->is(ATSPI_STATE_FOCUSED)
-        || !co_await m_search.hasActiveWindow(element.service, deadline))
+        || !co_await m_search.hasActiveWindow(element.service, inquiry))
         co_return;
     Program* program = find(element.service);
     if (program && !program->weighing && program->weighed == std::vector{ element })
@@ -149,7 +149,7 @@ Task<> FocusFollower::weighLoss(AtspiAddress element)
 
 Task<> FocusFollower::learnProcess(QString service)
 {
-    const auto reply = co_await m_bus.processOf(service, QDeadlineTimer(weighLimit));
+    const auto reply = co_await m_bus.processOf(service, AtspiInquiry(weighLimit));
     Program* program = find(service);
     if (reply && program && !program->process)
         program->process = std::int32_t(reply->first().toUInt());

@@ -5,8 +5,6 @@
 #include "VeskoLinux/accessibility/AtspiBus.h"
 #include "VeskoLinux/accessibility/FocusSearch.h"
 
-#include <QDeadlineTimer>
-
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -25,8 +23,7 @@ public:
     std::vector<AtspiAddress> heard(std::int32_t process) const;
     // Which of these counts: the latest field that has the focus, else the latest that has it,
     // else the latest that can have it.
-    Task<std::optional<AtspiAddress>> weigh(
-        std::vector<AtspiAddress> heard, QDeadlineTimer deadline);
+    Task<std::optional<AtspiAddress>> weigh(std::vector<AtspiAddress> heard, AtspiInquiry inquiry);
     // The element was found by looking.
     void found(const AtspiAddress& element, std::int32_t process);
     // Whoever was heard may be gone.

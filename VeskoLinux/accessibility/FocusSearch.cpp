@@ -48,14 +48,14 @@ bool active(const AtspiKind& kind)
 } // namespace
 
 Task<FocusSearch::Found> FocusSearch::find(
-    std::int32_t process, QString title, QDeadlineTimer deadline)
+    std::int32_t process, QString title, AtspiInquiry inquiry)
 {
     Found all;
-    for (const AtspiAddress& program : co_await programsOf(process, std::move(title), deadline)) {
-        Level windows = co_await childrenOf({ program }, deadline);
+    for (const AtspiAddress& program : co_await programsOf(process, std::move(title), inquiry)) {
+        Level windows = co_await childrenOf({ program }, inquiry);
         if (std::ranges::any_of(windows, active, &Node::kind))
             std::erase_if(windows, [](const Node& window) { return !active(window.kind); });
-        const Found found = co_await findBelow(std::move(windows), deadline);
+        const Found found = co_await findBelow(std::move(windows), inquiry);
         all.elements = all.elements || found.elements;
         all.element = found.element;
         if (all.element)
@@ -64,32 +64,31 @@ Task<FocusSearch::Found> FocusSearch::find(
     co_return all;
 }
 
-Task<std::optional<AtspiAddress>> FocusSearch::fieldIn(
-    AtspiAddress element, QDeadlineTimer deadline)
+Task<std::optional<AtspiAddress>> FocusSearch::fieldIn(AtspiAddress element, AtspiInquiry inquiry)
 {
-    for (const Node& child : co_await childrenOf({ std::move(element) }, deadline)) {
+    for (const Node& child : co_await childrenOf({ std::move(element) }, inquiry)) {
         if (child.kind.focusedField())
             co_return child.address;
     }
     co_return std::nullopt;
 }
 
-Task<bool> FocusSearch::hasActiveWindow(QString service, QDeadlineTimer deadline)
+Task<bool> FocusSearch::hasActiveWindow(QString service, AtspiInquiry inquiry)
 {
-    const auto windows = co_await childrenOf({ { service, atspi::rootPath } }, deadline);
+    const auto windows = co_await childrenOf({ { service, atspi::rootPath } }, inquiry);
     co_return std::ranges::any_of(windows, active, &Node::kind);
 }
 
 Task<std::vector<AtspiAddress>> FocusSearch::activeWindows(
-    std::optional<QString> service, QDeadlineTimer deadline)
+    std::optional<QString> service, AtspiInquiry inquiry)
 {
     std::vector<AtspiAddress> programs;
     if (service)
         programs.push_back({ *service, atspi::rootPath });
     else
-        programs = co_await allPrograms(deadline);
+        programs = co_await allPrograms(inquiry);
     std::vector<AtspiAddress> found;
-    for (const Node& window : co_await childrenOf(std::move(programs), deadline)) {
+    for (const Node& window : co_await childrenOf(std::move(programs), inquiry)) {
         if (active(window.kind))
             found.push_back(window.address);
     }
@@ -97,10 +96,10 @@ Task<std::vector<AtspiAddress>> FocusSearch::activeWindows(
 }
 
 // One depth after the other, each as one volley of questions.
-Task<FocusSearch::Found> FocusSearch::findBelow(Level level, QDeadlineTimer deadline)
+Task<FocusSearch::Found> FocusSearch::findBelow(Level level, AtspiInquiry inquiry)
 {
     Found found; // until a field is: what has the focus, but is none
-    for (int depth = 0; depth < depthLimit && !level.empty() && !deadline.hasExpired(); ++depth) {
+    for (int depth = 0; depth < depthLimit && !level.empty() && !inquiry.hasExpired(); ++depth) {
         std::vector<AtspiAddress> parents;
         found.elements = found.elements || depth > 1;
         for (const Node& node : level) {
@@ -111,16 +110,18 @@ Task<FocusSearch::Found> FocusSearch::findBelow(Level level, QDeadlineTimer dead
             if (depth == 0 || worthEntering(node.kind))
                 parents.push_back(node.address);
         }
-        level = co_await childrenOf(std::move(parents), deadline);
+        level = co_await childrenOf(std::move(parents), inquiry);
     }
+    if (!level.empty() && inquiry.hasExpired())
+        inquiry.noteUnanswered();
     co_return found;
 }
 
-Task<std::vector<AtspiAddress>> FocusSearch::allPrograms(QDeadlineTimer deadline)
+Task<std::vector<AtspiAddress>> FocusSearch::allPrograms(AtspiInquiry inquiry)
 {
     const auto reply
         = co_await m_bus.call({ QStringLiteral("org.a11y.atspi.Registry"), atspi::rootPath },
-            atspi::accessible, "GetChildren", "a(so)", deadline);
+            atspi::accessible, "GetChildren", "a(so)", inquiry);
     std::vector<AtspiAddress> programs;
     if (reply)
         append(programs, *reply);
@@ -128,13 +129,13 @@ Task<std::vector<AtspiAddress>> FocusSearch::allPrograms(QDeadlineTimer deadline
 }
 
 Task<std::vector<AtspiAddress>> FocusSearch::programsOf(
-    std::int32_t process, QString title, QDeadlineTimer deadline)
+    std::int32_t process, QString title, AtspiInquiry inquiry)
 {
-    const auto programs = co_await allPrograms(deadline);
+    const auto programs = co_await allPrograms(inquiry);
     std::vector<AtspiCall> asking;
     asking.reserve(programs.size());
     for (const AtspiAddress& program : programs)
-        asking.push_back(m_bus.processOf(program.service, deadline));
+        asking.push_back(m_bus.processOf(program.service, inquiry));
     std::vector<AtspiAddress> found;
     for (std::size_t index = 0; index < programs.size(); ++index) {
         const auto answer = co_await asking[index];
@@ -144,7 +145,7 @@ Task<std::vector<AtspiAddress>> FocusSearch::programsOf(
     if (!found.empty() || title.isEmpty())
         co_return found;
     for (const AtspiAddress& program : programs) {
-        if (co_await hasActiveWindowCalled(program, title, deadline))
+        if (co_await hasActiveWindowCalled(program, title, inquiry))
             found.push_back(program);
     }
     if (found.size() > 1)
@@ -153,13 +154,13 @@ Task<std::vector<AtspiAddress>> FocusSearch::programsOf(
 }
 
 Task<bool> FocusSearch::hasActiveWindowCalled(
-    AtspiAddress program, QString title, QDeadlineTimer deadline)
+    AtspiAddress program, QString title, AtspiInquiry inquiry)
 {
-    for (const Node& window : co_await childrenOf({ std::move(program) }, deadline)) {
+    for (const Node& window : co_await childrenOf({ std::move(program) }, inquiry)) {
         if (!active(window.kind))
             continue;
         const auto name
-            = co_await m_bus.property(window.address, atspi::accessible, "Name", deadline);
+            = co_await m_bus.property(window.address, atspi::accessible, "Name", inquiry);
         if (name && name->first().value<QDBusVariant>().variant().toString() == title)
             co_return true;
     }
@@ -167,12 +168,12 @@ Task<bool> FocusSearch::hasActiveWindowCalled(
 }
 
 Task<std::vector<AtspiAddress>> FocusSearch::addressesIn(
-    std::vector<AtspiAddress> parents, QDeadlineTimer deadline)
+    std::vector<AtspiAddress> parents, AtspiInquiry inquiry)
 {
     std::vector<AtspiCall> listing;
     listing.reserve(parents.size());
     for (const AtspiAddress& parent : parents)
-        listing.push_back(m_bus.call(parent, atspi::accessible, "GetChildren", "a(so)", deadline));
+        listing.push_back(m_bus.call(parent, atspi::accessible, "GetChildren", "a(so)", inquiry));
     std::vector<AtspiAddress> children;
     for (AtspiCall& call : listing) {
         const auto reply = co_await call;
@@ -183,10 +184,10 @@ Task<std::vector<AtspiAddress>> FocusSearch::addressesIn(
 }
 
 Task<FocusSearch::Level> FocusSearch::childrenOf(
-    std::vector<AtspiAddress> parents, QDeadlineTimer deadline)
+    std::vector<AtspiAddress> parents, AtspiInquiry inquiry)
 {
-    const auto children = co_await addressesIn(std::move(parents), deadline);
-    const auto kinds = co_await kindsOf(children, deadline);
+    const auto children = co_await addressesIn(std::move(parents), inquiry);
+    const auto kinds = co_await kindsOf(children, inquiry);
     Level level;
     for (std::size_t index = 0; index < children.size(); ++index) {
         if (kinds[index])
@@ -196,14 +197,14 @@ Task<FocusSearch::Level> FocusSearch::childrenOf(
 }
 
 Task<std::vector<std::optional<AtspiKind>>> FocusSearch::kindsOf(
-    std::vector<AtspiAddress> elements, QDeadlineTimer deadline)
+    std::vector<AtspiAddress> elements, AtspiInquiry inquiry)
 {
     std::vector<AtspiCall> states, roles;
     states.reserve(elements.size());
     roles.reserve(elements.size());
     for (const AtspiAddress& element : elements) {
-        states.push_back(m_bus.call(element, atspi::accessible, "GetState", "au", deadline));
-        roles.push_back(m_bus.call(element, atspi::accessible, "GetRole", "u", deadline));
+        states.push_back(m_bus.call(element, atspi::accessible, "GetState", "au", inquiry));
+        roles.push_back(m_bus.call(element, atspi::accessible, "GetRole", "u", inquiry));
     }
     std::vector<std::optional<AtspiKind>> kinds;
     for (std::size_t index = 0; index < elements.size(); ++index) {

@@ -3,8 +3,6 @@
 #include "VeskoApp/async/Task.h"
 #include "VeskoLinux/accessibility/AtspiBus.h"
 
-#include <QDeadlineTimer>
-
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -27,20 +25,20 @@ public:
 
     // In the programs of that process; where the accessibility bus knows none of them (a sandbox
     // may stand between), in the only one whose active window bears this title.
-    Task<Found> find(std::int32_t process, QString title, QDeadlineTimer deadline);
+    Task<Found> find(std::int32_t process, QString title, AtspiInquiry inquiry);
     // The field below the element that has the focus.
-    Task<std::optional<AtspiAddress>> fieldIn(AtspiAddress element, QDeadlineTimer deadline);
+    Task<std::optional<AtspiAddress>> fieldIn(AtspiAddress element, AtspiInquiry inquiry);
     // Their children, each parent's bounded in number.
     Task<std::vector<AtspiAddress>> addressesIn(
-        std::vector<AtspiAddress> parents, QDeadlineTimer deadline);
+        std::vector<AtspiAddress> parents, AtspiInquiry inquiry);
     // In the same order; absent of what doesn't answer.
     Task<std::vector<std::optional<AtspiKind>>> kindsOf(
-        std::vector<AtspiAddress> elements, QDeadlineTimer deadline);
+        std::vector<AtspiAddress> elements, AtspiInquiry inquiry);
     // Whether one of the program's windows is active, as the program sees it.
-    Task<bool> hasActiveWindow(QString service, QDeadlineTimer deadline);
+    Task<bool> hasActiveWindow(QString service, AtspiInquiry inquiry);
     // The active windows of that program, or of all programs.
     Task<std::vector<AtspiAddress>> activeWindows(
-        std::optional<QString> service, QDeadlineTimer deadline);
+        std::optional<QString> service, AtspiInquiry inquiry);
 
 private:
     struct Node {
@@ -49,12 +47,12 @@ private:
     };
     using Level = std::vector<Node>;
 
-    Task<std::vector<AtspiAddress>> allPrograms(QDeadlineTimer deadline);
-    Task<Found> findBelow(Level windows, QDeadlineTimer deadline);
+    Task<std::vector<AtspiAddress>> allPrograms(AtspiInquiry inquiry);
+    Task<Found> findBelow(Level windows, AtspiInquiry inquiry);
     Task<std::vector<AtspiAddress>> programsOf(
-        std::int32_t process, QString title, QDeadlineTimer deadline);
-    Task<bool> hasActiveWindowCalled(AtspiAddress program, QString title, QDeadlineTimer deadline);
-    Task<Level> childrenOf(std::vector<AtspiAddress> parents, QDeadlineTimer deadline);
+        std::int32_t process, QString title, AtspiInquiry inquiry);
+    Task<bool> hasActiveWindowCalled(AtspiAddress program, QString title, AtspiInquiry inquiry);
+    Task<Level> childrenOf(std::vector<AtspiAddress> parents, AtspiInquiry inquiry);
 
     AtspiBus& m_bus;
 };

@@ -1,10 +1,13 @@
 #include "VeskoLinux/audio/GstRecorder.h"
 
+#include "VeskoCore/base/FileSystem.h"
+#include "VeskoLinux/audio/GrowingFile.h"
 #include "VeskoLinux/audio/RecordingPipeline.h"
 
 #include <QTimer>
 
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 namespace vesko {
@@ -13,6 +16,9 @@ namespace {
 
 constexpr auto listenInterval = std::chrono::milliseconds(250);
 constexpr int stalledLooks = 8; // two seconds
+// Where the disk keeps up, a loss of power takes little more than these two seconds of what was
+// said.
+constexpr int looksBetweenKeeping = 8;
 
 } // namespace
 
@@ -76,6 +82,7 @@ Task<> GstRecorder::start(std::filesystem::path file)
     if (std::exchange(m_started, true))
         throw std::runtime_error("A recording is already under way");
     const Pipeline pipeline = m_current;
+    m_file = file;
 
     // Unless it begins, and its caller is still there to hear of it, nothing stays behind.
     struct Unbegun {
@@ -104,6 +111,7 @@ Task<> GstRecorder::start(std::filesystem::path file)
     state.begun = true;
     m_lastSound = currentTime();
     m_silentLooks = 0;
+    m_looksUntilKept = looksBetweenKeeping;
     m_listen.start();
 }
 
@@ -115,6 +123,19 @@ void GstRecorder::lookForSound()
     m_silentLooks = comes ? 0 : m_silentLooks + 1;
     if (const bool stalled = m_silentLooks >= stalledLooks; stalled != wasStalled && onStalled)
         onStalled(stalled);
+    if (--m_looksUntilKept == 0)
+        m_tasks.spawn(keepUntilNow());
+}
+
+// On a slow disk the next time is counted from the end of this one.
+Task<> GstRecorder::keepUntilNow()
+{
+    try {
+        co_await m_disk.run([file = m_file] { bringToDisk(FileSystem::posix(), file); });
+    } catch (const std::system_error&) {
+        // Whoever writes there has the same trouble, and tells.
+    }
+    m_looksUntilKept = looksBetweenKeeping;
 }
 
 Task<> GstRecorder::begin(
@@ -167,15 +188,18 @@ double GstRecorder::stop()
     pipeline->abandon();
     m_finished = {};
     // While the worker waits for the server about anything else, the file is as whole as it grew.
-    QTimer::singleShot(m_patience, &m_home, [finished = m_finished] { finished.set({}); });
+    QTimer::singleShot(
+        m_patience, &m_home, [finished = m_finished, seconds] { finished.set(seconds); });
     m_tasks.spawn(end(std::move(pipeline), m_finished));
     return seconds;
 }
 
-Task<> GstRecorder::end(Pipeline pipeline, Eventual<std::monostate> finished)
+Task<> GstRecorder::end(Pipeline pipeline, Eventual<double> finished)
 {
-    co_await m_worker.run([pipeline] { pipeline->end(); });
-    finished.set({});
+    finished.set(co_await m_worker.run([pipeline] {
+        pipeline->end();
+        return pipeline->capturedSeconds();
+    }));
     // Its last reference goes here, on the worker: letting go of the device takes a moment.
     co_await m_worker.run([pipeline = std::move(pipeline)]() mutable { pipeline.reset(); });
     co_await build(m_next);

@@ -37,7 +37,7 @@ public:
     double currentTime() const override;
     double averagePower() const override;
     double stop() override;
-    Eventual<std::monostate> finished() override { return m_finished; }
+    Eventual<double> finished() override { return m_finished; }
 
 private:
     using Pipeline = std::shared_ptr<RecordingPipeline>;
@@ -48,8 +48,9 @@ private:
     Task<> begin(Pipeline pipeline, std::filesystem::path file, Eventual<std::exception_ptr> begun);
     Task<> attend(Pipeline pipeline);
     void lookForSound();
+    Task<> keepUntilNow();
     void endedByItself(RecorderFailure failure);
-    Task<> end(Pipeline pipeline, Eventual<std::monostate> finished);
+    Task<> end(Pipeline pipeline, Eventual<double> finished);
 
     std::chrono::milliseconds m_patience;
     QObject m_home; // what other threads post to; outlives them all
@@ -61,8 +62,11 @@ private:
     QTimer m_listen; // while a started recording is under way
     double m_lastSound = 0; // seconds of the recording
     int m_silentLooks = 0; // at which no more sound had come
-    Eventual<std::monostate> m_finished = Eventual<std::monostate>::of({});
+    std::filesystem::path m_file; // of the recording that was started last
+    int m_looksUntilKept = 0;
+    Eventual<double> m_finished = Eventual<double>::of(0);
     Worker m_worker; // what may wait for the sound server or the disk
+    Worker m_disk; // what grows goes there beside the recording, whose end never waits for it
     TaskScope m_tasks;
 };
 

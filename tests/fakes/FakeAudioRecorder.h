@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VeskoApp/async/TaskScope.h"
 #include "VeskoApp/platform/AudioRecorder.h"
 #include "tests/fakes/Files.h"
 #include "tests/fakes/Gate.h"
@@ -27,6 +28,7 @@ public:
     Gate access; // the user's answer
     Gate starting;
     Gate finishing;
+    double underWay = 0; // seconds of sound that come after a stop
 
     int preparations = 0;
     int accessRequests = 0;
@@ -82,16 +84,30 @@ public:
     {
         const double duration = currentTime();
         m_openedAt.reset();
+        m_held = duration + underWay;
         if (starting.waiting())
             starting.open();
         return duration;
     }
-    Eventual<std::monostate> finished() override { return finishing.pass(); }
+    Eventual<double> finished() override
+    {
+        const Eventual<double> held;
+        m_tasks.spawn(tell(held));
+        return held;
+    }
 
 private:
+    Task<> tell(Eventual<double> held)
+    {
+        co_await finishing.pass();
+        held.set(m_held);
+    }
+
     TestClock& m_clock;
     std::optional<double> m_openedAt;
     std::optional<double> m_heldAt; // seconds
+    double m_held = 0; // in the last file
+    TaskScope m_tasks;
 };
 
 } // namespace vesko

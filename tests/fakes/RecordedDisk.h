@@ -51,6 +51,14 @@ public:
         return states;
     }
 
+    // At this moment.
+    std::set<State> afterPowerLossNow() const
+    {
+        std::set<State> states;
+        addStates(m_steps.size(), states);
+        return states;
+    }
+
     int open(const std::filesystem::path& path, int flags, mode_t permissions) override
     {
         const bool isNew = (flags & O_CREAT) != 0 && !m_real.status(path);

@@ -232,6 +232,17 @@ TEST_F(TriggerTest, AFractionOfASecondIsKeptAsAnyOther)
     EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
 }
 
+TEST_F(TriggerTest, WhatWasUnderWayAtTheStopCountsToo)
+{
+    open();
+    machine.recorder.underWay = 0.7;
+    dictate();
+    machine.clock.turn(2);
+    finish();
+    EXPECT_NEAR(onlyRecording().duration, 2.7, 1e-6);
+    EXPECT_EQ(onlyRecording().status, RecordingStatus::ready);
+}
+
 TEST_F(TriggerTest, ADictationLeavesTheLibraryWindowAlone)
 {
     open();

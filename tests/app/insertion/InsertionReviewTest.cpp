@@ -144,6 +144,7 @@ TEST_F(InsertionReviewTest, AProgramThatHasNoAnswerForAMomentIsAskedAgain)
     const std::pair<const char*, void (*)(FieldReading&)> cases[]{
         { "of its fields", [](auto& r) { r.element.reset(); } },
         { "of the field's text", [](auto& r) { r.value.reset(); } },
+        { "of a part of the field's text", [](auto& r) { r.value = "Dear "; } },
     };
     for (const auto& [name, change] : cases) {
         SCOPED_TRACE(name);

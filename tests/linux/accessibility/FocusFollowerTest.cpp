@@ -2,144 +2,18 @@
 
 #include "tests/fakes/TestClock.h"
 #include "tests/linux/Desktop.h"
+#include "tests/linux/accessibility/ToldProgram.h"
 
 #include <QCoreApplication>
-#include <QDBusArgument>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusMetaType>
-#include <QDBusReply>
-#include <QDBusVirtualObject>
 
-#include <atspi/atspi-constants.h>
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <utility>
 #include <vector>
 
 namespace vesko {
 namespace {
 
 using desktop::until;
-
-struct Reference {
-    QString service;
-    QDBusObjectPath path;
-};
-
-QDBusArgument& operator<<(QDBusArgument& argument, const Reference& reference)
-{
-    argument.beginStructure();
-    argument << reference.service << reference.path;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, Reference& reference)
-{
-    argument.beginStructure();
-    argument >> reference.service >> reference.path;
-    argument.endStructure();
-    return argument;
-}
-
-} // namespace
-} // namespace vesko
-
-Q_DECLARE_METATYPE(vesko::Reference)
-
-namespace vesko {
-namespace {
-
-QString addressOfBus()
-{
-    const QString service = QStringLiteral("org.a11y.Bus");
-    return QDBusReply<QString>(QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
-        service, QStringLiteral("/org/a11y/bus"), service, QStringLiteral("GetAddress"))));
-}
-
-// A program with one active window and some fields in it, which tells what the test says.
-class ToldProgram final : public QDBusVirtualObject {
-public:
-    int focused = -1; // the number of a field
-    bool hesitates = false; // to say what its fields are, until it is told to go on
-
-    ToldProgram()
-        : m_bus(QDBusConnection::connectToBus(addressOfBus(), QStringLiteral("told-program")))
-    {
-        qDBusRegisterMetaType<Reference>();
-        qDBusRegisterMetaType<QList<Reference>>();
-        EXPECT_TRUE(m_bus.registerVirtualObject(
-            QStringLiteral("/org/a11y/atspi/accessible"), this, QDBusConnection::SubPath));
-    }
-    ~ToldProgram() override { QDBusConnection::disconnectFromBus(QStringLiteral("told-program")); }
-
-    AtspiAddress field(int number) const
-    {
-        return { m_bus.baseService(), fieldPath + QString::number(number) };
-    }
-    // As events do, this comes before whatever is answered later.
-    void tellFocus(int number, bool gained)
-    {
-        auto event = QDBusMessage::createSignal(field(number).path,
-            QStringLiteral("org.a11y.atspi.Event.Object"), QStringLiteral("StateChanged"));
-        event << QStringLiteral("focused") << int(gained) << 0
-              << QVariant::fromValue(QDBusVariant(0));
-        EXPECT_TRUE(m_bus.send(event));
-    }
-    // How often it was asked for the states of a field.
-    int asked() const { return m_asked; }
-    void goOn()
-    {
-        hesitates = false;
-        for (const QDBusMessage& call : std::exchange(m_open, {}))
-            tellStates(call, true);
-    }
-
-    QString introspect(const QString&) const override { return {}; }
-    bool handleMessage(const QDBusMessage& call, const QDBusConnection&) override
-    {
-        const bool ofField = call.path().startsWith(fieldPath);
-        if (call.member() == QStringLiteral("GetChildren")) {
-            QList<Reference> windows;
-            if (call.path() == atspi::rootPath)
-                windows.append({ m_bus.baseService(), QDBusObjectPath(windowPath) });
-            return m_bus.send(call.createReply(QVariant::fromValue(windows)));
-        }
-        if (call.member() == QStringLiteral("GetRole")) {
-            return m_bus.send(call.createReply(uint(ofField ? ATSPI_ROLE_TEXT : ATSPI_ROLE_FRAME)));
-        }
-        if (call.member() != QStringLiteral("GetState"))
-            return false;
-        if (ofField)
-            ++m_asked;
-        if (ofField && hesitates)
-            m_open.push_back(call);
-        else
-            tellStates(call, ofField);
-        return true;
-    }
-
-private:
-    void tellStates(const QDBusMessage& call, bool ofField)
-    {
-        const auto bit = [](int state) { return std::uint64_t(1) << state; };
-        auto states
-            = bit(ATSPI_STATE_SHOWING) | bit(ofField ? ATSPI_STATE_FOCUSABLE : ATSPI_STATE_ACTIVE);
-        if (call.path() == field(focused).path)
-            states |= bit(ATSPI_STATE_FOCUSED);
-        const QList<uint> words{ uint(states), uint(states >> 32) };
-        EXPECT_TRUE(m_bus.send(call.createReply(QVariant::fromValue(words))));
-    }
-
-    inline static const QString windowPath = QStringLiteral("/org/a11y/atspi/accessible/window");
-    inline static const QString fieldPath = QStringLiteral("/org/a11y/atspi/accessible/field");
-
-    QDBusConnection m_bus;
-    int m_asked = 0;
-    std::vector<QDBusMessage> m_open; // questions that are not answered
-};
 
 class FocusFollowerTest : public testing::Test {
 protected:
@@ -181,7 +55,7 @@ protected:
     void talkToAnEnd()
     {
         for (int count = 0; count < 10; ++count)
-            valueOf(m_search.hasActiveWindow(m_program.field(0).service, QDeadlineTimer(10'000)));
+            valueOf(m_search.hasActiveWindow(m_program.field(0).service, AtspiInquiry(10'000)));
     }
     bool valueOf(Task<bool> task)
     {

@@ -3,7 +3,9 @@
 #include <atomic>
 #include <csignal>
 #include <memory>
+#include <sys/inotify.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 using namespace vesko;
 using namespace std::chrono_literals;
@@ -175,10 +177,11 @@ TEST_F(GstRecorderTest, WhatWasSaidUntilTheStopIsInTheFileHoweverLateItComes)
     standStill(200ms);
     recorder.stop();
     server.goOn();
-    waitForFile(recorder);
+    const double told = waitForFile(recorder);
 
     const auto sound = audiofile::decode(file);
     EXPECT_GE(vesko::seconds(sound), 0.68);
+    EXPECT_NEAR(vesko::seconds(sound), told, 0.1);
     EXPECT_NEAR(decibels(part(sound, 0.1, 0.65)), -20, 0.5);
 }
 
@@ -307,6 +310,23 @@ TEST_F(GstRecorderTest, AKilledProgramLeavesAFileThatPlaysToItsLastSecond)
     const auto sound = audiofile::decode(file);
     EXPECT_GE(seconds(sound), 1.5);
     EXPECT_NEAR(frequency(part(sound, 0.1, 1.5)), 440, 1);
+}
+
+TEST_F(GstRecorderTest, WhatIsSaidIsBroughtToTheDiskWhileItGoesOn)
+{
+    SoundServer server;
+    server.playTone(-20);
+    GstRecorder recorder;
+    begin(recorder);
+    const int watch = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+    // Nobody else opens it but who writes it.
+    ASSERT_GE(::inotify_add_watch(watch, file.c_str(), IN_CLOSE_NOWRITE), 0);
+    char event[1024];
+    for (int times = 0; times < 2; ++times)
+        runUntil([&] { return ::read(watch, event, sizeof event) > 0; });
+    ::close(watch);
+    const double told = end(recorder);
+    EXPECT_NEAR(seconds(audiofile::decode(file)), told, 0.1);
 }
 
 // On a new machine GStreamer used to look through all of its plugins first. That took longer than a

@@ -35,16 +35,18 @@ protected:
     {
         runUntil([&] { return recorder.currentTime() >= seconds; });
     }
-    // Stops and waits for the whole file.
+    // Stops and waits for the whole file; the seconds that it is told to hold.
     static double end(GstRecorder& recorder)
     {
-        const double seconds = recorder.stop();
-        waitForFile(recorder);
-        return seconds;
+        recorder.stop();
+        return waitForFile(recorder);
     }
-    static void waitForFile(GstRecorder& recorder)
+    static double waitForFile(GstRecorder& recorder)
     {
-        await([](GstRecorder& of) -> Task<> { co_await of.finished(); }(recorder));
+        double seconds = 0;
+        await([](GstRecorder& of, double& held) -> Task<> { held = co_await of.finished(); }(
+                                                    recorder, seconds));
+        return seconds;
     }
     // Until the sound server has no one left that listens to a microphone but the fixture.
     static void waitUntilReleased()

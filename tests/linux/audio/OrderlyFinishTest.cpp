@@ -4,6 +4,7 @@
 #include "VeskoLinux/audio/OrderlyFinish.h"
 
 #include "VeskoLinux/media/GstPlugins.h"
+#include "VeskoLinux/media/RecordingSound.h"
 #include "tests/fakes/Files.h"
 #include "tests/fakes/RecordedDisk.h"
 #include "tests/fakes/TemporaryFolder.h"
@@ -14,6 +15,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <stdexcept>
+#include <vector>
 
 namespace vesko {
 namespace {
@@ -77,6 +80,29 @@ protected:
         return read ? seconds(audiofile::decode(other)) : 0;
     }
 
+    // As this program finds them.
+    double secondsHere(const std::string& bytes) const
+    {
+        const auto other = folder.path() / "other.m4a";
+        putBytes(other, bytes);
+        std::size_t samples = 0;
+        try {
+            decodeRecording(other, {}, [&](const auto& sound) { samples += sound.size(); });
+        } catch (const std::runtime_error&) {
+            return 0;
+        }
+        return static_cast<double>(samples) / soundRate;
+    }
+    // Where each part begins by which the file grew.
+    std::vector<std::size_t> fragments() const
+    {
+        std::vector<std::size_t> found;
+        for (auto at = before.find("moof"); at != std::string::npos;
+            at = before.find("moof", at + 1))
+            found.push_back(at - 4);
+        return found;
+    }
+
     const TemporaryFolder folder;
     const std::filesystem::path file = folder.path() / "recording.m4a";
     std::unique_ptr<OrderlyFinish> finish;
@@ -104,6 +130,31 @@ TEST_F(OrderlyFinishTest, IsNeededSinceTheNewBeginningAloneWouldLoseTheSound)
 {
     const auto table = after.rfind("moov") - 4;
     EXPECT_EQ(secondsOf(after.substr(0, table)), 0);
+}
+
+TEST_F(OrderlyFinishTest, AGrownFilePlaysAsFarAsItHasReachedTheDisk)
+{
+    const auto parts = fragments();
+    ASSERT_GT(parts.size(), 10U);
+    const double whole = secondsHere(before);
+    EXPECT_GT(whole, 3.3);
+    double least = 0;
+    for (std::size_t part = 2; part + 1 < parts.size(); ++part) {
+        SCOPED_TRACE(part);
+        const auto length = parts[part + 1] - parts[part];
+        const auto cut = parts[part] + length / 2;
+        const double sound = secondsHere(before.substr(0, cut));
+        EXPECT_GE(sound, least);
+        least = whole * static_cast<double>(part) / static_cast<double>(parts.size()) - 0.25;
+        EXPECT_GT(sound, least);
+        // What has a place already, and no content, is nothing but zeros.
+        auto hollow = before;
+        hollow.replace(cut, hollow.size() - cut, hollow.size() - cut, '\0');
+        EXPECT_GE(secondsHere(hollow), least);
+        auto gap = before;
+        gap.replace(parts[part], length, length, '\0');
+        EXPECT_GE(secondsHere(gap), least);
+    }
 }
 
 TEST_F(OrderlyFinishTest, AFileThatIsGoneIsAFailure)
