@@ -1,6 +1,7 @@
 #include "VeskoLinux/speech/VoiceActivity.h"
 
 #include "VeskoLinux/media/GstPlugins.h"
+#include "VeskoLinux/speech/Loudness.h"
 #include "VeskoLinux/speech/SpeechSamples.h"
 #include "VeskoLinux/speech/StartTone.h"
 
@@ -17,11 +18,11 @@ namespace vesko {
 
 namespace {
 
-// WebRTC's detector, as ready to hear a voice as it can be without taking every noise for one.
+// WebRTC's detector. From version 1 on it is as strict as it can be, whatever it is told.
 constexpr auto description
     = "appsrc name=source format=time"
       " caps=audio/x-raw,format=S16LE,rate=16000,channels=1,layout=interleaved"
-      " ! webrtcdsp voice-detection=true voice-detection-likelihood=moderate echo-cancel=false"
+      " ! webrtcdsp name=detector voice-detection=true echo-cancel=false"
       " noise-suppression=false gain-control=false high-pass-filter=true"
       " ! fakesink sync=false async=false";
 // The shortest words take 0.2 seconds. The detector's first 0.1 mean nothing: it has yet to learn
@@ -79,7 +80,7 @@ bool standsOut(std::span<const std::int16_t> samples)
     });
 }
 
-bool holdsVoice(std::span<const std::int16_t> samples)
+bool holdsVoice(std::span<const std::int16_t> samples, const char* likelihood)
 {
     if (!loadGstPlugins({ "coreelements", "app", "webrtcdsp" }))
         return true;
@@ -90,6 +91,9 @@ bool holdsVoice(std::span<const std::int16_t> samples)
     if (!whole)
         return true;
     const Held<GstBus> bus(gst_element_get_bus(pipeline.get()));
+    GstElement* detector = gst_bin_get_by_name(GST_BIN(pipeline.get()), "detector");
+    gst_util_set_object_arg(G_OBJECT(detector), "voice-detection-likelihood", likelihood);
+    gst_object_unref(detector);
     GstElement* source = gst_bin_get_by_name(GST_BIN(pipeline.get()), "source");
     gst_element_set_state(pipeline.get(), GST_STATE_PLAYING);
     gst_app_src_push_buffer(GST_APP_SRC(source), bufferOf(samples));
@@ -127,9 +131,13 @@ bool holdsVoice(std::span<const std::int16_t> samples)
 bool mayHoldSpeech(std::span<const std::int16_t> heard)
 {
     const auto samples = withoutStartTone(heard);
-    return standsOut(samples) || (std::ranges::any_of(samples, [](auto sample) {
-        return sample != 0;
-    }) && holdsVoice(samples));
+    if (standsOut(samples))
+        return true;
+    if (std::ranges::none_of(samples, [](auto sample) { return sample != 0; }))
+        return false;
+    // As ready as it can be without taking every noise for a voice; and a strict ear, which misses
+    // what is low, for what is lifted.
+    return holdsVoice(samples, "moderate") || holdsVoice(lifted(samples), "very-low");
 }
 
 } // namespace vesko

@@ -42,11 +42,12 @@ std::vector<std::string> matches(
 
 // A value such as a colour becomes a text by a call into the engine, which holds the value by
 // nothing that the collector knows of (Qt 6.4): what comes out of a variant that way has to be
-// a pointer or a flag, for which nothing is called.
+// a pointer or a flag, for which nothing is called. In Qt 6.8.2 the machine code of that call puts
+// the value where the collector looks.
 TEST(CompiledQml, turnsNoValueIntoATextThroughTheEngine)
 {
-    if (QT_VERSION >= QT_VERSION_CHECK(6, 5, 0))
-        GTEST_SKIP() << "Qt 6.8 compiles otherwise, and whether it holds the value isn't known";
+    if (QT_VERSION >= QT_VERSION_CHECK(6, 8, 0))
+        GTEST_SKIP() << "QJSEngine::convertVariant keeps the value on the engine's own stack";
     EXPECT_THAT(matches(filesBelow(VESKO_COMPILED_QML, ".cpp"),
                     std::regex(R"(fromVariant<(?!QObject \*>|bool>)[^>]*>\(.*)")),
         testing::IsEmpty());

@@ -65,6 +65,21 @@ TEST_F(Sounds, ofTheShortestWordsAreNeverTakenForSilence)
                 << text << " at " << decibels << " dB";
 }
 
+TEST_F(Sounds, ofALowSentenceAreHeardThoughNoWordOfItStandsOut)
+{
+    for (const char* voice : { "en-us+f2", "en-us+m3" }) {
+        Child::run({ "espeak-ng", "-v", voice, "-s", "140", "-w", in("word.wav"), voice::brother });
+        for (const int decibels : { 0, -20, -30, -40, -50 })
+            EXPECT_TRUE(mayHoldSpeech(sound(
+                { "-i", in("word.wav"), "-af", "volume=" + std::to_string(decibels) + "dB" })))
+                << voice << " at " << decibels << " dB";
+        EXPECT_TRUE(mayHoldSpeech(sound({ "-i", in("word.wav"), "-f", "lavfi", "-t", "4", "-i",
+            "anoisesrc=c=pink:r=16000:a=0.004:s=1", "-filter_complex",
+            "[0]volume=-40dB[low];[low][1]amix=normalize=0" })))
+            << voice << " in a room's noise";
+    }
+}
+
 // As a microphone hears it from the loudspeakers of its own machine, with another sound.
 std::string toned(int decibels, const std::string& other)
 {
