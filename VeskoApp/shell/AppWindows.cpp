@@ -7,6 +7,8 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -46,6 +48,17 @@ void fit(QWindow& window, QRect place, const QScreen& screen)
     place.moveTo(std::clamp(place.x(), room.x(), room.x() + room.width() - place.width()),
         std::clamp(place.y(), room.y(), room.y() + room.height() - place.height()));
     window.setGeometry(place);
+}
+
+// What stands in the settings may be anything.
+std::optional<QRectF> frameOf(const std::optional<std::vector<double>>& saved)
+{
+    constexpr double furthest = 1e6; // points; no screen is as far away
+    if (!saved || saved->size() != 4
+        || !std::ranges::all_of(*saved, [](double at) { return std::abs(at) < furthest; })
+        || saved->at(2) < 1 || saved->at(3) < 1)
+        return std::nullopt;
+    return QRectF(saved->at(0), saved->at(1), saved->at(2), saved->at(3));
 }
 
 QScreen& whereTheUserIs(const QWindow& window)
@@ -111,17 +124,17 @@ QWindow* AppWindows::find(AppWindow kind)
 
 void AppWindows::restorePlace(AppWindow kind, QWindow& window)
 {
-    const auto saved = m_platform.settings.get<std::vector<double>>(frameKey(kind));
+    const auto saved = frameOf(m_platform.settings.get<std::vector<double>>(frameKey(kind)));
     const auto& here = whereTheUserIs(window);
-    if (!saved || saved->size() != 4) {
+    if (!saved) {
         auto place = window.geometry();
         place.moveCenter(here.availableGeometry().center());
         fit(window, place, here);
         return;
     }
-    const auto frame = QRectF(saved->at(0), saved->at(1), saved->at(2), saved->at(3)).toRect();
-    const ScreenSize size{ saved->at(2), saved->at(3) };
-    if (PanelPlacement::restore(ScreenPoint{ saved->at(0), saved->at(1) }, size, screens())) {
+    const auto frame = saved->toRect();
+    const ScreenSize size{ saved->width(), saved->height() };
+    if (PanelPlacement::restore(ScreenPoint{ saved->x(), saved->y() }, size, screens())) {
         window.resize(frame.size());
         window.setFramePosition(frame.topLeft());
         return;

@@ -4,6 +4,8 @@
 
 #include <QScreen>
 
+#include <limits>
+
 namespace vesko {
 
 namespace {
@@ -99,6 +101,35 @@ TEST_F(AppDelegateWindowsTest, AWindowWhoseScreenIsGoneIsCentred)
     delegate->openLibrary();
     const auto* const window = made[0].second;
     EXPECT_TRUE(window->screen()->availableGeometry().contains(window->geometry()));
+}
+
+TEST_F(AppDelegateWindowsTest, AFrameThatIsNoneCountsAsNotSaved)
+{
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    const struct {
+        const char* what;
+        std::vector<double> frame;
+    } rows[] = {
+        { "not a number", { nan, 50, 400, 300 } },
+        { "a size that is not a number", { 40, 50, 400, nan } },
+        { "further than any screen", { 40, 1e300, 400, 300 } },
+        { "no width", { 40, 50, 0, 300 } },
+        { "less than no height", { 40, 50, 400, -300 } },
+        { "a number too few", { 40, 50, 400 } },
+    };
+    choose("onboardingCompleted", true);
+    open();
+    delegate->openLibrary();
+    const auto usual = made[0].second->geometry();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        delegate.reset();
+        made.clear();
+        choose("frameVeskoLibrary", row.frame);
+        launch();
+        delegate->openLibrary();
+        EXPECT_EQ(made[0].second->geometry(), usual);
+    }
 }
 
 TEST_F(AppDelegateWindowsTest, ARefusedQuitShowsTheLibraryWhichSaysWhy)
